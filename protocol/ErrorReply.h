@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace protocol {
+
+/// The error header and the message: what a command that failed answers.
+std::string ErrorReply(std::string_view message);
+
+/// Whether the error header stands anywhere in the reply. No form that this library writes can contain it.
+bool IsErrorReply(std::string_view reply);
+
+}  // namespace protocol
