@@ -1,0 +1,91 @@
+#include "protocol/Codec.h"
+
+#include "protocol/FieldReader.h"
+#include "protocol/FieldWriter.h"
+#include "protocol/Forms.h"
+#include "protocol/Utf8.h"
+
+namespace protocol {
+namespace {
+
+template <class X>
+std::string WriteForm(const X& x) {
+  FieldWriter writer(Form<X>::kHead);
+  Form<X>::Fields(writer, x);
+  return writer.Finish();
+}
+
+template <class X>
+Result<X> ReadForm(std::string_view text) {
+  FieldReader reader(Form<X>::kHead, text);
+  X x;
+  Form<X>::Fields(reader, x);
+  reader.Finish();
+  if (reader.Failure()) return *reader.Failure();
+  return x;
+}
+
+Error BadField(int number, std::string_view name, const std::string& reason) {
+  return {ErrorKind::BadText, "ComputeRequest: field " + std::to_string(number) + " (" + std::string(name) +
+                                  "): " + reason};
+}
+
+}  // namespace
+
+std::string WritePartData(const PartData& data) { return WriteForm(data); }
+Result<PartData> ReadPartData(std::string_view text) { return ReadForm<PartData>(text); }
+
+std::string WriteComputeOptions(const ComputeOptions& options) { return WriteForm(options); }
+Result<ComputeOptions> ReadComputeOptions(std::string_view text) { return ReadForm<ComputeOptions>(text); }
+
+std::string WriteComputeReply(const ComputeReply& reply) { return WriteForm(reply); }
+Result<ComputeReply> ReadComputeReply(std::string_view text) { return ReadForm<ComputeReply>(text); }
+
+std::string WritePartDataRequest(const PartDataRequest& request) { return WriteForm(request); }
+Result<PartDataRequest> ReadPartDataRequest(std::string_view text) { return ReadForm<PartDataRequest>(text); }
+
+std::string WriteChildrenRequest(const ChildrenRequest& request) { return WriteForm(request); }
+Result<ChildrenRequest> ReadChildrenRequest(std::string_view text) { return ReadForm<ChildrenRequest>(text); }
+
+std::string WriteSearchRequest(const SearchRequest& request) { return WriteForm(request); }
+Result<SearchRequest> ReadSearchRequest(std::string_view text) { return ReadForm<SearchRequest>(text); }
+
+std::string WriteTreeNodes(const TreeNodes& nodes) { return WriteForm(nodes); }
+Result<TreeNodes> ReadTreeNodes(std::string_view text) { return ReadForm<TreeNodes>(text); }
+
+std::string WriteProductList(const ProductList& products) { return WriteForm(products); }
+Result<ProductList> ReadProductList(std::string_view text) { return ReadForm<ProductList>(text); }
+
+std::string WriteSearchReply(const SearchReply& reply) { return WriteForm(reply); }
+Result<SearchReply> ReadSearchReply(std::string_view text) { return ReadForm<SearchReply>(text); }
+
+std::string WritePendingWarnings(const PendingWarnings& warnings) { return WriteForm(warnings); }
+Result<PendingWarnings> ReadPendingWarnings(std::string_view text) { return ReadForm<PendingWarnings>(text); }
+
+std::string WriteComputeRequest(const ComputeRequest& request) {
+  return std::string(request.hasInstance ? "1|" : "0|") + request.partId + "|" +
+         WriteComputeOptions(request.options);
+}
+
+Result<ComputeRequest> ReadComputeRequest(std::string_view text) {
+  const std::size_t afterFlag = text.find('|');
+  const std::string_view flag = text.substr(0, afterFlag);
+  if (flag != "0" && flag != "1") return BadField(1, "instance flag", Quoted(flag) + " is neither 0 nor 1");
+  if (afterFlag == text.npos) return BadField(2, "partId", "is missing");
+  text.remove_prefix(afterFlag + 1);
+
+  const std::size_t afterPart = text.find('|');
+  if (afterPart == text.npos) return BadField(3, "options", "is missing");
+  if (afterPart == 0) return BadField(2, "partId", "is empty");
+  ComputeRequest request{.hasInstance = flag == "1", .partId = std::string(text.substr(0, afterPart)), .options = {}};
+
+  // The panel sends the request even when it could not write the options.
+  const std::string_view options = text.substr(afterPart + 1);
+  if (options.empty()) return request;
+  auto read = ReadComputeOptions(options);
+  if (!read) return Error{read.Failure().kind, BadField(3, "options", read.Failure().message).message};
+  request.options = std::move(read).Value();
+  return request;
+}
+
+}  // namespace protocol
