@@ -34,7 +34,7 @@ void FieldReader::ReadHead() {
   if (!head) return;
   const std::size_t slash = head->find('/');
   if (head->substr(0, slash) != _head.name || slash == std::string_view::npos)
-    return Refuse("form", *head, std::string(_head.name) + "/" + std::string(_head.version) + " expected");
+    return Refuse("form", *head, "is not \"" + std::string(_head.name) + "/" + std::string(_head.version) + "\"");
   if (head->substr(slash + 1) != _head.version)
     Fail(ErrorKind::Unsupported, "version " + Quoted(head->substr(slash + 1)) +
                                      " is not known here, version " + std::string(_head.version) + " is");
