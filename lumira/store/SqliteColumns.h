@@ -1,0 +1,127 @@
+#pragma once
+
+#include "lumira/model/Instance.h"
+#include "lumira/model/Part.h"
+#include "lumira/store/PartDetails.h"
+#include "lumira/store/StoredResult.h"
+
+/// Which column holds which member. Used to write SQL, to bind values and to read them.
+namespace lumira {
+
+template <class T>
+struct Columns;
+
+template <>
+struct Columns<Part> {
+  template <class Archive, class X>
+  static void List(Archive& a, X& x) {
+    a("part", x.id);
+    a("revision", x.revision);
+    a("name", x.name);
+    a("active_mass_type", x.activeMassType);
+    a("material", x.material);
+    a("density", x.density);
+    a("cad_material", x.cadMaterial);
+    a("cad_density", x.cadDensity);
+    a("density_priority", x.densityPriority);
+    a("standard_part", x.standardPart);
+    a("", x.geometry);
+  }
+};
+
+template <>
+struct Columns<MassTypeData> {
+  template <class Archive, class X>
+  static void List(Archive& a, X& x) {
+    a("name", x.name);
+    a("mass", x.properties.mass);
+    a("cg", x.properties.cg);
+    a("inertia", x.properties.inertia);
+    a("sd_mass", x.deviations.mass);
+    a("sd_cg", x.deviations.cg);
+    a("sd_inertia", x.deviations.inertia);
+    a("bound", x.bounds);
+  }
+};
+
+template <>
+struct Columns<StoredResult> {
+  template <class Archive, class X>
+  static void List(Archive& a, X& x) {
+    a("fingerprint", x.fingerprint);
+    Columns<MassTypeData>::List(a, x.computed);
+  }
+};
+
+template <>
+struct Columns<Instance> {
+  template <class Archive, class X>
+  static void List(Archive& a, X& x) {
+    a("instance", x.id);
+    a("parent", x.parent);
+    a("child", x.child);
+    a("quantity", x.quantity);
+    a("r", x.placement.rotation);
+    a("t", x.placement.translation);
+  }
+};
+
+template <>
+struct Columns<Precision> {
+  template <class Archive, class X>
+  static void List(Archive& a, X& x) {
+    a("mass_type", x.massType);
+    a("precision_type", x.precisionType);
+    a("value_type", x.precisionValueType);
+    a("lower", x.lowerPrecision);
+    a("upper", x.upperPrecision);
+    a("type_lower", x.massTypeLowerPrecision);
+    a("type_upper", x.massTypeUpperPrecision);
+  }
+};
+
+template <>
+struct Columns<protocol::DocumentRevision> {
+  template <class Archive, class X>
+  static void List(Archive& a, X& x) {
+    a("revision", x.revision);
+    a("check_in_time", x.checkInTime);
+    a("check_in_user", x.checkInUser);
+    a("check_out_user", x.checkOutUser);
+    a("mass_types", x.massTypes);
+    a("mass", x.mass);
+  }
+};
+
+template <>
+struct Columns<protocol::ExtraProperty> {
+  template <class Archive, class X>
+  static void List(Archive& a, X& x) {
+    a("name", x.name);
+    a("value", x.value);
+    a("type", x.type);
+    a("is_date", x.isDate);
+    a("is_magnitude", x.isMagnitude);
+    a("magnitude", x.magnitude);
+  }
+};
+
+template <>
+struct Columns<PartDetails> {
+  template <class Archive, class X>
+  static void List(Archive& a, X& x) {
+    a("applied_on", x.appliedOn);
+    a("reference_material", x.referenceMaterial);
+    a("reference_density", x.referenceDensity);
+    a("documents_used", x.documents.used);
+    a("active_document", x.documents.activeId);
+    a("active_version", x.documents.activeVersion);
+    a("auto_mode", x.documents.autoMode);
+    a("used_specific_revision", x.documents.usedSpecificRevisionBefore);
+    a("attached_version", x.documents.attachedVersion);
+    a("properties_requested", x.propertiesRequested);
+    a("date_format", x.dateFormat);
+  }
+};
+
+}  // namespace lumira

@@ -1,0 +1,114 @@
+#include "lumira/store/SqliteSchema.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+namespace lumira {
+namespace {
+
+// `key` columns are internal; identifiers of the PDM are texts. Units as in the model: kg, m, kg·m².
+// Rows of a list carry their position, since order matters to whoever typed them.
+constexpr char kTables[] = R"sql(
+CREATE TABLE products(
+  key INTEGER PRIMARY KEY, product TEXT NOT NULL UNIQUE, state INTEGER NOT NULL,
+  part_count INTEGER NOT NULL, instance_count INTEGER NOT NULL) STRICT;
+
+CREATE TABLE roots(
+  product INTEGER NOT NULL REFERENCES products ON DELETE CASCADE, position INTEGER NOT NULL, part TEXT NOT NULL,
+  PRIMARY KEY(product, position)) STRICT, WITHOUT ROWID;
+
+CREATE TABLE parts(
+  key INTEGER PRIMARY KEY, product INTEGER NOT NULL REFERENCES products ON DELETE CASCADE,
+  part TEXT NOT NULL UNIQUE, revision TEXT NOT NULL, name TEXT NOT NULL, active_mass_type TEXT NOT NULL,
+  material TEXT NOT NULL, density REAL, cad_material TEXT NOT NULL, cad_density REAL,
+  density_priority INTEGER NOT NULL, standard_part INTEGER NOT NULL,
+  volume REAL, centroid_x REAL, centroid_y REAL, centroid_z REAL,
+  unit_inertia_xx REAL, unit_inertia_yy REAL, unit_inertia_zz REAL,
+  unit_inertia_xy REAL, unit_inertia_xz REAL, unit_inertia_yz REAL) STRICT;
+CREATE INDEX parts_of_product ON parts(product);
+
+CREATE TABLE mass_types(
+  part INTEGER NOT NULL REFERENCES parts ON DELETE CASCADE, position INTEGER NOT NULL, name TEXT NOT NULL,
+  mass REAL, cg_x REAL, cg_y REAL, cg_z REAL,
+  inertia_xx REAL, inertia_yy REAL, inertia_zz REAL, inertia_xy REAL, inertia_xz REAL, inertia_yz REAL,
+  sd_mass REAL NOT NULL, sd_cg_x REAL NOT NULL, sd_cg_y REAL NOT NULL, sd_cg_z REAL NOT NULL,
+  sd_inertia_xx REAL NOT NULL, sd_inertia_yy REAL NOT NULL, sd_inertia_zz REAL NOT NULL,
+  sd_inertia_xy REAL NOT NULL, sd_inertia_xz REAL NOT NULL, sd_inertia_yz REAL NOT NULL,
+  bound_lower REAL, bound_upper REAL,
+  PRIMARY KEY(part, position), UNIQUE(part, name)) STRICT, WITHOUT ROWID;
+
+CREATE TABLE instances(
+  product INTEGER NOT NULL REFERENCES products ON DELETE CASCADE,
+  instance TEXT NOT NULL, parent TEXT NOT NULL, child TEXT NOT NULL, quantity INTEGER NOT NULL,
+  r_11 REAL NOT NULL, r_12 REAL NOT NULL, r_13 REAL NOT NULL, r_21 REAL NOT NULL, r_22 REAL NOT NULL,
+  r_23 REAL NOT NULL, r_31 REAL NOT NULL, r_32 REAL NOT NULL, r_33 REAL NOT NULL,
+  t_x REAL NOT NULL, t_y REAL NOT NULL, t_z REAL NOT NULL,
+  PRIMARY KEY(product, instance)) STRICT, WITHOUT ROWID;
+
+CREATE TABLE results(
+  part INTEGER PRIMARY KEY REFERENCES parts ON DELETE CASCADE, fingerprint TEXT NOT NULL, name TEXT NOT NULL,
+  mass REAL, cg_x REAL, cg_y REAL, cg_z REAL,
+  inertia_xx REAL, inertia_yy REAL, inertia_zz REAL, inertia_xy REAL, inertia_xz REAL, inertia_yz REAL,
+  sd_mass REAL NOT NULL, sd_cg_x REAL NOT NULL, sd_cg_y REAL NOT NULL, sd_cg_z REAL NOT NULL,
+  sd_inertia_xx REAL NOT NULL, sd_inertia_yy REAL NOT NULL, sd_inertia_zz REAL NOT NULL,
+  sd_inertia_xy REAL NOT NULL, sd_inertia_xz REAL NOT NULL, sd_inertia_yz REAL NOT NULL,
+  bound_lower REAL, bound_upper REAL) STRICT;
+
+CREATE TABLE part_details(
+  part INTEGER PRIMARY KEY REFERENCES parts ON DELETE CASCADE, applied_on TEXT NOT NULL,
+  reference_material TEXT NOT NULL, reference_density REAL,
+  documents_used INTEGER NOT NULL, active_document TEXT NOT NULL, active_version TEXT NOT NULL,
+  auto_mode INTEGER NOT NULL, used_specific_revision INTEGER NOT NULL, attached_version TEXT NOT NULL,
+  properties_requested INTEGER NOT NULL, date_format TEXT NOT NULL) STRICT;
+
+CREATE TABLE precisions(
+  part INTEGER NOT NULL REFERENCES parts ON DELETE CASCADE, position INTEGER NOT NULL, mass_type TEXT NOT NULL,
+  precision_type INTEGER NOT NULL, value_type INTEGER NOT NULL, lower REAL NOT NULL, upper REAL NOT NULL,
+  type_lower REAL NOT NULL, type_upper REAL NOT NULL,
+  PRIMARY KEY(part, position)) STRICT, WITHOUT ROWID;
+
+CREATE TABLE document_revisions(
+  part INTEGER NOT NULL REFERENCES parts ON DELETE CASCADE, position INTEGER NOT NULL, revision TEXT NOT NULL,
+  check_in_time TEXT NOT NULL, check_in_user TEXT NOT NULL, check_out_user TEXT, mass_types TEXT NOT NULL,
+  mass REAL NOT NULL,
+  PRIMARY KEY(part, position)) STRICT, WITHOUT ROWID;
+
+CREATE TABLE properties(
+  part INTEGER NOT NULL REFERENCES parts ON DELETE CASCADE, position INTEGER NOT NULL, name TEXT NOT NULL,
+  value TEXT NOT NULL, type INTEGER NOT NULL, is_date INTEGER NOT NULL, is_magnitude INTEGER NOT NULL,
+  magnitude TEXT NOT NULL,
+  PRIMARY KEY(part, position)) STRICT, WITHOUT ROWID;
+
+CREATE TABLE filters(
+  key INTEGER PRIMARY KEY, product INTEGER NOT NULL REFERENCES products ON DELETE CASCADE, name TEXT NOT NULL,
+  UNIQUE(product, name)) STRICT;
+
+CREATE TABLE filter_instances(
+  filter INTEGER NOT NULL REFERENCES filters ON DELETE CASCADE, position INTEGER NOT NULL, instance TEXT NOT NULL,
+  PRIMARY KEY(filter, position)) STRICT, WITHOUT ROWID;
+)sql";
+
+int Pragma(SQLite::Database& database, const char* name) {
+  return database.execAndGet(std::string("PRAGMA ") + name).getInt();
+}
+
+}  // namespace
+
+void CreateSchema(SQLite::Database& database) {
+  SQLite::Transaction transaction(database);
+  database.exec(kTables);
+  database.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
+  database.exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
+  transaction.commit();
+}
+
+std::string SchemaProblem(SQLite::Database& database) {
+  if (Pragma(database, "application_id") != kApplicationId) return "the file is no Lumira database";
+  const int version = Pragma(database, "user_version");
+  if (version > kSchemaVersion)
+    return "the file was written by a newer version (tables of version " + std::to_string(version) +
+           ", this program knows " + std::to_string(kSchemaVersion) + ")";
+  if (version < kSchemaVersion) return "the file has tables of version " + std::to_string(version) + ", which no program wrote";
+  return {};
+}
+
+}  // namespace lumira

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "lumira/model/Part.h"
+#include "lumira/model/Product.h"
+#include "lumira/store/ConfigurationFilter.h"
+#include "lumira/store/PartDetails.h"
+#include "lumira/store/StoredResult.h"
+#include "protocol/Result.h"
+
+namespace lumira {
+
+/// What is known of a stored product without loading it.
+struct ProductInfo {
+  std::string id;
+  std::vector<std::string> roots;  ///< part ids
+  std::int64_t state = 0;          ///< grows with every change of structure or data
+  std::int64_t partCount = 0;
+  std::int64_t instanceCount = 0;
+};
+
+/// What to do with a product that is stored already.
+enum class Existing { Refuse, Replace };
+
+/// Keeps products, their weight-and-balance data and computed results. Part identifiers are unique in the
+/// whole store, so that a part alone tells its product.
+///
+/// Each writing operation is one transaction: when it answers success the data is on the disk, when it answers
+/// a failure nothing has changed. Failures: Storage when the medium refuses (damaged, read-only, locked, full;
+/// the message names the file and the reason), NotFound for an unknown product or part, Conflict when what is
+/// there forbids it. One thread at a time; other processes may work on the same store.
+class Store {
+ public:
+  virtual ~Store() = default;
+
+  /// All products, by identifier.
+  virtual protocol::Result<std::vector<ProductInfo>> Products() = 0;
+
+  /// The product that a part belongs to. NotFound when no product has the part.
+  virtual protocol::Result<std::string> ProductOfPart(std::string_view partId) = 0;
+
+  /// The whole structure with the data of every part.
+  virtual protocol::Result<Product> LoadProduct(std::string_view productId) = 0;
+
+  /// Conflict when the product exists (and is not to be replaced), or when one of its parts belongs to another
+  /// product. A replaced product loses its results, details and filters.
+  virtual protocol::Result<void> AddProduct(const Product& product, Existing existing) = 0;
+
+  /// Replaces the data of one part; its instances, details and results stay.
+  virtual protocol::Result<void> UpdatePart(const Part& part) = 0;
+
+  virtual protocol::Result<PartDetails> LoadDetails(std::string_view partId) = 0;
+  virtual protocol::Result<void> SaveDetails(std::string_view partId, const PartDetails& details) = 0;
+
+  /// Computed results of a product's parts, in no particular order.
+  virtual protocol::Result<std::vector<StoredResult>> LoadResults(std::string_view productId) = 0;
+
+  /// Adds results or replaces those of the same parts. Does not change the state of the product.
+  virtual protocol::Result<void> SaveResults(const std::vector<StoredResult>& results) = 0;
+
+  virtual protocol::Result<std::vector<ConfigurationFilter>> LoadFilters(std::string_view productId) = 0;
+
+  /// Adds a filter or replaces the one of the same name.
+  virtual protocol::Result<void> SaveFilter(std::string_view productId, const ConfigurationFilter& filter) = 0;
+};
+
+}  // namespace lumira

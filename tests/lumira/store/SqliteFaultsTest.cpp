@@ -1,0 +1,255 @@
+#include <csignal>
+#include <fstream>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "StoreContract.h"
+#include "lumira/store/SqliteStore.h"
+
+namespace lumira::test {
+namespace {
+
+using protocol::ErrorKind;
+using testing::Test;
+
+constexpr int kNoPatience = 0;
+
+std::string Content(const std::string& file) {
+  std::ifstream in(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+void Overwrite(const std::string& file, const std::string& content) {
+  std::ofstream(file, std::ios::binary | std::ios::trunc) << content;
+}
+
+class SqliteFaults : public Test {
+ protected:
+  std::string MakeStore() {
+    auto store = CreateSqliteStore(file).Value();
+    EXPECT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+    return file;
+  }
+
+  std::string OpeningFails(ErrorKind kind) {
+    const auto store = OpenSqliteStore(file, kNoPatience);
+    if (store.Ok()) return "opened";
+    EXPECT_EQ(store.Failure().kind, kind);
+    EXPECT_NE(store.Failure().message.find("\"" + file + "\""), std::string::npos) << store.Failure().message;
+    return store.Failure().message;
+  }
+
+  void ExpectReason(const std::string& message, const std::string& reason) {
+    EXPECT_NE(message.find(reason), std::string::npos) << message;
+  }
+
+  TemporaryFolder folder;
+  std::string file = folder.File("p.lumira");
+};
+
+TEST_F(SqliteFaults, MissingFileIsNotFoundAndNotMade) {
+  ExpectReason(OpeningFails(ErrorKind::NotFound), "there is no such file");
+  EXPECT_FALSE(std::filesystem::exists(file));
+}
+
+TEST_F(SqliteFaults, CreatingOverAFileIsRefusedAndLeavesIt) {
+  Overwrite(file, "my thesis");
+  const auto store = CreateSqliteStore(file);
+  ASSERT_FALSE(store.Ok());
+  EXPECT_EQ(store.Failure().kind, ErrorKind::Conflict);
+  EXPECT_EQ(Content(file), "my thesis");
+}
+
+TEST_F(SqliteFaults, CreatingInAMissingFolderIsRefused) {
+  const auto store = CreateSqliteStore(folder.File("no/such/p.lumira"));
+  ASSERT_FALSE(store.Ok());
+  EXPECT_EQ(store.Failure().kind, ErrorKind::Storage);
+  ExpectReason(store.Failure().message, "the file cannot be opened");
+}
+
+TEST_F(SqliteFaults, TextFileIsNoDatabaseAndStaysAsItIs) {
+  const std::string text(5000, 'x');
+  Overwrite(file, text);
+  ExpectReason(OpeningFails(ErrorKind::Storage), "damaged or no database");
+  EXPECT_EQ(Content(file), text);
+}
+
+TEST_F(SqliteFaults, EmptyFileIsNoLumiraDatabase) {
+  Overwrite(file, "");
+  ExpectReason(OpeningFails(ErrorKind::Storage), "no Lumira database");
+  EXPECT_EQ(Content(file), "");
+}
+
+TEST_F(SqliteFaults, DatabaseOfAnotherProgramIsRefusedAndStaysAsItIs) {
+  SQLite::Database(file, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec("CREATE TABLE bookmarks(url TEXT)");
+  const std::string before = Content(file);
+  ExpectReason(OpeningFails(ErrorKind::Storage), "no Lumira database");
+  EXPECT_EQ(Content(file), before);
+}
+
+TEST_F(SqliteFaults, NewerVersionIsRefusedAndStaysAsItIs) {
+  MakeStore();
+  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 2");
+  const std::string before = Content(file);
+  ExpectReason(OpeningFails(ErrorKind::Storage), "newer version (tables of version 2, this program knows 1)");
+  EXPECT_EQ(Content(file), before);
+}
+
+TEST_F(SqliteFaults, CutOffFileIsDamaged) {
+  MakeStore();
+  const std::string whole = Content(file);
+  Overwrite(file, whole.substr(0, whole.size() / 2));
+  auto store = OpenSqliteStore(file, kNoPatience);
+  const auto product = store.Ok() ? store.Value()->LoadProduct("PRC") : store.Failure();
+  ASSERT_FALSE(product.Ok());
+  EXPECT_EQ(product.Failure().kind, ErrorKind::Storage);
+  ExpectReason(product.Failure().message, "the file is damaged");
+}
+
+TEST_F(SqliteFaults, EveryOverwrittenPageEndsInAnErrorOrTheRightProduct) {
+  MakeStore();
+  const std::string whole = Content(file);
+  constexpr std::size_t kPage = 4096;
+  int refused = 0;
+  for (std::size_t page = 0; page < whole.size() / kPage; ++page) {
+    std::string damaged = whole;
+    damaged.replace(page * kPage, kPage, kPage, '\xA5');
+    Overwrite(file, damaged);
+    auto store = OpenSqliteStore(file, kNoPatience);
+    const auto product = store.Ok() ? store.Value()->LoadProduct("PRC") : store.Failure();
+    if (product.Ok()) {
+      EXPECT_EQ(product.Value().parts.size(), 3u);
+      EXPECT_EQ(product.Value().instances.size(), 2u);
+      continue;
+    }
+    ++refused;
+    EXPECT_EQ(product.Failure().kind, ErrorKind::Storage) << product.Failure().message;
+  }
+  EXPECT_GE(refused, 5);  // at least the header, the catalogue, and the three tables that a product needs
+}
+
+TEST_F(SqliteFaults, LostRowsAreNoticed) {
+  MakeStore();
+  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("DELETE FROM instances WHERE instance = 'i2'");
+  const auto product = OpenSqliteStore(file).Value()->LoadProduct("PRC");
+  ASSERT_FALSE(product.Ok());
+  EXPECT_EQ(product.Failure().kind, ErrorKind::Storage);
+  ExpectReason(product.Failure().message, "has 3 parts and 1 instances instead of 3 and 2");
+}
+
+TEST_F(SqliteFaults, WritingWhileAnotherProgramWritesIsRefusedAndChangesNothing) {
+  MakeStore();
+  auto store = OpenSqliteStore(file, kNoPatience).Value();
+  {
+    SQLite::Database other(file, SQLite::OPEN_READWRITE);
+    SQLite::Transaction writing(other, SQLite::TransactionBehavior::EXCLUSIVE);
+    const auto result = store->SaveResults({{"leaf", "f", {}}});
+    ASSERT_FALSE(result.Ok());
+    EXPECT_EQ(result.Failure().kind, ErrorKind::Storage);
+    ExpectReason(result.Failure().message, "locked by another program");
+    EXPECT_TRUE(store->LoadProduct("PRC").Ok()) << "reading goes on";
+  }
+  EXPECT_TRUE(store->LoadResults("PRC").Value().empty());
+  EXPECT_TRUE(store->SaveResults({{"leaf", "f", {}}}).Ok());
+}
+
+TEST_F(SqliteFaults, OpeningAFileThatIsHeldExclusivelyIsRefused) {
+  MakeStore();
+  SQLite::Database other(file, SQLite::OPEN_READWRITE);
+  other.exec("PRAGMA locking_mode = EXCLUSIVE");
+  other.exec("BEGIN EXCLUSIVE");
+  ExpectReason(OpeningFails(ErrorKind::Storage), "locked by another program");
+}
+
+// Permissions mean nothing to the superuser; the tests give that up for a moment.
+class OrdinaryUser {
+ public:
+  OrdinaryUser() : _was(geteuid()) {
+    if (_was == 0) _dropped = seteuid(65534) == 0;
+  }
+  ~OrdinaryUser() {
+    if (_dropped) _dropped = seteuid(_was) != 0;
+  }
+
+ private:
+  uid_t _was;
+  bool _dropped = false;
+};
+
+TEST_F(SqliteFaults, ReadOnlyFileIsRefusedAndStaysAsItIs) {
+  MakeStore();
+  const std::string before = Content(file);
+  chmod(file.c_str(), 0444);
+  chmod(folder.File("").c_str(), 0755);
+  {
+    OrdinaryUser user;
+    ASSERT_NE(geteuid(), 0u);
+    ExpectReason(OpeningFails(ErrorKind::Storage), "the file is read-only");
+  }
+  EXPECT_EQ(Content(file), before);
+}
+
+TEST_F(SqliteFaults, UnreadableFileIsRefused) {
+  MakeStore();
+  chmod(file.c_str(), 0000);
+  chmod(folder.File("").c_str(), 0755);
+  OrdinaryUser user;
+  ASSERT_NE(geteuid(), 0u);
+  ExpectReason(OpeningFails(ErrorKind::Storage), "cannot be opened");
+}
+
+// Files may not grow beyond a size while this lives; the signal that comes with it is ignored.
+class SmallDisk {
+ public:
+  explicit SmallDisk(rlim_t bytes) : _handler(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &_was);
+    const rlimit limit{bytes, _was.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~SmallDisk() {
+    setrlimit(RLIMIT_FSIZE, &_was);
+    std::signal(SIGXFSZ, _handler);
+  }
+
+ private:
+  rlimit _was{};
+  void (*_handler)(int);
+};
+
+TEST_F(SqliteFaults, CreatingOnAFullDiskLeavesNoFileBehind) {
+  {
+    SmallDisk disk(10'000);
+    const auto store = CreateSqliteStore(file);
+    ASSERT_FALSE(store.Ok());
+    EXPECT_EQ(store.Failure().kind, ErrorKind::Storage);
+    ExpectReason(store.Failure().message, "disk");
+  }
+  EXPECT_TRUE(CreateSqliteStore(file).Ok());
+}
+
+TEST_F(SqliteFaults, FullDiskIsReportedAndLeavesTheDataAlone) {
+  MakeStore();
+  auto store = OpenSqliteStore(file).Value();
+  Product big = SampleProduct();
+  for (int i = 0; i < 20'000; ++i) {
+    Part part;
+    part.id = "p" + std::to_string(i);
+    big.parts.push_back(part);
+  }
+  {
+    SmallDisk disk(300'000);
+    const auto added = store->AddProduct(big, Existing::Replace);
+    ASSERT_FALSE(added.Ok());
+    EXPECT_EQ(added.Failure().kind, ErrorKind::Storage);
+    ExpectReason(added.Failure().message, "disk");
+    EXPECT_EQ(store->LoadProduct("PRC").Value().parts.size(), 3u);
+  }
+  store.reset();
+  EXPECT_EQ(OpenSqliteStore(file).Value()->LoadProduct("PRC").Value().parts.size(), 3u);
+}
+
+}  // namespace
+}  // namespace lumira::test

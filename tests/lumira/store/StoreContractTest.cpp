@@ -1,0 +1,240 @@
+#include "StoreContract.h"
+
+#include <algorithm>
+
+#include <gmock/gmock.h>
+
+#include "lumira/store/SqliteStore.h"
+#include "protocol/Codec.h"
+
+namespace lumira::test {
+
+Product SampleProduct() {
+  Part leaf{.id = "leaf", .revision = "B", .name = "Leaf, \"quoted\" é", .massTypes = {}, .activeMassType = "Weighed",
+            .material = "Steel", .density = 7850, .cadMaterial = "Brass", .cadDensity = 8500,
+            .densityPriority = DensityPriority::WbFirst,
+            .geometry = Geometry{0.1, {1, 2, 3}, {4, 5, 6, 7, 8, 9}}, .standardPart = true};
+  leaf.massTypes.push_back({"Weighed",
+                            {0.1, Vec3{1e-300, -2, 3}, InertiaTensor{1, 2, 3, -4, -5, -6}},
+                            {0.5, {1, 2, 3}, {4, 5, 6, 7, 8, 9}},
+                            MassBounds{0.25, 0.75}});
+  leaf.massTypes.push_back({"Estimated", {-7.0, std::nullopt, std::nullopt}, {}, std::nullopt});
+  Part bare;
+  bare.id = "bare";
+  Part root;
+  root.id = "root";
+  const Placement turned{RotationAboutY(0.3), {1, 2, 3}};
+  return {"PRC", {root, leaf, bare},
+          {{"i1", "root", "leaf", 3, turned}, {"i2", "root", "bare", 1, {}}}, {"root"}};
+}
+
+namespace {
+
+using protocol::ErrorKind;
+
+// The order of the vectors carries no meaning.
+Product Sorted(Product product) {
+  std::sort(product.parts.begin(), product.parts.end(), [](auto& a, auto& b) { return a.id < b.id; });
+  std::sort(product.instances.begin(), product.instances.end(), [](auto& a, auto& b) { return a.id < b.id; });
+  return product;
+}
+
+TEST_P(StoreContract, HoldsNothingWhenItIsNew) { EXPECT_TRUE(store->Products().Value().empty()); }
+
+TEST_P(StoreContract, GivesBackAProductAsItWas) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  const auto loaded = Reopened().LoadProduct("PRC");
+  ASSERT_TRUE(loaded.Ok()) << loaded.Failure().message;
+  EXPECT_EQ(Sorted(loaded.Value()), Sorted(SampleProduct()));
+}
+
+TEST_P(StoreContract, ListsItsProductsByName) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  Part other;
+  other.id = "other root";
+  ASSERT_TRUE(store->AddProduct({"Another", {other}, {}, {"other root"}}, Existing::Refuse).Ok());
+  const auto products = Reopened().Products();
+  ASSERT_EQ(products.Value().size(), 2u);
+  EXPECT_EQ(products.Value()[0].id, "Another");
+  EXPECT_EQ(products.Value()[1].id, "PRC");
+  EXPECT_THAT(products.Value()[1].roots, testing::ElementsAre("root"));
+  EXPECT_EQ(products.Value()[1].partCount, 3);
+  EXPECT_EQ(products.Value()[1].instanceCount, 2);
+}
+
+TEST_P(StoreContract, KnowsTheProductOfAPart) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  EXPECT_EQ(store->ProductOfPart("leaf").Value(), "PRC");
+  const auto unknown = store->ProductOfPart("nobody");
+  ASSERT_FALSE(unknown.Ok());
+  EXPECT_EQ(unknown.Failure().kind, ErrorKind::NotFound);
+  EXPECT_EQ(unknown.Failure().message, "there is no part \"nobody\"");
+}
+
+TEST_P(StoreContract, RefusesAProductThatExists) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  const auto again = store->AddProduct(SampleProduct(), Existing::Refuse);
+  ASSERT_FALSE(again.Ok());
+  EXPECT_EQ(again.Failure().kind, ErrorKind::Conflict);
+  EXPECT_EQ(again.Failure().message, "product \"PRC\" exists already");
+}
+
+TEST_P(StoreContract, RefusesAPartOfAnotherProductAndKeepsNothing) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  Product second = SampleProduct();
+  second.id = "Second";
+  second.parts[0].id = "own";
+  const auto added = store->AddProduct(second, Existing::Refuse);
+  ASSERT_FALSE(added.Ok());
+  EXPECT_EQ(added.Failure().kind, ErrorKind::Conflict);
+  EXPECT_EQ(added.Failure().message, "part \"leaf\" belongs to product \"PRC\" already");
+  EXPECT_EQ(Reopened().Products().Value().size(), 1u);
+  EXPECT_FALSE(store->ProductOfPart("own").Ok());
+}
+
+TEST_P(StoreContract, ReplacesAProductWithItsResultsAndFilters) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  ASSERT_TRUE(store->SaveResults({{"leaf", "f", {}}}).Ok());
+  ASSERT_TRUE(store->SaveFilter("PRC", {"Kit", {"i1"}}).Ok());
+  Product smaller = SampleProduct();
+  smaller.parts.pop_back();
+  smaller.instances.pop_back();
+  ASSERT_TRUE(store->AddProduct(smaller, Existing::Replace).Ok());
+  EXPECT_EQ(Sorted(Reopened().LoadProduct("PRC").Value()), Sorted(smaller));
+  EXPECT_TRUE(store->LoadResults("PRC").Value().empty());
+  EXPECT_TRUE(store->LoadFilters("PRC").Value().empty());
+}
+
+TEST_P(StoreContract, KeepsAReplacedProductWhenTheNewOneIsRefused) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  Part other;
+  other.id = "taken";
+  ASSERT_TRUE(store->AddProduct({"Another", {other}, {}, {"taken"}}, Existing::Refuse).Ok());
+  Product clash = SampleProduct();
+  clash.parts[2].id = "taken";
+  EXPECT_FALSE(store->AddProduct(clash, Existing::Replace).Ok());
+  EXPECT_EQ(Sorted(Reopened().LoadProduct("PRC").Value()), Sorted(SampleProduct()));
+}
+
+TEST_P(StoreContract, CountsTheStateUpWithEveryChange) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  const auto state = [&] { return store->Products().Value()[0].state; };
+  const auto first = state();
+  ASSERT_TRUE(store->UpdatePart(SampleProduct().parts[1]).Ok());
+  const auto second = state();
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Replace).Ok());
+  EXPECT_LT(first, second);
+  EXPECT_LT(second, state());
+}
+
+TEST_P(StoreContract, KeepsTheStateWhenOnlyResultsAreSaved) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  const auto before = store->Products().Value()[0].state;
+  ASSERT_TRUE(store->SaveResults({{"leaf", "f", {}}}).Ok());
+  EXPECT_EQ(store->Products().Value()[0].state, before);
+}
+
+TEST_P(StoreContract, UpdatesOnePartAndLeavesItsResult) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  ASSERT_TRUE(store->SaveResults({{"leaf", "f", {}}}).Ok());
+  Product changed = SampleProduct();
+  changed.parts[1].massTypes = {{"Calculated", {42.0, {}, {}}, {}, {}}};
+  changed.parts[1].activeMassType = "Calculated";
+  changed.parts[1].density.reset();
+  changed.parts[1].geometry.reset();
+  ASSERT_TRUE(store->UpdatePart(changed.parts[1]).Ok());
+  EXPECT_EQ(Sorted(Reopened().LoadProduct("PRC").Value()), Sorted(changed));
+  EXPECT_EQ(store->LoadResults("PRC").Value().size(), 1u);
+}
+
+TEST_P(StoreContract, SaysWhichProductOrPartIsUnknown) {
+  EXPECT_EQ(store->LoadProduct("X").Failure().message, "there is no product \"X\"");
+  EXPECT_EQ(store->LoadResults("X").Failure().kind, ErrorKind::NotFound);
+  EXPECT_EQ(store->LoadFilters("X").Failure().kind, ErrorKind::NotFound);
+  EXPECT_EQ(store->SaveFilter("X", {"Kit", {}}).Failure().kind, ErrorKind::NotFound);
+  EXPECT_EQ(store->LoadDetails("x").Failure().message, "there is no part \"x\"");
+  EXPECT_EQ(store->SaveDetails("x", {}).Failure().kind, ErrorKind::NotFound);
+  EXPECT_EQ(store->SaveResults({{"x", "f", {}}}).Failure().kind, ErrorKind::NotFound);
+  Part part;
+  part.id = "x";
+  EXPECT_EQ(store->UpdatePart(part).Failure().kind, ErrorKind::NotFound);
+}
+
+TEST_P(StoreContract, SavesAllResultsOrNone) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  EXPECT_FALSE(store->SaveResults({{"leaf", "f", {}}, {"nobody", "f", {}}}).Ok());
+  EXPECT_TRUE(Reopened().LoadResults("PRC").Value().empty());
+}
+
+TEST_P(StoreContract, KeepsTheLastResultOfEachPart) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  MassTypeData computed = SampleProduct().parts[1].massTypes[0];
+  computed.name = "Computed";
+  ASSERT_TRUE(store->SaveResults({{"leaf", "old", {}}, {"root", "kept", computed}}).Ok());
+  ASSERT_TRUE(store->SaveResults({{"leaf", "new", computed}}).Ok());
+  auto results = Reopened().LoadResults("PRC").Value();
+  EXPECT_THAT(results, testing::UnorderedElementsAre(StoredResult{"leaf", "new", computed},
+                                                     StoredResult{"root", "kept", computed}));
+}
+
+TEST_P(StoreContract, GivesEmptyDetailsForAPartThatHasNone) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  const auto details = store->LoadDetails("leaf");
+  ASSERT_TRUE(details.Ok());
+  EXPECT_TRUE(details.Value().properties.empty());
+  EXPECT_EQ(details.Value().documents.activeId, "0");
+}
+
+TEST_P(StoreContract, GivesBackDetailsAsTheyWere) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  PartDetails details{.precisions = {{"Weighed", 1, 1, 0.1, 0.2, 0.3, 0.4}},
+                      .appliedOn = "Part Instance",
+                      .referenceMaterial = "Lead",
+                      .referenceDensity = 11340,
+                      .documents = {true, "D1", "V2", 1, true, "V1", {{"R1", "t", "ann", "bob", "Estimated", 9}}},
+                      .propertiesRequested = true,
+                      .dateFormat = "YYYY",
+                      .properties = {{"colour", "red", 2, true, true, "MASS"}, {"second", "", 0, false, false, ""}}};
+  ASSERT_TRUE(store->SaveDetails("leaf", {}).Ok());
+  ASSERT_TRUE(store->SaveDetails("leaf", details).Ok());
+  const auto loaded = Reopened().LoadDetails("leaf");
+  ASSERT_TRUE(loaded.Ok()) << loaded.Failure().message;
+  const PartDetails& back = loaded.Value();
+  ASSERT_EQ(back.precisions.size(), 1u);
+  EXPECT_EQ(back.precisions[0].massType, "Weighed");
+  EXPECT_EQ(back.precisions[0].precisionType + 10 * back.precisions[0].precisionValueType, 11);
+  EXPECT_EQ(back.precisions[0].lowerPrecision, 0.1);
+  EXPECT_EQ(back.precisions[0].upperPrecision, 0.2);
+  EXPECT_EQ(back.precisions[0].massTypeLowerPrecision, 0.3);
+  EXPECT_EQ(back.precisions[0].massTypeUpperPrecision, 0.4);
+  EXPECT_EQ(back.appliedOn + back.referenceMaterial + back.dateFormat, "Part InstanceLeadYYYY");
+  EXPECT_EQ(back.referenceDensity, 11340);
+  EXPECT_TRUE(back.propertiesRequested);
+  // The wire form shows every member of documents and properties.
+  const auto text = [](const PartDetails& d) {
+    protocol::PartData data;
+    data.documents = d.documents;
+    data.properties = d.properties;
+    return protocol::WritePartData(data);
+  };
+  EXPECT_EQ(text(back), text(details));
+}
+
+TEST_P(StoreContract, GivesBackFiltersByNameWithTheirInstancesInOrder) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  ASSERT_TRUE(store->SaveFilter("PRC", {"Service kit", {"old"}}).Ok());
+  ASSERT_TRUE(store->SaveFilter("PRC", {"Service kit", {"i2", "i1"}}).Ok());
+  ASSERT_TRUE(store->SaveFilter("PRC", {"All", {}}).Ok());
+  EXPECT_THAT(Reopened().LoadFilters("PRC").Value(),
+              testing::ElementsAre(ConfigurationFilter{"All", {}}, ConfigurationFilter{"Service kit", {"i2", "i1"}}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Sqlite, StoreContract,
+    testing::Values(StoreKind{
+        "Sqlite", [](const std::string& place) { return CreateSqliteStore(place).Value(); },
+        [](const std::string& place) { return OpenSqliteStore(place).Value(); }}),
+    [](const auto& kind) { return kind.param.name; });
+
+}  // namespace
+}  // namespace lumira::test
