@@ -1,0 +1,174 @@
+#pragma once
+
+#include "framework/dialog/KorDlgDialog.h"
+#include "framework/math/KorMath3x3Matrix.h"
+#include "framework/system/KorListValKorUnicodeString.h"
+#include "module/main_panel/KorWBNymMainPanelWidgets.h"
+#include "module/shared/KorWBNymNavExport.h"
+#include "services/KorWBAllDataBuffer.h"
+
+class LumWBAllDataBuffer;
+
+/// The part panel: shows, computes and edits the weight-and-balance data of one part.
+///
+/// Everything that it shows comes from the data buffer that it is bound to, at each refresh; what the user does goes
+/// to the buffer or, as a command, to the server. It holds one reference to the buffer from binding to rebinding or
+/// destruction. The host creates it directly, attaches a backend, shows it and listens to "Frame238.CloseButton".
+class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
+ public:
+  /// Lays the panel out for the part of `buffer`, subscribes to the units manager and fills every page. Without a
+  /// buffer the panel has no widgets until SetModel binds one.
+  explicit KorWBNymMainPanel(KorWBAllDataBuffer* buffer);
+  KorWBNymMainPanel(const KorWBNymMainPanel&) = delete;
+  KorWBNymMainPanel& operator=(const KorWBNymMainPanel&) = delete;
+  ~KorWBNymMainPanel() override;
+
+  /// Creates the widgets of the bound part, wires them and puts them in their initial state; once.
+  void Build() override;
+  /// "KorWBNymMainPanel", then what the base class answers.
+  KorString GetResourceFilename(int index) const override;
+
+  /// Binds another buffer, or none, and refreshes. Which pages the panel has was decided when it was laid out.
+  /// Returns E_FAIL, whatever happened: callers ignore it and the value is kept as it is.
+  HRESULT SetModel(KorWBAllDataBuffer* buffer);
+  /// Fills every page from the buffer; S_OK, also without a buffer.
+  HRESULT RefreshPanelWithInfo();
+
+  /// Adds and removes the subscriptions to the four unit-change events of the units manager.
+  void SubscribeToCallbacks();
+  void UnsubscribeToCallbacks();
+
+  // ---- refresh of one page each: S_OK, or a failure status with what was written so far left standing ----
+
+  HRESULT RefreshResultsTab();
+  HRESULT RefreshMassTypeTab();
+  HRESULT RefreshMaterialTab();
+  HRESULT RefreshPrecisionTab();
+  HRESULT RefreshDocsTab();
+  HRESULT RefreshAdditionalInfoTab();
+
+  // ---- one magnitude shown again in its current unit; E_FAIL without a buffer, a magnitude or a unit ----
+
+  HRESULT RefreshDensityUnits();
+  HRESULT RefreshLengthUnits();
+  HRESULT RefreshMassUnits();
+  HRESULT RefreshMomentOfInertiaUnits();
+  /// Shows a tensor (kg·m², products negated) as moments and products of inertia: in the editors of the results page
+  /// when the label is "Active", in those of the mass-types page for any other label.
+  HRESULT RefreshMomentOfInertiaUnits(const KorMath3x3Matrix& inertia, const KorUnicodeString& label);
+
+ protected:
+  // ---- handlers; their order in the class is part of the interface to derived panels ----
+
+  virtual void OnTypeComboModifyNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnFirstComboModifyNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnMassTypeChangeNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnComputeNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnDeleteNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnInertiaModeModify(KorCommand*, KorNotification*, KorCommandClientData);
+  /// Client data: the reference-mode button that notifies.
+  virtual void OnReferenceModify(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnTabContainer001TabSelectNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnEditNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnSaveNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  /// Client data: the units type number.
+  virtual void OnModifyUnit(KorEventSubscriber*, const char*, KorCommandClientData);
+  virtual void OnActiveTypeChangeNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnMatNameUpNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnMatNameDownNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnUpdatePropertiesNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnMTPasteValuesComboModifyNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnMTMassEditorModifyNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnChangeActiveDocNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnCancelActiveDocNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnDocPreviewValueChange(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnApplyActiveDocNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  /// Client data: 1 when the focus leaves a bound, 2 when it comes.
+  virtual void OnPrecisionEditorFocusNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnPrecisionValueTypeChangeNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnStandardPartClickeNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnPropertyNameComboChange(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnMaterialNameModifyNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnDensityModifyNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnApplyMaterialRadioBModify(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnActiveDocLatestNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  virtual void OnActiveDocUsrSelNotification(KorCommand*, KorNotification*, KorCommandClientData);
+
+ private:
+  /// About what, and in which axes, the results are shown.
+  enum class ReferenceMode { CurrentPart = 0, RootProduct = 1, Custom = 2 };
+  /// Whether a documents page can be used, and why not.
+  enum class DocumentsState { InUse, NoDocument, NotUsed };
+  struct Results;
+
+  // layout
+  void BuildHeader();
+  void BuildResultsPage();
+  void BuildMassTypesPage();
+  void BuildMaterialPage();
+  void BuildPrecisionPage();
+  void BuildDocumentsPage();
+  void BuildAdditionalPage();
+  void BuildModes();
+  void BuildCustomFrame();
+  void BuildCommands();
+  void WireHandlers();
+  void WireDocuments();
+  void SetInitialState();
+  void PlaceCustomFrame();
+
+  // binding and refresh
+  void Bind(KorWBAllDataBuffer* buffer);
+  void ReadPartFromBuffer();
+  LumWBAllDataBuffer* Pdm() const;
+  void ApplyConfigurationFilter();
+  void RefreshSelection();
+  void RefreshLamps();
+  void RefreshActiveDocument();
+  DocumentsState StateOfDocuments() const;
+  void WarnOfMissingDocuments();
+  void ShowDocumentsInUse();
+  void BuildDefaultDocModeText();
+  void ShowActiveRevision();
+  void ShowNoDocument();
+  void SetAct(const KorUnicodeString& text);
+  void ShowMassTypeAtReference(const KorUnicodeString& massType, const KorUnicodeString& label);
+
+  // results
+  ReferenceMode GetReferenceMode() const;
+  HRESULT ReadResults(Results& results) const;
+  HRESULT ExpressResults(Results& results, ReferenceMode mode) const;
+  HRESULT ShowMasses(double mass);
+  HRESULT ShowCG(const KorMathPoint& cg);
+  void ShowNotComputed();
+  /// Fills the caller's point (mm) and axes (rows: X, Y, Z axis) from the editors, which stay as they are.
+  void GetCustomRefModeValues(KorMathPoint& point, KorMath3x3Matrix& axes) const;
+
+  // compute
+  bool HasUsableCustomAxes();
+  void PrepareBuffer();
+  KorUnicodeString ComputeRequest() const;
+  HRESULT StoreComputed(const KorUnicodeString& reply);
+  void ShowComputed();
+
+  KorWBAllDataBuffer_var _dataBuffer;
+  KorWBNymMainPanelWidgets _widgets;
+
+  int _materialStatisticsIndex = 1;  ///< 1-based entry of the material statistics shown
+  int _editedPropertyIndex = -1;     ///< 0-based additional property under edit, -1: none
+  int _lastPrecisionValueType = -1;  ///< line of "ValueTypeCombo" at its last change, -1: none yet
+  KorUnicodeString _selectionText;   ///< part identifier, "|", instance path, "|"
+  KorUnicodeString _activeDocId;
+  KorUnicodeString _activeDocVersion;
+  KorUnicodeString _defaultDocModeText;
+  KorUnicodeString _selectedActiveDocLine;
+  KorUnicodeString _appliedOnObject;
+  KorUnicodeString _materialName;
+  KorUnicodeString _partRefMaterialName;
+  double _density = 0;         ///< kg/m³
+  double _partRefDensity = 0;  ///< kg/m³
+  bool _computed = false;      ///< whether the buffer held computed values when it was bound
+  bool _rebinding = false;     ///< cleared at the end of construction and of every rebinding; nothing reads it
+  KorListValKorUnicodeString _massTypeNames;   ///< working list of the mass-types page
+  KorListValKorUnicodeString _precisionNames;  ///< working list of the precision page
+};
