@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "lumira/engine/FlatStructure.h"
+#include "lumira/engine/NodeState.h"
+#include "lumira/engine/RollupKernel.h"
+
+namespace lumira {
+
+/// Whether the covariance of the sums is carried along (about three times the work).
+enum class Spread { Ignore, Carry };
+
+/// Everything that adds up to one part; `covariance` is nullptr when there are no deviations.
+struct NodeSums {
+  const NodeState& state;
+  const Coverage& coverage;
+  const NodeCovariance* covariance;
+};
+
+/// The sums of all nodes of a flat structure, computed bottom-up in one pass without allocating. A node's
+/// sums depend on nothing but what is below it, so neither the order of nodes nor the processor shows in a
+/// bit.
+class NodeRollup {
+ public:
+  NodeRollup(FlatStructure structure, Spread spread, RollupKernel kernel = BestKernel());
+
+  /// Computes all nodes anew.
+  void Compute();
+  /// Gives a part other numbers and computes what depends on them: the nodes above it up to the roots.
+  /// Returns how many nodes were computed.
+  std::size_t Change(std::uint32_t part, const GraphPart& changed);
+
+  const FlatStructure& Structure() const { return _structure; }
+  NodeSums SumsOf(std::uint32_t node) const;
+
+ private:
+  bool CarriesCovariance() const {
+    return _spread == Spread::Carry && _structure.VarianceBlocks() != nullptr;
+  }
+  void Compute(std::uint32_t first, std::uint32_t last);
+  void AddUpCoverage(std::uint32_t node);
+
+  FlatStructure _structure;
+  Spread _spread;
+  RollupKernel _kernel;
+  LargeVector<NodeState> _states;
+  LargeVector<NodeCovariance> _covariances;
+  LargeVector<Coverage> _coverages;
+};
+
+}  // namespace lumira
