@@ -23,7 +23,7 @@ class KOR_FRAMEWORK_API KorCkeParmDictionary {
 };
 
 /// Raised by whoever needs a dictionary where there is none.
-struct KorNullHandleError {};
+struct KOR_FRAMEWORK_API KorNullHandleError {};
 
 /// Where the host keeps the dictionary.
 class KOR_FRAMEWORK_API KorCkeGlobalFunctions {

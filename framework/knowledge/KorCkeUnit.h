@@ -22,6 +22,9 @@ class KOR_FRAMEWORK_API KorCkeUnit : public KorBaseUnknown {
   /// Reading the text with "%le" gives the shown number.
   KorUnicodeString ShowValue(double reference, int option = 0) const;
 
+  /// The same for a value that is given in this unit.
+  KorUnicodeString FormatValue(double value, int option = 0) const;
+
   /// Significant digits of shown values, 1 to 17; 10 at the start. One setting for all units.
   static void SetShownDigits(int digits);
   static int GetShownDigits();

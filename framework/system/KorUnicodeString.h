@@ -4,6 +4,7 @@
 #include <iosfwd>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "framework/system/KorExport.h"
 
@@ -43,14 +44,17 @@ class KOR_FRAMEWORK_API KorUnicodeString {
   KorUnicodeString SubString(int first, int count = -1) const;
   /// The text without blanks (space, tab, line ends) at both ends.
   KorUnicodeString Strip() const;
+  /// The letters a to z in upper case; other characters stay.
   KorUnicodeString ToUpper() const;
 
-  /// Reads the text as `format` ("%le", "%lf", "%lg") says: leading blanks skipped, what follows the number
-  /// ignored, '.' as decimal separator in every locale. Returns 1, or 0 with `number` left alone.
+  /// Reads a real number; the formats ("%le", "%lf", "%lg") all read the same. Leading blanks are skipped, what follows
+  /// the number is ignored, '.' is the decimal separator in every locale. Returns 1, or 0 with `number` left alone:
+  /// also for infinities, not-a-number and what does not fit a double.
   int ConvertToNum(double* number, const char* format = "%le") const;
   /// Reads an integer ("%d"). Returns 1, or 0 with `number` left alone (also when it does not fit).
   int ConvertToNum(int* number, const char* format = "%d") const;
-  /// Replaces the text by the number printed with a printf format ("%g", "%d", "%le"), '.' as decimal separator.
+  /// Replaces the text by the number printed with a printf format: "%g", "%le" or "%lf", with a precision up to 100 if
+  /// wanted ("%.10g"), and "%d" for integers. '.' is the decimal separator in every locale.
   void BuildFromNum(double number, const char* format = "%g");
   void BuildFromNum(int number, const char* format = "%d");
 

@@ -37,4 +37,5 @@ class KOR_FRAMEWORK_API TqTrace {
   KorString _function;
   KorString _qualifiedName;
   int* _status = nullptr;
+  bool _entryWritten = false;
 };

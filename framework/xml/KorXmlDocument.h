@@ -9,7 +9,7 @@
 
 class KorXmlDocument;
 
-/// An element of a document, or null. Valid as long as its document lives.
+/// An element of a document, or null. Valid as long as its document lives and keeps its content.
 class KOR_FRAMEWORK_API KorXmlElement {
  public:
   KorXmlElement() = default;
@@ -50,6 +50,7 @@ class KOR_FRAMEWORK_API KorXmlDocument : public KorBaseUnknown {
   KorUnicodeString Write() const;
 
   KorXmlElement Root() const;
+  /// Drops the content and begins a new one.
   KorXmlElement CreateRoot(const KorUnicodeString& name);
 
  private:

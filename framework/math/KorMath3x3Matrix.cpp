@@ -1,0 +1,49 @@
+#include "framework/math/KorMath3x3Matrix.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// Adjugate: transposed matrix of cofactors, so that a · adjugate = determinant · identity.
+std::array<double, 9> Adjugate(const std::array<double, 9>& a) {
+  return {a[4] * a[8] - a[5] * a[7], a[2] * a[7] - a[1] * a[8], a[1] * a[5] - a[2] * a[4],
+          a[5] * a[6] - a[3] * a[8], a[0] * a[8] - a[2] * a[6], a[2] * a[3] - a[0] * a[5],
+          a[3] * a[7] - a[4] * a[6], a[1] * a[6] - a[0] * a[7], a[0] * a[4] - a[1] * a[3]};
+}
+
+}  // namespace
+
+double KorMath3x3Matrix::Determinant() const {
+  return _a[0] * (_a[4] * _a[8] - _a[5] * _a[7]) - _a[1] * (_a[3] * _a[8] - _a[5] * _a[6]) +
+         _a[2] * (_a[3] * _a[7] - _a[4] * _a[6]);
+}
+
+KorMath3x3Matrix KorMath3x3Matrix::Transpose() const {
+  return {_a[0], _a[3], _a[6], _a[1], _a[4], _a[7], _a[2], _a[5], _a[8]};
+}
+
+bool KorMath3x3Matrix::Invert(KorMath3x3Matrix& inverse) const {
+  const double determinant = Determinant();
+  if (determinant == 0.0) return false;
+  std::array<double, 9> coefficients = Adjugate(_a);
+  for (double& coefficient : coefficients) coefficient /= determinant;
+  if (!std::all_of(coefficients.begin(), coefficients.end(), [](double c) { return std::isfinite(c); })) return false;
+  inverse.SetCoefficients(coefficients);
+  return true;
+}
+
+KorMath3x3Matrix operator*(const KorMath3x3Matrix& a, const KorMath3x3Matrix& b) {
+  KorMath3x3Matrix product;
+  for (int row = 1; row <= 3; ++row)
+    for (int column = 1; column <= 3; ++column)
+      product.SetCoef(row, column,
+                      a.GetCoef(row, 1) * b.GetCoef(1, column) + a.GetCoef(row, 2) * b.GetCoef(2, column) +
+                          a.GetCoef(row, 3) * b.GetCoef(3, column));
+  return product;
+}
+
+KorMathPoint operator*(const KorMath3x3Matrix& a, const KorMathPoint& p) {
+  const auto row = [&](int r) { return a.GetCoef(r, 1) * p.GetX() + a.GetCoef(r, 2) * p.GetY() + a.GetCoef(r, 3) * p.GetZ(); };
+  return {row(1), row(2), row(3)};
+}
