@@ -1,0 +1,116 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "framework/dialog/KorDlgDialog.h"
+#include "framework/dialog/KorDlgFrame.h"
+#include "framework/dialog/KorDlgLabel.h"
+#include "tests/framework/dialog/TemporaryCatalogues.h"
+#include "tests/support/RecordingBackend.h"
+
+namespace {
+
+/// A dialog with a catalogue of its own above that of its base.
+class TextDialog : public KorDlgDialog {
+ public:
+  TextDialog() : KorDlgDialog(nullptr, "TextDialog", 0) {
+    frame = Add<KorDlgFrame>("Frame");
+    label = frame->Add<KorDlgLabel>("MassLabel");
+  }
+  KorString GetResourceFilename(int index) const override {
+    if (index == 0) return "Derived";
+    return index == 1 ? "Base" : KorDlgDialog::GetResourceFilename(index - 2);
+  }
+  KorDlgFrame* frame = nullptr;
+  KorDlgLabel* label = nullptr;
+};
+
+struct DialogTexts : testing::Test {
+  TemporaryCatalogues catalogues;
+};
+
+TEST_F(DialogTexts, ComeFromTheCatalogueByTheWidgetsPath) {
+  catalogues.Write("en", "Derived", "Title = \"Weights\"\nFrame.MassLabel.Title = \"Mass\"\nFrame.MassLabel.ShortHelp = \"kg\"\n");
+  catalogues.Write("en", "Base", "");
+  TextDialog dialog;
+  dialog.ReloadTexts();
+  EXPECT_EQ(dialog.GetTitle(), "Weights");
+  EXPECT_EQ(dialog.label->GetTitle(), "Mass");
+  EXPECT_EQ(dialog.label->GetShortHelp(), "kg");
+  EXPECT_EQ(dialog.frame->GetTitle(), "");
+}
+
+TEST_F(DialogTexts, AreThereFromTheWidgetsCreationOn) {
+  catalogues.Write("en", "Derived", "Frame.MassLabel.Title = \"Mass\"\n");
+  catalogues.Write("en", "Base", "");
+  const TextDialog dialog;
+  EXPECT_EQ(dialog.label->GetTitle(), "Mass");
+}
+
+TEST_F(DialogTexts, OfTheMostDerivedCatalogueWin) {
+  catalogues.Write("en", "Derived", "A = \"derived\"\n");
+  catalogues.Write("en", "Base", "A = \"base\"\nB = \"base\"\n");
+  const TextDialog dialog;
+  EXPECT_EQ(dialog.CatalogueText("A"), "derived");
+  EXPECT_EQ(dialog.CatalogueText("B"), "base");
+  EXPECT_EQ(dialog.CatalogueText("C", "default"), "default");
+}
+
+TEST_F(DialogTexts, TheBaseDialogHasNoCatalogue) {
+  const KorDlgDialog dialog(nullptr, "Plain", 0);
+  EXPECT_EQ(dialog.GetResourceFilename(0), "");
+  EXPECT_EQ(dialog.CatalogueText("Title", "default"), "default");
+}
+
+TEST_F(DialogTexts, SetByCodeStayWhenTheLanguageChanges) {
+  catalogues.Write("en", "Derived", "Frame.Title = \"Frame\"\nFrame.MassLabel.Title = \"Mass\"\n");
+  catalogues.Write("de", "Derived", "Frame.Title = \"Rahmen\"\nFrame.MassLabel.Title = \"Masse\"\n");
+  TextDialog dialog;
+  dialog.label->SetTitle("Weighed mass");
+  KorMsgCatalog::SetLanguage("de");
+  dialog.ReloadTexts();
+  EXPECT_EQ(dialog.frame->GetTitle(), "Rahmen");
+  EXPECT_EQ(dialog.label->GetTitle(), "Weighed mass");
+}
+
+TEST_F(DialogTexts, AChangeOfLanguageReachesTheWindow) {
+  catalogues.Write("en", "Derived", "Title = \"Weights\"\nFrame.MassLabel.Title = \"Mass\"\n");
+  catalogues.Write("de", "Derived", "Title = \"Gewichte\"\nFrame.MassLabel.Title = \"Masse\"\n");
+  RecordingBackend backend;
+  TextDialog dialog;
+  dialog.Attach(&backend);
+  KorMsgCatalog::SetLanguage("de");
+  dialog.ReloadTexts();
+  EXPECT_EQ(backend.Shown(dialog, KorDlgProperty::Title), "Gewichte");
+  EXPECT_EQ(backend.Shown(*dialog.label, KorDlgProperty::Title), "Masse");
+  dialog.Detach();
+}
+
+TEST_F(DialogTexts, ATitledDialogIsCreatedInTheWindowBeforeItsTitleIsShown) {
+  catalogues.Write("en", "Derived", "Title = \"Weights\"\n");
+  RecordingBackend backend;
+  TextDialog dialog;
+  dialog.Attach(&backend);
+  EXPECT_EQ(backend.Log().front(), "created TextDialog");
+  EXPECT_EQ(backend.Shown(dialog, KorDlgProperty::Title), "Weights");
+  dialog.Detach();
+}
+
+TEST_F(DialogTexts, ATitledWidgetAddedLaterIsCreatedInTheWindowBeforeItsTitleIsShown) {
+  catalogues.Write("en", "Derived", "Frame.Late.Title = \"Late\"\n");
+  RecordingBackend backend;
+  TextDialog dialog;
+  dialog.Attach(&backend);
+  backend.ClearLog();
+  auto* late = dialog.frame->Add<KorDlgLabel>("Late");
+  EXPECT_EQ(backend.Log().front(), "created Late");
+  EXPECT_EQ(backend.Shown(*late, KorDlgProperty::Title), "Late");
+  dialog.Detach();
+}
+
+TEST_F(DialogTexts, MayBeMissingWithoutTakingTheDialogDown) {
+  TextDialog dialog;
+  dialog.ReloadTexts();
+  EXPECT_EQ(dialog.label->GetTitle(), "");
+}
+
+}  // namespace
