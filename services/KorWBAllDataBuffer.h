@@ -39,7 +39,7 @@ class KOR_SERVICES_API KorWBAllDataBuffer : public KorBaseUnknown {
   HRESULT GetAllData(KorUnicodeString& text) const;
   /// Replaces the content by that of a full data text. With `newSelection` true everything comes from the text. With
   /// false the text tells of another state of the same part (another revision of its document): what belongs to the
-  /// selection stays, that is instance path, configuration handler, filter, has-instance flag and placement.
+  /// selection stays, that is instance path, configuration handler, filter, has-instance flag, inertia mode and placement.
   /// E_FAIL, with the buffer as it was and the reason in GetLastRefusal, when the text cannot be read, or when
   /// `newSelection` is false and it is about another part.
   HRESULT SetAllData(const KorUnicodeString& text, bool newSelection);

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <vector>
+
+#include "protocol/PartData.h"
+#include "services/KorWBAllDataBuffer.h"
+
+/// What a buffer holds: the data as on the wire, in metres, and beside each centre of gravity the same in millimetres.
+///
+/// Both are kept because the conversion there and back may change the last bit: the panels get exactly the millimetres
+/// that they set, the server exactly the metres that it sent as long as nobody set another value.
+struct KorWBAllDataBuffer::Content {
+  using Coordinates = std::array<double, 3>;
+
+  protocol::PartData data;
+  std::vector<std::optional<Coordinates>> cgMillimetres;  ///< parallel to data.massTypes
+  bool mayReuseStoredResults = true;
+  bool computableWithUserMassType = true;
+  KorUnicodeString lastRefusal;
+
+  /// Takes over new wire data and works the millimetres out anew.
+  void Replace(protocol::PartData newData);
+
+  /// Null when the mass type is not listed.
+  protocol::MassType* Find(const KorUnicodeString& massType);
+  const protocol::MassType* Find(const KorUnicodeString& massType) const;
+  /// The centre of gravity in mm of a listed mass type.
+  const std::optional<Coordinates>& CgOf(const protocol::MassType& massType) const;
+
+  /// `mm` holds three lengths. A coordinate that does not differ from the present one keeps its metres.
+  void SetCg(protocol::MassType& massType, const double* mm);
+  void RemoveCg(protocol::MassType& massType);
+  /// Takes over the values of a compute; the bounds that the user typed stay.
+  void SetComputed(const protocol::MassType& computed);
+
+ private:
+  std::size_t IndexOf(const protocol::MassType& massType) const {
+    return static_cast<std::size_t>(&massType - data.massTypes.data());
+  }
+};
