@@ -30,7 +30,7 @@ class KOR_SERVICES_API KorWBAllDataBuffer : public KorBaseUnknown {
   // ---- texts exchanged with the server ----
 
   /// Third field of a compute request: filter, inertia mode, pre-compute switch and material name.
-  HRESULT GetComputedInfo(KorUnicodeString& text) const;
+  virtual HRESULT GetComputedInfo(KorUnicodeString& text) const;
   /// Takes over the values of a compute reply into the computed mass type, and whether the selected object has an
   /// instance in the PDM. The precision bounds typed by the user stay. E_FAIL, with the buffer as it was and the reason
   /// in GetLastRefusal, when the text cannot be read, is about another part or another mass type.

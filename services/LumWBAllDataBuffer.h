@@ -6,7 +6,7 @@
 ///
 /// Document revisions and properties are counted from 1. An index outside them makes an operation fail (E_FAIL, or an
 /// empty answer) and changes nothing.
-class KOR_SERVICES_API LumWBAllDataBuffer final : public KorWBAllDataBuffer {
+class KOR_SERVICES_API LumWBAllDataBuffer : public KorWBAllDataBuffer {
  public:
   /// Which text of a document revision GetDocRevsInfo gives.
   enum DocInfo {
@@ -79,7 +79,7 @@ class KOR_SERVICES_API LumWBAllDataBuffer final : public KorWBAllDataBuffer {
   KorUnicodeString GetDateFormatForExtraProperties() const;
   bool AreDateTypePropertiesPresent() const;
 
- private:
+ protected:
   ~LumWBAllDataBuffer() override;
 };
 
