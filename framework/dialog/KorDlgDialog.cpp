@@ -23,7 +23,7 @@ void KorDlgDialog::Attach(KorDlgBackend* backend) {
   if (backend == _backend) return;
   Detach();
   _backend = backend;
-  LoadTexts();
+  LoadTexts();  // only now: the constructor of the base does not know the derived dialog's catalogues
   if (_backend) Replay(*_backend);
 }
 

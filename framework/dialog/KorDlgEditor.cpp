@@ -13,8 +13,19 @@ std::span<const KorDlgProperty> KorDlgEditor::Properties() const {
 }
 
 void KorDlgEditor::SetText(const KorUnicodeString& text, KorNotify notify) {
-  Assign(_text, text, KorDlgProperty::Text);
+  if (text != _text) {
+    _text = text;
+    Changed(KorDlgProperty::Text);
+    ClipToText();
+  }
   if (notify == KorNotify::Send) Notify(KorEvent::EditorModify);
+}
+
+void KorDlgEditor::ClipToText() {
+  const int length = _text.GetLengthInChar();
+  Assign(_firstColumn, std::min(_firstColumn, length), KorDlgProperty::TextSelection);
+  Assign(_selectionFirst, std::min(_selectionFirst, length), KorDlgProperty::TextSelection);
+  Assign(_selectionLast, std::min(_selectionLast, length), KorDlgProperty::TextSelection);
 }
 
 double KorDlgEditor::GetValue() const {

@@ -34,6 +34,9 @@ class KOR_FRAMEWORK_API KorDlgEditor : public KorDlgObject {
   bool Type(const KorUnicodeString& text);
 
  private:
+  /// Takes first column and selection back to where there is text.
+  void ClipToText();
+
   KorUnicodeString _text;
   int _visibleTextWidth = 0;
   int _firstColumn = 0;

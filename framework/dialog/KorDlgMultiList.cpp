@@ -19,6 +19,7 @@ void KorDlgMultiList::SetColumnTitles(const std::vector<KorUnicodeString>& title
   _selection.clear();
   Changed(KorDlgProperty::Columns);
   Changed(KorDlgProperty::Rows);
+  Changed(KorDlgProperty::Selection);
 }
 
 void KorDlgMultiList::SetColumnVisible(int column, bool visible) {

@@ -225,16 +225,19 @@ void KorDlgObject::Report(const char* verb) const {
 KorDlgBackend* KorDlgObject::Backend() const { return _parent ? _parent->Backend() : nullptr; }
 
 void KorDlgObject::Changed(KorDlgProperty property) {
-  if (KorDlgBackend* backend = Backend()) backend->Changed(*this, property);
+  KorDlgBackend* backend = _announced ? Backend() : nullptr;
+  if (backend) backend->Changed(*this, property);
 }
 
 void KorDlgObject::Replay(KorDlgBackend& backend) {
   backend.Created(*this);
+  _announced = true;
   for (const KorDlgProperty property : Properties()) backend.Changed(*this, property);
   for (const auto& child : _children) child->Replay(backend);
 }
 
 void KorDlgObject::NotifyDestroyed(KorDlgBackend& backend) {
   for (auto child = _children.rbegin(); child != _children.rend(); ++child) (*child)->NotifyDestroyed(backend);
+  _announced = false;
   backend.Destroyed(*this);
 }

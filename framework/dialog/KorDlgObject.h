@@ -110,9 +110,6 @@ class KOR_FRAMEWORK_API KorDlgObject : public KorCommand {
 
  protected:
   KorDlgObject(KorDlgObject* parent, const char* name, unsigned style);
-  /// A copy has the same own state, no children, no subscriptions and no backend.
-  KorDlgObject(const KorDlgObject& other);
-  KorDlgObject& operator=(const KorDlgObject& other);
 
   /// Sends a notification to the subscribers.
   void Notify(KorEvent event);
@@ -145,6 +142,10 @@ class KOR_FRAMEWORK_API KorDlgObject : public KorCommand {
     KorCommandClientData data;
   };
 
+  /// Only dialogs can be copied: the same own state, no children, no subscriptions and no backend.
+  KorDlgObject(const KorDlgObject& other);
+  KorDlgObject& operator=(const KorDlgObject& other);
+
   void Adopt(std::unique_ptr<KorDlgObject> child, const KorDlgGrid& grid);
   void LoadTextsBelow();
 
@@ -160,6 +161,7 @@ class KOR_FRAMEWORK_API KorDlgObject : public KorCommand {
   KorVisibility _visibility = KorVisibility::Shown;
   KorDlgGrid _grid;
   bool _attached = true;
+  bool _announced = false;  ///< the backend has been told of this widget, and is told of its changes
   std::vector<Subscription> _subscriptions;
   std::vector<std::unique_ptr<KorDlgObject>> _children;
 };

@@ -12,6 +12,7 @@ namespace {
 namespace fs = std::filesystem;
 using Texts = std::map<KorString, KorUnicodeString, std::less<>>;
 constexpr const char* kEnglish = "en";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 struct State {
   KorString folder;
@@ -130,6 +131,7 @@ KorString KorMsgCatalog::GetFolder() { return Catalogues().folder; }
 
 HRESULT KorMsgCatalog::SetLanguage(const KorString& language) {
   std::error_code ignored;
+  if (language.empty()) return E_FAIL;
   if (language != kEnglish && !fs::is_directory(fs::path(Catalogues().folder) / language, ignored)) return E_FAIL;
   Catalogues().language = language;
   return S_OK;
@@ -157,15 +159,17 @@ Texts KorMsgCatalog::ReadFile(const KorString& file, std::vector<KorUnicodeStrin
   }
   int number = 0;
   for (std::string line; std::getline(in, line);) {
-    ++number;
+    if (++number == 1 && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
     if (!line.empty() && line.back() == '\r') line.pop_back();
     std::string_view rest = line;
     SkipBlanks(rest);
     if (rest.empty() || rest.front() == '#') continue;
-    if (const auto entry = ParseLine(rest))
-      texts[entry->first] = entry->second;
-    else
-      problems.push_back(file + ":" + std::to_string(number) + ": expected key = \"text\", found: " + line);
+    const KorString place = file + ":" + std::to_string(number) + ": ";
+    const auto entry = ParseLine(rest);
+    if (!entry)
+      problems.push_back(place + "expected key = \"text\", found: " + line);
+    else if (!texts.emplace(entry->first, entry->second).second)
+      problems.push_back(place + "the key " + entry->first + " stands here again; its first text counts");
   }
   return texts;
 }
