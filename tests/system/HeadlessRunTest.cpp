@@ -1,0 +1,116 @@
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <sstream>
+#include <string>
+
+#include "gtest/gtest.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::array kElements{"xx", "yy", "zz", "xy", "xz", "yz"};
+
+/// Runs the desktop once without a display and keeps what it left.
+class HeadlessRun : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    s_folder = fs::path(testing::TempDir()) / "korvo-headless-run";
+    fs::remove_all(s_folder);
+    fs::create_directories(s_folder);
+    const std::string command = "XDG_DATA_HOME='" + (s_folder / "data").string() + "' XDG_CONFIG_HOME='" +
+                                (s_folder / "config").string() + "' " + KORVO_PROGRAM + " --headless '" +
+                                (s_folder / "out").string() + "' > '" + (s_folder / "log").string() + "' 2>&1";
+    s_exitStatus = std::system(command.c_str());
+    ReadValues();
+  }
+
+  static void ReadValues() {
+    s_values.clear();
+    std::ifstream in(s_folder / "out" / "values.txt");
+    for (std::string line; std::getline(in, line);) {
+      const std::size_t equals = line.find(" = ");
+      if (equals != std::string::npos) s_values[line.substr(0, equals)] = line.substr(equals + 3);
+    }
+  }
+
+  static double Value(const std::string& name) {
+    const auto found = s_values.find(name);
+    if (found == s_values.end()) {
+      ADD_FAILURE() << "values.txt has no line \"" << name << "\"";
+      return std::nan("");
+    }
+    return std::stod(found->second);
+  }
+
+  static void ExpectTensor(const std::string& prefix, const std::array<double, 6>& published) {
+    const double trace = published[0] + published[1] + published[2];
+    for (std::size_t i = 0; i < 6; ++i)
+      EXPECT_NEAR(Value(prefix + kElements[i] + "_kgm2"), published[i], 1e-12 * trace) << prefix << kElements[i];
+  }
+
+  static void ExpectPoint(const std::string& part, const std::array<double, 3>& published) {
+    const double size = std::hypot(published[0], published[1], published[2]);
+    EXPECT_NEAR(Value(part + ".cg_x_m"), published[0], 1e-12 * size);
+    EXPECT_NEAR(Value(part + ".cg_y_m"), published[1], 1e-12 * size);
+    EXPECT_NEAR(Value(part + ".cg_z_m"), published[2], 1e-12 * size);
+  }
+
+  static bool IsPng(const std::string& name) {
+    std::ifstream in(s_folder / "out" / name, std::ios::binary);
+    std::array<char, 8> head{};
+    in.read(head.data(), head.size());
+    return std::string(head.data(), head.size()) == "\x89PNG\r\n\x1a\n";
+  }
+
+  static inline fs::path s_folder;
+  static inline int s_exitStatus = -1;
+  static inline std::map<std::string, std::string> s_values;
+};
+
+std::string FileText(const fs::path& file) {
+  std::ifstream in(file);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+}  // namespace
+
+TEST_F(HeadlessRun, EndsWellAndLeavesItsPictures) {
+  ASSERT_EQ(s_exitStatus, 0) << FileText(s_folder / "log");
+  for (const char* name : {"window.png", "part-panel-results.png", "part-panel-mass-types.png",
+                           "part-panel-material.png", "part-panel-precision.png"})
+    EXPECT_TRUE(IsPng(name)) << name;
+}
+
+// Published rows of the IEA 15 MW nacelle, see tests/lumira/data/README.md.
+TEST_F(HeadlessRun, ReproducesThePublishedRowOfTheWholeAboveTheYawBearing) {
+  EXPECT_NEAR(Value("above_yaw.mass_kg"), 644856.548088461, 1e-12 * 644856.548088461);
+  ExpectPoint("above_yaw", {-5.124694874749737, -0.146481697382938, 4.314502124176699});
+  ExpectTensor("above_yaw.inertia_cg_", {9474045.437011357, 10608608.72268249, 10536262.58048209, 484077.0468450342,
+                                         2197871.805292473, -236144.6819962184});
+  ExpectTensor("above_yaw.inertia_ref_", {21491840.63823167, 39548110.82965133, 27485642.71525947,
+                                          1.746229827404022e-10, 16455976.97605734, 171401.8154877078});
+}
+
+TEST_F(HeadlessRun, ReproducesThePublishedRowOfTheGenerator) {
+  EXPECT_NEAR(Value("generator.mass_kg"), 368839.4071518108, 1e-12 * 368839.4071518108);
+  ExpectPoint("generator", {-6.516676090182924, 0.0, 5.034389671180861});
+  ExpectTensor("generator.inertia_cg_", {5197408.244421278, 2752875.38606201, 2752875.38606201, 0, 0, 0});
+  ExpectTensor("generator.inertia_ref_",
+               {14518962.83623591, 27764667.34516002, 18443112.75334539, 0, 11846570.5011075, 0});
+}
+
+TEST_F(HeadlessRun, WritesNumbersThatReadBackExactly) {
+  ASSERT_FALSE(s_values.empty());
+  for (const auto& [name, text] : s_values) {
+    std::array<char, 64> again{};
+    std::snprintf(again.data(), again.size(), "%.17g", std::stod(text));
+    EXPECT_EQ(text, again.data()) << name;
+  }
+}
