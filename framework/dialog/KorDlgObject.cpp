@@ -7,7 +7,6 @@
 
 #include "framework/dialog/KorDlgBackend.h"
 #include "framework/dialog/KorDlgDialog.h"
-#include "framework/dialog/KorDlgTabContainer.h"
 
 namespace {
 
@@ -163,9 +162,7 @@ void KorDlgObject::SetVisibility(KorVisibility visibility) {
 bool KorDlgObject::IsReachable() const {
   if (!IsEnabled() || !IsShown()) return false;
   if (Kind() == KorDlgKind::Dialog || !_parent) return true;
-  if (const auto* tabs = dynamic_cast<const KorDlgTabContainer*>(_parent))
-    if (tabs->GetPage(tabs->GetSelectedPage()) != this) return false;
-  return _parent->IsReachable();
+  return _parent->BringsToFront(*this) && _parent->IsReachable();
 }
 
 void KorDlgObject::SetGrid(const KorDlgGrid& grid) {
@@ -221,6 +218,8 @@ bool KorDlgObject::CanAct(const char* verb) const {
 void KorDlgObject::Report(const char* verb) const {
   if (Observer()) Observer()(*this, verb);
 }
+
+bool KorDlgObject::BringsToFront(const KorDlgObject&) const { return true; }
 
 KorDlgBackend* KorDlgObject::Backend() const { return _parent ? _parent->Backend() : nullptr; }
 

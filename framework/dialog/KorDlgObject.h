@@ -129,6 +129,9 @@ class KOR_FRAMEWORK_API KorDlgObject : public KorCommand {
   /// Texts of this widget from the dialog's catalogue; called when it is created and when the language changes.
   virtual void LoadTexts();
 
+  /// Whether this widget lets the user see that child; a tab container shows one page at a time.
+  virtual bool BringsToFront(const KorDlgObject& child) const;
+
   virtual KorDlgBackend* Backend() const;
   /// Tells `backend` of this widget and all below it: created, then each property.
   void Replay(KorDlgBackend& backend);

@@ -18,6 +18,9 @@ class KOR_FRAMEWORK_API KorDlgTabContainer : public KorDlgObject {
   /// Verb: the user picks a page by its tab. Sends TabSelect when another page comes to the front.
   bool Pick(int index);
 
+ protected:
+  bool BringsToFront(const KorDlgObject& child) const override { return GetPage(_selected) == &child; }
+
  private:
   int _selected = 0;
 };
