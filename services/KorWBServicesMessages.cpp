@@ -49,10 +49,7 @@ KorUnicodeString WithoutMark(const KorUnicodeString& line) {
 
 void KorWBServices::DisplayMsg(KorDlgDialog* parent, const char* title, const KorUnicodeString& message,
                                unsigned flags) {
-  KorApplicationFrame::ShowMessage({.parent = parent ? parent : KorApplicationFrame::GetMainWindow(),
-                                    .title = title,
-                                    .text = message,
-                                    .flags = flags});
+  KorApplicationFrame::ShowMessage({.parent = parent, .title = title, .text = message, .flags = flags});
 }
 
 HRESULT KorWBServices::GetWarningMsgFromLumira(KorUnicodeString& text) {

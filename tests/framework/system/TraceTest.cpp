@@ -1,0 +1,74 @@
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+#include "tests/support/TraceCapture.h"
+
+namespace {
+
+void TracedFunction(int statusAtTheEnd) {
+  int status = 0;
+  const TqTrace trace("CompA", "Work()", "Jan  2 2025", "03:04:05", "Class::Work", status);
+  if (trace.TraceOn()) trace.GetCout() << "a line" << std::endl;
+  status = statusAtTheEnd;
+}
+
+TEST(Trace, IsOffAtTheStart) {
+  const TqTrace trace("CompA");
+  EXPECT_FALSE(trace.TraceOn());
+}
+
+TEST(Trace, WritesEntryLinesAndEndOfAFunction) {
+  const TraceCapture capture("CompA");
+  TracedFunction(7);
+  EXPECT_EQ(capture.Text(),
+            "-> Class::Work [CompA, Work(), built Jan  2 2025 03:04:05]\n"
+            "a line\n"
+            "<- Class::Work, status 7\n");
+}
+
+TEST(Trace, WritesNothingAndFlushesNothingWhileItIsOff) {
+  const TraceCapture capture("CompB");
+  const int flushes = TqTrace::FlushCount();
+  TracedFunction(0);
+  EXPECT_EQ(capture.Text(), "");
+  EXPECT_EQ(TqTrace::FlushCount(), flushes);
+}
+
+TEST(Trace, SwallowsLinesOfAComponentThatIsOff) {
+  const TraceCapture capture("CompB");
+  TqTrace("CompA").GetCout() << "text " << 1 << std::endl;
+  EXPECT_EQ(capture.Text(), "");
+  TqTrace("CompB").GetCout() << "text";
+  EXPECT_EQ(capture.Text(), "text");
+}
+
+TEST(Trace, CountsItsFlushes) {
+  const TraceCapture capture("CompA");
+  const int flushes = TqTrace::FlushCount();
+  TqTrace::TqTraceFlush();
+  EXPECT_EQ(TqTrace::FlushCount(), flushes + 1);
+}
+
+TEST(Trace, WritesNoEndWithoutAnEntry) {
+  const TraceCapture capture("CompB");
+  {
+    int status = 0;
+    const TqTrace trace("CompA", "Work()", "", "", "Class::Work", status);
+    TqTrace::SwitchComponent("CompA", true);
+  }
+  TqTrace::SwitchComponent("CompA", false);
+  EXPECT_EQ(capture.Text(), "");
+}
+
+TEST(Trace, SwitchesAllComponentsAtOnceAndSingleOnesAfterwards) {
+  TqTrace::SwitchComponent("", true);
+  EXPECT_TRUE(TqTrace("CompA").TraceOn());
+  EXPECT_TRUE(TqTrace("CompB").TraceOn());
+  TqTrace::SwitchComponent("CompA", false);
+  EXPECT_FALSE(TqTrace("CompA").TraceOn());
+  TqTrace::SwitchComponent("", false);
+  EXPECT_FALSE(TqTrace("CompB").TraceOn());
+}
+
+}  // namespace
