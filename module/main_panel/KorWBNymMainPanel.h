@@ -8,6 +8,8 @@
 #include "services/KorWBAllDataBuffer.h"
 
 class LumWBAllDataBuffer;
+struct KorWBNymNavMessages;
+struct KorWBNymNavReferenceFrame;
 
 /// The part panel: shows, computes and edits the weight-and-balance data of one part.
 ///
@@ -95,10 +97,9 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   virtual void OnActiveDocUsrSelNotification(KorCommand*, KorNotification*, KorCommandClientData);
 
  private:
-  /// About what, and in which axes, the results are shown.
+  /// About which point, and in which axes, the results are shown.
   enum class ReferenceMode { CurrentPart = 0, RootProduct = 1, Custom = 2 };
-  /// Whether a documents page can be used, and why not.
-  enum class DocumentsState { InUse, NoDocument, NotUsed };
+  struct ResultsView;
   struct Results;
 
   // layout
@@ -113,43 +114,55 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   void BuildCustomFrame();
   void BuildCommands();
   void WireHandlers();
-  void WireDocuments();
+  void WireDocumentsPage();
   void SetInitialState();
-  void PlaceCustomFrame();
+  void SetInitialDocumentsState();
 
   // binding and refresh
-  void Bind(KorWBAllDataBuffer* buffer);
   void ReadPartFromBuffer();
-  LumWBAllDataBuffer* Pdm() const;
+  LumWBAllDataBuffer& Pdm() const;
+  KorWBNymNavMessages Messages();
   void ApplyConfigurationFilter();
   void RefreshSelection();
   void RefreshLamps();
   void RefreshActiveDocument();
-  DocumentsState StateOfDocuments() const;
-  void WarnOfMissingDocuments();
+  bool AreDocumentsInUse() const;
+  void CheckForMissingDocuments();
   void ShowDocumentsInUse();
   void BuildDefaultDocModeText();
-  void ShowActiveRevision();
+  void ShowWhichRevisionIsActive();
   void ShowNoDocument();
   void SetAct(const KorUnicodeString& text);
-  void ShowMassTypeAtReference(const KorUnicodeString& massType, const KorUnicodeString& label);
+  void SelectFirstPage();
 
   // results
   ReferenceMode GetReferenceMode() const;
-  HRESULT ReadResults(Results& results) const;
-  HRESULT ExpressResults(Results& results, ReferenceMode mode) const;
-  HRESULT ShowMasses(double mass);
-  HRESULT ShowCG(const KorMathPoint& cg);
-  void ShowNotComputed();
-  /// Fills the caller's point (mm) and axes (rows: X, Y, Z axis) from the editors, which stay as they are.
+  KorWBNymNavReferenceFrame CustomFrame() const;
   void GetCustomRefModeValues(KorMathPoint& point, KorMath3x3Matrix& axes) const;
+  HRESULT GetResultsView(ResultsView& view) const;
+  Results ReadComputed() const;
+  Results ExpressIn(const ResultsView& view, Results results) const;
+  HRESULT ShowMasses(double mass);
+  HRESULT ShowResults(const Results& results);
+  void ShowNotComputed();
+  bool IsComputedDefined() const;
+  HRESULT ShowComputed(HRESULT (KorWBNymMainPanel::*show)(const Results&));
+  HRESULT ShowCG(const Results& results);
+  HRESULT ShowInertia(const Results& results);
+
+  // modes
+  void ShowMovedToReference(const KorUnicodeString& massType, const KorUnicodeString& label);
+  void PlaceCustomFrame();
+  void LeaveResultsPage();
+  void EnterResultsPage();
 
   // compute
   bool HasUsableCustomAxes();
-  void PrepareBuffer();
+  void PrepareCompute();
   KorUnicodeString ComputeRequest() const;
   HRESULT StoreComputed(const KorUnicodeString& reply);
-  void ShowComputed();
+  void ShowAsComputed();
+  void ShowCalculationLamp(bool upToDate);
 
   KorWBAllDataBuffer_var _dataBuffer;
   KorWBNymMainPanelWidgets _widgets;

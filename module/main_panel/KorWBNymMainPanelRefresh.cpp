@@ -1,0 +1,74 @@
+// The full refresh of the part panel from its buffer.
+
+#include "framework/dialog/KorDlgCheckButton.h"
+#include "framework/dialog/KorDlgEditor.h"
+#include "framework/dialog/KorDlgLabel.h"
+#include "framework/dialog/KorDlgTabContainer.h"
+#include "module/main_panel/KorWBNymMainPanel.h"
+#include "module/main_panel/KorWBNymMainPanelTrace.h"
+#include "services/KorWBServices.h"
+#include "services/LumWBAllDataBuffer.h"
+
+namespace {
+
+void ShowLamp(KorDlgLabel& red, KorDlgLabel& green, bool isGreen) {
+  red.SetVisibility(KorShownIf(!isGreen));
+  green.SetVisibility(KorShownIf(isGreen));
+}
+
+}  // namespace
+
+HRESULT KorWBNymMainPanel::RefreshPanelWithInfo() {
+  KORWB_PART_TRACE("RefreshPanelWithInfo");
+  if (!_dataBuffer) return S_OK;
+  RefreshSelection();
+  RefreshLamps();
+  RefreshActiveDocument();
+  if (Pdm().AdditionalInfoRequested()) RefreshAdditionalInfoTab();
+  RefreshResultsTab();
+  RefreshMassTypeTab();
+  RefreshMaterialTab();
+  RefreshPrecisionTab();
+  _widgets.standardPart->SetState(KorCheckedIf(Pdm().IsStandatadPart()));
+  KorWBNymNavTraceLine(trace, "All pages have been refreshed");
+  return S_OK;
+}
+
+void KorWBNymMainPanel::RefreshSelection() {
+  KORWB_PART_TRACE("RefreshSelection");
+  KorUnicodeString path;
+  KorUnicodeString handler;
+  _dataBuffer->GetPartIdentifier(_selectionText);
+  _selectionText += "|";
+  Pdm().GetInstancePath(path);
+  if (!path.IsEmpty()) _selectionText += path + "|";
+  _dataBuffer->GetConfigurationHandler(handler);
+  KorUnicodeString shown = handler;
+  KorWBServices::CleanPathForDisplay(_selectionText, shown);
+  // The end of a long path tells more than its beginning.
+  KorDlgEditor& editor = *_widgets.selection;
+  const int length = shown.GetLengthInChar();
+  editor.SetText(shown);
+  editor.SetShortHelp(shown);
+  editor.SetFirstColumn(-1 - editor.GetVisibleTextWidth() + length);
+  editor.SetSelection(handler.GetLengthInChar() + 1, length);
+  KorWBNymNavTraceLine(trace, "The current selection is: ", _selectionText);
+}
+
+void KorWBNymMainPanel::RefreshLamps() {
+  bool computed = false;
+  bool persisted = false;
+  _dataBuffer->GetCalculationUpToDate(computed);
+  ShowCalculationLamp(computed);
+  _dataBuffer->IsPersisted(persisted);
+  ShowLamp(*_widgets.persistencyRed, *_widgets.persistencyGreen, persisted);
+}
+
+void KorWBNymMainPanel::ShowCalculationLamp(bool upToDate) {
+  ShowLamp(*_widgets.calculationRed, *_widgets.calculationGreen, upToDate);
+}
+
+void KorWBNymMainPanel::SelectFirstPage() {
+  // With notification, so that the inertia and reference modes fit the page in front.
+  if (_widgets.tabs->GetSelectedPage() != 0) _widgets.tabs->SetSelectedPage(0, KorNotify::Send);
+}

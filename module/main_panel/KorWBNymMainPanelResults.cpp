@@ -1,0 +1,147 @@
+// The results page: computed values about the chosen point, in the chosen axes and the current units.
+
+#include <algorithm>
+#include <array>
+
+#include "framework/dialog/KorDlgEditor.h"
+#include "framework/dialog/KorDlgRadioButton.h"
+#include "module/main_panel/KorWBNymMainPanelResultsView.h"
+#include "module/main_panel/KorWBNymMainPanelTrace.h"
+#include "module/shared/KorWBNymNavReferenceFrame.h"
+#include "module/shared/KorWBNymNavUnitDisplay.h"
+#include "services/KorLumWBCSCommonDefinitions.h"
+#include "services/KorWBServices.h"
+
+namespace {
+
+constexpr double kMetresPerMillimetre = 0.001;
+constexpr bool kFromCentreOfGravity = true;
+
+/// Nine rotation coefficients, then three lengths in mm; what the list lacks is 0.0, also in the rotation.
+KorMathTransformation PlacementFrom(const std::vector<double>& coefficients) {
+  std::array<double, 12> all{};
+  std::copy_n(coefficients.begin(), std::min(coefficients.size(), all.size()), all.begin());
+  return KorMathTransformation(all);
+}
+
+std::array<double, 3> Coordinates(const KorMathPoint& point) { return {point.GetX(), point.GetY(), point.GetZ()}; }
+
+}  // namespace
+
+KorWBNymMainPanel::ReferenceMode KorWBNymMainPanel::GetReferenceMode() const {
+  if (_widgets.customReference->IsChecked()) return ReferenceMode::Custom;
+  return _widgets.rootProduct->IsChecked() ? ReferenceMode::RootProduct : ReferenceMode::CurrentPart;
+}
+
+KorWBNymNavReferenceFrame KorWBNymMainPanel::CustomFrame() const {
+  return {_widgets.customPoint, _widgets.customAxes};
+}
+
+void KorWBNymMainPanel::GetCustomRefModeValues(KorMathPoint& point, KorMath3x3Matrix& axes) const {
+  CustomFrame().GetCustomRefModeValues(point, axes);
+}
+
+HRESULT KorWBNymMainPanel::RefreshResultsTab() {
+  KORWB_PART_TRACE("RefreshResultsTab");
+  if (!_dataBuffer) return traceStatus = E_FAIL;
+  ResultsView view;
+  if (traceStatus = GetResultsView(view); Failed(traceStatus)) return traceStatus;
+  int state = KorWBAllDataBuffer::kNotDefined;
+  traceStatus = _dataBuffer->GetMassTypeDefined(KorLumWBCSCommonDefinitions::Computed, state);
+  if (Failed(traceStatus)) return traceStatus;
+  if (state != KorWBAllDataBuffer::kDefined) {
+    ShowNotComputed();
+    return traceStatus;
+  }
+  const Results computed = ReadComputed();
+  if (traceStatus = ShowMasses(computed.mass); Failed(traceStatus)) return traceStatus;
+  return traceStatus = ShowResults(ExpressIn(view, computed));
+}
+
+/// E_FAIL when the custom axes cannot be used.
+HRESULT KorWBNymMainPanel::GetResultsView(ResultsView& view) const {
+  view.mode = GetReferenceMode();
+  view.atReference = _widgets.atReference->IsChecked();
+  if (view.mode == ReferenceMode::CurrentPart) return S_OK;
+  view.placement = PlacementFrom(_dataBuffer->GetPlacement());
+  if (view.mode == ReferenceMode::RootProduct) return S_OK;
+  KorMathPoint customPoint;
+  GetCustomRefModeValues(customPoint, view.axes);
+  if (view.axes.Determinant() == 0.0 || !view.axes.Invert(view.inverseAxes)) return E_FAIL;
+  view.reference = view.axes * customPoint;
+  return S_OK;
+}
+
+void KorWBNymMainPanel::ShowNotComputed() {
+  using Display = KorWBNymNavUnitDisplay;
+  Display::ShowNoValueIn(std::array{_widgets.mass, _widgets.lowerDeviation, _widgets.upperDeviation});
+  Display::ShowNoValueIn(_widgets.cg);
+  Display::ShowNoValueIn(_widgets.inertia);
+}
+
+KorWBNymMainPanel::Results KorWBNymMainPanel::ReadComputed() const {
+  const KorUnicodeString& computed = KorLumWBCSCommonDefinitions::Computed;
+  Results results;
+  results.mass = _dataBuffer->GetMass(computed);
+  if (const auto cg = _dataBuffer->GetCG(computed)) results.cg = KorMathPoint(cg[0], cg[1], cg[2]);
+  if (const auto inertia = _dataBuffer->GetInertia(computed)) results.inertia = *inertia;
+  return results;
+}
+
+HRESULT KorWBNymMainPanel::ShowMasses(double mass) {
+  using Display = KorWBNymNavUnitDisplay;
+  const KorUnicodeString& computed = KorLumWBCSCommonDefinitions::Computed;
+  HRESULT status = Display::ShowIn(Display::kMass, _widgets.mass, mass);
+  double deviation = 0;
+  if (Succeeded(status)) status = _dataBuffer->GetLowerDeviation(computed, deviation);
+  if (Succeeded(status)) status = Display::ShowIn(Display::kMass, _widgets.lowerDeviation, deviation);
+  if (Succeeded(status)) status = _dataBuffer->GetUpperDeviation(computed, deviation);
+  if (Succeeded(status)) status = Display::ShowIn(Display::kMass, _widgets.upperDeviation, deviation);
+  return status;
+}
+
+/// The values about the view's reference, in its axes. Inertia that would have to be moved from a centre of gravity
+/// that is not known becomes unknown itself.
+KorWBNymMainPanel::Results KorWBNymMainPanel::ExpressIn(const ResultsView& view, Results results) const {
+  auto& [mass, cg, inertia] = results;
+  if (view.mode != ReferenceMode::CurrentPart) {
+    const KorMath3x3Matrix& rotation = view.placement.GetMatrix();
+    if (cg && mass != 0.0) cg = view.placement * *cg;
+    if (inertia) inertia = rotation * *inertia * rotation.Transpose();
+  }
+  if (view.mode == ReferenceMode::Custom) {
+    // Axes are taken as typed: the point by A, the tensor by its inverse, also where A is no rotation.
+    if (cg) cg = view.axes * *cg;
+    if (inertia) inertia = view.inverseAxes * *inertia * view.axes;
+  }
+  if (view.atReference && !cg) inertia.reset();
+  if (view.atReference && inertia)
+    KorWBServices::ConvertInertiaMatrix(*inertia, mass, kMetresPerMillimetre * *cg,
+                                        kMetresPerMillimetre * view.reference, kFromCentreOfGravity);
+  if (view.mode == ReferenceMode::Custom && cg) cg = *cg - view.reference;
+  return results;
+}
+
+HRESULT KorWBNymMainPanel::ShowResults(const Results& results) {
+  // Under the computed type's own name, which is not "Active": the mass-types page shows the inertia too, until its
+  // own refresh or another choice there writes it again.
+  if (results.inertia) {
+    const HRESULT status = RefreshMomentOfInertiaUnits(*results.inertia, KorLumWBCSCommonDefinitions::Computed);
+    if (Failed(status)) return status;
+  }
+  const HRESULT status = ShowCG(results);
+  return Failed(status) ? status : ShowInertia(results);
+}
+
+HRESULT KorWBNymMainPanel::ShowCG(const Results& results) {
+  using Display = KorWBNymNavUnitDisplay;
+  if (!results.cg) return Display::ShowIn(Display::kLength, _widgets.cg, std::nullopt);
+  const auto coordinates = Coordinates(*results.cg);
+  return Display::ShowIn(Display::kLength, _widgets.cg, std::span(coordinates));
+}
+
+HRESULT KorWBNymMainPanel::ShowInertia(const Results& results) {
+  using Display = KorWBNymNavUnitDisplay;
+  if (!results.inertia) return Display::ShowIn(Display::kInertia, _widgets.inertia, std::nullopt);
+  return RefreshMomentOfInertiaUnits(*results.inertia, "Active");
+}

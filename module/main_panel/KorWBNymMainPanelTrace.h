@@ -1,0 +1,6 @@
+#pragma once
+
+#include "module/shared/KorWBNymNavTrace.h"
+
+/// Opens the trace scope of a function of the part panel; the function is a string literal.
+#define KORWB_PART_TRACE(function) KORWB_TRACE_SCOPE("KorWBCompPart", "KorWBNymMainPanel", function)

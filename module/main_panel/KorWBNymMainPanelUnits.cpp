@@ -1,0 +1,67 @@
+// One magnitude of the part panel shown again in its current unit.
+
+#include <array>
+
+#include "framework/dialog/KorDlgCombo.h"
+#include "framework/dialog/KorDlgEditor.h"
+#include "framework/dialog/KorDlgRadioButton.h"
+#include "module/main_panel/KorWBNymMainPanelResultsView.h"
+#include "module/shared/KorWBNymNavUnitDisplay.h"
+#include "services/KorLumWBCSCommonDefinitions.h"
+#include "services/KorWBServices.h"
+
+using Display = KorWBNymNavUnitDisplay;
+
+HRESULT KorWBNymMainPanel::RefreshMomentOfInertiaUnits(const KorMath3x3Matrix& inertia,
+                                                       const KorUnicodeString& label) {
+  // The tensor keeps the products of inertia negated, the editors show them with their physical sign.
+  const std::array shown{inertia.GetCoef(1, 1),        inertia.GetCoef(2, 2),        inertia.GetCoef(3, 3),
+                         -0.0 - inertia.GetCoef(1, 2), -0.0 - inertia.GetCoef(1, 3), -0.0 - inertia.GetCoef(2, 3)};
+  const bool active = label.Compare("Active") != 0;
+  return Display::ShowIn(Display::kInertia, active ? _widgets.inertia : _widgets.mtInertia, std::span(shown));
+}
+
+bool KorWBNymMainPanel::IsComputedDefined() const {
+  return _dataBuffer->GetMassTypeDefined(KorLumWBCSCommonDefinitions::Computed) == KorWBAllDataBuffer::kDefined;
+}
+
+/// Shows computed values again, as the results page has them; what is not computed stays as it is.
+HRESULT KorWBNymMainPanel::ShowComputed(HRESULT (KorWBNymMainPanel::*show)(const Results&)) {
+  if (!IsComputedDefined()) return S_OK;
+  ResultsView view;
+  const HRESULT status = GetResultsView(view);
+  return Failed(status) ? status : (this->*show)(ExpressIn(view, ReadComputed()));
+}
+
+HRESULT KorWBNymMainPanel::RefreshDensityUnits() {
+  const auto display = Display::Of(Display::kDensity);
+  if (!_dataBuffer || !display) return E_FAIL;
+  // The stored density goes to the current unit as it is, without asking the reference unit.
+  _widgets.density->SetText(display->ShowUnconverted(_dataBuffer->GetDensity()));
+  return S_OK;
+}
+
+HRESULT KorWBNymMainPanel::RefreshMassUnits() {
+  if (!_dataBuffer || !Display::Of(Display::kMass)) return E_FAIL;
+  const KorUnicodeString shownType = _widgets.massType->GetSelectedLine();
+  if (_dataBuffer->GetMassTypeDefined(shownType) == KorWBAllDataBuffer::kDefined)
+    Display::ShowIn(Display::kMass, _widgets.mtMass, _dataBuffer->GetMass(shownType));
+  return IsComputedDefined() ? ShowMasses(ReadComputed().mass) : S_OK;
+}
+
+HRESULT KorWBNymMainPanel::RefreshLengthUnits() {
+  if (!_dataBuffer || !Display::Of(Display::kLength)) return E_FAIL;
+  if (const auto cg = _dataBuffer->GetCG(_widgets.massType->GetSelectedLine()))
+    Display::ShowIn(Display::kLength, _widgets.mtCG, std::span<const double>(cg.get(), 3));
+  return ShowComputed(&KorWBNymMainPanel::ShowCG);
+}
+
+HRESULT KorWBNymMainPanel::RefreshMomentOfInertiaUnits() {
+  if (!_dataBuffer || !Display::Of(Display::kInertia)) return E_FAIL;
+  const KorUnicodeString shownType = _widgets.massType->GetSelectedLine();
+  if (_widgets.atReference->IsChecked())
+    ShowMovedToReference(shownType, "Current");
+  else if (const auto inertia = _dataBuffer->GetInertia(shownType))
+    RefreshMomentOfInertiaUnits(*inertia, "Current");
+  return ShowComputed(&KorWBNymMainPanel::ShowInertia);
+}

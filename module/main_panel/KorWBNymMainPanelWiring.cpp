@@ -1,0 +1,88 @@
+// Which handler each widget of the part panel calls, and the state in which the panel opens.
+
+#include "module/main_panel/KorWBNymMainPanel.h"
+#include "module/shared/KorWBNymNavLayout.h"
+#include "module/shared/KorWBNymNavWiring.h"
+#include "services/LumWBAllDataBuffer.h"
+
+namespace {
+const KorCommandClientData kFocusLeaves = KorClientData(1);
+const KorCommandClientData kFocusComes = KorClientData(2);
+}  // namespace
+
+// "CloseButton" has no handler here: the host closes the panel.
+void KorWBNymMainPanel::WireHandlers() {
+  using Panel = KorWBNymMainPanel;
+  using enum KorEvent;
+  const KorWBNymMainPanelWidgets& w = _widgets;
+  KorWBNymNavWireHandlers(this, {
+    {w.precisionType,      ComboSelect,  &Panel::OnTypeComboModifyNotification},
+    {w.firstPriority,      ComboSelect,  &Panel::OnFirstComboModifyNotification},
+    {w.compute,            PushActivate, &Panel::OnComputeNotification},
+    {w.deleteValues,       PushActivate, &Panel::OnDeleteNotification},
+    {w.atReference,        RadioModify,  &Panel::OnInertiaModeModify},
+    {w.customReference,    RadioModify,  &Panel::OnReferenceModify, w.customReference},
+    {w.rootProduct,        RadioModify,  &Panel::OnReferenceModify, w.rootProduct},
+    {w.currentPart,        RadioModify,  &Panel::OnReferenceModify, w.currentPart},
+    {w.massType,           ComboSelect,  &Panel::OnMassTypeChangeNotification},
+    {w.activeMass,         ComboSelect,  &Panel::OnActiveTypeChangeNotification},
+    {w.tabs,               TabSelect,    &Panel::OnTabContainer001TabSelectNotification},
+    {w.edit,               PushActivate, &Panel::OnEditNotification},
+    {w.save,               PushActivate, &Panel::OnSaveNotification},
+    {w.precisionValueType, ComboSelect,  &Panel::OnPrecisionValueTypeChangeNotification},
+    {w.upperPrecision,     FocusOut,     &Panel::OnPrecisionEditorFocusNotification, kFocusLeaves},
+    {w.upperPrecision,     FocusIn,      &Panel::OnPrecisionEditorFocusNotification, kFocusComes},
+    {w.lowerPrecision,     FocusOut,     &Panel::OnPrecisionEditorFocusNotification, kFocusLeaves},
+    {w.lowerPrecision,     FocusIn,      &Panel::OnPrecisionEditorFocusNotification, kFocusComes},
+    {w.updateProperties,   PushActivate, &Panel::OnUpdatePropertiesNotification},
+    {w.pasteValues,        ComboSelect,  &Panel::OnMTPasteValuesComboModifyNotification},
+    {w.mtMass,             EditorModify, &Panel::OnMTMassEditorModifyNotification},
+    {w.material,           EditorModify, &Panel::OnMaterialNameModifyNotification},
+    {w.density,            EditorModify, &Panel::OnDensityModifyNotification},
+    {w.statisticsName,     SpinnerUp,    &Panel::OnMatNameUpNotification},
+    {w.statisticsName,     SpinnerDown,  &Panel::OnMatNameDownNotification},
+    {w.standardPart,       CheckModify,  &Panel::OnStandardPartClickeNotification}});
+  if (w.documentsPage) WireDocumentsPage();
+  if (w.additionalPage)
+    KorWBNymNavWireHandlers(this, {{w.propertyName, ComboSelect, &Panel::OnPropertyNameComboChange}});
+  if (!Pdm().HasInstInLUMIRA())
+    KorWBNymNavWireHandlers(this, {{w.applyOnReference, RadioModify, &Panel::OnApplyMaterialRadioBModify}});
+}
+
+void KorWBNymMainPanel::WireDocumentsPage() {
+  using Panel = KorWBNymMainPanel;
+  using enum KorEvent;
+  const KorWBNymMainPanelWidgets& w = _widgets;
+  KorWBNymNavWireHandlers(this, {
+    {w.documents,             ComboSelect,  &Panel::OnDocPreviewValueChange},
+    {w.changeActiveDoc,       PushActivate, &Panel::OnChangeActiveDocNotification},
+    {w.cancelActiveDoc,       PushActivate, &Panel::OnCancelActiveDocNotification},
+    {w.applyActiveDoc,        PushActivate, &Panel::OnApplyActiveDocNotification},
+    {w.activeDocLatest,       RadioModify,  &Panel::OnActiveDocLatestNotification},
+    {w.activeDocUserSelected, RadioModify,  &Panel::OnActiveDocUsrSelNotification}});
+}
+
+// The panel opens in display mode.
+void KorWBNymMainPanel::SetInitialState() {
+  const KorWBNymMainPanelWidgets& w = _widgets;
+  const std::initializer_list<KorDlgObject*> disabled{
+      w.activeMass,        w.mtMass,         w.mtCG[0],         w.mtCG[1],         w.mtCG[2],
+      w.mtInertia[0],      w.mtInertia[1],   w.mtInertia[2],    w.mtInertia[5],    w.mtInertia[4],
+      w.mtInertia[3],      w.density,        w.material,        w.firstPriority,   w.secondPriority,
+      w.precisionType,     w.upperPrecision, w.lowerPrecision,  w.precisionValueType, w.save,
+      w.deleteValues};
+  for (KorDlgObject* widget : disabled) widget->SetSensitivity(KorSensitivity::Disabled);
+  w.atCG->SetState(KorCheckState::Checked, KorNotify::Send);
+  w.currentPart->SetState(KorCheckState::Checked, KorNotify::Send);
+  w.customFrame->SetSensitivity(KorSensitivity::Disabled);
+  if (w.documentsPage) SetInitialDocumentsState();
+  ApplyConfigurationFilter();
+}
+
+void KorWBNymMainPanel::SetInitialDocumentsState() {
+  const KorWBNymMainPanelWidgets& w = _widgets;
+  const std::initializer_list<KorDlgObject*> disabled{w.activeDocLatest,  w.activeDocUserSelected, w.activeDocs,
+                                                      w.changeActiveDoc,  w.applyActiveDoc,        w.cancelActiveDoc};
+  for (KorDlgObject* widget : disabled) widget->SetSensitivity(KorSensitivity::Disabled);
+  w.currentlyAttached->SetText(Pdm().GetCurrentlyAttachedVersion());
+}

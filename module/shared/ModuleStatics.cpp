@@ -1,0 +1,24 @@
+// The module's static objects, in the order in which they come into being when the module is loaded. They stand in
+// one file because only within a file is that order fixed, on every platform.
+
+#include "framework/system/TqTrace.h"
+#include "module/filter_panel/KorWBNymNavFilterPanel.h"
+#include "module/shared/KorWBNymNavUnitsConversion.h"
+
+namespace {
+const TqTrace g_partPanelTrace("KorWBCompPart");
+}  // namespace
+
+std::int32_t KorWBNymNavFilterPanel::selectedFilterOption = -1;
+KorUnicodeString KorWBNymNavFilterPanel::selectedPRCID;
+KorUnicodeString KorWBNymNavFilterPanel::PVSFilterPRCID;
+KorUnicodeString KorWBNymNavFilterPanel::selectedPRCConfigHandler("No Filter");
+KorUnicodeString KorWBNymNavFilterPanel::selectedPVSFilter;
+KorUnicodeString KorWBNymNavFilterPanel::selectedFilter("0|No Filter");
+KorListValKorUnicodeString KorWBNymNavFilterPanel::_listOfInstanceIds;
+KorListValKorUnicodeString KorWBNymNavFilterPanel::_listOfPartsIds;
+KorListValKorUnicodeString KorWBNymNavFilterPanel::_listOfPartVers;
+KorListValKorUnicodeString KorWBNymNavFilterPanel::_listOfPaths;
+KorListValKorUnicodeString KorWBNymNavFilterPanel::_listOfPathDepths;
+
+KorWBNymNavUnitsConversion KorWBNymNavUnitsConversion::_sManager;
