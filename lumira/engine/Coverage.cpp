@@ -12,7 +12,7 @@ constexpr double Coverage::*kFields[] = {
     &Coverage::withoutBounds,   &Coverage::replacing,
     &Coverage::massWithoutCg,   &Coverage::varianceWithoutCg,
     &Coverage::massWithInertia, &Coverage::lower,
-    &Coverage::upper,
+    &Coverage::upper,           &Coverage::spreadWithoutBounds,
 };
 
 }  // namespace
@@ -40,6 +40,7 @@ Coverage CoverageOf(const GraphPart& part) {
   coverage.massWithInertia = item.inertiaKnown ? item.mass : 0.0;
   coverage.lower = negative ? item.bounds.upper : item.bounds.lower;
   coverage.upper = negative ? item.bounds.lower : item.bounds.upper;
+  coverage.spreadWithoutBounds = item.boundsKnown ? 0.0 : item.deviations.mass;
   return coverage;
 }
 

@@ -21,6 +21,7 @@ struct Coverage {
   double massWithInertia = 0.0;    ///< kg
   double lower = 0.0;              ///< worst-case deviation of the mass downwards, kg, 0 or above
   double upper = 0.0;              ///< upwards
+  double spreadWithoutBounds = 0.0;  ///< sum of the standard deviations of mass of items without bounds, kg
 
   /// Adds `quantity` independent copies of `other`.
   void Add(const Coverage& other, double quantity);

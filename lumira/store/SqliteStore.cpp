@@ -139,7 +139,7 @@ Result<Product> SqliteStore::LoadProduct(std::string_view productId) {
     }
     LoadMassTypes(key.Value(), product.parts, indices);
 
-    SQLite::Statement instances(_db, SelectSql<Instance>("product", "instances", "WHERE product = ?"));
+    SQLite::Statement instances(_db, SelectSql<Instance>("product", "instances", "WHERE product = ? ORDER BY key"));
     instances.bind(1, key.Value());
     while (instances.executeStep()) product.instances.push_back(ReadRow<Instance>(instances, 1));
 

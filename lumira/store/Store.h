@@ -43,7 +43,7 @@ class Store {
   /// The product that a part belongs to. NotFound when no product has the part.
   virtual protocol::Result<std::string> ProductOfPart(std::string_view partId) = 0;
 
-  /// The whole structure with the data of every part.
+  /// The whole structure with the data of every part; instances in the order in which they were added.
   virtual protocol::Result<Product> LoadProduct(std::string_view productId) = 0;
 
   /// Conflict when the product exists (and is not to be replaced), or when one of its parts belongs to another

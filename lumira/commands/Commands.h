@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "lumira/commands/Session.h"
+#include "protocol/Result.h"
+
+/// The handlers of the server's commands: request text in, reply text or the reason of the failure out.
+namespace lumira {
+
+/// "WBComputeNymValues": computes a part, stores the result and leaves warnings behind.
+protocol::Result<std::string> ComputePart(Session& session, std::string_view request);
+
+/// "WBGetPendingWarnings": the warnings of the last compute, once.
+protocol::Result<std::string> GetPendingWarnings(Session& session, std::string_view request);
+
+/// "WBGetPartData": everything known of a part.
+protocol::Result<std::string> GetPartData(Session& session, std::string_view request);
+
+/// "LumGetProducts": the stored products with their roots and filters.
+protocol::Result<std::string> GetProducts(Session& session, std::string_view request);
+
+/// "LumGetChildren": one page of the children of a part.
+protocol::Result<std::string> GetChildren(Session& session, std::string_view request);
+
+/// "LumSearchTree": occurrences that a text leads to.
+protocol::Result<std::string> SearchTree(Session& session, std::string_view request);
+
+}  // namespace lumira

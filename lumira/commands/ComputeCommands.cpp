@@ -1,0 +1,112 @@
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+#include "lumira/commands/Commands.h"
+#include "lumira/commands/ComputedMassType.h"
+#include "lumira/commands/WarningTexts.h"
+#include "protocol/Codec.h"
+#include "protocol/Utf8.h"
+
+namespace lumira {
+namespace {
+
+using protocol::Error;
+using protocol::ErrorKind;
+using protocol::Result;
+
+// What a computation of one part gives, with or without a filter.
+struct Computation {
+  MassTypeData computed;
+  std::string fingerprint;
+  std::vector<Warning> warnings;
+};
+
+Result<Computation> Evaluate(const Rollup& rollup, const std::string& partId) {
+  const auto result = rollup.ResultOf(partId);
+  if (!result) return result.Failure();
+  const auto fingerprint = rollup.FingerprintOf(partId);
+  if (!fingerprint) return fingerprint.Failure();
+  auto warnings = rollup.WarningsOf(partId);
+  if (!warnings) return warnings.Failure();
+  return Computation{ToMassType(result.Value()), ToText(fingerprint.Value()), std::move(warnings).Value()};
+}
+
+// Sums that overflow are no result; the numbers could not even be sent.
+Result<void> CheckIsFinite(const Computation& computation, const std::string& partId) {
+  for (const Warning& warning : computation.warnings)
+    if (warning.kind == WarningKind::NotFinite)
+      return Error{ErrorKind::BadValue, "part " + protocol::Quoted(partId) + ": " + ToWarning(warning).text};
+  return {};
+}
+
+Result<Computation> EvaluateFiltered(const OpenProduct& product, const protocol::Filter& filter,
+                                     const std::string& partId) {
+  if (filter.kind == protocol::Filter::Kind::User)
+    return Error{ErrorKind::Unsupported, "a computation with a list of chosen instances is not supported"};
+  const auto& filters = product.Filters();
+  const auto named = std::find_if(filters.begin(), filters.end(), [&](auto& f) { return f.name == filter.name; });
+  if (named == filters.end())
+    return Error{ErrorKind::NotFound, "there is no configuration filter " + protocol::Quoted(filter.name) +
+                                          " in product " + protocol::Quoted(product.Data().id)};
+  CompileOptions options;
+  options.excludedInstances.insert(named->excludedInstances.begin(), named->excludedInstances.end());
+  auto compiled = Compile(product.Data(), options);
+  if (!compiled) return compiled.Failure();
+  return Evaluate(Rollup(std::move(compiled).Value()), partId);
+}
+
+void LeaveWarnings(Session& session, const Computation& computation) {
+  session.pending.warnings.clear();
+  for (const Warning& warning : computation.warnings) session.pending.warnings.push_back(ToWarning(warning));
+}
+
+// Results under a filter are not kept: up to date is a question about the whole product.
+Result<void> KeepResult(Session& session, OpenProduct& product, const std::string& partId,
+                        const Computation& computation) {
+  StoredResult result{partId, computation.fingerprint, computation.computed};
+  const StoredResult* stored = product.ResultOf(partId);
+  if (stored != nullptr && *stored == result) return {};
+  const auto saved = session.store.SaveResults({result});
+  if (saved) product.KeepResult(std::move(result));
+  return saved;
+}
+
+Result<OpenProduct*> OpenFor(Session& session, const protocol::ComputeRequest& request) {
+  auto product = session.products.OpenForPart(request.partId);
+  if (!product || request.options.reuseStoredResults) return product;
+  session.products.Forget(product.Value()->Data().id);
+  return session.products.OpenForPart(request.partId);
+}
+
+}  // namespace
+
+Result<std::string> ComputePart(Session& session, std::string_view text) {
+  const auto request = protocol::ReadComputeRequest(text);
+  if (!request) return request.Failure();
+  const auto filter = protocol::ReadFilter(request.Value().options.filter);
+  if (!filter) return filter.Failure();
+  const auto product = OpenFor(session, request.Value());
+  if (!product) return product.Failure();
+
+  const std::string& partId = request.Value().partId;
+  const bool isWhole = filter.Value().LetsAllPass();
+  Report(session.progress, "Computing", 0, 0);
+  const auto computation = isWhole ? Evaluate(product.Value()->Computation().Value(), partId)
+                                   : EvaluateFiltered(*product.Value(), filter.Value(), partId);
+  if (!computation) return computation.Failure();
+  if (const auto finite = CheckIsFinite(computation.Value(), partId); !finite) return finite.Failure();
+  if (isWhole)
+    if (const auto kept = KeepResult(session, *product.Value(), partId, computation.Value()); !kept)
+      return kept.Failure();
+  LeaveWarnings(session, computation.Value());
+  return protocol::WriteComputeReply(
+      {partId, ToWire(computation.Value().computed, protocol::MassTypeStatus::Defined)});
+}
+
+Result<std::string> GetPendingWarnings(Session& session, std::string_view request) {
+  if (!request.empty()) return Error{ErrorKind::BadText, "the request should be empty, it is " + protocol::Quoted(request)};
+  return protocol::WritePendingWarnings(std::exchange(session.pending, {}));
+}
+
+}  // namespace lumira

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "lumira/engine/MassResult.h"
+#include "lumira/model/MassTypeData.h"
+#include "protocol/PartData.h"
+
+namespace lumira {
+
+/// A result of the engine as the computed mass type. Its bounds are the worst case when any item has limits of
+/// its mass (an item with a standard deviation only then counts with one standard deviation); else none.
+inline MassTypeData ToMassType(const MassResult& result) {
+  MassTypeData type{.name = std::string(kComputedMassType),
+                    .properties = {result.mass, result.cg, result.inertiaAtCg},
+                    .deviations = result.deviations.value_or(Deviations{}),
+                    .bounds = std::nullopt};
+  const Coverage& coverage = result.coverage;
+  if (coverage.withBounds > 0)
+    type.bounds = MassBounds{coverage.lower + coverage.spreadWithoutBounds,
+                             coverage.upper + coverage.spreadWithoutBounds};
+  return type;
+}
+
+/// Mass data as it goes over the wire. The deviations of the mass are the bounds where there are any, else plus
+/// and minus the standard deviation, else 0.
+inline protocol::MassType ToWire(const MassTypeData& data, protocol::MassTypeStatus status) {
+  protocol::MassType type;
+  type.name = data.name;
+  type.status = status;
+  type.mass = data.properties.mass;
+  if (const auto& cg = data.properties.cg) type.cg = {cg->x, cg->y, cg->z};
+  if (const auto& i = data.properties.inertia) type.inertia = {i->xx, i->yy, i->zz, i->xy, i->xz, i->yz};
+  type.lowerDeviation = data.bounds ? data.bounds->lower : data.deviations.mass;
+  type.upperDeviation = data.bounds ? data.bounds->upper : data.deviations.mass;
+  return type;
+}
+
+}  // namespace lumira

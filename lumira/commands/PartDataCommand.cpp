@@ -1,0 +1,172 @@
+#include <algorithm>
+#include <set>
+#include <utility>
+
+#include "lumira/commands/Commands.h"
+#include "lumira/commands/ComputedMassType.h"
+#include "protocol/Codec.h"
+#include "protocol/Utf8.h"
+
+namespace lumira {
+namespace {
+
+using protocol::Error;
+using protocol::ErrorKind;
+using protocol::PartData;
+using protocol::Quoted;
+using protocol::Result;
+
+// The part that a request means, and where it stands in the root part.
+struct Selection {
+  OpenProduct* product = nullptr;
+  std::uint32_t part = 0;
+  std::optional<Placement> placement;  ///< none for a part without a path
+};
+
+Result<OpenProduct*> OpenFor(Session& session, const protocol::PartDataRequest& request) {
+  if (!request.product.empty()) return session.products.Open(request.product);
+  if (!request.partId.empty()) return session.products.OpenForPart(request.partId);
+  return Error{ErrorKind::BadText, "the request names neither a product nor a part"};
+}
+
+// Follows the path down, multiplying the placements on the way.
+Result<Selection> Follow(OpenProduct& product, const std::vector<std::string>& path) {
+  Selection selection{&product, product.FindPart(product.Data().roots.front()).value(), Placement{}};
+  for (std::size_t i = 0; i < path.size(); ++i) {
+    const auto instances = product.InstancesIn(selection.part);
+    const auto found = std::find_if(instances.begin(), instances.end(),
+                                    [&](std::uint32_t instance) { return product.InstanceAt(instance).id == path[i]; });
+    if (found == instances.end())
+      return Error{ErrorKind::NotFound, "element " + std::to_string(i + 1) + " of the instance path: there is no instance " +
+                                            Quoted(path[i]) + " in part " + Quoted(product.PartAt(selection.part).id)};
+    selection.part = product.ChildOf(*found);
+    selection.placement = *selection.placement * product.InstanceAt(*found).placement;
+  }
+  return selection;
+}
+
+Result<Selection> Select(Session& session, const protocol::PartDataRequest& request) {
+  const auto product = OpenFor(session, request);
+  if (!product) return product.Failure();
+  auto selection = Follow(*product.Value(), request.instancePath);
+  if (!selection || request.partId.empty()) return selection;
+  const auto part = product.Value()->PartIndex(request.partId);
+  if (!part) return part.Failure();
+  if (part.Value() == selection.Value().part) return selection;
+  if (request.instancePath.empty()) return Selection{product.Value(), part.Value(), std::nullopt};
+  return Error{ErrorKind::BadValue, "the instance path leads to part " +
+                                        Quoted(product.Value()->PartAt(selection.Value().part).id) + ", not to " +
+                                        Quoted(request.partId)};
+}
+
+std::vector<double> ToNumbers(const Placement& placement) {
+  std::vector<double> numbers(placement.rotation.m.begin(), placement.rotation.m.end());
+  const Vec3& t = placement.translation;
+  numbers.insert(numbers.end(), {t.x, t.y, t.z});
+  return numbers;
+}
+
+std::string Joined(const std::vector<std::string>& elements) {
+  std::string text;
+  for (const std::string& element : elements) text += (text.empty() ? "" : "|") + element;
+  return text;
+}
+
+void AddPrecision(protocol::MassType& type, const std::vector<Precision>& precisions) {
+  for (const Precision& p : precisions) {
+    if (p.massType != type.name) continue;
+    type.precisionType = p.precisionType;
+    type.precisionValueType = p.precisionValueType;
+    type.lowerPrecision = p.lowerPrecision;
+    type.upperPrecision = p.upperPrecision;
+    type.massTypeLowerPrecision = p.massTypeLowerPrecision;
+    type.massTypeUpperPrecision = p.massTypeUpperPrecision;
+  }
+}
+
+// The computed mass type first, then those of the users.
+std::vector<protocol::MassType> MassTypesOf(const OpenProduct& product, const Part& part, const PartDetails& details) {
+  std::vector<protocol::MassType> types;
+  const StoredResult* result = product.ResultOf(part.id);
+  const MassTypeData none{.name = std::string(kComputedMassType), .properties = {}, .deviations = {}, .bounds = {}};
+  types.push_back(ToWire(result != nullptr ? result->computed : none, product.ComputedStatus(part.id)));
+  for (const MassTypeData& data : part.massTypes) {
+    const bool hasValues = data.properties != MassProperties{};
+    types.push_back(ToWire(data, hasValues ? protocol::MassTypeStatus::Defined : protocol::MassTypeStatus::Undefined));
+  }
+  for (protocol::MassType& type : types) AddPrecision(type, details.precisions);
+  return types;
+}
+
+constexpr std::size_t kMostStatistics = 1'000;
+
+// The materials of the parts below (and of the part itself), each with its density once.
+std::vector<protocol::MaterialStatistic> MaterialsBelow(const OpenProduct& product, std::uint32_t top) {
+  std::set<std::pair<std::string, double>> materials;
+  std::vector<bool> seen(product.Data().parts.size());
+  std::vector<std::uint32_t> next = {top};
+  while (!next.empty() && materials.size() < kMostStatistics) {
+    const std::uint32_t index = next.back();
+    next.pop_back();
+    if (seen[index]) continue;
+    seen[index] = true;
+    const Part& part = product.PartAt(index);
+    const bool cad = part.densityPriority == DensityPriority::CadFirst && part.cadDensity;
+    const std::string& name = cad || part.material.empty() ? part.cadMaterial : part.material;
+    if (const auto density = EffectiveDensity(part); density && !name.empty()) materials.emplace(name, *density);
+    for (std::uint32_t instance : product.InstancesIn(index)) next.push_back(product.ChildOf(instance));
+  }
+  std::vector<protocol::MaterialStatistic> statistics;
+  for (const auto& [name, density] : materials) statistics.push_back({name, density, 1});
+  return statistics;
+}
+
+protocol::Material MaterialOf(const OpenProduct& product, std::uint32_t index, const PartDetails& details) {
+  const Part& part = product.PartAt(index);
+  return {.name = part.material,
+          .density = part.density,
+          .densityPriority = static_cast<int>(part.densityPriority),
+          .referenceName = details.referenceMaterial,
+          .referenceDensity = details.referenceDensity,
+          .appliedOn = details.appliedOn,
+          .statistics = MaterialsBelow(product, index)};
+}
+
+PartData MakePartData(const Selection& selection, const protocol::PartDataRequest& request, const PartDetails& details) {
+  const OpenProduct& product = *selection.product;
+  const Part& part = product.PartAt(selection.part);
+  PartData data;
+  data.partId = part.id;
+  data.instancePath = Joined(request.instancePath);
+  data.configurationHandler = product.Data().id;
+  data.filter = request.filter;
+  data.hasInstance = true;  // whatever the server tells of is in the PDM
+  data.massTypes = MassTypesOf(product, part, details);
+  data.computed = data.massTypes.front().status == protocol::MassTypeStatus::Defined;
+  data.persisted = data.massTypes.front().status != protocol::MassTypeStatus::Undefined || !part.massTypes.empty();
+  data.standardPart = part.standardPart;
+  data.activeMassType = part.activeMassType;
+  if (selection.placement) data.placement = ToNumbers(*selection.placement);
+  data.material = MaterialOf(product, selection.part, details);
+  data.documents = details.documents;
+  data.propertiesRequested = details.propertiesRequested;
+  data.dateFormat = details.dateFormat;
+  data.properties = details.properties;
+  data.stateToken = std::to_string(product.State());
+  return data;
+}
+
+}  // namespace
+
+Result<std::string> GetPartData(Session& session, std::string_view text) {
+  const auto request = protocol::ReadPartDataRequest(text);
+  if (!request) return request.Failure();
+  if (const auto filter = protocol::ReadFilter(request.Value().filter); !filter) return filter.Failure();
+  const auto selection = Select(session, request.Value());
+  if (!selection) return selection.Failure();
+  const auto details = session.store.LoadDetails(selection.Value().product->PartAt(selection.Value().part).id);
+  if (!details) return details.Failure();
+  return protocol::WritePartData(MakePartData(selection.Value(), request.Value(), details.Value()));
+}
+
+}  // namespace lumira

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "lumira/commands/OpenProduct.h"
+#include "lumira/model/Progress.h"
+#include "lumira/store/Store.h"
+
+namespace lumira {
+
+/// Keeps products loaded as long as the store says that they have not changed.
+class ProductCache {
+ public:
+  ProductCache(Store& store, Progress progress) : _store(store), _progress(std::move(progress)) {}
+
+  /// The product, loaded anew when anybody has changed it. Lives until the next call.
+  protocol::Result<OpenProduct*> Open(std::string_view productId);
+
+  /// The product that a part belongs to.
+  protocol::Result<OpenProduct*> OpenForPart(std::string_view partId);
+
+  /// Loads the product from the store with its next use, changed or not.
+  void Forget(std::string_view productId) { _open.erase(std::string(productId)); }
+
+ private:
+  protocol::Result<OpenProduct*> Load(const ProductInfo& info);
+
+  Store& _store;
+  Progress _progress;
+  std::map<std::string, std::unique_ptr<OpenProduct>> _open;
+};
+
+}  // namespace lumira

@@ -1,0 +1,54 @@
+#include "lumira/commands/Server.h"
+
+#include <exception>
+#include <utility>
+
+#include "lumira/commands/Commands.h"
+#include "lumira/commands/Session.h"
+#include "protocol/Constants.h"
+#include "protocol/ErrorReply.h"
+#include "protocol/Utf8.h"
+
+namespace lumira {
+namespace {
+
+using protocol::Result;
+
+struct Command {
+  std::string_view name;
+  Result<std::string> (*handler)(Session&, std::string_view request);
+};
+
+constexpr Command kCommands[] = {
+    {protocol::kCommandComputePart, ComputePart},
+    {protocol::kCommandPendingWarnings, GetPendingWarnings},
+    {protocol::kCommandPartData, GetPartData},
+    {protocol::kCommandProducts, GetProducts},
+    {protocol::kCommandChildren, GetChildren},
+    {protocol::kCommandSearch, SearchTree},
+};
+
+Result<std::string> Handle(Session& session, std::string_view name, std::string_view request) {
+  for (const Command& command : kCommands)
+    if (command.name == name) return command.handler(session, request);
+  return protocol::Error{protocol::ErrorKind::NotFound, "there is no command " + protocol::Quoted(name)};
+}
+
+}  // namespace
+
+Server::Server(Store& store, Progress progress)
+    : _session(new Session{store, progress, ProductCache(store, progress), {}}) {}
+
+Server::~Server() = default;
+
+std::string Server::Run(std::string_view command, std::string_view request) noexcept {
+  // Handlers do not throw of their own; what is left is memory that cannot be had, and mistakes of ours.
+  try {
+    auto reply = Handle(*_session, command, request);
+    return reply ? std::move(reply).Value() : protocol::ErrorReply(reply.Failure().message);
+  } catch (const std::exception& exception) {
+    return protocol::ErrorReply(std::string("the server failed: ") + exception.what());
+  }
+}
+
+}  // namespace lumira

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "lumira/model/Progress.h"
+#include "lumira/store/Store.h"
+
+namespace lumira {
+
+struct Session;
+
+/// Answers the commands of one client session on a store. Sessions may share a store; they see each other's
+/// changes with the next command. One thread at a time.
+class Server {
+ public:
+  /// `store` must outlive the server. `progress` hears of long work.
+  explicit Server(Store& store, Progress progress = {});
+  ~Server();
+  Server(const Server&) = delete;
+  Server& operator=(const Server&) = delete;
+
+  /// Runs one command of docs/server.md and gives its reply. Whatever goes wrong comes back as an error reply
+  /// (protocol/ErrorReply.h); nothing is thrown, and a command that failed has changed nothing.
+  std::string Run(std::string_view command, std::string_view request) noexcept;
+
+ private:
+  std::unique_ptr<Session> _session;
+};
+
+}  // namespace lumira

@@ -1,0 +1,60 @@
+#include "lumira/commands/WarningTexts.h"
+
+#include "protocol/Numbers.h"
+
+namespace lumira {
+namespace {
+
+struct WarningText {
+  WarningKind kind;
+  protocol::Severity severity;
+  const char* one;   ///< follows "1 "
+  const char* many;  ///< follows a larger number
+  const char* then;  ///< ends the sentence
+};
+
+using protocol::Severity;
+
+constexpr WarningText kTexts[] = {
+    {WarningKind::WithoutMass, Severity::Warning, "part has", "parts have", " no mass data and are left out"},
+    {WarningKind::WithoutCg, Severity::Warning, "part has", "parts have",
+     " a mass but no centre of gravity; they count in the mass only"},
+    {WarningKind::WithoutInertia, Severity::Warning, "part has", "parts have",
+     " no inertia of their own and count as point masses"},
+    {WarningKind::NegativeMass, Severity::Information, "part has", "parts have", " a negative mass"},
+    {WarningKind::ZeroMass, Severity::Warning, "part adds", "parts add",
+     " up to a mass of zero, so that there is no centre of gravity"},
+    {WarningKind::WithoutBounds, Severity::Warning, "part has", "parts have",
+     " no limits of the mass and count with one standard deviation in the limits of the total"},
+    {WarningKind::ReplacesChildren, Severity::Information, "assembly counts", "assemblies count",
+     " with mass data of their own instead of what is below them"},
+    {WarningKind::ShapeNotAdded, Severity::Information, "assembly has", "assemblies have",
+     " a shape of their own, which is not added to what is below them"},
+    {WarningKind::NotFinite, Severity::Error, "part adds", "parts add",
+     " up to numbers that are too large to be computed"},
+};
+
+const WarningText& TextOf(WarningKind kind) {
+  for (const WarningText& text : kTexts)
+    if (text.kind == kind) return text;
+  return kTexts[0];
+}
+
+std::string Examples(const Warning& warning) {
+  std::string list;
+  for (const std::string& id : warning.examples) list += (list.empty() ? " (" : ", ") + id;
+  if (list.empty()) return list;
+  return list + (warning.occurrences > static_cast<double>(warning.examples.size()) ? ", ...)" : ")");
+}
+
+}  // namespace
+
+protocol::Warning ToWarning(const Warning& warning) {
+  const WarningText& text = TextOf(warning.kind);
+  std::string sentence = protocol::FormatNumber(warning.occurrences) + " " +
+                         (warning.occurrences == 1 ? text.one : text.many) + text.then;
+  if (warning.mass != 0) sentence += ", " + protocol::FormatNumber(warning.mass) + " kg in all";
+  return {text.severity, sentence + Examples(warning)};
+}
+
+}  // namespace lumira

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "lumira/import/CsvTable.h"
+#include "lumira/import/ImportLog.h"
+#include "lumira/model/Part.h"
+
+namespace lumira {
+
+/// A part of the mass table and the line that names it first.
+struct PartRow {
+  Part part;
+  std::size_t line = 0;
+};
+
+struct MassRows {
+  std::vector<PartRow> parts;
+  std::size_t massTypes = 0;
+  std::set<std::size_t> usedColumns;  ///< positions in the table
+};
+
+/// Reads the parts with their mass types. A row is one mass type of a part; what belongs to the part itself (name,
+/// material, shape) may stand on any of its rows, but not differently on two. A part has the computed mass type
+/// active unless a row says otherwise.
+MassRows ReadMassTable(const CsvTable& table, ImportLog& log);
+
+}  // namespace lumira

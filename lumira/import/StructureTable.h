@@ -1,0 +1,33 @@
+#pragma once
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "lumira/import/CsvTable.h"
+#include "lumira/import/ImportLog.h"
+#include "lumira/model/Instance.h"
+
+namespace lumira {
+
+/// An instance and the line that it comes from.
+struct InstanceRow {
+  Instance instance;
+  std::size_t line = 0;
+};
+
+/// Which table holds the structure: one of its own, with a "child" column, or the mass table, where a row with a
+/// parent places its part.
+enum class StructureForm { OwnTable, InMassTable };
+
+struct StructureRows {
+  std::vector<InstanceRow> rows;
+  std::set<std::size_t> usedColumns;  ///< positions in the table
+  bool hasParentColumn = false;
+};
+
+/// Reads the instances: parent, child, instance, quantity, translation, and a rotation as nine coefficients or as
+/// three tilts. Instances without an identifier get one: the child, a dot and a number.
+StructureRows ReadStructure(const CsvTable& table, StructureForm form, ImportLog& log);
+
+}  // namespace lumira

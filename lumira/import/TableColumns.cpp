@@ -1,0 +1,171 @@
+#include "lumira/import/TableColumns.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <utility>
+
+#include "protocol/Numbers.h"
+#include "protocol/Utf8.h"
+
+namespace lumira {
+namespace {
+
+using protocol::ErrorKind;
+using protocol::Quoted;
+
+constexpr std::size_t kIdentifierBytes = 255;
+
+std::string Lower(std::string_view text) {
+  std::string lower(text);
+  for (char& c : lower) c = c == '_' ? ' ' : static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return lower;
+}
+
+std::string_view Trimmed(std::string_view text) {
+  const std::size_t from = text.find_first_not_of(' ');
+  return from == text.npos ? std::string_view{} : text.substr(from, text.find_last_not_of(' ') - from + 1);
+}
+
+// "mass [kg]" is the name "mass" and the unit "kg"; without brackets there is no unit.
+std::pair<std::string, std::optional<std::string_view>> SplitTitle(std::string_view title) {
+  const std::size_t open = title.find('[');
+  const bool hasUnit = open != title.npos && title.ends_with(']');
+  if (!hasUnit) return {Lower(Trimmed(title)), std::nullopt};
+  return {Lower(Trimmed(title.substr(0, open))), Trimmed(title.substr(open + 1, title.size() - open - 2))};
+}
+
+bool IsControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }
+
+}  // namespace
+
+TableColumns::TableColumns(const CsvTable& table, std::span<const ColumnRule> rules, ImportLog& log)
+    : _table(table), _rules(rules), _log(log), _columns(rules.size()) {
+  for (std::size_t rule = 0; rule < rules.size(); ++rule) Find(rule);
+}
+
+void TableColumns::Find(std::size_t rule) {
+  const ColumnRule& wanted = _rules[rule];
+  for (std::size_t position = 0; position < _table.ColumnCount(); ++position) {
+    const auto [name, unit] = SplitTitle(_table.Title(position));
+    if (name != wanted.name) continue;
+    const Place place{_table.Name(), _table.HeaderLine(), position + 1, _table.Title(position)};
+    if (_columns[rule]) {
+      _log.Error(place, "there is a column of this name already", ErrorKind::BadText);
+    } else if (!unit && HasUnit(wanted.quantity)) {
+      _log.Error(place, "the unit is missing; one of " + UnitList(wanted.quantity) + " expected, in brackets",
+                 ErrorKind::BadText);
+      _columns[rule] = Found{position, 1};
+    } else {
+      _columns[rule] = Found{position, UnitOf(rule, position, unit.value_or("")).value_or(1)};
+    }
+  }
+  if (!_columns[rule] && wanted.presence == Presence::Required && _table.ColumnCount() > 0)
+    _log.Error({_table.Name(), _table.HeaderLine(), 0, {}},
+               "there is no column " + Quoted(wanted.name), ErrorKind::BadText);
+}
+
+std::optional<double> TableColumns::UnitOf(std::size_t rule, std::size_t position, std::string_view unit) {
+  const Quantity quantity = _rules[rule].quantity;
+  const Place place{_table.Name(), _table.HeaderLine(), position + 1, _table.Title(position)};
+  if (!HasUnit(quantity)) {
+    if (!unit.empty() && unit != "-")
+      _log.Error(place, "this column has no unit, " + Quoted(unit) + " found", ErrorKind::BadText);
+    return std::nullopt;
+  }
+  const auto si = FindUnit(quantity, unit);
+  if (!si)
+    _log.Error(place, Quoted(unit) + " is no unit known here; one of " + UnitList(quantity) + " expected",
+               ErrorKind::BadText);
+  return si;
+}
+
+Place TableColumns::PlaceOf(std::size_t row, std::size_t column) const {
+  const std::size_t position = _columns[column] ? _columns[column]->position : 0;
+  return {_table.Name(), _table.Line(row), position + 1, _table.Title(position)};
+}
+
+void TableColumns::Error(std::size_t row, std::size_t column, std::string_view text) const {
+  _log.Error(PlaceOf(row, column), text);
+}
+
+void TableColumns::RowError(std::size_t row, std::string_view text) const { _log.Error(RowPlace(row), text); }
+
+std::string_view TableColumns::Text(std::size_t row, std::size_t column) const {
+  return _columns[column] ? _table.Cell(row, _columns[column]->position) : std::string_view{};
+}
+
+std::optional<std::string> TableColumns::Identifier(std::size_t row, std::size_t column) const {
+  const std::string_view text = Text(row, column);
+  const auto refuse = [&](const std::string& reason) -> std::optional<std::string> {
+    Error(row, column, reason);
+    return std::nullopt;
+  };
+  if (text.empty()) return refuse("is empty, an identifier expected");
+  if (text.size() > kIdentifierBytes)
+    return refuse(Quoted(text) + " has " + std::to_string(text.size()) + " bytes, an identifier has at most " +
+                  std::to_string(kIdentifierBytes));
+  if (text.find('|') != text.npos) return refuse(Quoted(text) + " holds \"|\", which an identifier may not");
+  if (std::any_of(text.begin(), text.end(), IsControl))
+    return refuse(Quoted(text) + " holds a control character, which an identifier may not");
+  return std::string(text);
+}
+
+std::optional<double> TableColumns::Number(std::size_t row, std::size_t column) const {
+  const std::string_view text = Text(row, column);
+  if (text.empty()) return std::nullopt;
+  const auto number = protocol::ParseNumber(text.starts_with('+') ? text.substr(1) : text);
+  if (!number) {
+    const bool comma = text.find(',') != text.npos;
+    Error(row, column, Quoted(text) + " is not a finite number" + (comma ? "; a decimal point expected" : ""));
+    return std::nullopt;
+  }
+  const double si = *number * _columns[column]->si;
+  if (std::isfinite(si)) return si;
+  Error(row, column, Quoted(text) + " is too large");
+  return std::nullopt;
+}
+
+long long TableColumns::Count(std::size_t row, std::size_t column) const {
+  constexpr long long kMost = 1'000'000'000;
+  const std::string_view text = Text(row, column);
+  if (text.empty()) return 1;
+  const auto count = protocol::ParseInteger(text);
+  if (count && *count >= 1 && *count <= kMost) return *count;
+  Error(row, column, Quoted(text) + " is not a whole number from 1 to " + std::to_string(kMost));
+  return 1;
+}
+
+std::size_t TableColumns::Choice(std::size_t row, std::size_t column,
+                                 std::span<const std::string_view> choices) const {
+  const std::string text = Lower(Text(row, column));
+  if (text.empty()) return 0;
+  const auto found = std::find(choices.begin(), choices.end(), text);
+  if (found != choices.end()) return static_cast<std::size_t>(found - choices.begin());
+  std::string list;
+  for (std::string_view choice : choices) list += (list.empty() ? "" : ", ") + Quoted(choice);
+  Error(row, column, Quoted(Text(row, column)) + " is none of " + list);
+  return 0;
+}
+
+bool TableColumns::Flag(std::size_t row, std::size_t column) const {
+  static constexpr std::string_view kAnswers[] = {"no", "yes"};
+  return Choice(row, column, kAnswers) == 1;
+}
+
+double TableColumns::Rounding(std::size_t row, std::size_t column) const {
+  const std::string_view text = Text(row, column);
+  const std::size_t exponentAt = text.find_first_of("eE");
+  const std::size_t point = text.find('.');
+  const auto exponent = exponentAt == text.npos ? 0 : protocol::ParseInteger(text.substr(exponentAt + 1)).value_or(0);
+  const std::size_t digitsEnd = std::min(exponentAt, text.size());
+  const auto decimals = point == text.npos ? 0 : static_cast<long long>(digitsEnd - point - 1);
+  return text.empty() ? 0 : 0.5 * std::pow(10.0, static_cast<double>(exponent - decimals)) * _columns[column]->si;
+}
+
+void TableColumns::AddFound(std::set<std::size_t>& positions) const {
+  for (const auto& column : _columns)
+    if (column) positions.insert(column->position);
+}
+
+}  // namespace lumira

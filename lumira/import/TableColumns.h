@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <set>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "lumira/import/CsvTable.h"
+#include "lumira/import/ImportLog.h"
+#include "lumira/import/Units.h"
+
+namespace lumira {
+
+enum class Presence { Optional, Required };
+
+/// A column that a table may have.
+struct ColumnRule {
+  std::string_view name;  ///< small letters; in the title any case, and "_" for a blank
+  Quantity quantity = Quantity::Text;
+  Presence presence = Presence::Optional;
+};
+
+/// Finds the columns of one kind of table and reads their cells. Cells that cannot be read go to the log.
+/// Columns are called by their index in the rules.
+class TableColumns {
+ public:
+  TableColumns(const CsvTable& table, std::span<const ColumnRule> rules, ImportLog& log);
+
+  bool Has(std::size_t column) const { return _columns[column].has_value(); }
+
+  /// The cell as it stands; empty when the table has no such column.
+  std::string_view Text(std::size_t row, std::size_t column) const;
+
+  /// An identifier: not empty, at most 255 bytes, without "|" and control characters. None after an error.
+  std::optional<std::string> Identifier(std::size_t row, std::size_t column) const;
+
+  /// The number in SI units; none for an empty cell and after an error.
+  std::optional<double> Number(std::size_t row, std::size_t column) const;
+
+  /// A whole number of 1 or more; 1 for an empty cell.
+  long long Count(std::size_t row, std::size_t column) const;
+
+  /// "yes" or "no"; no for an empty cell.
+  bool Flag(std::size_t row, std::size_t column) const;
+
+  /// One of the choices, by its index; 0 for an empty cell.
+  std::size_t Choice(std::size_t row, std::size_t column, std::span<const std::string_view> choices) const;
+
+  void Error(std::size_t row, std::size_t column, std::string_view text) const;
+  void RowError(std::size_t row, std::string_view text) const;
+  Place RowPlace(std::size_t row) const { return {_table.Name(), _table.Line(row), 0, {}}; }
+
+  /// How much the number of a cell may be off by rounding: half a unit of the last digit written, SI.
+  double Rounding(std::size_t row, std::size_t column) const;
+
+  const CsvTable& Table() const { return _table; }
+
+  /// Adds the positions (from 0) of the columns that were found.
+  void AddFound(std::set<std::size_t>& positions) const;
+
+ private:
+  struct Found {
+    std::size_t position = 0;
+    double si = 1;
+  };
+
+  void Find(std::size_t rule);
+  std::optional<double> UnitOf(std::size_t rule, std::size_t position, std::string_view unit);
+  Place PlaceOf(std::size_t row, std::size_t column) const;
+
+  const CsvTable& _table;
+  std::span<const ColumnRule> _rules;
+  ImportLog& _log;
+  std::vector<std::optional<Found>> _columns;
+};
+
+}  // namespace lumira
