@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace desktop {
+
+/// Qt's Fusion style, with editors that can only be read told apart from those that can be typed into.
+class KorvoStyle : public QProxyStyle {
+ public:
+  KorvoStyle() : QProxyStyle("Fusion") {}
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* result) const override;
+};
+
+}  // namespace desktop

@@ -1,0 +1,72 @@
+#include "desktop/toolkit/QtGrid.h"
+
+#include <QWidget>
+
+#include "desktop/toolkit/QtView.h"
+
+namespace desktop {
+namespace {
+constexpr int kMargin = 10;  ///< device-independent pixels
+constexpr int kHorizontalSpacing = 8;
+constexpr int kVerticalSpacing = 6;
+
+bool Has(int attachment, int sides) { return (attachment & sides) == sides; }
+}  // namespace
+
+Qt::Alignment AlignmentOf(int attachment) {
+  Qt::Alignment alignment;
+  if (!Has(attachment, KorDlgAttach::kLeft | KorDlgAttach::kRight))
+    alignment |= Has(attachment, KorDlgAttach::kLeft)    ? Qt::AlignLeft
+                 : Has(attachment, KorDlgAttach::kRight) ? Qt::AlignRight
+                                                         : Qt::AlignHCenter;
+  if (!Has(attachment, KorDlgAttach::kTop | KorDlgAttach::kBottom))
+    alignment |= Has(attachment, KorDlgAttach::kTop)      ? Qt::AlignTop
+                 : Has(attachment, KorDlgAttach::kBottom) ? Qt::AlignBottom
+                                                          : Qt::AlignVCenter;
+  return alignment;
+}
+
+QtGrid::QtGrid(QWidget* content, Margins margins) : _layout(new QGridLayout(content)) {
+  const int margin = margins == Margins::Frame ? kMargin : 0;
+  _layout->setContentsMargins(margin, margin, margin, margin);
+  _layout->setHorizontalSpacing(kHorizontalSpacing);
+  _layout->setVerticalSpacing(kVerticalSpacing);
+}
+
+void QtGrid::Place(const QtView& child) {
+  if (child.Model().IsAttached())
+    Put(child.Qt(), child.Model().GetGrid());
+  else
+    _layout->removeWidget(child.Qt());
+}
+
+void QtGrid::Put(QWidget* child, const KorDlgGrid& place) {
+  if (!StandsAt(child, place)) {
+    _layout->removeWidget(child);
+    _layout->addWidget(child, place.row, place.column, place.rows, place.columns, AlignmentOf(place.attachment));
+  }
+  GatherSpareHeight();
+}
+
+bool QtGrid::StandsAt(QWidget* child, const KorDlgGrid& place) const {
+  const int index = _layout->indexOf(child);
+  if (index < 0) return false;
+  KorDlgGrid now;
+  _layout->getItemPosition(index, &now.row, &now.column, &now.rows, &now.columns);
+  now.attachment = place.attachment;
+  return now == place && _layout->itemAt(index)->alignment() == AlignmentOf(place.attachment);
+}
+
+void QtGrid::GatherSpareHeight() {
+  int last = 0;
+  for (int i = 0; i < _layout->count(); ++i) {
+    int row, column, rows, columns;
+    _layout->getItemPosition(i, &row, &column, &rows, &columns);
+    last = std::max(last, row + rows);
+  }
+  for (int row = 0; row < _layout->rowCount(); ++row) _layout->setRowStretch(row, 0);
+  const bool grows = (_layout->expandingDirections() & Qt::Vertical) != 0;
+  if (!grows) _layout->setRowStretch(last, 1);
+}
+
+}  // namespace desktop

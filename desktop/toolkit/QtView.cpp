@@ -1,0 +1,86 @@
+#include "desktop/toolkit/QtView.h"
+
+#include <QFocusEvent>
+
+#include "desktop/toolkit/MarkOverlay.h"
+#include "desktop/toolkit/QtBackend.h"
+#include "desktop/toolkit/QtText.h"
+
+namespace desktop {
+
+QtView::QtView(QtBackend& backend, KorDlgObject& model, QWidget* qt)
+    : _backend(backend), _model(model), _qt(qt) {
+  _qt->setObjectName(QString::fromStdString(model.Name()));
+}
+
+QtView::~QtView() {
+  if (!_qt) return;
+  _qt->disconnect(this);
+  _qt->hide();
+  _qt->deleteLater();
+}
+
+void QtView::Place(QtView&) {}
+
+void QtView::Show(KorDlgProperty property) {
+  switch (property) {
+    case KorDlgProperty::Title: return ShowTitle();
+    case KorDlgProperty::Help: return ShowHelp();
+    case KorDlgProperty::Marking: return ShowMarking();
+    case KorDlgProperty::Sensitivity: return ShowSensitivity();
+    case KorDlgProperty::Visibility: return ShowVisibility();
+    case KorDlgProperty::Grid:
+      if (QtView* parent = _backend.ParentView(_model)) parent->Place(*this);
+      return ShowVisibility();
+    default: return;
+  }
+}
+
+void QtView::ShowTitle() {
+  const QString own = ToQt(_model.GetTitle());
+  _qt->setAccessibleName(own.isEmpty() && _partner ? ToQt(_partner->Model().GetTitle()) : own);
+}
+
+void QtView::ShowHelp() {
+  const QString help = ToQt(_model.GetShortHelp());
+  const QString marking = ToQt(_model.GetMarking());
+  _qt->setAccessibleDescription(marking.isEmpty() ? help : marking);
+  QStringList lines{marking, help.isEmpty() ? help : help + HelpSuffix()};
+  lines.removeAll(QString());
+  // As rich text a tooltip is wrapped; plain, a long help would be one line as wide as the screen.
+  _qt->setToolTip(lines.isEmpty() ? QString() : "<qt>" + lines.join('\n').toHtmlEscaped().replace('\n', "<br>") + "</qt>");
+}
+
+void QtView::ShowMarking() {
+  MarkOverlay::Show(*_qt, !_model.GetMarking().IsEmpty() ? MarkOverlay::State::On : MarkOverlay::State::Off);
+  ShowHelp();
+}
+
+void QtView::ShowSensitivity() { _qt->setEnabled(_model.IsEnabled()); }
+
+void QtView::ShowVisibility() {
+  // A new Qt widget is hidden, but comes to be shown with its parent unless it was told otherwise.
+  const bool shown = _model.IsShown() && _model.IsAttached();
+  if (_qt->isHidden() == shown || !_qt->testAttribute(Qt::WA_WState_ExplicitShowHide)) _qt->setVisible(shown);
+}
+
+void QtView::FollowFocus(QWidget* target) { target->installEventFilter(this); }
+
+bool QtView::eventFilter(QObject* watched, QEvent* event) {
+  const bool in = event->type() == QEvent::FocusIn;
+  if (in || event->type() == QEvent::FocusOut) {
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    // The focus of the dialog stays where it is when a popup opens or another window comes to the front.
+    const bool stays = reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
+    const QPointer<QtView> self(this);
+    if (!in) CommitEdit();
+    if (!self) return false;
+    if (!stays && _model.IsReachable()) in ? _model.EnterFocus() : _model.LeaveFocus();
+    if (!self) return false;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+void QtView::CommitAllEdits() { _backend.CommitEdits(); }
+
+}  // namespace desktop

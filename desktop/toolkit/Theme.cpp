@@ -1,0 +1,62 @@
+#include "desktop/toolkit/Theme.h"
+
+#include <QApplication>
+
+#include "desktop/toolkit/KorvoStyle.h"
+
+namespace desktop {
+namespace {
+
+struct RoleColour {
+  QPalette::ColorRole role;
+  QRgb colour;
+  QRgb disabled;
+};
+
+constexpr RoleColour kLight[] = {
+    {QPalette::Window, 0xfff2f4f6, 0xfff2f4f6},       {QPalette::WindowText, 0xff1d2329, 0xff8a929a},
+    {QPalette::Base, 0xffffffff, 0xfff2f4f6},         {QPalette::AlternateBase, 0xfff6f8fa, 0xfff2f4f6},
+    {QPalette::Text, 0xff1d2329, 0xff7d858d},         {QPalette::PlaceholderText, 0xff6e7781, 0xff9aa2aa},
+    {QPalette::Button, 0xfffbfcfd, 0xfff2f4f6},       {QPalette::ButtonText, 0xff1d2329, 0xff8a929a},
+    {QPalette::BrightText, 0xffffffff, 0xffffffff},   {QPalette::Highlight, 0xff2566ad, 0xffaab4be},
+    {QPalette::HighlightedText, 0xffffffff, 0xffffffff}, {QPalette::ToolTipBase, 0xff2a3036, 0xff2a3036},
+    {QPalette::ToolTipText, 0xfff4f6f8, 0xfff4f6f8},  {QPalette::Link, 0xff1f5fa8, 0xff8a929a},
+};
+
+constexpr RoleColour kDark[] = {
+    {QPalette::Window, 0xff25292e, 0xff25292e},       {QPalette::WindowText, 0xffe4e7ea, 0xff7f878f},
+    {QPalette::Base, 0xff1a1d21, 0xff25292e},         {QPalette::AlternateBase, 0xff20242a, 0xff25292e},
+    {QPalette::Text, 0xffe4e7ea, 0xff8a929a},         {QPalette::PlaceholderText, 0xff929aa2, 0xff6b737b},
+    {QPalette::Button, 0xff353b42, 0xff2b3036},       {QPalette::ButtonText, 0xffe4e7ea, 0xff7f878f},
+    {QPalette::BrightText, 0xffffffff, 0xffffffff},   {QPalette::Highlight, 0xff3a7cc4, 0xff4b535b},
+    {QPalette::HighlightedText, 0xffffffff, 0xffc4c9ce}, {QPalette::ToolTipBase, 0xff3b4249, 0xff3b4249},
+    {QPalette::ToolTipText, 0xfff0f2f4, 0xfff0f2f4},  {QPalette::Link, 0xff7db4ee, 0xff7f878f},
+};
+
+template <std::size_t count>
+QPalette Build(const RoleColour (&colours)[count]) {
+  QPalette palette;
+  for (const RoleColour& one : colours) {
+    palette.setColor(one.role, QColor::fromRgb(one.colour));
+    palette.setColor(QPalette::Disabled, one.role, QColor::fromRgb(one.disabled));
+  }
+  return palette;
+}
+
+bool IsDarkPalette(const QPalette& palette) { return palette.color(QPalette::Window).lightness() < 128; }
+
+}  // namespace
+
+QPalette LightPalette() { return Build(kLight); }
+QPalette DarkPalette() { return Build(kDark); }
+
+void Theme::Apply(ThemeChoice choice) {
+  static const bool systemIsDark = IsDarkPalette(QApplication::palette());
+  const bool dark = choice == ThemeChoice::Dark || (choice == ThemeChoice::System && systemIsDark);
+  if (!dynamic_cast<KorvoStyle*>(QApplication::style())) QApplication::setStyle(new KorvoStyle);
+  QApplication::setPalette(dark ? DarkPalette() : LightPalette());
+}
+
+bool Theme::IsDark() { return IsDarkPalette(QApplication::palette()); }
+
+}  // namespace desktop

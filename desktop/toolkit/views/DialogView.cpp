@@ -1,0 +1,68 @@
+#include "desktop/toolkit/views/DialogView.h"
+
+#include <QCloseEvent>
+#include <QDialogButtonBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "desktop/toolkit/QtText.h"
+
+namespace desktop {
+
+void DialogWindow::reject() {
+  if (onClose) onClose();
+}
+
+void DialogWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  reject();
+}
+
+DialogView::DialogView(QtBackend& backend, KorDlgObject& model, QWidget* parent)
+    : QtViewOf(backend, model, new DialogWindow(parent ? parent->window() : nullptr)),
+      _content(new QWidget(Qt())),
+      _grid(_content, QtGrid::Margins::None) {
+  auto* outer = new QVBoxLayout(Qt());
+  outer->addWidget(_content, 1);
+  const bool hasCancel = Model().Style() == KorDlgStyle::kOkCancelDialog;
+  Qt()->onClose = [this, hasCancel] {
+    Act([&] { hasCancel ? Model().PressCancel() : Model().CloseWindow(); }, KorDlgProperty::Visibility);
+  };
+  Qt()->setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  Qt()->setSizeGripEnabled(Model().Style() == KorDlgStyle::kListDialog);
+  AddButtons();
+}
+
+DialogView::~DialogView() {
+  // The window may outlive the view by one turn of the event loop.
+  if (Qt()) Qt()->onClose = nullptr;
+}
+
+void DialogView::AddButtons() {
+  QDialogButtonBox::StandardButtons standard;
+  if (Model().Style() == KorDlgStyle::kOkCancelDialog) standard = QDialogButtonBox::Ok | QDialogButtonBox::Cancel;
+  if (Model().Style() == KorDlgStyle::kListDialog) standard = QDialogButtonBox::Close;
+  if (!standard) return;
+  auto* buttons = new QDialogButtonBox(standard, Qt());
+  Qt()->layout()->addWidget(buttons);
+  QObject::connect(buttons, &QDialogButtonBox::accepted, this,
+                   [this] { Act([this] { Model().PressOK(); }, KorDlgProperty::Visibility); });
+  QObject::connect(buttons, &QDialogButtonBox::rejected, this, [this] { Qt()->reject(); });
+}
+
+void DialogView::Show(KorDlgProperty property) {
+  // A window has no place in the grid of another.
+  if (property != KorDlgProperty::Grid) QtView::Show(property);
+}
+
+void DialogView::ShowTitle() { Qt()->setWindowTitle(ToQt(Model().GetTitle())); }
+
+void DialogView::ShowVisibility() {
+  if (Qt()->isHidden() != Model().IsShown()) return;
+  Qt()->setVisible(Model().IsShown());
+  if (!Model().IsShown()) return;
+  Qt()->raise();
+  Qt()->activateWindow();
+}
+
+}  // namespace desktop

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QDialog>
+#include <functional>
+
+#include "desktop/toolkit/QtGrid.h"
+#include "desktop/toolkit/QtView.h"
+#include "framework/dialog/KorDlgDialog.h"
+
+class QDialogButtonBox;
+
+namespace desktop {
+
+/// The window of a dialog. Its close button, Escape and the buttons of its style only tell the dialog: whether it
+/// closes is decided there.
+class DialogWindow : public QDialog {
+ public:
+  explicit DialogWindow(QWidget* parent) : QDialog(parent) {}
+  std::function<void()> onClose;
+  void reject() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+};
+
+class DialogView : public QtViewOf<KorDlgDialog, DialogWindow> {
+ public:
+  DialogView(QtBackend& backend, KorDlgObject& model, QWidget* parent);
+  ~DialogView() override;
+  QWidget* Content() override { return _content; }
+  void Place(QtView& child) override { _grid.Place(child); }
+  void Show(KorDlgProperty property) override;
+
+ protected:
+  void ShowTitle() override;
+  void ShowVisibility() override;
+
+ private:
+  void AddButtons();
+
+  QWidget* _content;
+  QtGrid _grid;
+};
+
+}  // namespace desktop

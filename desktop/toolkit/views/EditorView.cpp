@@ -1,0 +1,66 @@
+#include "desktop/toolkit/views/EditorView.h"
+
+#include "desktop/toolkit/QtText.h"
+
+namespace desktop {
+namespace {
+/// Characters for which an editor makes room at least: a value of ten digits with its unit.
+constexpr int kLeastCharacters = 12;
+constexpr int kFrame = 10;  ///< device-independent pixels that border and padding take
+}  // namespace
+
+EditorView::EditorView(QtBackend& backend, KorDlgObject& model, QWidget* parent)
+    : QtViewOf(backend, model, new QLineEdit(parent)) {
+  Qt()->setReadOnly(Model().IsReadOnly());
+  if (model.Style() & KorDlgStyle::kNumberEditor) {
+    Qt()->setAlignment(Qt::AlignRight);
+    Qt()->setInputMethodHints(Qt::ImhFormattedNumbersOnly);
+  }
+  QObject::connect(Qt(), &QLineEdit::editingFinished, this, [this] { CommitEdit(); });
+  FollowFocus(Qt());
+}
+
+void EditorView::Show(KorDlgProperty property) {
+  switch (property) {
+    case KorDlgProperty::Text: return ShowText();
+    case KorDlgProperty::TextSelection: return ShowTextSelection();
+    case KorDlgProperty::TextWidth: return ShowTextWidth();
+    default: return QtView::Show(property);
+  }
+}
+
+bool EditorView::HasPendingEdit() const { return Qt()->isModified(); }
+
+void EditorView::CommitEdit() {
+  if (!HasPendingEdit()) return;
+  Qt()->setModified(false);
+  const QPointer<QtView> self(this);
+  if (Model().IsReachable()) Model().Type(FromQt(Qt()->text()));
+  if (self) ShowText();
+}
+
+void EditorView::ShowText() {
+  const QString text = ToQt(Model().GetText());
+  if (Qt()->text() == text) return;
+  Qt()->setText(text);
+  // A text that is too long shows its beginning.
+  Qt()->setCursorPosition(0);
+}
+
+void EditorView::ShowTextSelection() {
+  const QString text = Qt()->text();
+  const int first = Utf16Position(text, Model().GetSelectionFirst());
+  const int last = Utf16Position(text, Model().GetSelectionLast());
+  // Qt scrolls to the cursor, which stands at the end of a selection.
+  if (last > first)
+    Qt()->setSelection(first, last - first);
+  else
+    Qt()->setCursorPosition(Model().GetFirstColumn() > 0 ? static_cast<int>(text.size()) : 0);
+}
+
+void EditorView::ShowTextWidth() {
+  const int characters = std::max(Model().GetVisibleTextWidth(), kLeastCharacters);
+  Qt()->setMinimumWidth(characters * Qt()->fontMetrics().averageCharWidth() + kFrame);
+}
+
+}  // namespace desktop

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QLineEdit>
+
+#include "desktop/toolkit/QtView.h"
+#include "framework/dialog/KorDlgEditor.h"
+
+namespace desktop {
+
+/// A line of text. What is typed goes to the widget when the user leaves the editor, presses Enter or acts on
+/// another widget, not at each key.
+class EditorView : public QtViewOf<KorDlgEditor, QLineEdit> {
+ public:
+  EditorView(QtBackend& backend, KorDlgObject& model, QWidget* parent);
+  void Show(KorDlgProperty property) override;
+  bool HasPendingEdit() const override;
+  void CommitEdit() override;
+
+ private:
+  void ShowText();
+  void ShowTextSelection();
+  void ShowTextWidth();
+};
+
+}  // namespace desktop

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QTabWidget>
+
+#include "desktop/toolkit/QtView.h"
+#include "framework/dialog/KorDlgTabContainer.h"
+
+namespace desktop {
+
+class TabContainerView : public QtViewOf<KorDlgTabContainer, QTabWidget> {
+ public:
+  TabContainerView(QtBackend& backend, KorDlgObject& model, QWidget* parent);
+  QWidget* Content() override { return Qt(); }
+  /// Adds the page's tab when it is new.
+  void Place(QtView& child) override;
+  void Show(KorDlgProperty property) override;
+  /// Shows title, help, sensitivity and visibility of all pages on their tabs, and which page is in front.
+  void ShowPages();
+
+ private:
+  void ShowTab(KorDlgTabPage& page);
+};
+
+}  // namespace desktop

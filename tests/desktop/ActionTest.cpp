@@ -1,0 +1,133 @@
+// What the user does reaches the verbs of the widgets, and nothing reaches a widget that is disabled.
+#include <QTest>
+
+#include "tests/desktop/support/DemoDialog.h"
+#include "tests/desktop/support/QtApplication.h"
+
+namespace desktop::test {
+namespace {
+
+class ActionTest : public QtBackendTest {
+ protected:
+  /// Records each notification of the widget as its name.
+  void Record(KorDlgObject* widget, KorEvent event) {
+    widget->Subscribe(event, [this, widget](auto...) { log.push_back(widget->Name()); });
+  }
+  std::vector<std::string> log;
+};
+
+TEST_F(ActionTest, AClickPressesAButton) {
+  Record(dialog.compute, KorEvent::PushActivate);
+  Open();
+  QTest::mouseClick(In<QPushButton>(dialog.compute), Qt::LeftButton);
+  EXPECT_EQ(log, std::vector<std::string>{"ComputeButton"});
+}
+
+TEST_F(ActionTest, AClickChecksARadioButtonAndUnchecksTheOtherFirst) {
+  Record(dialog.own, KorEvent::RadioModify);
+  Record(dialog.root, KorEvent::RadioModify);
+  Open();
+  QTest::mouseClick(In<QRadioButton>(dialog.root), Qt::LeftButton, {}, QPoint(8, 8));
+  EXPECT_TRUE(dialog.root->IsChecked());
+  EXPECT_FALSE(dialog.own->IsChecked());
+  EXPECT_EQ(log, (std::vector<std::string>{"OwnButton", "RootButton"}));
+}
+
+TEST_F(ActionTest, AClickTogglesACheckButton) {
+  Record(dialog.standard, KorEvent::CheckModify);
+  Open();
+  QTest::mouseClick(In<QCheckBox>(dialog.standard), Qt::LeftButton, {}, QPoint(8, 8));
+  EXPECT_TRUE(dialog.standard->IsChecked());
+  EXPECT_EQ(log.size(), 1u);
+}
+
+TEST_F(ActionTest, PickingALineOfAComboNotifiesAlsoForTheSameLine) {
+  Record(dialog.kindCombo, KorEvent::ComboSelect);
+  Open();
+  Q_EMIT In<QComboBox>(dialog.kindCombo)->activated(1);
+  EXPECT_EQ(dialog.kindCombo->GetSelectedLine(), "Estimated");
+  EXPECT_EQ(In<QComboBox>(dialog.kindCombo)->currentIndex(), 1);
+  Q_EMIT In<QComboBox>(dialog.kindCombo)->activated(1);
+  EXPECT_EQ(log.size(), 2u);
+}
+
+TEST_F(ActionTest, AClickOnATabPicksThePage) {
+  Record(dialog.tabs, KorEvent::TabSelect);
+  Open();
+  auto* bar = In<QTabWidget>(dialog.tabs)->tabBar();
+  QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(1).center());
+  EXPECT_EQ(dialog.tabs->GetSelectedPage(), 1);
+  EXPECT_EQ(log.size(), 1u);
+}
+
+TEST_F(ActionTest, TheArrowsOfASpinnerTurnIt) {
+  Record(dialog.spinner, KorEvent::SpinnerUp);
+  dialog.spinner->Subscribe(KorEvent::SpinnerDown, [this](auto...) { dialog.spinner->SetText("Copper"); });
+  Open();
+  auto* box = In<QAbstractSpinBox>(dialog.spinner);
+  QTest::keyClick(box, Qt::Key_Up);
+  EXPECT_EQ(log.size(), 1u);
+  EXPECT_EQ(box->text(), "Steel");
+  QTest::keyClick(box, Qt::Key_Down);
+  EXPECT_EQ(box->text(), "Copper");
+}
+
+TEST_F(ActionTest, TheCloseButtonOfTheWindowAsksTheDialogAndClosesNothingItself) {
+  Record(&dialog, KorEvent::WindowClose);
+  Open();
+  Window()->close();
+  EXPECT_EQ(log.size(), 1u);
+  EXPECT_TRUE(Window()->isVisible());
+}
+
+TEST_F(ActionTest, EscapeIsTheCloseButtonOfTheWindow) {
+  Record(&dialog, KorEvent::WindowClose);
+  Open();
+  QTest::keyClick(Window(), Qt::Key_Escape);
+  EXPECT_EQ(log.size(), 1u);
+}
+
+TEST_F(ActionTest, FocusThatComesAndGoesIsReported) {
+  Record(dialog.nameEditor, KorEvent::FocusIn);
+  Record(dialog.nameEditor, KorEvent::FocusOut);
+  Open();
+  In<QPushButton>(dialog.close)->setFocus();
+  log.clear();
+  In<QLineEdit>(dialog.nameEditor)->setFocus();
+  EXPECT_EQ(log.size(), 1u);
+  In<QPushButton>(dialog.close)->setFocus();
+  EXPECT_EQ(log.size(), 2u);
+}
+
+TEST_F(ActionTest, ADisabledWidgetHearsNothing) {
+  for (KorDlgObject* widget : std::initializer_list<KorDlgObject*>{dialog.compute, dialog.root, dialog.standard})
+    widget->SetSensitivity(KorSensitivity::Disabled);
+  Record(dialog.compute, KorEvent::PushActivate);
+  Record(dialog.root, KorEvent::RadioModify);
+  Record(dialog.standard, KorEvent::CheckModify);
+  Open();
+  QTest::mouseClick(In<QPushButton>(dialog.compute), Qt::LeftButton);
+  QTest::mouseClick(In<QRadioButton>(dialog.root), Qt::LeftButton, {}, QPoint(8, 8));
+  QTest::mouseClick(In<QCheckBox>(dialog.standard), Qt::LeftButton, {}, QPoint(8, 8));
+  QTest::keyClick(Window(), Qt::Key_F5);
+  EXPECT_TRUE(log.empty());
+  EXPECT_TRUE(dialog.own->IsChecked());
+}
+
+TEST_F(ActionTest, AWidgetInADisabledFrameHearsNothing) {
+  Record(dialog.compute, KorEvent::PushActivate);
+  dialog.buttons->SetSensitivity(KorSensitivity::Disabled);
+  Open();
+  QTest::mouseClick(In<QPushButton>(dialog.compute), Qt::LeftButton);
+  EXPECT_TRUE(log.empty());
+}
+
+TEST_F(ActionTest, AHandlerMayDetachTheDialogItIsCalledFrom) {
+  dialog.close->Subscribe(KorEvent::PushActivate, [this](auto...) { dialog.Detach(); });
+  Open();
+  QTest::mouseClick(In<QPushButton>(dialog.close), Qt::LeftButton);
+  EXPECT_EQ(backend.ViewOf(dialog), nullptr);
+}
+
+}  // namespace
+}  // namespace desktop::test
