@@ -32,18 +32,17 @@ AutoMode AutoModeOf(int mode) {
 
 // A panel that was laid out for a part without documents has no documents page, whatever part it is bound to later.
 void KorWBNymMainPanel::RefreshActiveDocument() {
-  KORWB_PART_TRACE("RefreshActiveDocument");
   Pdm().GetActiveDocId(_activeDocId);
   Pdm().GetActiveDocVersion(_activeDocVersion);
-  KorWBNymNavTraceLine(trace, "The active document retrieved from the buffer: ");
-  KorWBNymNavTraceLine(trace, "\t<", _activeDocId, " ", _activeDocVersion, ">");
+  KorWBPartTraceLine("The active document retrieved from the buffer: ");
+  KorWBPartTraceLine("\t<", _activeDocId, " ", _activeDocVersion, ">");
   if (Pdm().GetVersionCount() == 0 && Pdm().AreOldDocumentsUsed()) CheckForMissingDocuments();
   if (AreDocumentsInUse())
     ShowDocumentsInUse();
   else if (Pdm().AreOldDocumentsUsed() && _activeDocId == kNoDocumentId)
     ShowNoDocument();
   else
-    KorWBNymNavTraceLine(trace, "The old doc revs are not used.");
+    KorWBPartTraceLine("The old doc revs are not used.");
 }
 
 bool KorWBNymMainPanel::AreDocumentsInUse() const {
@@ -51,8 +50,7 @@ bool KorWBNymMainPanel::AreDocumentsInUse() const {
 }
 
 void KorWBNymMainPanel::CheckForMissingDocuments() {
-  KORWB_PART_TRACE("CheckForMissingDocuments");
-  KorWBNymNavTraceLine(trace, "there are zero revs => page will be disabled");
+  KorWBPartTraceLine("there are zero revs => page will be disabled");
   if (_widgets.documentsPage) _widgets.documentsPage->SetSensitivity(KorSensitivity::Disabled);
   if (_activeDocId != KorLumWBCSCommonDefinitions::ExceptionFlag) return;
   const KorWBNymNavMessages messages = Messages();
@@ -61,15 +59,14 @@ void KorWBNymMainPanel::CheckForMissingDocuments() {
 }
 
 void KorWBNymMainPanel::ShowDocumentsInUse() {
-  KORWB_PART_TRACE("ShowDocumentsInUse");
   if (_widgets.documentsPage) _widgets.documentsPage->SetSensitivity(KorSensitivity::Enabled);
   RefreshDocsTab();
   BuildDefaultDocModeText();
-  KorWBNymNavTraceLine(trace, "Default document mode: ", _defaultDocModeText);
+  KorWBPartTraceLine("Default document mode: ", _defaultDocModeText);
   if (_widgets.activeDocs)
     _selectedActiveDocLine = _widgets.activeDocs->GetSelectedLine();
   else
-    KorWBNymNavTraceLine(trace, "_ActiveDocsCombo is NULL!!!");
+    KorWBPartTraceLine("_ActiveDocsCombo is NULL!!!");
   ShowWhichRevisionIsActive();
 }
 
@@ -79,10 +76,9 @@ void KorWBNymMainPanel::BuildDefaultDocModeText() {
 }
 
 void KorWBNymMainPanel::ShowWhichRevisionIsActive() {
-  KORWB_PART_TRACE("ShowWhichRevisionIsActive");
   const bool userSelected = Pdm().HasUsedSpecificRevBefore();
   if (userSelected)
-    KorWBNymNavTraceLine(trace, "There's a value for the active doc id - default to the \"selected rev\" button");
+    KorWBPartTraceLine("There's a value for the active doc id - default to the \"selected rev\" button");
   if (_widgets.documentsPage) {
     _widgets.activeDocLatest->SetState(KorCheckedIf(!userSelected));
     _widgets.activeDocUserSelected->SetState(KorCheckedIf(userSelected));
@@ -91,16 +87,14 @@ void KorWBNymMainPanel::ShowWhichRevisionIsActive() {
 }
 
 void KorWBNymMainPanel::ShowNoDocument() {
-  KORWB_PART_TRACE("ShowNoDocument");
-  KorWBNymNavTraceLine(trace, "The old doc revs can be used but there's no document attached to this part");
+  KorWBPartTraceLine("The old doc revs can be used but there's no document attached to this part");
   if (_widgets.documentsPage) _widgets.documentsPage->SetSensitivity(KorSensitivity::Disabled);
   SelectFirstPage();
   SetAct("NONE");
 }
 
 void KorWBNymMainPanel::SetAct(const KorUnicodeString& text) {
-  KORWB_PART_TRACE("SetAct");
-  KorWBNymNavTraceLine(trace, "Setting act to ", text);
+  KorWBPartTraceLine("Setting act to ", text);
   _widgets.act->SetText(text);
 }
 

@@ -30,12 +30,11 @@ HRESULT KorWBNymMainPanel::RefreshPanelWithInfo() {
   RefreshMaterialTab();
   RefreshPrecisionTab();
   _widgets.standardPart->SetState(KorCheckedIf(Pdm().IsStandatadPart()));
-  KorWBNymNavTraceLine(trace, "All pages have been refreshed");
+  KorWBPartTraceLine("All pages have been refreshed");
   return S_OK;
 }
 
 void KorWBNymMainPanel::RefreshSelection() {
-  KORWB_PART_TRACE("RefreshSelection");
   KorUnicodeString path;
   KorUnicodeString handler;
   _dataBuffer->GetPartIdentifier(_selectionText);
@@ -52,7 +51,7 @@ void KorWBNymMainPanel::RefreshSelection() {
   editor.SetShortHelp(shown);
   editor.SetFirstColumn(-1 - editor.GetVisibleTextWidth() + length);
   editor.SetSelection(handler.GetLengthInChar() + 1, length);
-  KorWBNymNavTraceLine(trace, "The current selection is: ", _selectionText);
+  KorWBPartTraceLine("The current selection is: ", _selectionText);
 }
 
 void KorWBNymMainPanel::RefreshLamps() {

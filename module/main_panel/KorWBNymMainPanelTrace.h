@@ -4,3 +4,9 @@
 
 /// Opens the trace scope of a function of the part panel; the function is a string literal.
 #define KORWB_PART_TRACE(function) KORWB_TRACE_SCOPE("KorWBCompPart", "KorWBNymMainPanel", function)
+
+/// Writes one line to the part panel's trace.
+template <class... Values>
+void KorWBPartTraceLine(const Values&... values) {
+  KorWBNymNavTraceLine(TqTrace("KorWBCompPart"), values...);
+}
