@@ -4,6 +4,7 @@
 
 #include "lumira/commands/Commands.h"
 #include "lumira/commands/ComputedMassType.h"
+#include "lumira/commands/TreeSearch.h"
 #include "protocol/Codec.h"
 #include "protocol/Utf8.h"
 
@@ -20,7 +21,7 @@ using protocol::Result;
 struct Selection {
   OpenProduct* product = nullptr;
   std::uint32_t part = 0;
-  std::optional<Placement> placement;  ///< none for a part without a path
+  std::optional<Placement> placement;  ///< none for a part without a path that stands in several places
 };
 
 Result<OpenProduct*> OpenFor(Session& session, const protocol::PartDataRequest& request) {
@@ -45,6 +46,17 @@ Result<Selection> Follow(OpenProduct& product, const std::vector<std::string>& p
   return selection;
 }
 
+// A part without a path stands somewhere definite only when the product has it once.
+Selection SelectAnywhere(OpenProduct& product, std::uint32_t part) {
+  Selection selection{&product, part, std::nullopt};
+  const FoundOccurrences found = OccurrencesOf(product, part, 1);
+  if (found.cut || found.hits.size() != 1) return selection;
+  selection.placement = Placement{};
+  for (std::uint32_t instance : found.hits[0].instances)
+    selection.placement = *selection.placement * product.InstanceAt(instance).placement;
+  return selection;
+}
+
 Result<Selection> Select(Session& session, const protocol::PartDataRequest& request) {
   const auto product = OpenFor(session, request);
   if (!product) return product.Failure();
@@ -53,7 +65,7 @@ Result<Selection> Select(Session& session, const protocol::PartDataRequest& requ
   const auto part = product.Value()->PartIndex(request.partId);
   if (!part) return part.Failure();
   if (part.Value() == selection.Value().part) return selection;
-  if (request.instancePath.empty()) return Selection{product.Value(), part.Value(), std::nullopt};
+  if (request.instancePath.empty()) return SelectAnywhere(*product.Value(), part.Value());
   return Error{ErrorKind::BadValue, "the instance path leads to part " +
                                         Quoted(product.Value()->PartAt(selection.Value().part).id) + ", not to " +
                                         Quoted(request.partId)};

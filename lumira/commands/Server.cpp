@@ -41,14 +41,18 @@ Server::Server(Store& store, Progress progress)
 
 Server::~Server() = default;
 
-std::string Server::Run(std::string_view command, std::string_view request) noexcept {
+Result<std::string> Server::Execute(std::string_view command, std::string_view request) noexcept {
   // Handlers do not throw of their own; what is left is memory that cannot be had, and mistakes of ours.
   try {
-    auto reply = Handle(*_session, command, request);
-    return reply ? std::move(reply).Value() : protocol::ErrorReply(reply.Failure().message);
+    return Handle(*_session, command, request);
   } catch (const std::exception& exception) {
-    return protocol::ErrorReply(std::string("the server failed: ") + exception.what());
+    return protocol::Error{protocol::ErrorKind::Internal, std::string("the server failed: ") + exception.what()};
   }
+}
+
+std::string Server::Run(std::string_view command, std::string_view request) noexcept {
+  auto reply = Execute(command, request);
+  return reply ? std::move(reply).Value() : protocol::ErrorReply(reply.Failure().message);
 }
 
 }  // namespace lumira

@@ -21,8 +21,11 @@ class Server {
   Server(const Server&) = delete;
   Server& operator=(const Server&) = delete;
 
-  /// Runs one command of docs/server.md and gives its reply. Whatever goes wrong comes back as an error reply
-  /// (protocol/ErrorReply.h); nothing is thrown, and a command that failed has changed nothing.
+  /// Runs one command of docs/server.md. A command that failed has changed nothing.
+  protocol::Result<std::string> Execute(std::string_view command, std::string_view request) noexcept;
+
+  /// The same with the reply as it goes to a client. Whatever goes wrong comes back as an error reply
+  /// (protocol/ErrorReply.h); nothing is thrown.
   std::string Run(std::string_view command, std::string_view request) noexcept;
 
  private:

@@ -1,0 +1,249 @@
+#include "lumira/app/Actions.h"
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+#include "lumira/app/ValueList.h"
+#include "lumira/commands/Server.h"
+#include "lumira/store/SqliteStore.h"
+#include "protocol/Codec.h"
+#include "protocol/Constants.h"
+#include "protocol/Numbers.h"
+
+namespace lumira {
+namespace {
+
+using protocol::Error;
+using protocol::ErrorKind;
+using protocol::Result;
+
+// One line on the errors that is written over by the next.
+Progress ProgressOn(const Console& console) {
+  if (!console.showProgress) return {};
+  return [&errors = console.errors](std::string_view what, std::size_t done, std::size_t total) {
+    errors << "\r\033[K" << what;
+    if (total > 0) errors << ' ' << 100 * done / total << " %";
+    errors << std::flush;
+  };
+}
+
+void ClearProgress(const Console& console) {
+  if (console.showProgress) console.errors << "\r\033[K" << std::flush;
+}
+
+// A database with a server on it.
+class OpenServer {
+ public:
+  static Result<OpenServer> On(const std::string& file, const Console& console) {
+    auto store = OpenSqliteStore(file);
+    if (!store) return store.Failure();
+    return OpenServer(std::move(store).Value(), console);
+  }
+
+  Store& Data() { return *_store; }
+
+  Result<std::string> Execute(std::string_view command, const std::string& request) {
+    return _server->Execute(command, request);
+  }
+
+  // Runs a command and reads its reply.
+  template <class Reply>
+  Result<Reply> Ask(std::string_view command, const std::string& request, Result<Reply> (*read)(std::string_view)) {
+    const auto reply = Execute(command, request);
+    if (!reply) return reply.Failure();
+    return read(reply.Value());
+  }
+
+ private:
+  OpenServer(std::unique_ptr<Store> store, const Console& console)
+      : _store(std::move(store)), _server(new Server(*_store, ProgressOn(console))) {}
+
+  std::unique_ptr<Store> _store;
+  std::unique_ptr<Server> _server;
+};
+
+void WriteReport(const ImportReport& report, ImportMode mode, const Console& console) {
+  for (const std::string& text : report.warnings) console.errors << "warning: " << text << '\n';
+  for (const std::string& text : report.leftOut) console.errors << "left out: " << text << '\n';
+  console.out << (mode == ImportMode::DryRun ? "Would import" : "Imported") << " product \"" << report.product
+              << "\": " << report.parts << " parts, " << report.instances << " instances, " << report.massTypes
+              << " mass types; " << report.warnings.size() << " warnings, " << report.leftOut.size()
+              << " things left out.\n";
+}
+
+Result<ImportTables> ReadTables(const ImportAction& action) {
+  ImportTables tables;
+  auto mass = ReadTableFile(action.mass, action.options.limits);
+  if (!mass) return mass.Failure();
+  tables.mass = std::move(mass).Value();
+  if (action.structure.empty()) return tables;
+  auto structure = ReadTableFile(action.structure, action.options.limits);
+  if (!structure) return structure.Failure();
+  tables.structure = std::move(structure).Value();
+  return tables;
+}
+
+// Prints a tree line by line, and stops when nobody would read on.
+class TreePrinter {
+ public:
+  TreePrinter(OpenServer& server, int depth, const Console& console)
+      : _server(server), _depth(depth), _console(console) {}
+
+  Result<void> Print(const protocol::TreeNode& node, int level) {
+    if (_lines++ >= kMostLines) return {};
+    PrintLine(node, level);
+    if (!node.hasChildren || level >= _depth) return {};
+    return PrintChildren(node.partId, level + 1);
+  }
+
+  Result<void> PrintChildren(const std::string& part, int level) {
+    for (protocol::ChildrenRequest request{part, 0, 1'000};; request.first += request.limit) {
+      const auto page = _server.Ask(protocol::kCommandChildren, protocol::WriteChildrenRequest(request),
+                                    protocol::ReadTreeNodes);
+      if (!page) return page.Failure();
+      for (const protocol::TreeNode& node : page.Value().nodes)
+        if (const auto printed = Print(node, level); !printed) return printed;
+      if (request.first + request.limit >= page.Value().total || _lines > kMostLines) return {};
+    }
+  }
+
+  void Finish() {
+    if (_lines > kMostLines)
+      _console.errors << "lumira: only the first " << kMostLines
+                      << " lines are shown; give a part or --depth to see less\n";
+  }
+
+  static constexpr int kMostLines = 10'000;
+
+ private:
+  void PrintLine(const protocol::TreeNode& node, int level) {
+    _console.out << std::string(2 * static_cast<std::size_t>(level), ' ') << node.partId;
+    if (!node.name.empty() && node.name != node.partId) _console.out << " \"" << node.name << '"';
+    if (!node.revision.empty()) _console.out << " revision " << node.revision;
+    if (node.quantity != 1) _console.out << " x" << node.quantity;
+    if (node.mass) _console.out << "  " << protocol::FormatNumber(*node.mass) << " kg";
+    if (node.computedStatus == protocol::MassTypeStatus::OutOfDate) _console.out << " (out of date)";
+    _console.out << '\n';
+  }
+
+  OpenServer& _server;
+  int _depth;
+  const Console& _console;
+  int _lines = 0;
+};
+
+Result<void> PrintProducts(OpenServer& server, TreePrinter& printer, const Console& console) {
+  const auto products = server.Ask(protocol::kCommandProducts, {}, protocol::ReadProductList);
+  if (!products) return products.Failure();
+  for (const protocol::ProductEntry& entry : products.Value().products) {
+    console.out << "Product \"" << entry.product << "\"\n";
+    if (const auto printed = printer.Print(entry.root, 1); !printed) return printed;
+  }
+  return {};
+}
+
+Result<protocol::PartData> AskPartData(OpenServer& server, const std::string& part) {
+  protocol::PartDataRequest request;
+  request.partId = part;
+  return server.Ask(protocol::kCommandPartData, protocol::WritePartDataRequest(request), protocol::ReadPartData);
+}
+
+Placement ToPlacement(const std::vector<double>& numbers) {
+  Placement placement;
+  std::copy_n(numbers.begin(), 9, placement.rotation.m.begin());
+  placement.translation = {numbers[9], numbers[10], numbers[11]};
+  return placement;
+}
+
+// The reply leaves out the standard deviations of centre and inertia; the stored result has them.
+Result<ComputedValues> CollectValues(OpenServer& server, const protocol::PartData& data) {
+  const auto results = server.Data().LoadResults(data.configurationHandler);
+  if (!results) return results.Failure();
+  const auto result = std::find_if(results.Value().begin(), results.Value().end(),
+                                   [&](const StoredResult& r) { return r.partId == data.partId; });
+  if (result == results.Value().end())
+    return Error{ErrorKind::Internal, "the result of \"" + data.partId + "\" was not stored"};
+  const protocol::MassType& computed = data.massTypes.front();
+  return ComputedValues{data.partId, result->computed.properties, computed.lowerDeviation, computed.upperDeviation,
+                        result->computed.deviations,
+                        data.placement.empty() ? Placement{} : ToPlacement(data.placement)};
+}
+
+void PrintFrame(const protocol::PartData& data, const Console& console) {
+  console.out << "# SI units. cg and inertia_ref are in the frame of "
+              << (data.placement.empty() ? "the part itself, which stands in several places"
+                                         : "the product's top part")
+              << "; inertia_cg is in the part's axes.\n";
+}
+
+Result<void> PrintWarnings(OpenServer& server, const Console& console) {
+  const auto pending = server.Ask(protocol::kCommandPendingWarnings, {}, protocol::ReadPendingWarnings);
+  if (!pending) return pending.Failure();
+  for (const protocol::Warning& warning : pending.Value().warnings)
+    console.errors << (warning.severity == protocol::Severity::Information ? "note: " : "warning: ") << warning.text
+                   << '\n';
+  return {};
+}
+
+}  // namespace
+
+Result<void> Do(const InitAction& action, const Console& console) {
+  const auto store = CreateSqliteStore(action.file);
+  if (!store) return store.Failure();
+  console.out << "Made the database \"" << action.file << "\".\n";
+  return {};
+}
+
+Result<void> Do(const ImportAction& action, const Console& console) {
+  const auto tables = ReadTables(action);
+  if (!tables) return tables.Failure();
+  auto store = OpenSqliteStore(action.file);
+  if (!store) return store.Failure();
+  ImportOptions options = action.options;
+  options.progress = ProgressOn(console);
+  const auto report = ImportProduct(*store.Value(), tables.Value(), options);
+  ClearProgress(console);
+  if (!report) return report.Failure();
+  WriteReport(report.Value(), options.mode, console);
+  return {};
+}
+
+Result<void> Do(const TreeAction& action, const Console& console) {
+  auto server = OpenServer::On(action.file, console);
+  if (!server) return server.Failure();
+  TreePrinter printer(server.Value(), action.depth, console);
+  const auto printed = action.part.empty() ? PrintProducts(server.Value(), printer, console)
+                                           : printer.PrintChildren(action.part, 0);
+  ClearProgress(console);
+  printer.Finish();
+  return printed;
+}
+
+Result<void> Do(const ComputeAction& action, const Console& console) {
+  auto server = OpenServer::On(action.file, console);
+  if (!server) return server.Failure();
+  const protocol::ComputeRequest request{.hasInstance = true, .partId = action.part, .options = {}};
+  const auto reply = server.Value().Execute(protocol::kCommandComputePart, protocol::WriteComputeRequest(request));
+  ClearProgress(console);
+  if (!reply) return reply.Failure();
+  const auto data = AskPartData(server.Value(), action.part);
+  if (!data) return data.Failure();
+  const auto values = CollectValues(server.Value(), data.Value());
+  if (!values) return values.Failure();
+  PrintFrame(data.Value(), console);
+  WriteValues(console.out, values.Value());
+  return PrintWarnings(server.Value(), console);
+}
+
+Result<void> Do(const CommandAction& action, const Console& console) {
+  auto server = OpenServer::On(action.file, console);
+  if (!server) return server.Failure();
+  const auto reply = server.Value().Execute(action.name, action.request);
+  ClearProgress(console);
+  if (!reply) return reply.Failure();
+  console.out << reply.Value() << '\n';
+  return {};
+}
+
+}  // namespace lumira

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <optional>
+#include <ostream>
+#include <string>
+
+#include "lumira/import/ImportProduct.h"
+#include "protocol/Result.h"
+
+/// What the program can do, each with its parameters.
+namespace lumira {
+
+/// Where a program writes to.
+struct Console {
+  std::ostream& out;
+  std::ostream& errors;
+  bool showProgress = false;
+};
+
+struct InitAction {
+  std::string file;
+};
+
+struct ImportAction {
+  std::string file;
+  std::string structure;  ///< path of the structure table; empty: it is in the mass table
+  std::string mass;       ///< path of the mass table
+  ImportOptions options;
+};
+
+struct TreeAction {
+  std::string file;
+  std::string part;   ///< empty: every product from its root
+  int depth = 1'000;  ///< levels below the part
+};
+
+struct ComputeAction {
+  std::string file;
+  std::string part;
+};
+
+struct CommandAction {
+  std::string file;
+  std::string name;
+  std::string request;
+};
+
+protocol::Result<void> Do(const InitAction& action, const Console& console);
+protocol::Result<void> Do(const ImportAction& action, const Console& console);
+protocol::Result<void> Do(const TreeAction& action, const Console& console);
+protocol::Result<void> Do(const ComputeAction& action, const Console& console);
+protocol::Result<void> Do(const CommandAction& action, const Console& console);
+
+}  // namespace lumira

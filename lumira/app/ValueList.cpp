@@ -1,0 +1,66 @@
+#include "lumira/app/ValueList.h"
+
+#include <cctype>
+#include <cstdio>
+
+namespace lumira {
+namespace {
+
+std::string Prefix(std::string_view part) {
+  std::string prefix;
+  for (const char c : part) {
+    const auto byte = static_cast<unsigned char>(c);
+    prefix += std::isalnum(byte) != 0 || byte >= 0x80 ? static_cast<char>(std::tolower(byte)) : '_';
+  }
+  return prefix;
+}
+
+class Writer {
+ public:
+  Writer(std::ostream& out, std::string_view part) : _out(out), _prefix(Prefix(part)) {}
+
+  void Value(const std::string& name, double value) {
+    char digits[40];
+    std::snprintf(digits, sizeof digits, "%.17g", value);
+    _out << _prefix << '.' << name << " = " << digits << '\n';
+  }
+
+  void Vector(const std::string& name, const Vec3& v) {
+    Value(name + "_x_m", v.x);
+    Value(name + "_y_m", v.y);
+    Value(name + "_z_m", v.z);
+  }
+
+  void Tensor(const std::string& name, const InertiaTensor& i) {
+    Value(name + "_xx_kgm2", i.xx);
+    Value(name + "_yy_kgm2", i.yy);
+    Value(name + "_zz_kgm2", i.zz);
+    Value(name + "_xy_kgm2", i.xy);
+    Value(name + "_xz_kgm2", i.xz);
+    Value(name + "_yz_kgm2", i.yz);
+  }
+
+ private:
+  std::ostream& _out;
+  std::string _prefix;
+};
+
+}  // namespace
+
+void WriteValues(std::ostream& out, const ComputedValues& values) {
+  Writer writer(out, values.part);
+  const auto& [mass, cg, inertia] = values.properties;
+  if (mass) writer.Value("mass_kg", *mass);
+  if (cg) writer.Vector("cg", values.placement * *cg);
+  if (inertia) writer.Tensor("inertia_cg", *inertia);
+  if (mass && cg && inertia)
+    writer.Tensor("inertia_ref", ShiftedFromCg(Rotated(*inertia, values.placement.rotation), *mass,
+                                               values.placement * *cg));
+  writer.Value("mass_lower_deviation_kg", values.lowerDeviation);
+  writer.Value("mass_upper_deviation_kg", values.upperDeviation);
+  writer.Value("sd_mass_kg", values.deviations.mass);
+  writer.Vector("sd_cg", values.deviations.cg);
+  writer.Tensor("sd_inertia_cg", values.deviations.inertia);
+}
+
+}  // namespace lumira
