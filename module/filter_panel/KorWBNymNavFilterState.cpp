@@ -17,25 +17,32 @@ const char* const kConfigurationPrefix = "0|";
 KorWBNymNavFilterPanel::Choice KorWBNymNavFilterPanel::ChoiceFor(const KorUnicodeString& prcId) {
   // The filter applies only to the product root for which it was chosen.
   if (prcId != selectedPRCID) return Choice::None;
-  // A user filter list that was never recorded (empty text) counts as a choice; a recorded empty list does not.
+  // A user filter list that was never recorded (empty text) counts as a choice; a recorded empty list does
+  // not.
   if (selectedFilterOption == kUserOption && selectedPVSFilter != kEmptyUserFilter) return Choice::User;
   return selectedFilterOption == kConfigurationOption ? Choice::Configuration : Choice::None;
 }
 
 KorUnicodeString KorWBNymNavFilterPanel::GetFilter(const KorUnicodeString& prcId) {
   switch (ChoiceFor(prcId)) {
-    case Choice::User: return selectedFilter;
-    case Choice::Configuration: return kConfigurationPrefix + selectedPRCConfigHandler;
-    case Choice::None: break;
+    case Choice::User:
+      return selectedFilter;
+    case Choice::Configuration:
+      return kConfigurationPrefix + selectedPRCConfigHandler;
+    case Choice::None:
+      break;
   }
   return KorUnicodeString(kConfigurationPrefix) + kNoFilter;
 }
 
 KorUnicodeString KorWBNymNavFilterPanel::GetDisplayFilter(const KorUnicodeString& prcId) {
   switch (ChoiceFor(prcId)) {
-    case Choice::User: return "User Filter";
-    case Choice::Configuration: return selectedPRCConfigHandler;
-    case Choice::None: break;
+    case Choice::User:
+      return "User Filter";
+    case Choice::Configuration:
+      return selectedPRCConfigHandler;
+    case Choice::None:
+      break;
   }
   return kNoFilter;
 }
@@ -55,8 +62,9 @@ bool KorWBNymNavFilterPanel::IsValid(const KorUnicodeString& prcId, const KorUni
 }
 
 bool KorWBNymNavFilterPanel::StoredListsAreParallel() {
-  return _listOfInstanceIds.Size() == _listOfPartsIds.Size() && _listOfPartsIds.Size() == _listOfPartVers.Size() &&
-         _listOfPartVers.Size() == _listOfPaths.Size() && _listOfPaths.Size() == _listOfPathDepths.Size();
+  return _listOfInstanceIds.Size() == _listOfPartsIds.Size() &&
+         _listOfPartsIds.Size() == _listOfPartVers.Size() && _listOfPartVers.Size() == _listOfPaths.Size() &&
+         _listOfPaths.Size() == _listOfPathDepths.Size();
 }
 
 HRESULT KorWBNymNavFilterPanel::GetFilterContents(KorListValKorUnicodeString& instanceIds,

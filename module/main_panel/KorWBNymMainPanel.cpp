@@ -4,9 +4,9 @@
 #include <iostream>
 
 #include "framework/dialog/KorApplicationFrame.h"
+#include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgRadioButton.h"
-#include "framework/dialog/KorDlgCombo.h"
 #include "module/filter_panel/KorWBNymNavFilterPanel.h"
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
 #include "module/shared/KorWBNymNavMessages.h"
@@ -21,7 +21,8 @@ constexpr std::array kUnitsTypes{WBUnitsDensity, WBUnitsLength, WBUnitsMass, WBU
 }  // namespace
 
 KorWBNymMainPanel::KorWBNymMainPanel(KorWBAllDataBuffer* buffer)
-    : KorDlgDialog(KorApplicationFrame::GetMainWindow(), kPanelName, KorDlgStyle::kPanelDialog), _dataBuffer(buffer) {
+    : KorDlgDialog(KorApplicationFrame::GetMainWindow(), kPanelName, KorDlgStyle::kPanelDialog),
+      _dataBuffer(buffer) {
   KORWB_PART_TRACE("KorWBNymMainPanel");
   ReadPartFromBuffer();
   KorWBNymMainPanel::Build();
@@ -46,7 +47,7 @@ HRESULT KorWBNymMainPanel::SetModel(KorWBAllDataBuffer* buffer) {
   _dataBuffer = buffer;
   if (_dataBuffer) {
     ReadPartFromBuffer();
-    Build();  // only a panel that was opened without a buffer has no widgets yet
+    if (!_widgets.tabs) Build();  // the panel was opened without a buffer
     RefreshPanelWithInfo();
     ApplyConfigurationFilter();
     if (_widgets.atReference->IsChecked()) {

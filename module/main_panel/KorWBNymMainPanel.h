@@ -8,18 +8,20 @@
 #include "services/KorWBAllDataBuffer.h"
 
 class LumWBAllDataBuffer;
+struct KorWBNymNavMassValues;
 struct KorWBNymNavMessages;
 struct KorWBNymNavReferenceFrame;
 
 /// The part panel: shows, computes and edits the weight-and-balance data of one part.
 ///
-/// Everything that it shows comes from the data buffer that it is bound to, at each refresh; what the user does goes
-/// to the buffer or, as a command, to the server. It holds one reference to the buffer from binding to rebinding or
-/// destruction. The host creates it directly, attaches a backend, shows it and listens to "Frame238.CloseButton".
+/// Everything that it shows comes from the data buffer that it is bound to, at each refresh; what the user
+/// does goes to the buffer or, as a command, to the server. It holds one reference to the buffer from binding
+/// to rebinding or destruction. The host creates it directly, attaches a backend, shows it and listens to
+/// "Frame238.CloseButton".
 class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
  public:
-  /// Lays the panel out for the part of `buffer`, subscribes to the units manager and fills every page. Without a
-  /// buffer the panel has no widgets until SetModel binds one.
+  /// Lays the panel out for the part of `buffer`, subscribes to the units manager and fills every page.
+  /// Without a buffer the panel has no widgets until SetModel binds one.
   explicit KorWBNymMainPanel(KorWBAllDataBuffer* buffer);
   KorWBNymMainPanel(const KorWBNymMainPanel&) = delete;
   KorWBNymMainPanel& operator=(const KorWBNymMainPanel&) = delete;
@@ -30,8 +32,8 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   /// "KorWBNymMainPanel", then what the base class answers.
   KorString GetResourceFilename(int index) const override;
 
-  /// Binds another buffer, or none, and refreshes. Which pages the panel has was decided when it was laid out.
-  /// Returns E_FAIL, whatever happened: callers ignore it and the value is kept as it is.
+  /// Binds another buffer, or none, and refreshes. Which pages the panel has was decided when it was laid
+  /// out. Returns E_FAIL, whatever happened: callers ignore it and the value is kept as it is.
   HRESULT SetModel(KorWBAllDataBuffer* buffer);
   /// Fills every page from the buffer; S_OK, also without a buffer.
   HRESULT RefreshPanelWithInfo();
@@ -55,8 +57,8 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   HRESULT RefreshLengthUnits();
   HRESULT RefreshMassUnits();
   HRESULT RefreshMomentOfInertiaUnits();
-  /// Shows a tensor (kg·m², products negated) as moments and products of inertia: in the editors of the results page
-  /// when the label is "Active", in those of the mass-types page for any other label.
+  /// Shows a tensor (kg·m², products negated) as moments and products of inertia: in the editors of the
+  /// results page when the label is "Active", in those of the mass-types page for any other label.
   HRESULT RefreshMomentOfInertiaUnits(const KorMath3x3Matrix& inertia, const KorUnicodeString& label);
 
  protected:
@@ -100,7 +102,6 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   /// About which point, and in which axes, the results are shown.
   enum class ReferenceMode { CurrentPart = 0, RootProduct = 1, Custom = 2 };
   struct ResultsView;
-  struct Results;
 
   // layout
   void BuildHeader();
@@ -140,15 +141,26 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   KorWBNymNavReferenceFrame CustomFrame() const;
   void GetCustomRefModeValues(KorMathPoint& point, KorMath3x3Matrix& axes) const;
   HRESULT GetResultsView(ResultsView& view) const;
-  Results ReadComputed() const;
-  Results ExpressIn(const ResultsView& view, Results results) const;
+  KorWBNymNavMassValues ReadComputed() const;
+  static KorWBNymNavMassValues ExpressIn(const ResultsView& view, KorWBNymNavMassValues values);
   HRESULT ShowMasses(double mass);
-  HRESULT ShowResults(const Results& results);
+  HRESULT ShowResults(const KorWBNymNavMassValues& results);
   void ShowNotComputed();
   bool IsComputedDefined() const;
-  HRESULT ShowComputed(HRESULT (KorWBNymMainPanel::*show)(const Results&));
-  HRESULT ShowCG(const Results& results);
-  HRESULT ShowInertia(const Results& results);
+  HRESULT ShowComputed(HRESULT (KorWBNymMainPanel::*show)(const KorWBNymNavMassValues&));
+  HRESULT ShowCG(const KorWBNymNavMassValues& results);
+  HRESULT ShowInertia(const KorWBNymNavMassValues& results);
+
+  // mass types, material, precision
+  void ShowMassTypeCG(const KorWBNymNavMassValues& values);
+  void ShowNoDistribution();
+  void OfferDelete(const KorUnicodeString& shownType);
+  void ShowDensityPriority();
+  void ShowWhereMaterialApplies();
+  void ShowMaterialStatistics();
+  void BrowseStatistics(int step);
+  void FillPrecisionCombos();
+  void ShowBounds(const KorUnicodeString& massType, int precisionType, int valueType);
 
   // modes
   void ShowMovedToReference(const KorUnicodeString& massType, const KorUnicodeString& label);
@@ -181,7 +193,7 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   double _density = 0;         ///< kg/m³
   double _partRefDensity = 0;  ///< kg/m³
   bool _computed = false;      ///< whether the buffer held computed values when it was bound
-  bool _rebinding = false;     ///< cleared at the end of construction and of every rebinding; nothing reads it
+  bool _rebinding = false;  ///< cleared at the end of construction and of every rebinding; nothing reads it
   KorListValKorUnicodeString _massTypeNames;   ///< working list of the mass-types page
   KorListValKorUnicodeString _precisionNames;  ///< working list of the precision page
 };

@@ -63,8 +63,8 @@ KorUnicodeString KorWBNymMainPanel::ComputeRequest() const {
   return KorUnicodeString(Pdm().HasInstInLUMIRA() ? "1" : "0") + "|" + identifier + "|" + information;
 }
 
-/// When the part was computed before it was bound and another mass type is active, the reply is not stored: this is
-/// deliberate.
+/// When the part was computed before it was bound and another mass type is active, the reply is not stored:
+/// this is deliberate.
 HRESULT KorWBNymMainPanel::StoreComputed(const KorUnicodeString& reply) {
   const bool computedIsActive =
       _widgets.activeMass->GetSelectedLine().Compare(KorLumWBCSCommonDefinitions::Computed) != 0;

@@ -22,15 +22,19 @@ struct AutoMode {
 
 AutoMode AutoModeOf(int mode) {
   switch (mode) {
-    case 0: return {"latest", "***MOST RECENT REVISION***"};
-    case 1: return {"attached", "***ATTACHED REVISION***"};
-    default: return {"", ""};
+    case 0:
+      return {"latest", "***MOST RECENT REVISION***"};
+    case 1:
+      return {"attached", "***ATTACHED REVISION***"};
+    default:
+      return {"", ""};
   }
 }
 
 }  // namespace
 
-// A panel that was laid out for a part without documents has no documents page, whatever part it is bound to later.
+// A panel that was laid out for a part without documents has no documents page, whatever part it is bound to
+// later.
 void KorWBNymMainPanel::RefreshActiveDocument() {
   Pdm().GetActiveDocId(_activeDocId);
   Pdm().GetActiveDocVersion(_activeDocVersion);

@@ -1,8 +1,18 @@
 // The mass-types page.
 
+#include <array>
+
 #include "framework/dialog/KorDlgCombo.h"
+#include "framework/dialog/KorDlgPushButton.h"
+#include "framework/dialog/KorDlgRadioButton.h"
 #include "module/main_panel/KorWBNymMainPanel.h"
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
+#include "module/shared/KorWBNymNavMassValues.h"
+#include "module/shared/KorWBNymNavUnitDisplay.h"
+#include "services/KorLumWBCSCommonDefinitions.h"
+#include "services/LumWBAllDataBuffer.h"
+
+using Display = KorWBNymNavUnitDisplay;
 
 HRESULT KorWBNymMainPanel::RefreshMassTypeTab() {
   KORWB_PART_TRACE("RefreshMassTypeTab");
@@ -17,4 +27,52 @@ HRESULT KorWBNymMainPanel::RefreshMassTypeTab() {
   _widgets.massType->SetSelect(active, KorNotify::Send);
   _widgets.activeMass->SetSelect(active, KorNotify::Send);
   return traceStatus;
+}
+
+// Shows another mass type. What a mass type lacks leaves its editors as they are.
+void KorWBNymMainPanel::OnMassTypeChangeNotification(KorCommand*, KorNotification*, KorCommandClientData) {
+  if (!_dataBuffer) return;
+  const KorUnicodeString shownType = _widgets.massType->GetSelectedLine();
+  if (_dataBuffer->GetMassTypeDefined(shownType) != KorWBAllDataBuffer::kDefined) {
+    Display::ShowNoValueIn(std::array{_widgets.mtMass});
+    ShowNoDistribution();
+    return;
+  }
+  auto values = KorWBNymNavMassValues::ReadEach(*_dataBuffer, shownType);
+  if (values.CanMove()) {
+    if (_widgets.atReference->IsChecked()) values.MoveInertiaTo(KorMathO);
+    RefreshMomentOfInertiaUnits(*values.inertia, "Current");
+  }
+  Display::ShowIn(Display::kMass, _widgets.mtMass, values.mass);
+  // A standard part has a mass only, unless it was computed.
+  if (Pdm().IsStandatadPart() && !shownType.Compare(KorLumWBCSCommonDefinitions::Computed)) {
+    ShowNoDistribution();
+    return;
+  }
+  ShowMassTypeCG(values);
+  OfferDelete(shownType);
+  // Once more and without the move to the reference point: the page ends with the inertia as it is stored.
+  if (const auto inertia = _dataBuffer->GetInertia(shownType))
+    RefreshMomentOfInertiaUnits(*inertia, "Current");
+}
+
+void KorWBNymMainPanel::ShowMassTypeCG(const KorWBNymNavMassValues& values) {
+  if (!values.cg) return;
+  const std::array coordinates{values.cg->GetX(), values.cg->GetY(), values.cg->GetZ()};
+  Display::ShowIn(Display::kLength, _widgets.mtCG, std::span(coordinates));
+}
+
+void KorWBNymMainPanel::ShowNoDistribution() {
+  Display::ShowNoValueIn(_widgets.mtCG);
+  Display::ShowNoValueIn(_widgets.mtInertia);
+}
+
+/// In edit mode a mass type that is neither computed nor active can be deleted.
+void KorWBNymMainPanel::OfferDelete(const KorUnicodeString& shownType) {
+  const bool editable =
+      !shownType.Compare(KorLumWBCSCommonDefinitions::Computed) && _widgets.save->IsEnabled();
+  if (!editable)
+    _widgets.deleteValues->SetSensitivity(KorSensitivity::Disabled);
+  else if (!shownType.Compare(_widgets.activeMass->GetSelectedLine()))
+    _widgets.deleteValues->SetSensitivity(KorSensitivity::Enabled);
 }

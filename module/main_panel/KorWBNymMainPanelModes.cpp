@@ -6,33 +6,14 @@
 #include "framework/dialog/KorDlgRadioButton.h"
 #include "framework/dialog/KorDlgTabContainer.h"
 #include "module/main_panel/KorWBNymMainPanel.h"
+#include "module/shared/KorWBNymNavMassValues.h"
 #include "services/KorLumWBCSCommonDefinitions.h"
-#include "services/KorWBServices.h"
 
 namespace {
 
-constexpr double kMetresPerMillimetre = 0.001;
-constexpr bool kFromCentreOfGravity = true;
 constexpr KorDlgGrid kCustomFramePlace{3, 0};
 constexpr KorDlgGrid kCommandsBelowCustomFrame{4, 0};
 constexpr KorDlgGrid kCommandsDirectly{3, 0};
-
-struct MassTypeValues {
-  std::unique_ptr<KorMath3x3Matrix> inertia;  ///< kg·m² about the centre of gravity
-  std::unique_ptr<double[]> cg;               ///< mm
-  double mass = 0;                            ///< kg
-
-  MassTypeValues(const KorWBAllDataBuffer& buffer, const KorUnicodeString& massType) {
-    buffer.GetMassTypeValues(massType, inertia, cg, mass);
-  }
-  bool HasTensorAndPoint() const { return inertia && cg; }
-  bool HasMass() const { return mass > 0.0; }
-  /// From the centre of gravity to the part's origin.
-  void MoveToOrigin() {
-    const KorMathPoint cgInMetres = kMetresPerMillimetre * KorMathPoint(cg[0], cg[1], cg[2]);
-    KorWBServices::ConvertInertiaMatrix(*inertia, mass, cgInMetres, KorMathO, kFromCentreOfGravity);
-  }
-};
 
 /// Checks the button as a user would: one that is checked already stays as it is and tells nobody.
 void Choose(KorDlgRadioButton& button) {
@@ -41,26 +22,27 @@ void Choose(KorDlgRadioButton& button) {
 
 }  // namespace
 
-void KorWBNymMainPanel::ShowMovedToReference(const KorUnicodeString& massType, const KorUnicodeString& label) {
-  MassTypeValues values(*_dataBuffer, massType);
-  if (!values.HasTensorAndPoint() || !values.HasMass()) return;
-  values.MoveToOrigin();
+void KorWBNymMainPanel::ShowMovedToReference(const KorUnicodeString& massType,
+                                             const KorUnicodeString& label) {
+  auto values = KorWBNymNavMassValues::Read(*_dataBuffer, massType);
+  if (!values.CanMove()) return;
+  values.MoveInertiaTo(KorMathO);
   RefreshMomentOfInertiaUnits(*values.inertia, label);
 }
 
 void KorWBNymMainPanel::OnInertiaModeModify(KorCommand*, KorNotification*, KorCommandClientData) {
   if (!_dataBuffer) return;
-  MassTypeValues computed(*_dataBuffer, KorLumWBCSCommonDefinitions::Computed);
-  if (!computed.HasTensorAndPoint()) return;
-  MassTypeValues shown(*_dataBuffer, _widgets.massType->GetSelectedLine());
-  if (!shown.HasTensorAndPoint()) return;
+  auto computed = KorWBNymNavMassValues::Read(*_dataBuffer, KorLumWBCSCommonDefinitions::Computed);
+  if (!computed.HasInertiaAndPoint()) return;
+  auto shown = KorWBNymNavMassValues::Read(*_dataBuffer, _widgets.massType->GetSelectedLine());
+  if (!shown.HasInertiaAndPoint()) return;
   if (!_widgets.currentPart->IsChecked()) {
     RefreshResultsTab();
     return;
   }
   for (const auto& [values, label] : {std::pair(&computed, "Active"), std::pair(&shown, "Current")}) {
-    if (!values->HasMass()) continue;
-    if (_widgets.atReference->IsChecked()) values->MoveToOrigin();
+    if (!values->CanMove()) continue;
+    if (_widgets.atReference->IsChecked()) values->MoveInertiaTo(KorMathO);
     RefreshMomentOfInertiaUnits(*values->inertia, label);
   }
 }
@@ -82,7 +64,8 @@ void KorWBNymMainPanel::PlaceCustomFrame() {
   w.customFrame->SetSensitivity(KorEnabledIf(custom));
 }
 
-void KorWBNymMainPanel::OnTabContainer001TabSelectNotification(KorCommand*, KorNotification*, KorCommandClientData) {
+void KorWBNymMainPanel::OnTabContainer001TabSelectNotification(KorCommand*, KorNotification*,
+                                                               KorCommandClientData) {
   if (!_dataBuffer) return;
   _widgets.deleteValues->SetSensitivity(KorSensitivity::Disabled);
   if (_widgets.tabs->GetSelectedPage() == 0)
@@ -108,8 +91,8 @@ void KorWBNymMainPanel::EnterResultsPage() {
     w.referenceModeFrame->SetSensitivity(KorSensitivity::Enabled);
     if (w.customReference->IsChecked()) w.customFrame->SetSensitivity(KorSensitivity::Enabled);
   }
-  // This asks for the second page while the first is in front, so that it never runs and a change of page always
-  // leaves "DeleteButton" disabled. It stands here on purpose and stays here.
+  // This asks for the second page while the first is in front, so that it never runs and a change of page
+  // always leaves "DeleteButton" disabled. It stands here on purpose and stays here.
   const KorUnicodeString shownType = w.massType->GetSelectedLine();
   if (w.tabs->GetSelectedPage() == 1 && !shownType.Compare(KorLumWBCSCommonDefinitions::Computed) &&
       _dataBuffer->GetMassTypeDefined(shownType) == KorWBAllDataBuffer::kDefined && w.save->IsEnabled())

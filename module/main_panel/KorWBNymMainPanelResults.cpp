@@ -7,15 +7,12 @@
 #include "framework/dialog/KorDlgRadioButton.h"
 #include "module/main_panel/KorWBNymMainPanelResultsView.h"
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
+#include "module/shared/KorWBNymNavMassValues.h"
 #include "module/shared/KorWBNymNavReferenceFrame.h"
 #include "module/shared/KorWBNymNavUnitDisplay.h"
 #include "services/KorLumWBCSCommonDefinitions.h"
-#include "services/KorWBServices.h"
 
 namespace {
-
-constexpr double kMetresPerMillimetre = 0.001;
-constexpr bool kFromCentreOfGravity = true;
 
 /// Nine rotation coefficients, then three lengths in mm; what the list lacks is 0.0, also in the rotation.
 KorMathTransformation PlacementFrom(const std::vector<double>& coefficients) {
@@ -24,7 +21,9 @@ KorMathTransformation PlacementFrom(const std::vector<double>& coefficients) {
   return KorMathTransformation(all);
 }
 
-std::array<double, 3> Coordinates(const KorMathPoint& point) { return {point.GetX(), point.GetY(), point.GetZ()}; }
+std::array<double, 3> Coordinates(const KorMathPoint& point) {
+  return {point.GetX(), point.GetY(), point.GetZ()};
+}
 
 }  // namespace
 
@@ -53,7 +52,7 @@ HRESULT KorWBNymMainPanel::RefreshResultsTab() {
     ShowNotComputed();
     return traceStatus;
   }
-  const Results computed = ReadComputed();
+  const KorWBNymNavMassValues computed = ReadComputed();
   if (traceStatus = ShowMasses(computed.mass); Failed(traceStatus)) return traceStatus;
   return traceStatus = ShowResults(ExpressIn(view, computed));
 }
@@ -79,13 +78,8 @@ void KorWBNymMainPanel::ShowNotComputed() {
   Display::ShowNoValueIn(_widgets.inertia);
 }
 
-KorWBNymMainPanel::Results KorWBNymMainPanel::ReadComputed() const {
-  const KorUnicodeString& computed = KorLumWBCSCommonDefinitions::Computed;
-  Results results;
-  results.mass = _dataBuffer->GetMass(computed);
-  if (const auto cg = _dataBuffer->GetCG(computed)) results.cg = KorMathPoint(cg[0], cg[1], cg[2]);
-  if (const auto inertia = _dataBuffer->GetInertia(computed)) results.inertia = *inertia;
-  return results;
+KorWBNymNavMassValues KorWBNymMainPanel::ReadComputed() const {
+  return KorWBNymNavMassValues::ReadEach(*_dataBuffer, KorLumWBCSCommonDefinitions::Computed);
 }
 
 HRESULT KorWBNymMainPanel::ShowMasses(double mass) {
@@ -100,10 +94,10 @@ HRESULT KorWBNymMainPanel::ShowMasses(double mass) {
   return status;
 }
 
-/// The values about the view's reference, in its axes. Inertia that would have to be moved from a centre of gravity
-/// that is not known becomes unknown itself.
-KorWBNymMainPanel::Results KorWBNymMainPanel::ExpressIn(const ResultsView& view, Results results) const {
-  auto& [mass, cg, inertia] = results;
+/// The values about the view's reference, in its axes. Inertia that would have to be moved from a centre of
+/// gravity that is not known becomes unknown itself.
+KorWBNymNavMassValues KorWBNymMainPanel::ExpressIn(const ResultsView& view, KorWBNymNavMassValues values) {
+  auto& [mass, cg, inertia] = values;
   if (view.mode != ReferenceMode::CurrentPart) {
     const KorMath3x3Matrix& rotation = view.placement.GetMatrix();
     if (cg && mass != 0.0) cg = view.placement * *cg;
@@ -115,32 +109,31 @@ KorWBNymMainPanel::Results KorWBNymMainPanel::ExpressIn(const ResultsView& view,
     if (inertia) inertia = view.inverseAxes * *inertia * view.axes;
   }
   if (view.atReference && !cg) inertia.reset();
-  if (view.atReference && inertia)
-    KorWBServices::ConvertInertiaMatrix(*inertia, mass, kMetresPerMillimetre * *cg,
-                                        kMetresPerMillimetre * view.reference, kFromCentreOfGravity);
+  if (view.atReference && inertia) values.MoveInertiaTo(view.reference);
   if (view.mode == ReferenceMode::Custom && cg) cg = *cg - view.reference;
-  return results;
+  return values;
 }
 
-HRESULT KorWBNymMainPanel::ShowResults(const Results& results) {
-  // Under the computed type's own name, which is not "Active": the mass-types page shows the inertia too, until its
-  // own refresh or another choice there writes it again.
+HRESULT KorWBNymMainPanel::ShowResults(const KorWBNymNavMassValues& results) {
+  // Under the computed type's own name, which is not "Active": the mass-types page shows the inertia too,
+  // until its own refresh or another choice there writes it again.
   if (results.inertia) {
-    const HRESULT status = RefreshMomentOfInertiaUnits(*results.inertia, KorLumWBCSCommonDefinitions::Computed);
+    const HRESULT status =
+        RefreshMomentOfInertiaUnits(*results.inertia, KorLumWBCSCommonDefinitions::Computed);
     if (Failed(status)) return status;
   }
   const HRESULT status = ShowCG(results);
   return Failed(status) ? status : ShowInertia(results);
 }
 
-HRESULT KorWBNymMainPanel::ShowCG(const Results& results) {
+HRESULT KorWBNymMainPanel::ShowCG(const KorWBNymNavMassValues& results) {
   using Display = KorWBNymNavUnitDisplay;
   if (!results.cg) return Display::ShowIn(Display::kLength, _widgets.cg, std::nullopt);
   const auto coordinates = Coordinates(*results.cg);
   return Display::ShowIn(Display::kLength, _widgets.cg, std::span(coordinates));
 }
 
-HRESULT KorWBNymMainPanel::ShowInertia(const Results& results) {
+HRESULT KorWBNymMainPanel::ShowInertia(const KorWBNymNavMassValues& results) {
   using Display = KorWBNymNavUnitDisplay;
   if (!results.inertia) return Display::ShowIn(Display::kInertia, _widgets.inertia, std::nullopt);
   return RefreshMomentOfInertiaUnits(*results.inertia, "Active");

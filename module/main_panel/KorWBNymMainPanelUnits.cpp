@@ -6,27 +6,29 @@
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgRadioButton.h"
 #include "module/main_panel/KorWBNymMainPanelResultsView.h"
+#include "module/shared/KorWBNymNavMassValues.h"
 #include "module/shared/KorWBNymNavUnitDisplay.h"
 #include "services/KorLumWBCSCommonDefinitions.h"
-#include "services/KorWBServices.h"
 
 using Display = KorWBNymNavUnitDisplay;
 
 HRESULT KorWBNymMainPanel::RefreshMomentOfInertiaUnits(const KorMath3x3Matrix& inertia,
                                                        const KorUnicodeString& label) {
   // The tensor keeps the products of inertia negated, the editors show them with their physical sign.
-  const std::array shown{inertia.GetCoef(1, 1),        inertia.GetCoef(2, 2),        inertia.GetCoef(3, 3),
-                         -0.0 - inertia.GetCoef(1, 2), -0.0 - inertia.GetCoef(1, 3), -0.0 - inertia.GetCoef(2, 3)};
+  const std::array shown{inertia.GetCoef(1, 1),        inertia.GetCoef(2, 2),
+                         inertia.GetCoef(3, 3),        -0.0 - inertia.GetCoef(1, 2),
+                         -0.0 - inertia.GetCoef(1, 3), -0.0 - inertia.GetCoef(2, 3)};
   const bool active = label.Compare("Active") != 0;
   return Display::ShowIn(Display::kInertia, active ? _widgets.inertia : _widgets.mtInertia, std::span(shown));
 }
 
 bool KorWBNymMainPanel::IsComputedDefined() const {
-  return _dataBuffer->GetMassTypeDefined(KorLumWBCSCommonDefinitions::Computed) == KorWBAllDataBuffer::kDefined;
+  return _dataBuffer->GetMassTypeDefined(KorLumWBCSCommonDefinitions::Computed) ==
+         KorWBAllDataBuffer::kDefined;
 }
 
 /// Shows computed values again, as the results page has them; what is not computed stays as it is.
-HRESULT KorWBNymMainPanel::ShowComputed(HRESULT (KorWBNymMainPanel::*show)(const Results&)) {
+HRESULT KorWBNymMainPanel::ShowComputed(HRESULT (KorWBNymMainPanel::*show)(const KorWBNymNavMassValues&)) {
   if (!IsComputedDefined()) return S_OK;
   ResultsView view;
   const HRESULT status = GetResultsView(view);
@@ -51,8 +53,7 @@ HRESULT KorWBNymMainPanel::RefreshMassUnits() {
 
 HRESULT KorWBNymMainPanel::RefreshLengthUnits() {
   if (!_dataBuffer || !Display::Of(Display::kLength)) return E_FAIL;
-  if (const auto cg = _dataBuffer->GetCG(_widgets.massType->GetSelectedLine()))
-    Display::ShowIn(Display::kLength, _widgets.mtCG, std::span<const double>(cg.get(), 3));
+  ShowMassTypeCG(KorWBNymNavMassValues::ReadEach(*_dataBuffer, _widgets.massType->GetSelectedLine()));
   return ShowComputed(&KorWBNymMainPanel::ShowCG);
 }
 

@@ -15,8 +15,8 @@ class KorDlgTabPage;
 
 /// The widgets of the part panel that its code uses. The dialog's tree owns them.
 ///
-/// All are null until the panel is laid out. Those of the documents page and of the additional-properties page stay
-/// null when the panel was laid out for a part without them.
+/// All are null until the panel is laid out. Those of the documents page and of the additional-properties
+/// page stay null when the panel was laid out for a part without them.
 struct KorWBNymMainPanelWidgets {
   using Editors3 = std::array<KorDlgEditor*, 3>;  ///< x, y, z
   using Editors6 = std::array<KorDlgEditor*, 6>;  ///< Ixx, Iyy, Izz, Ixy, Ixz, Iyz

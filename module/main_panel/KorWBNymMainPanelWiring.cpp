@@ -15,6 +15,7 @@ void KorWBNymMainPanel::WireHandlers() {
   using Panel = KorWBNymMainPanel;
   using enum KorEvent;
   const KorWBNymMainPanelWidgets& w = _widgets;
+  // clang-format off
   KorWBNymNavWireHandlers(this, {
     {w.precisionType,      ComboSelect,  &Panel::OnTypeComboModifyNotification},
     {w.firstPriority,      ComboSelect,  &Panel::OnFirstComboModifyNotification},
@@ -42,6 +43,7 @@ void KorWBNymMainPanel::WireHandlers() {
     {w.statisticsName,     SpinnerUp,    &Panel::OnMatNameUpNotification},
     {w.statisticsName,     SpinnerDown,  &Panel::OnMatNameDownNotification},
     {w.standardPart,       CheckModify,  &Panel::OnStandardPartClickeNotification}});
+  // clang-format on
   if (w.documentsPage) WireDocumentsPage();
   if (w.additionalPage)
     KorWBNymNavWireHandlers(this, {{w.propertyName, ComboSelect, &Panel::OnPropertyNameComboChange}});
@@ -53,6 +55,7 @@ void KorWBNymMainPanel::WireDocumentsPage() {
   using Panel = KorWBNymMainPanel;
   using enum KorEvent;
   const KorWBNymMainPanelWidgets& w = _widgets;
+  // clang-format off
   KorWBNymNavWireHandlers(this, {
     {w.documents,             ComboSelect,  &Panel::OnDocPreviewValueChange},
     {w.changeActiveDoc,       PushActivate, &Panel::OnChangeActiveDocNotification},
@@ -60,17 +63,33 @@ void KorWBNymMainPanel::WireDocumentsPage() {
     {w.applyActiveDoc,        PushActivate, &Panel::OnApplyActiveDocNotification},
     {w.activeDocLatest,       RadioModify,  &Panel::OnActiveDocLatestNotification},
     {w.activeDocUserSelected, RadioModify,  &Panel::OnActiveDocUsrSelNotification}});
+  // clang-format on
 }
 
 // The panel opens in display mode.
 void KorWBNymMainPanel::SetInitialState() {
   const KorWBNymMainPanelWidgets& w = _widgets;
-  const std::initializer_list<KorDlgObject*> disabled{
-      w.activeMass,        w.mtMass,         w.mtCG[0],         w.mtCG[1],         w.mtCG[2],
-      w.mtInertia[0],      w.mtInertia[1],   w.mtInertia[2],    w.mtInertia[5],    w.mtInertia[4],
-      w.mtInertia[3],      w.density,        w.material,        w.firstPriority,   w.secondPriority,
-      w.precisionType,     w.upperPrecision, w.lowerPrecision,  w.precisionValueType, w.save,
-      w.deleteValues};
+  const std::initializer_list<KorDlgObject*> disabled{w.activeMass,
+                                                      w.mtMass,
+                                                      w.mtCG[0],
+                                                      w.mtCG[1],
+                                                      w.mtCG[2],
+                                                      w.mtInertia[0],
+                                                      w.mtInertia[1],
+                                                      w.mtInertia[2],
+                                                      w.mtInertia[5],
+                                                      w.mtInertia[4],
+                                                      w.mtInertia[3],
+                                                      w.density,
+                                                      w.material,
+                                                      w.firstPriority,
+                                                      w.secondPriority,
+                                                      w.precisionType,
+                                                      w.upperPrecision,
+                                                      w.lowerPrecision,
+                                                      w.precisionValueType,
+                                                      w.save,
+                                                      w.deleteValues};
   for (KorDlgObject* widget : disabled) widget->SetSensitivity(KorSensitivity::Disabled);
   w.atCG->SetState(KorCheckState::Checked, KorNotify::Send);
   w.currentPart->SetState(KorCheckState::Checked, KorNotify::Send);
@@ -81,8 +100,9 @@ void KorWBNymMainPanel::SetInitialState() {
 
 void KorWBNymMainPanel::SetInitialDocumentsState() {
   const KorWBNymMainPanelWidgets& w = _widgets;
-  const std::initializer_list<KorDlgObject*> disabled{w.activeDocLatest,  w.activeDocUserSelected, w.activeDocs,
-                                                      w.changeActiveDoc,  w.applyActiveDoc,        w.cancelActiveDoc};
+  const std::initializer_list<KorDlgObject*> disabled{w.activeDocLatest, w.activeDocUserSelected,
+                                                      w.activeDocs,      w.changeActiveDoc,
+                                                      w.applyActiveDoc,  w.cancelActiveDoc};
   for (KorDlgObject* widget : disabled) widget->SetSensitivity(KorSensitivity::Disabled);
   w.currentlyAttached->SetText(Pdm().GetCurrentlyAttachedVersion());
 }

@@ -14,8 +14,8 @@
 #include "framework/dialog/KorDlgTabContainer.h"
 #include "framework/dialog/KorDlgTabPage.h"
 
-/// Layouts as nested expressions that look like the dialog: a row for each widget with its name, style, grid place
-/// (row, column, columns, rows), the pointer that it fills, and what is inside it.
+/// Layouts as nested expressions that look like the dialog: a row for each widget with its name, style, grid
+/// place (row, column, columns, rows), the pointer that it fills, and what is inside it.
 ///
 ///     BuildLayout(*this, {
 ///         Frame("MassFrame", KorDlgStyle::kBorderedFrame, {0, 0}, nullptr, {
@@ -52,7 +52,8 @@ void CreateWidget(KorDlgObject& parent, const Node& node) {
 }
 
 template <class Widget>
-Node Row(const char* name, unsigned style, KorDlgGrid grid, Widget** member, Nodes children = {}, int textWidth = 0) {
+Node Row(const char* name, unsigned style, KorDlgGrid grid, Widget** member, Nodes children = {},
+         int textWidth = 0) {
   return {name, style, grid, member, textWidth, children, &CreateWidget<Widget>};
 }
 
@@ -71,7 +72,8 @@ inline Node Label(const char* name, KorDlgGrid grid, KorDlgLabel** member = null
                   unsigned style = KorDlgStyle::kNone) {
   return Row(name, style, grid, member);
 }
-inline Node Editor(const char* name, unsigned style, KorDlgGrid grid, KorDlgEditor** member, int textWidth = 0) {
+inline Node Editor(const char* name, unsigned style, KorDlgGrid grid, KorDlgEditor** member,
+                   int textWidth = 0) {
   return Row(name, style, grid, member, {}, textWidth);
 }
 inline Node Combo(const char* name, KorDlgGrid grid, KorDlgCombo** member) {

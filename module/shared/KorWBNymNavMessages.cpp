@@ -11,11 +11,12 @@ KorUnicodeString KorWBNymNavMessages::Text(const KorString& key, const KorUnicod
   return KorMsgCatalog::BuildMessage(catalogue, key, &parameter, 1, fallback);
 }
 
-void KorWBNymNavMessages::Show(const KorString& titleKey, const KorUnicodeString& message, unsigned flags) const {
+void KorWBNymNavMessages::Show(const KorString& titleKey, const KorUnicodeString& message,
+                               unsigned flags) const {
   ShowOver(panel, titleKey, message, flags);
 }
 
-void KorWBNymNavMessages::ShowOver(KorDlgDialog* parent, const KorString& titleKey, const KorUnicodeString& message,
-                                   unsigned flags) const {
+void KorWBNymNavMessages::ShowOver(KorDlgDialog* parent, const KorString& titleKey,
+                                   const KorUnicodeString& message, unsigned flags) const {
   KorWBServices::DisplayMsg(parent, Text(titleKey).ConvertToChar(), message, flags);
 }

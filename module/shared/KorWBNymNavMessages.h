@@ -8,7 +8,8 @@ struct KorWBNymNavMessages {
   KorString catalogue;
 
   KorUnicodeString Text(const KorString& key, const KorUnicodeString& fallback = {}) const;
-  KorUnicodeString Text(const KorString& key, const KorUnicodeString& parameter, const KorUnicodeString& fallback) const;
+  KorUnicodeString Text(const KorString& key, const KorUnicodeString& parameter,
+                        const KorUnicodeString& fallback) const;
   /// Over the panel, under the title of that key.
   void Show(const KorString& titleKey, const KorUnicodeString& message,
             unsigned flags = KorWBServices::kErrorOrWarning) const;

@@ -43,7 +43,8 @@ void KorWBNymNavReferenceFrame::WriteBackPoint() const { WriteBack(point); }
 
 void KorWBNymNavReferenceFrame::WriteBackAxes() const { WriteBack(axes); }
 
-void KorWBNymNavReferenceFrame::GetCustomRefModeValues(KorMathPoint& customPoint, KorMath3x3Matrix& customAxes) const {
+void KorWBNymNavReferenceFrame::GetCustomRefModeValues(KorMathPoint& customPoint,
+                                                       KorMath3x3Matrix& customAxes) const {
   customPoint = ReadPoint();
   customAxes = ReadAxes();
 }
@@ -63,14 +64,17 @@ KorWBNymNavReferenceFrame::Verdict KorWBNymNavReferenceFrame::Check(const KorMat
 }
 
 bool KorWBNymNavReferenceFrame::CheckAndReport(const KorMath3x3Matrix& axes, KorDlgDialog* panel,
-                                               const KorString& catalogue, const KorString& titleWhenNotInvertible) {
+                                               const KorString& catalogue,
+                                               const KorString& titleWhenNotInvertible) {
   const KorWBNymNavMessages messages{panel, catalogue};
   switch (Check(axes)) {
-    case Verdict::Usable: return true;
+    case Verdict::Usable:
+      return true;
     case Verdict::Singular:
       messages.Show("InertiaReferenceAxis001.Title", messages.Text("InertiaReferenceAxis001.Message"));
       return false;
-    case Verdict::NotInvertible: break;
+    case Verdict::NotInvertible:
+      break;
   }
   messages.Show(titleWhenNotInvertible, messages.Text("InertiaReferenceAxis002.Message"));
   return false;

@@ -10,8 +10,9 @@ class KorDlgEditor;
 
 /// The widgets in which a user gives a point and axes of his own, and what they hold.
 ///
-/// The axes are the rows of a matrix (X, Y, Z axis), unitless and taken as typed: nothing is converted, normalised or
-/// tested for being orthogonal. The point is typed in the current length unit and read as the buffer keeps lengths.
+/// The axes are the rows of a matrix (X, Y, Z axis), unitless and taken as typed: nothing is converted,
+/// normalised or tested for being orthogonal. The point is typed in the current length unit and read as the
+/// buffer keeps lengths.
 struct KorWBNymNavReferenceFrame {
   std::span<KorDlgEditor* const, 3> point;
   std::span<KorDlgEditor* const, 9> axes;  ///< X axis x, y, z, then Y axis, then Z axis
@@ -21,15 +22,15 @@ struct KorWBNymNavReferenceFrame {
 
   KorMathPoint ReadPoint() const;
   KorMath3x3Matrix ReadAxes() const;
-  /// Writes each number back into its own editor, so that what was typed is shown as it was understood; subscribers
-  /// are told.
+  /// Writes each number back into its own editor, so that what was typed is shown as it was understood;
+  /// subscribers are told.
   void WriteBackPoint() const;
   void WriteBackAxes() const;
 
   /// Form of the part panel: fills the caller's objects, the editors stay as they are.
   void GetCustomRefModeValues(KorMathPoint& point, KorMath3x3Matrix& axes) const;
-  /// Form of the group and report panels: each number is written back into its editor; a null pointer receives a new
-  /// object that the caller owns, another one is overwritten.
+  /// Form of the group and report panels: each number is written back into its editor; a null pointer
+  /// receives a new object that the caller owns, another one is overwritten.
   void GetCustomRefModeValues(KorMathPoint*& point, KorMath3x3Matrix*& axes) const;
 
   /// Singular when the determinant is 0.0 exactly; any axes that can be inverted are usable.

@@ -3,7 +3,8 @@
 #include "framework/pdm/KorPdmClient.h"
 #include "services/KorLumWBCSCommonDefinitions.h"
 
-KorUnicodeString KorWBNymNavServerChannel::Send(const KorUnicodeString& command, const KorUnicodeString& request) {
+KorUnicodeString KorWBNymNavServerChannel::Send(const KorUnicodeString& command,
+                                                const KorUnicodeString& request) {
   VARIANT requestVariant;
   VARIANT replyVariant;
   BuildVariant(request, requestVariant);

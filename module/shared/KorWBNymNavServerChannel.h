@@ -4,8 +4,8 @@
 
 #include "module/shared/KorWBNymNavMessages.h"
 
-/// How a panel talks to the server: a request text out, a reply text back, and what the server says to the user.
-/// Keeps nothing between commands.
+/// How a panel talks to the server: a request text out, a reply text back, and what the server says to the
+/// user. Keeps nothing between commands.
 class KorWBNymNavServerChannel {
  public:
   /// Messages use the catalogue of the sending panel.

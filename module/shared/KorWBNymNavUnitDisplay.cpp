@@ -15,7 +15,9 @@ KorUnicodeString KorWBNymNavUnitDisplay::Show(double stored) const {
   return ShowUnconverted(_reference->ConvertToReference(stored));
 }
 
-KorUnicodeString KorWBNymNavUnitDisplay::ShowUnconverted(double value) const { return _current->ShowValue(value, 0); }
+KorUnicodeString KorWBNymNavUnitDisplay::ShowUnconverted(double value) const {
+  return _current->ShowValue(value, 0);
+}
 
 HRESULT KorWBNymNavUnitDisplay::ShowIn(const char* magnitude, std::span<KorDlgEditor* const> editors,
                                        std::optional<std::span<const double>> values) {

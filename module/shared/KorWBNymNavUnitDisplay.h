@@ -26,8 +26,9 @@ class KorWBNymNavUnitDisplay {
   /// The same without asking the reference unit.
   KorUnicodeString ShowUnconverted(double value) const;
 
-  /// Puts the texts of the values into the editors, without notification. E_FAIL, with the editors as they were, when
-  /// the magnitude cannot be shown. Both have the same length; without values the editors show kNoValue.
+  /// Puts the texts of the values into the editors, without notification. E_FAIL, with the editors as they
+  /// were, when the magnitude cannot be shown. Both have the same length; without values the editors show
+  /// kNoValue.
   static HRESULT ShowIn(const char* magnitude, std::span<KorDlgEditor* const> editors,
                         std::optional<std::span<const double>> values);
   static HRESULT ShowIn(const char* magnitude, KorDlgEditor* editor, double value);

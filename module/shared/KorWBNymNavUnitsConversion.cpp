@@ -40,7 +40,8 @@ KorCkeMagnitude_var MagnitudeOf(const Quantity& quantity) {
 }  // namespace
 
 KorWBNymNavUnitsConversion::KorWBNymNavUnitsConversion() {
-  for (const Quantity& quantity : kQuantities) _storageUnits.push_back(Dictionary().FindUnit(quantity.storageUnit));
+  for (const Quantity& quantity : kQuantities)
+    _storageUnits.push_back(Dictionary().FindUnit(quantity.storageUnit));
   for (const Quantity& quantity : kQuantities) AddMagnitude(quantity.type);
 }
 

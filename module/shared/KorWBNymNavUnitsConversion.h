@@ -17,12 +17,12 @@ enum WBUnitsType : std::int32_t {
   WBUnitsMomentOfInertia = 4,
 };
 
-/// The module's single units manager: the quantities, the storage unit of each (SI) and the unit that was current when
-/// the module was loaded. Panels subscribe to its change events by name.
+/// The module's single units manager: the quantities, the storage unit of each (SI) and the unit that was
+/// current when the module was loaded. Panels subscribe to its change events by name.
 ///
-/// Its conversions leave values as they are and it never publishes its events: values are stored in SI units, and the
-/// panels show them in the current unit by themselves. The events and operations stay because panels are written
-/// against them.
+/// Its conversions leave values as they are and it never publishes its events: values are stored in SI units,
+/// and the panels show them in the current unit by themselves. The events and operations stay because panels
+/// are written against them.
 class ExportedByKorWBNymNavGUI KorWBNymNavUnitsConversion : public KorEventSubscriber {
  public:
   using Handles = std::vector<KorBaseUnknown_var>;

@@ -16,6 +16,7 @@ struct KorWBNymNavWire {
 
 /// Subscribes the handlers of `panel` in the order of the rows. The widgets belong to the panel.
 template <class Panel>
-void KorWBNymNavWireHandlers(Panel* panel, std::type_identity_t<std::initializer_list<KorWBNymNavWire<Panel>>> rows) {
+void KorWBNymNavWireHandlers(Panel* panel,
+                             std::type_identity_t<std::initializer_list<KorWBNymNavWire<Panel>>> rows) {
   for (const auto& row : rows) row.widget->Subscribe(row.event, panel, row.handler, row.data);
 }

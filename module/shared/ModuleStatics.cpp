@@ -1,5 +1,5 @@
-// The module's static objects, in the order in which they come into being when the module is loaded. They stand in
-// one file because only within a file is that order fixed, on every platform.
+// The module's static objects, in the order in which they come into being when the module is loaded. They
+// stand in one file because only within a file is that order fixed, on every platform.
 
 #include "framework/system/TqTrace.h"
 #include "module/filter_panel/KorWBNymNavFilterPanel.h"
