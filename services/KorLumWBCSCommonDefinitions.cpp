@@ -27,10 +27,10 @@ const KorUnicodeString Definitions::conditionIsEmptyText = "Is Empty";
 const KorUnicodeString Definitions::conditionIsNotEmptyText = "Is Not Empty";
 const KorUnicodeString Definitions::conditionEqualsText = "Equals";
 
-// Filled here, behind the conditions that they name: objects of one source file come into being in their order.
+// Filled here, behind the conditions that they name: objects of one source file come into being in their
+// order.
 const KorListValKorUnicodeString Definitions::listOfAttributeBasedSearchConditions = {
-    conditionEqualsText, "Not Equals",   "Contains",           "Starts With",
-    "Ends With",         "Greater Than", "Less Than",          conditionIsEmptyText,
-    conditionIsNotEmptyText};
-const KorListValKorUnicodeString Definitions::listOfUTDStatusBasedSearchConditions = {"Up To Date", "Out Of Date",
-                                                                                      "Not Computed"};
+    conditionEqualsText, "Not Equals", "Contains",           "Starts With",          "Ends With",
+    "Greater Than",      "Less Than",  conditionIsEmptyText, conditionIsNotEmptyText};
+const KorListValKorUnicodeString Definitions::listOfUTDStatusBasedSearchConditions = {
+    "Up To Date", "Out Of Date", "Not Computed"};

@@ -9,14 +9,16 @@
 #include "framework/system/KorStatus.h"
 #include "services/KorServicesExport.h"
 
-/// All weight-and-balance data of one part, as the panels see and edit it. Every buffer is a LumWBAllDataBuffer.
+/// All weight-and-balance data of one part, as the panels see and edit it. Every buffer is a
+/// LumWBAllDataBuffer.
 ///
-/// Units: lengths in millimetres, mass in kg, inertia in kg·m² as the tensor (products of inertia negated) about the
-/// part's own centre of gravity, density in kg/m³. Centres of gravity are in the part's own frame. The texts that the
-/// buffer reads and writes are in metres; a number that nobody edited is written back with the same bits.
+/// Units: lengths in millimetres, mass in kg, inertia in kg·m² as the tensor (products of inertia negated)
+/// about the part's own centre of gravity, density in kg/m³. Centres of gravity are in the part's own frame.
+/// The texts that the buffer reads and writes are in metres; a number that nobody edited is written back with
+/// the same bits.
 ///
-/// A mass type that the buffer does not list makes an operation fail (E_FAIL, or the value said to stand for none) and
-/// changes nothing. Setters refuse not-a-number and infinities the same way.
+/// A mass type that the buffer does not list makes an operation fail (E_FAIL, or the value said to stand for
+/// none) and changes nothing. Setters refuse not-a-number and infinities the same way.
 class KOR_SERVICES_API KorWBAllDataBuffer : public KorBaseUnknown {
  public:
   /// How a mass type stands; the value that GetMassTypeDefined gives.
@@ -31,19 +33,21 @@ class KOR_SERVICES_API KorWBAllDataBuffer : public KorBaseUnknown {
 
   /// Third field of a compute request: filter, inertia mode, pre-compute switch and material name.
   virtual HRESULT GetComputedInfo(KorUnicodeString& text) const;
-  /// Takes over the values of a compute reply into the computed mass type, and whether the selected object has an
-  /// instance in the PDM. The precision bounds typed by the user stay. E_FAIL, with the buffer as it was and the reason
-  /// in GetLastRefusal, when the text cannot be read, is about another part or another mass type.
+  /// Takes over the values of a compute reply into the computed mass type, and whether the selected object
+  /// has an instance in the PDM. The precision bounds typed by the user stay. E_FAIL, with the buffer as it
+  /// was and the reason in GetLastRefusal, when the text cannot be read, is about another part or another
+  /// mass type.
   HRESULT SetComputedData(const KorUnicodeString& reply, bool hasInstance);
   /// The whole buffer, as a save sends it.
   HRESULT GetAllData(KorUnicodeString& text) const;
-  /// Replaces the content by that of a full data text. With `newSelection` true everything comes from the text. With
-  /// false the text tells of another state of the same part (another revision of its document): what belongs to the
-  /// selection stays, that is instance path, configuration handler, filter, has-instance flag, inertia mode and placement.
-  /// E_FAIL, with the buffer as it was and the reason in GetLastRefusal, when the text cannot be read, or when
-  /// `newSelection` is false and it is about another part.
+  /// Replaces the content by that of a full data text. With `newSelection` true everything comes from the
+  /// text. With false the text tells of another state of the same part (another revision of its document):
+  /// what belongs to the selection stays, that is instance path, configuration handler, filter, has-instance
+  /// flag, inertia mode and placement. E_FAIL, with the buffer as it was and the reason in GetLastRefusal,
+  /// when the text cannot be read, or when `newSelection` is false and it is about another part.
   HRESULT SetAllData(const KorUnicodeString& text, bool newSelection);
-  /// Why the last SetAllData or SetComputedData was refused, with the field's position; empty when it was not.
+  /// Why the last SetAllData or SetComputedData was refused, with the field's position; empty when it was
+  /// not.
   KorUnicodeString GetLastRefusal() const;
 
   // ---- the part ----
@@ -54,8 +58,8 @@ class KOR_SERVICES_API KorWBAllDataBuffer : public KorBaseUnknown {
   /// The filter of the next compute, such as "0|No Filter".
   virtual HRESULT SetFilter(const KorUnicodeString& filter);
   virtual HRESULT GetFilter(KorUnicodeString& filter) const;
-  /// Placement in the root product: nine rotation coefficients by rows, then three lengths in mm. Empty when the
-  /// part was read without a place in a product.
+  /// Placement in the root product: nine rotation coefficients by rows, then three lengths in mm. Empty when
+  /// the part was read without a place in a product.
   virtual std::vector<double> GetPlacement() const;
 
   /// Whether the computed values are up to date with the data.
@@ -65,7 +69,8 @@ class KOR_SERVICES_API KorWBAllDataBuffer : public KorBaseUnknown {
   virtual HRESULT IsPersisted(bool& persisted) const;
   /// Whether the next compute may answer from results stored before; true at the start.
   virtual HRESULT SetPreComputeSwitch(bool mayReuseStoredResults);
-  /// Whether the user looks at inertia about the reference point. The stored inertia stays about the centre of gravity.
+  /// Whether the user looks at inertia about the reference point. The stored inertia stays about the centre
+  /// of gravity.
   virtual HRESULT SetReferenceInertiaMode(bool atReference);
   virtual bool GetReferenceInertiaMode() const;
   /// Whether a compute makes sense while a user mass type is the active one; true at the start.
@@ -103,9 +108,11 @@ class KOR_SERVICES_API KorWBAllDataBuffer : public KorBaseUnknown {
   /// Copies the tensor. Its upper triangle counts.
   virtual HRESULT SetInertia(const KorUnicodeString& massType, const KorMath3x3Matrix& inertia);
   virtual HRESULT RemoveInertia(const KorUnicodeString& massType);
-  /// Inertia (null when there is none), centre of gravity in mm (likewise) and mass in kg (0 likewise) at once.
-  virtual HRESULT GetMassTypeValues(const KorUnicodeString& massType, std::unique_ptr<KorMath3x3Matrix>& inertia,
-                                    std::unique_ptr<double[]>& cg, double& mass) const;
+  /// Inertia (null when there is none), centre of gravity in mm (likewise) and mass in kg (0 likewise) at
+  /// once.
+  virtual HRESULT GetMassTypeValues(const KorUnicodeString& massType,
+                                    std::unique_ptr<KorMath3x3Matrix>& inertia, std::unique_ptr<double[]>& cg,
+                                    double& mass) const;
 
   // ---- precision of a mass type; relative bounds are fractions, absolute ones kg ----
 

@@ -19,7 +19,8 @@ KorMath3x3Matrix MatrixFrom(const protocol::Tensor& t) {
 }
 
 protocol::Tensor TensorFrom(const KorMath3x3Matrix& m) {
-  return {m.GetCoef(1, 1), m.GetCoef(2, 2), m.GetCoef(3, 3), m.GetCoef(1, 2), m.GetCoef(1, 3), m.GetCoef(2, 3)};
+  return {m.GetCoef(1, 1), m.GetCoef(2, 2), m.GetCoef(3, 3),
+          m.GetCoef(1, 2), m.GetCoef(1, 3), m.GetCoef(2, 3)};
 }
 
 bool AllFinite(const double* values, std::size_t count) {

@@ -31,7 +31,8 @@ HRESULT KorWBAllDataBuffer::SetDensityPriority(int priority) {
   return S_OK;
 }
 
-HRESULT KorWBAllDataBuffer::GetMaterialStatistics(KorListValKorUnicodeString& names, std::vector<double>& densities,
+HRESULT KorWBAllDataBuffer::GetMaterialStatistics(KorListValKorUnicodeString& names,
+                                                  std::vector<double>& densities,
                                                   std::vector<int>& kinds) const {
   names.RemoveAll();
   densities.clear();

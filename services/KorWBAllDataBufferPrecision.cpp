@@ -34,7 +34,8 @@ int KorWBAllDataBuffer::GetPrecisionValueType(const KorUnicodeString& massType) 
 }
 
 HRESULT KorWBAllDataBuffer::SetPrecisionValueType(const KorUnicodeString& massType, int valueType) {
-  return Write(Data().Find(massType), &protocol::MassType::precisionValueType, valueType, IsZeroOrOne(valueType));
+  return Write(Data().Find(massType), &protocol::MassType::precisionValueType, valueType,
+               IsZeroOrOne(valueType));
 }
 
 double KorWBAllDataBuffer::GetLowerPrecision(const KorUnicodeString& massType) const {

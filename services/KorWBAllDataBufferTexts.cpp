@@ -14,14 +14,14 @@ std::string FindDoubleMassType(const protocol::PartData& data) {
   std::set<std::string_view> seen;
   for (std::size_t i = 0; i < data.massTypes.size(); ++i)
     if (!seen.insert(data.massTypes[i].name).second)
-      return "PartData: massTypes[" + std::to_string(i + 1) + "].name: " + protocol::Quoted(data.massTypes[i].name) +
-             " is listed twice";
+      return "PartData: massTypes[" + std::to_string(i + 1) +
+             "].name: " + protocol::Quoted(data.massTypes[i].name) + " is listed twice";
   return {};
 }
 
 std::string OtherPart(std::string_view form, const std::string& found, const std::string& expected) {
-  return std::string(form) + ": field 2 (partId): " + protocol::Quoted(found) + " is not the part of this buffer, " +
-         protocol::Quoted(expected);
+  return std::string(form) + ": field 2 (partId): " + protocol::Quoted(found) +
+         " is not the part of this buffer, " + protocol::Quoted(expected);
 }
 
 // What the selection decides and a document revision does not.
@@ -56,7 +56,8 @@ HRESULT KorWBAllDataBuffer::GetComputedInfo(KorUnicodeString& text) const {
 HRESULT KorWBAllDataBuffer::SetComputedData(const KorUnicodeString& reply, bool hasInstance) {
   const auto read = protocol::ReadComputeReply(reply.Utf8());
   if (!read) return Refuse(read.Failure().message);
-  if (const std::string mismatch = FindMismatch(read.Value(), Data().data); !mismatch.empty()) return Refuse(mismatch);
+  if (const std::string mismatch = FindMismatch(read.Value(), Data().data); !mismatch.empty())
+    return Refuse(mismatch);
   Data().SetComputed(read.Value().computed);
   Data().data.hasInstance = hasInstance;
   Data().lastRefusal = {};

@@ -19,12 +19,14 @@ std::optional<std::array<double, 3>> CgInMillimetres(const protocol::MassType& m
 void KorWBAllDataBuffer::Content::Replace(protocol::PartData newData) {
   data = std::move(newData);
   cgMillimetres.clear();
-  std::transform(data.massTypes.begin(), data.massTypes.end(), std::back_inserter(cgMillimetres), CgInMillimetres);
+  std::transform(data.massTypes.begin(), data.massTypes.end(), std::back_inserter(cgMillimetres),
+                 CgInMillimetres);
 }
 
 const protocol::MassType* KorWBAllDataBuffer::Content::Find(const KorUnicodeString& massType) const {
-  const auto found = std::find_if(data.massTypes.begin(), data.massTypes.end(),
-                                  [&](const protocol::MassType& listed) { return listed.name == massType.Utf8(); });
+  const auto found =
+      std::find_if(data.massTypes.begin(), data.massTypes.end(),
+                   [&](const protocol::MassType& listed) { return listed.name == massType.Utf8(); });
   return found == data.massTypes.end() ? nullptr : &*found;
 }
 

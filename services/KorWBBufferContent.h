@@ -7,10 +7,11 @@
 #include "protocol/PartData.h"
 #include "services/KorWBAllDataBuffer.h"
 
-/// What a buffer holds: the data as on the wire, in metres, and beside each centre of gravity the same in millimetres.
+/// What a buffer holds: the data as on the wire, in metres, and beside each centre of gravity the same in
+/// millimetres.
 ///
-/// Both are kept because the conversion there and back may change the last bit: the panels get exactly the millimetres
-/// that they set, the server exactly the metres that it sent as long as nobody set another value.
+/// Both are kept because the conversion there and back may change the last bit: the panels get exactly the
+/// millimetres that they set, the server exactly the metres that it sent as long as nobody set another value.
 struct KorWBAllDataBuffer::Content {
   using Coordinates = std::array<double, 3>;
 

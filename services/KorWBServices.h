@@ -16,16 +16,17 @@ class KOR_SERVICES_API KorWBServices {
 
   // ---- units and inertia ----
 
-  /// Moves an inertia tensor (kg·m², products negated) of a body of `mass` kg between its centre of gravity and another
-  /// point, both in metres: with d = toPoint − fromPoint, I ± m·(|d|²·E − d·dᵀ) (parallel axis theorem).
-  /// `fromCentreOfGravity` true: `inertia` is about the centre of gravity `fromPoint` and comes to be about `toPoint` (+).
-  /// False: it is about `toPoint` and comes to be about the centre of gravity `fromPoint` (−). The order of the points
-  /// is the same both ways, so that the second call undoes the first.
+  /// Moves an inertia tensor (kg·m², products negated) of a body of `mass` kg between its centre of gravity
+  /// and another point, both in metres: with d = toPoint − fromPoint, I ± m·(|d|²·E − d·dᵀ) (parallel axis
+  /// theorem). `fromCentreOfGravity` true: `inertia` is about the centre of gravity `fromPoint` and comes to
+  /// be about `toPoint` (+). False: it is about `toPoint` and comes to be about the centre of gravity
+  /// `fromPoint` (−). The order of the points is the same both ways, so that the second call undoes the
+  /// first.
   static void ConvertInertiaMatrix(KorMath3x3Matrix& inertia, double mass, const KorMathPoint& fromPoint,
                                    const KorMathPoint& toPoint, bool fromCentreOfGravity);
 
-  /// A number shown in the current unit of a magnitude, as the buffer stores it (in the reference unit); the number
-  /// itself when the magnitude is unknown.
+  /// A number shown in the current unit of a magnitude, as the buffer stores it (in the reference unit); the
+  /// number itself when the magnitude is unknown.
   static double RestoreValue(double shown, const KorUnicodeString& magnitude);
   /// The same with a status: E_FAIL, with `stored` left alone, when the magnitude is unknown.
   static HRESULT RestoreValue(double shown, const KorUnicodeString& magnitude, double& stored);
@@ -33,11 +34,13 @@ class KOR_SERVICES_API KorWBServices {
   // ---- messages ----
 
   /// Shows a message box; a null parent means the main window.
-  static void DisplayMsg(KorDlgDialog* parent, const char* title, const KorUnicodeString& message, unsigned flags);
+  static void DisplayMsg(KorDlgDialog* parent, const char* title, const KorUnicodeString& message,
+                         unsigned flags);
 
-  /// What the server has to say about the last command: a line for each warning, opened by the mark of its severity
-  /// (KorLumWBCSCommonDefinitions). Empty when there is nothing. Asking empties the server's list. When the server
-  /// cannot say, E_FAIL, and `text` tells why; without a server E_FAIL, and `text` is left alone.
+  /// What the server has to say about the last command: a line for each warning, opened by the mark of its
+  /// severity (KorLumWBCSCommonDefinitions). Empty when there is nothing. Asking empties the server's list.
+  /// When the server cannot say, E_FAIL, and `text` tells why; without a server E_FAIL, and `text` is left
+  /// alone.
   static HRESULT GetWarningMsgFromLumira(KorUnicodeString& text);
   /// Takes the severity marks and empty lines out. `text` and `shown` may be the same object.
   static void CleanWarningForDisplay(const KorUnicodeString& text, KorUnicodeString& shown);
@@ -45,10 +48,12 @@ class KOR_SERVICES_API KorWBServices {
   // ---- texts ----
 
   /// Makes a stored path (elements joined by "|") readable. `display` holds what the path is relative to (the
-  /// configuration handler) and receives that, one '/' and the elements joined by '/'; empty elements are left out.
+  /// configuration handler) and receives that, one '/' and the elements joined by '/'; empty elements are
+  /// left out.
   static void CleanPathForDisplay(const KorUnicodeString& path, KorUnicodeString& display);
 
   /// The fields between the separators; two adjacent separators, or one at either end, give an empty field.
   /// An empty text has no fields. An empty separator leaves the text whole.
-  static KorListValKorUnicodeString StringTokenizer(const KorUnicodeString& text, const KorUnicodeString& separator);
+  static KorListValKorUnicodeString StringTokenizer(const KorUnicodeString& text,
+                                                    const KorUnicodeString& separator);
 };

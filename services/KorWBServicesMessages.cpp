@@ -18,9 +18,12 @@ constexpr const char* kBehindMark = ": ";
 
 const KorUnicodeString& MarkOf(protocol::Severity severity) {
   switch (severity) {
-    case protocol::Severity::Error: return Definitions::warningMarkError;
-    case protocol::Severity::Warning: return Definitions::warningMarkWarning;
-    case protocol::Severity::Information: break;
+    case protocol::Severity::Error:
+      return Definitions::warningMarkError;
+    case protocol::Severity::Warning:
+      return Definitions::warningMarkWarning;
+    case protocol::Severity::Information:
+      break;
   }
   return Definitions::warningMarkInformation;
 }
@@ -37,8 +40,8 @@ HRESULT TellWhy(const KorUnicodeString& reason, KorUnicodeString& text) {
 }
 
 KorUnicodeString WithoutMark(const KorUnicodeString& line) {
-  for (const KorUnicodeString* mark :
-       {&Definitions::warningMarkError, &Definitions::warningMarkWarning, &Definitions::warningMarkInformation}) {
+  for (const KorUnicodeString* mark : {&Definitions::warningMarkError, &Definitions::warningMarkWarning,
+                                       &Definitions::warningMarkInformation}) {
     const KorUnicodeString front = *mark + kBehindMark;
     if (line.Utf8().starts_with(front.Utf8())) return line.Utf8().substr(front.Utf8().size());
   }
@@ -54,7 +57,8 @@ void KorWBServices::DisplayMsg(KorDlgDialog* parent, const char* title, const Ko
 
 HRESULT KorWBServices::GetWarningMsgFromLumira(KorUnicodeString& text) {
   VARIANT request, reply;
-  if (Failed(RunServerCode(KorUnicodeString(protocol::kCommandPendingWarnings), request, reply))) return E_FAIL;
+  if (Failed(RunServerCode(KorUnicodeString(protocol::kCommandPendingWarnings), request, reply)))
+    return E_FAIL;
   const std::string& answer = reply.text.Utf8();
   if (const std::size_t header = answer.find(protocol::kErrorHeader); header != std::string::npos)
     return TellWhy(answer.substr(header + protocol::kErrorHeader.size()), text);
@@ -62,7 +66,8 @@ HRESULT KorWBServices::GetWarningMsgFromLumira(KorUnicodeString& text) {
   if (answer.empty()) return S_OK;  // a server that has nothing to say may say nothing
   const auto read = protocol::ReadPendingWarnings(answer);
   if (!read) return TellWhy(read.Failure().message, text);
-  for (const protocol::Warning& warning : read.Value().warnings) text += MarkedLine(warning.severity, warning.text);
+  for (const protocol::Warning& warning : read.Value().warnings)
+    text += MarkedLine(warning.severity, warning.text);
   return S_OK;
 }
 

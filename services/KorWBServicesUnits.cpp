@@ -3,7 +3,8 @@
 
 HRESULT KorWBServices::RestoreValue(double shown, const KorUnicodeString& magnitude, double& stored) {
   const KorCkeParmDictionary* dictionary = KorCkeGlobalFunctions::GetParmDictionary();
-  const KorCkeMagnitude_var found = dictionary ? dictionary->FindMagnitude(magnitude.Utf8()) : KorCkeMagnitude_var();
+  const KorCkeMagnitude_var found =
+      dictionary ? dictionary->FindMagnitude(magnitude.Utf8()) : KorCkeMagnitude_var();
   if (!found || !found->CurrentUnit()) return E_FAIL;
   stored = found->CurrentUnit()->ConvertToReference(shown);
   return S_OK;

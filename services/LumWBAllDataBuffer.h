@@ -2,10 +2,11 @@
 
 #include "services/KorWBAllDataBuffer.h"
 
-/// The PDM side of a part's data: its place in the product, documents, extra properties, and where the material applies.
+/// The PDM side of a part's data: its place in the product, documents, extra properties, and where the
+/// material applies.
 ///
-/// Document revisions and properties are counted from 1. An index outside them makes an operation fail (E_FAIL, or an
-/// empty answer) and changes nothing.
+/// Document revisions and properties are counted from 1. An index outside them makes an operation fail
+/// (E_FAIL, or an empty answer) and changes nothing.
 class KOR_SERVICES_API LumWBAllDataBuffer : public KorWBAllDataBuffer {
  public:
   /// Which text of a document revision GetDocRevsInfo gives.
@@ -15,7 +16,7 @@ class KOR_SERVICES_API LumWBAllDataBuffer : public KorWBAllDataBuffer {
     kCheckInUser = 2,
     kCheckOutUser = 3,  ///< "__null__" when nobody has it checked out
     kMassTypes = 4,
-    kDocMass = 5,       ///< kg, a number as text
+    kDocMass = 5,  ///< kg, a number as text
   };
 
   /// An empty buffer: no part, no mass types.
@@ -49,7 +50,8 @@ class KOR_SERVICES_API LumWBAllDataBuffer : public KorWBAllDataBuffer {
   bool AreOldDocumentsUsed() const;
   /// Number of document revisions known.
   std::size_t GetVersionCount() const;
-  /// "0" when there is none; KorLumWBCSCommonDefinitions::ExceptionFlag when the server failed to find documents.
+  /// "0" when there is none; KorLumWBCSCommonDefinitions::ExceptionFlag when the server failed to find
+  /// documents.
   HRESULT GetActiveDocId(KorUnicodeString& id) const;
   HRESULT SetActiveDocId(const KorUnicodeString& id);
   HRESULT GetActiveDocVersion(KorUnicodeString& version) const;

@@ -7,13 +7,20 @@ namespace {
 
 std::optional<std::string> InfoOf(const protocol::DocumentRevision& revision, int kind) {
   switch (kind) {
-    case LumWBAllDataBuffer::kRevision: return revision.revision;
-    case LumWBAllDataBuffer::kCheckInTime: return revision.checkInTime;
-    case LumWBAllDataBuffer::kCheckInUser: return revision.checkInUser;
-    case LumWBAllDataBuffer::kCheckOutUser: return revision.checkOutUser.value_or(std::string(protocol::kNull));
-    case LumWBAllDataBuffer::kMassTypes: return revision.massTypes;
-    case LumWBAllDataBuffer::kDocMass: return protocol::FormatNumber(revision.mass);
-    default: return std::nullopt;
+    case LumWBAllDataBuffer::kRevision:
+      return revision.revision;
+    case LumWBAllDataBuffer::kCheckInTime:
+      return revision.checkInTime;
+    case LumWBAllDataBuffer::kCheckInUser:
+      return revision.checkInUser;
+    case LumWBAllDataBuffer::kCheckOutUser:
+      return revision.checkOutUser.value_or(std::string(protocol::kNull));
+    case LumWBAllDataBuffer::kMassTypes:
+      return revision.massTypes;
+    case LumWBAllDataBuffer::kDocMass:
+      return protocol::FormatNumber(revision.mass);
+    default:
+      return std::nullopt;
   }
 }
 

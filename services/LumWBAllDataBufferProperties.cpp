@@ -16,7 +16,8 @@ auto* PropertyAt(Properties& properties, int index) {
 
 // A field of a property, or what stands for one that is not there.
 template <class Value>
-Value Read(const protocol::PartData& data, int index, Value protocol::ExtraProperty::*field, Value none = {}) {
+Value Read(const protocol::PartData& data, int index, Value protocol::ExtraProperty::*field,
+           Value none = {}) {
   const protocol::ExtraProperty* property = PropertyAt(data.properties, index);
   return property ? property->*field : none;
 }
@@ -58,7 +59,9 @@ KorUnicodeString LumWBAllDataBuffer::GetPropMagnitudeType(int index) const {
   return Read(Data().data, index, &protocol::ExtraProperty::magnitude);
 }
 
-KorUnicodeString LumWBAllDataBuffer::GetDateFormatForExtraProperties() const { return Data().data.dateFormat; }
+KorUnicodeString LumWBAllDataBuffer::GetDateFormatForExtraProperties() const {
+  return Data().data.dateFormat;
+}
 
 bool LumWBAllDataBuffer::AreDateTypePropertiesPresent() const {
   const auto& properties = Data().data.properties;

@@ -4,19 +4,19 @@
 
 namespace {
 
-// Exact by definition: international yard and pound agreement of 1959; standard gravity of the 3rd CGPM, 1901.
-// NIST Special Publication 811, Appendix B, lists the units that follow from them.
-constexpr double kInch = 0.0254;       // m
-constexpr double kFoot = 12 * kInch;   // m
-constexpr double kYard = 3 * kFoot;    // m
-constexpr double kMile = 1760 * kYard; // m
-constexpr double kPound = 0.45359237;  // kg
+// Exact by definition: international yard and pound agreement of 1959; standard gravity of the 3rd CGPM,
+// 1901. NIST Special Publication 811, Appendix B, lists the units that follow from them.
+constexpr double kInch = 0.0254;        // m
+constexpr double kFoot = 12 * kInch;    // m
+constexpr double kYard = 3 * kFoot;     // m
+constexpr double kMile = 1760 * kYard;  // m
+constexpr double kPound = 0.45359237;   // kg
 constexpr double kOunce = kPound / 16;
-constexpr double kGravity = 9.80665;               // m/s²
-constexpr double kPoundForce = kPound * kGravity;  // N
-constexpr double kSlug = kPoundForce / kFoot;      // kg: accelerated by 1 ft/s² by one pound-force
+constexpr double kGravity = 9.80665;                     // m/s²
+constexpr double kPoundForce = kPound * kGravity;        // N
+constexpr double kSlug = kPoundForce / kFoot;            // kg: accelerated by 1 ft/s² by one pound-force
 constexpr double kGallon = 231 * kInch * kInch * kInch;  // m³, US liquid gallon
-constexpr double kMillimetre = 0.001;              // m
+constexpr double kMillimetre = 0.001;                    // m
 constexpr double kCubicFoot = kFoot * kFoot * kFoot;
 constexpr double kCubicInch = kInch * kInch * kInch;
 
@@ -32,8 +32,10 @@ struct MagnitudeRow {
   std::vector<UnitRow> units;  ///< the reference unit first
 };
 
-// A name reads `_` as a product and `__` as a quotient. Lengths refer to the millimetre, everything else to SI.
+// A name reads `_` as a product and `__` as a quotient. Lengths refer to the millimetre, everything else to
+// SI.
 const std::vector<MagnitudeRow>& Rows() {
+  // clang-format off
   static const std::vector<MagnitudeRow> rows = {
       {"LENGTH",
        {{"MILLIMETER", "mm", 1},
@@ -100,7 +102,11 @@ const std::vector<MagnitudeRow>& Rows() {
         {"FT3", "ft³", kCubicFoot},
         {"GALLON", "gal", kGallon}}},
       {"TIME",
-       {{"SECOND", "s", 1}, {"MILLISECOND", "ms", 1e-3}, {"MINUTE", "min", 60}, {"HOUR", "h", 3600}, {"DAY", "d", 86400}}},
+       {{"SECOND", "s", 1},
+        {"MILLISECOND", "ms", 1e-3},
+        {"MINUTE", "min", 60},
+        {"HOUR", "h", 3600},
+        {"DAY", "d", 86400}}},
       {"ANGLE",
        {{"RADIAN", "rad", 1},
         {"DEGREE", "°", std::numbers::pi / 180},
@@ -141,12 +147,16 @@ const std::vector<MagnitudeRow>& Rows() {
       {"ACCELERATION",
        {{"M__S2", "m/s²", 1}, {"CM__S2", "cm/s²", 0.01}, {"FT__S2", "ft/s²", kFoot}, {"GRAVITY", "g₀", kGravity}}},
       {"ENERGY",
-       {{"JOULE", "J", 1}, {"ERG", "erg", 1e-7}, {"KILOWATT_HOUR", "kWh", 3.6e6}, {"FT_LBF", "ft·lbf", kFoot * kPoundForce}}},
+       {{"JOULE", "J", 1},
+        {"ERG", "erg", 1e-7},
+        {"KILOWATT_HOUR", "kWh", 3.6e6},
+        {"FT_LBF", "ft·lbf", kFoot * kPoundForce}}},
       {"POWER",
        {{"WATT", "W", 1}, {"KILOWATT", "kW", 1e3}, {"MEGAWATT", "MW", 1e6}, {"ERG__S", "erg/s", 1e-7},
         {"HORSEPOWER", "hp", 550 * kFoot * kPoundForce}}},
       {"FREQUENCY", {{"HERTZ", "Hz", 1}, {"KILOHERTZ", "kHz", 1e3}, {"RPM", "rpm", 1.0 / 60}}},
   };
+  // clang-format on
   return rows;
 }
 

@@ -19,7 +19,8 @@ class KOR_FRAMEWORK_API KorCkeMagnitude : public KorBaseUnknown, public KorEvent
   const std::vector<KorCkeUnit_var>& Units() const { return _units; }
   KorCkeUnit_var FindUnit(const KorString& unitName) const;
 
-  /// Makes one of the magnitude's units the current one and publishes ChangedEvent(); E_FAIL for an unknown name.
+  /// Makes one of the magnitude's units the current one and publishes ChangedEvent(); E_FAIL for an unknown
+  /// name.
   HRESULT SetCurrentUnit(const KorString& unitName);
   /// Name of the event that a change of the current unit publishes.
   static const char* ChangedEvent() { return "MagnitudeUnitChanged"; }

@@ -22,8 +22,9 @@ KorCkeParmDictionary* g_replacement = nullptr;
 }  // namespace
 
 KorCkeMagnitude_var KorCkeParmDictionary::FindMagnitude(const KorString& name) const {
-  const auto found = std::find_if(_magnitudes.begin(), _magnitudes.end(),
-                                  [&](const KorCkeMagnitude_var& magnitude) { return magnitude->Name() == name; });
+  const auto found =
+      std::find_if(_magnitudes.begin(), _magnitudes.end(),
+                   [&](const KorCkeMagnitude_var& magnitude) { return magnitude->Name() == name; });
   return found == _magnitudes.end() ? KorCkeMagnitude_var() : *found;
 }
 
@@ -44,7 +45,9 @@ void KorCkeParmDictionary::RemoveMagnitude(const KorString& name) {
   std::erase_if(_magnitudes, [&](const KorCkeMagnitude_var& magnitude) { return magnitude->Name() == name; });
 }
 
-KorCkeParmDictionary* KorCkeGlobalFunctions::GetParmDictionary() { return g_replaced ? g_replacement : BuiltIn(); }
+KorCkeParmDictionary* KorCkeGlobalFunctions::GetParmDictionary() {
+  return g_replaced ? g_replacement : BuiltIn();
+}
 
 void KorCkeGlobalFunctions::SetParmDictionary(KorCkeParmDictionary* dictionary) {
   g_replaced = true;

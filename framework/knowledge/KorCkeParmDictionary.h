@@ -28,7 +28,8 @@ struct KOR_FRAMEWORK_API KorNullHandleError {};
 /// Where the host keeps the dictionary.
 class KOR_FRAMEWORK_API KorCkeGlobalFunctions {
  public:
-  /// The process's dictionary, filled with the built-in magnitudes at first use; null only after SetParmDictionary(null).
+  /// The process's dictionary, filled with the built-in magnitudes at first use; null only after
+  /// SetParmDictionary(null).
   static KorCkeParmDictionary* GetParmDictionary();
   /// Replaces the dictionary (tests); null takes it away.
   static void SetParmDictionary(KorCkeParmDictionary* dictionary);

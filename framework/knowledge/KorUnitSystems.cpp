@@ -5,6 +5,7 @@
 
 namespace {
 
+// clang-format off
 constexpr KorUnitChoice kSi[] = {
     {"LENGTH", "METER"},        {"MASS", "KILOGRAM"},   {"DENSITY", "KG__M3"},     {"INERTIAMOMENT", "KG_M2"},
     {"SURFACICMASS", "KG__M2"}, {"LINEICMASS", "KG__M"}, {"AREA", "M2"},           {"VOLUME", "M3"},
@@ -33,6 +34,7 @@ constexpr KorUnitChoice kMixed[] = {
     {"TIME", "SECOND"},         {"ANGLE", "DEGREE"},        {"TEMPERATURE", "CELSIUS"}, {"FORCE", "NEWTON"},
     {"TORQUE", "N_M"},          {"PRESSURE", "MEGAPASCAL"}, {"SPEED", "M__S"},          {"ACCELERATION", "M__S2"},
     {"ENERGY", "JOULE"},        {"POWER", "KILOWATT"},      {"FREQUENCY", "HERTZ"}};
+// clang-format on
 
 constexpr std::array<KorUnitSystem, 4> kSystems = {
     {{"SI", kSi}, {"CGS", kCgs}, {"Imperial", kImperial}, {"Mixed", kMixed}}};
@@ -57,7 +59,8 @@ HRESULT KorApplyUnitSystem(const KorString& name) {
                                    [&](const KorUnitSystem& candidate) { return candidate.name == name; });
   if (system == kSystems.end()) return E_FAIL;
   for (const KorUnitChoice& choice : system->choices)
-    if (KorCkeMagnitude_var magnitude = FindMagnitude(choice.magnitude)) magnitude->SetCurrentUnit(choice.unit);
+    if (KorCkeMagnitude_var magnitude = FindMagnitude(choice.magnitude))
+      magnitude->SetCurrentUnit(choice.unit);
   return S_OK;
 }
 

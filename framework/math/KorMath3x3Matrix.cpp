@@ -28,7 +28,8 @@ bool KorMath3x3Matrix::Invert(KorMath3x3Matrix& inverse) const {
   if (determinant == 0.0) return false;
   std::array<double, 9> coefficients = Adjugate(_a);
   for (double& coefficient : coefficients) coefficient /= determinant;
-  if (!std::all_of(coefficients.begin(), coefficients.end(), [](double c) { return std::isfinite(c); })) return false;
+  if (!std::all_of(coefficients.begin(), coefficients.end(), [](double c) { return std::isfinite(c); }))
+    return false;
   inverse.SetCoefficients(coefficients);
   return true;
 }
@@ -44,6 +45,8 @@ KorMath3x3Matrix operator*(const KorMath3x3Matrix& a, const KorMath3x3Matrix& b)
 }
 
 KorMathPoint operator*(const KorMath3x3Matrix& a, const KorMathPoint& p) {
-  const auto row = [&](int r) { return a.GetCoef(r, 1) * p.GetX() + a.GetCoef(r, 2) * p.GetY() + a.GetCoef(r, 3) * p.GetZ(); };
+  const auto row = [&](int r) {
+    return a.GetCoef(r, 1) * p.GetX() + a.GetCoef(r, 2) * p.GetY() + a.GetCoef(r, 3) * p.GetZ();
+  };
   return {row(1), row(2), row(3)};
 }

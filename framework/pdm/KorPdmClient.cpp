@@ -31,7 +31,9 @@ HRESULT BuildVariant(const KorUnicodeString& text, VARIANT& variant) {
   return S_OK;
 }
 
-HRESULT BuildVariant(const char* text, VARIANT& variant) { return BuildVariant(KorUnicodeString(text), variant); }
+HRESULT BuildVariant(const char* text, VARIANT& variant) {
+  return BuildVariant(KorUnicodeString(text), variant);
+}
 
 HRESULT ConvertVariant(const VARIANT& variant, KorUnicodeString& text) {
   text = variant.text;

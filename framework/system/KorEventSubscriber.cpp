@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <vector>
 
-/// Everything that one subscriber knows. It is shared so that a publication which is under way, and callbacks that wait
-/// elsewhere, can tell that the subscriber has gone.
+/// Everything that one subscriber knows. It is shared so that a publication which is under way, and callbacks
+/// that wait elsewhere, can tell that the subscriber has gone.
 struct KorEventSubscriber::Registry {
   struct Callback {
     std::weak_ptr<Registry> subscriber;

@@ -11,7 +11,8 @@ constexpr std::string_view kBlanks = " \t\r\n\v\f";
 
 constexpr bool IsContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
 
-// Length that the lead byte announces; 0 for a byte that cannot lead (C0, C1 and F5 upwards never occur in UTF-8).
+// Length that the lead byte announces; 0 for a byte that cannot lead (C0, C1 and F5 upwards never occur in
+// UTF-8).
 constexpr std::size_t AnnouncedLength(unsigned char lead) {
   if (lead < 0x80) return 1;
   if (lead >= 0xC2 && lead <= 0xDF) return 2;
@@ -23,15 +24,21 @@ constexpr std::size_t AnnouncedLength(unsigned char lead) {
 // Overlong forms, surrogates and values above U+10FFFF show in the second byte.
 constexpr bool SecondByteFits(unsigned char lead, unsigned char second) {
   switch (lead) {
-    case 0xE0: return second >= 0xA0;
-    case 0xED: return second <= 0x9F;
-    case 0xF0: return second >= 0x90;
-    case 0xF4: return second <= 0x8F;
-    default: return true;
+    case 0xE0:
+      return second >= 0xA0;
+    case 0xED:
+      return second <= 0x9F;
+    case 0xF0:
+      return second >= 0x90;
+    case 0xF4:
+      return second <= 0x8F;
+    default:
+      return true;
   }
 }
 
-// Bytes of the character at the front of a text that is not empty; a byte that is no UTF-8 is a character of its own.
+// Bytes of the character at the front of a text that is not empty; a byte that is no UTF-8 is a character of
+// its own.
 std::size_t CharacterLength(std::string_view text) {
   const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
   const std::size_t length = AnnouncedLength(byte(0));
@@ -41,7 +48,8 @@ std::size_t CharacterLength(std::string_view text) {
   return length;
 }
 
-// Offset in bytes of the character at `position`, the text's size when it has no more than that many characters.
+// Offset in bytes of the character at `position`, the text's size when it has no more than that many
+// characters.
 std::size_t OffsetOf(std::string_view text, long long position) {
   std::size_t offset = 0;
   for (; position > 0 && offset < text.size(); --position) offset += CharacterLength(text.substr(offset));
@@ -62,8 +70,8 @@ std::string_view SkipBlanks(std::string_view text) {
 
 bool StartsWithDigit(std::string_view text) { return !text.empty() && text[0] >= '0' && text[0] <= '9'; }
 
-// The number at the front of the text, as strtod reads it in the "C" locale, but decimal only: no hexadecimal form, no
-// "inf" or "nan". std::from_chars takes no '+', which is why the sign is looked at here.
+// The number at the front of the text, as strtod reads it in the "C" locale, but decimal only: no hexadecimal
+// form, no "inf" or "nan". std::from_chars takes no '+', which is why the sign is looked at here.
 template <class Number>
 int ReadNumber(std::string_view text, Number* number) {
   text = SkipBlanks(text);
@@ -113,7 +121,8 @@ int KorUnicodeString::SearchSubString(const KorUnicodeString& part, int from) co
   int position = std::max(from, 0);
   std::size_t offset = OffsetOf(text, position);
   if (position > 0 && offset == text.size() && GetLengthInChar() < position) return -1;
-  for (std::size_t found = text.find(part._utf8, offset); found != text.npos; found = text.find(part._utf8, found + 1)) {
+  for (std::size_t found = text.find(part._utf8, offset); found != text.npos;
+       found = text.find(part._utf8, found + 1)) {
     for (; offset < found; ++position) offset += CharacterLength(text.substr(offset));
     if (offset == found && EndsBetweenCharacters(text.substr(found), part._utf8.size())) return position;
   }

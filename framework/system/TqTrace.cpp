@@ -47,8 +47,8 @@ TqTrace::TqTrace(const char* component, const char* function, const char* date, 
                  const char* qualifiedName, int& status)
     : _component(component), _function(function), _qualifiedName(qualifiedName), _status(&status) {
   if (!TraceOn()) return;
-  GetCout() << "-> " << _qualifiedName << " [" << _component << ", " << _function << ", built " << date << ' ' << time
-            << "]\n";
+  GetCout() << "-> " << _qualifiedName << " [" << _component << ", " << _function << ", built " << date << ' '
+            << time << "]\n";
   _entryWritten = true;
 }
 

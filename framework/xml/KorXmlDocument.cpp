@@ -7,7 +7,9 @@ namespace {
 
 pugi::xml_node Node(void* node) { return pugi::xml_node(static_cast<pugi::xml_node_struct*>(node)); }
 
-bool IsText(const pugi::xml_node& node) { return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata; }
+bool IsText(const pugi::xml_node& node) {
+  return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
+}
 
 bool Matches(const pugi::xml_node& node, const std::string& name) {
   return node.type() == pugi::node_element && (name.empty() || name == node.name());
@@ -24,8 +26,8 @@ struct Problem {
   std::string cause;
 };
 
-// The parser is asked to keep what stands beside the root element, so that more than one root, or text around it,
-// is noticed and not dropped.
+// The parser is asked to keep what stands beside the root element, so that more than one root, or text around
+// it, is noticed and not dropped.
 Problem CheckTopLevel(const pugi::xml_document& document) {
   const pugi::xml_node root = FirstMatch(document.first_child(), {});
   if (!root) return {0, "there is no root element"};
@@ -91,7 +93,8 @@ KorXmlElement KorXmlElement::NextSibling(const KorUnicodeString& name) const {
 
 std::vector<KorXmlElement> KorXmlElement::Children(const KorUnicodeString& name) const {
   std::vector<KorXmlElement> children;
-  for (KorXmlElement child = FirstChild(name); child; child = child.NextSibling(name)) children.push_back(child);
+  for (KorXmlElement child = FirstChild(name); child; child = child.NextSibling(name))
+    children.push_back(child);
   return children;
 }
 

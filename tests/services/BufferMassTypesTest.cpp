@@ -8,7 +8,8 @@ constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 TEST(MassTypes, AreListedInTheOrderOfTheText) {
-  EXPECT_EQ(LoadedBuffer()->GetMassTypeList(), (KorListValKorUnicodeString{"Computed", "Estimated", "Weighed"}));
+  EXPECT_EQ(LoadedBuffer()->GetMassTypeList(),
+            (KorListValKorUnicodeString{"Computed", "Estimated", "Weighed"}));
 }
 
 TEST(MassTypes, HaveTheStatusOfTheText) {

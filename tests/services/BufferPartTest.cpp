@@ -33,11 +33,13 @@ TEST(Buffer, TellsWhatWasSelected) {
   const LoadedBuffer buffer;
   EXPECT_EQ(TextOf<Base>(*buffer.Get(), &Base::GetPartIdentifier), "bedplate");
   EXPECT_EQ(TextOf<Base>(*buffer.Get(), &Base::GetConfigurationHandler), "IEA15");
-  EXPECT_EQ(TextOf<LumWBAllDataBuffer>(*buffer.Get(), &LumWBAllDataBuffer::GetInstancePath), "nacelle.1|bedplate.1");
+  EXPECT_EQ(TextOf<LumWBAllDataBuffer>(*buffer.Get(), &LumWBAllDataBuffer::GetInstancePath),
+            "nacelle.1|bedplate.1");
 }
 
 TEST(Buffer, GivesThePlacementWithItsTranslationInMillimetres) {
-  EXPECT_EQ(LoadedBuffer()->GetPlacement(), (std::vector<double>{0, -1, 0, 1, 0, 0, 0, 0, 1, 500, 1000, -2000}));
+  EXPECT_EQ(LoadedBuffer()->GetPlacement(),
+            (std::vector<double>{0, -1, 0, 1, 0, 0, 0, 0, 1, 500, 1000, -2000}));
 }
 
 TEST(Buffer, GivesNoPlacementWhenThereIsNone) {

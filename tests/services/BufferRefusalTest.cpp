@@ -5,7 +5,8 @@
 namespace {
 
 std::string SampleReply() {
-  return protocol::WriteComputeReply({"bedplate", {.name = "Computed", .mass = 1, .cg = protocol::Vector{}, .inertia = {}}});
+  return protocol::WriteComputeReply(
+      {"bedplate", {.name = "Computed", .mass = 1, .cg = protocol::Vector{}, .inertia = {}}});
 }
 
 std::string Replaced(std::string text, std::string_view from, std::string_view to) {
@@ -38,7 +39,8 @@ TEST(Refusal, OfAnyTextThatIsNoneOfTheForms) {
 TEST(Refusal, OfEveryBeginningOfAText) {
   const LoadedBuffer buffer;
   for (const std::string& whole : {protocol::WritePartData(SamplePart()), SampleReply()})
-    for (std::size_t length = 0; length < whole.size(); ++length) ExpectRefused(buffer, whole.substr(0, length));
+    for (std::size_t length = 0; length < whole.size(); ++length)
+      ExpectRefused(buffer, whole.substr(0, length));
 }
 
 TEST(Refusal, OfATextWithMoreBehindIt) {
@@ -50,7 +52,8 @@ TEST(Refusal, OfATextWithMoreBehindIt) {
 TEST(Refusal, OfNotANumberAndInfinities) {
   const LoadedBuffer buffer;
   for (const char* number : {"nan", "inf", "-inf", "1e999", "12,5", "", "0x10", " 1"}) {
-    ExpectRefused(buffer, Replaced(protocol::WritePartData(SamplePart()), "|12.5|", "|" + std::string(number) + "|"));
+    ExpectRefused(buffer,
+                  Replaced(protocol::WritePartData(SamplePart()), "|12.5|", "|" + std::string(number) + "|"));
     ExpectRefused(buffer, Replaced(SampleReply(), "|0|1|0|0|0|", "|0|" + std::string(number) + "|0|0|0|"));
   }
 }
@@ -58,7 +61,8 @@ TEST(Refusal, OfNotANumberAndInfinities) {
 TEST(Refusal, NamesTheFieldItsValueAndTheCause) {
   const LoadedBuffer buffer;
   buffer->SetAllData(Replaced(protocol::WritePartData(SamplePart()), "|12.5|", "|abc|"), true);
-  EXPECT_EQ(buffer->GetLastRefusal(), "PartData: field 15 (massTypes[1].mass): \"abc\" is not a finite number");
+  EXPECT_EQ(buffer->GetLastRefusal(),
+            "PartData: field 15 (massTypes[1].mass): \"abc\" is not a finite number");
 }
 
 TEST(Refusal, IsForgottenAfterATextThatWasTaken) {

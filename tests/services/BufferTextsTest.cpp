@@ -59,8 +59,13 @@ TEST(BufferTexts, ComputeRequestNamesFilterModeSwitchAndMaterial) {
 
 protocol::ComputeReply SampleReply() {
   return {"bedplate",
-          {.name = "Computed", .status = protocol::MassTypeStatus::Defined, .mass = 3.25, .cg = protocol::Vector{1, 2, 3},
-           .inertia = protocol::Tensor{7, 8, 9, 0, 0, 0}, .lowerDeviation = 1, .upperDeviation = 2}};
+          {.name = "Computed",
+           .status = protocol::MassTypeStatus::Defined,
+           .mass = 3.25,
+           .cg = protocol::Vector{1, 2, 3},
+           .inertia = protocol::Tensor{7, 8, 9, 0, 0, 0},
+           .lowerDeviation = 1,
+           .upperDeviation = 2}};
 }
 
 TEST(ComputeReply, ReplacesTheComputedValues) {

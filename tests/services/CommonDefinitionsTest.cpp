@@ -1,8 +1,7 @@
-#include "services/KorLumWBCSCommonDefinitions.h"
-
 #include <gtest/gtest.h>
 
 #include "protocol/ErrorReply.h"
+#include "services/KorLumWBCSCommonDefinitions.h"
 
 namespace {
 
@@ -18,7 +17,8 @@ TEST(CommonDefinitions, AreTheTextsOfTheWire) {
 }
 
 TEST(CommonDefinitions, HaveTheHeaderThatOpensAnErrorReply) {
-  EXPECT_EQ(KorUnicodeString(protocol::ErrorReply("no such part")).SearchSubString(Definitions::errMsgHeader), 0);
+  EXPECT_EQ(KorUnicodeString(protocol::ErrorReply("no such part")).SearchSubString(Definitions::errMsgHeader),
+            0);
 }
 
 TEST(CommonDefinitions, PrintADoubleSoThatItReadsBackToTheSameBits) {
@@ -33,7 +33,8 @@ TEST(CommonDefinitions, PrintADoubleSoThatItReadsBackToTheSameBits) {
 
 TEST(CommonDefinitions, OfferTheConditionsThatTheyName) {
   for (const KorUnicodeString* condition :
-       {&Definitions::conditionEqualsText, &Definitions::conditionIsEmptyText, &Definitions::conditionIsNotEmptyText}) {
+       {&Definitions::conditionEqualsText, &Definitions::conditionIsEmptyText,
+        &Definitions::conditionIsNotEmptyText}) {
     EXPECT_FALSE(condition->IsEmpty());
     EXPECT_NE(Definitions::listOfAttributeBasedSearchConditions.Locate(*condition), 0);
   }

@@ -1,12 +1,13 @@
-#include "services/KorLumWBCSCommonServices.h"
-
 #include <gtest/gtest.h>
+
+#include "services/KorLumWBCSCommonServices.h"
 
 namespace {
 
 TEST(DomFromText, IsTheDocumentOfAnXmlReply) {
   KorXmlDocument_var document;
-  EXPECT_EQ(KorLumWBCSCommonServices::GetDOMFromXMLStringBuffer("<Report><Mass>1</Mass></Report>", document), S_OK);
+  EXPECT_EQ(KorLumWBCSCommonServices::GetDOMFromXMLStringBuffer("<Report><Mass>1</Mass></Report>", document),
+            S_OK);
   ASSERT_TRUE(document);
   EXPECT_EQ(document->Root().FirstChild("Mass").Text(), "1");
   EXPECT_EQ(document->ReferenceCount(), 1u);

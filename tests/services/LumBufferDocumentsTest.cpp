@@ -62,7 +62,8 @@ TEST(Documents, FailForARevisionOrKindThatDoesNotExist) {
 TEST(Documents, TellThatTheServerFailedToFindThem) {
   protocol::PartData part = SamplePart();
   part.documents.activeId = "__EXCEPTION__";
-  EXPECT_EQ(TextOf<Lum>(*LoadedBuffer(part).Get(), &Lum::GetActiveDocId), KorLumWBCSCommonDefinitions::ExceptionFlag);
+  EXPECT_EQ(TextOf<Lum>(*LoadedBuffer(part).Get(), &Lum::GetActiveDocId),
+            KorLumWBCSCommonDefinitions::ExceptionFlag);
 }
 
 }  // namespace

@@ -16,19 +16,39 @@ inline protocol::PartData SamplePart() {
   part.hasInstance = true;
   part.computed = true;
   part.activeMassType = "Estimated";
-  part.massTypes = {
-      {.name = std::string(kComputed), .status = MassTypeStatus::OutOfDate, .mass = 12.5, .cg = Vector{0.0123, -1, 2.5},
-       .inertia = Tensor{1, 2, 3, -0.4, -0.5, -0.6}, .lowerDeviation = 0.25, .upperDeviation = 0.75},
-      {.name = "Estimated", .status = MassTypeStatus::Defined, .mass = 10.1, .cg = Vector{1.5, 0, 0},
-       .inertia = Tensor{4, 5, 6, 0, 0, 0}, .precisionType = 1, .precisionValueType = 1, .lowerPrecision = 0.5,
-       .upperPrecision = 0.6, .massTypeLowerPrecision = 0.01, .massTypeUpperPrecision = 0.02},
-      {.name = "Weighed", .mass = {}, .cg = {}, .inertia = {}}};
+  part.massTypes = {{.name = std::string(kComputed),
+                     .status = MassTypeStatus::OutOfDate,
+                     .mass = 12.5,
+                     .cg = Vector{0.0123, -1, 2.5},
+                     .inertia = Tensor{1, 2, 3, -0.4, -0.5, -0.6},
+                     .lowerDeviation = 0.25,
+                     .upperDeviation = 0.75},
+                    {.name = "Estimated",
+                     .status = MassTypeStatus::Defined,
+                     .mass = 10.1,
+                     .cg = Vector{1.5, 0, 0},
+                     .inertia = Tensor{4, 5, 6, 0, 0, 0},
+                     .precisionType = 1,
+                     .precisionValueType = 1,
+                     .lowerPrecision = 0.5,
+                     .upperPrecision = 0.6,
+                     .massTypeLowerPrecision = 0.01,
+                     .massTypeUpperPrecision = 0.02},
+                    {.name = "Weighed", .mass = {}, .cg = {}, .inertia = {}}};
   part.placement = {0, -1, 0, 1, 0, 0, 0, 0, 1, 0.5, 1, -2};
-  part.material = {.name = "Cast iron", .density = 7200, .densityPriority = 1, .referenceName = "Steel",
-                   .referenceDensity = 7850, .appliedOn = "Part Reference",
+  part.material = {.name = "Cast iron",
+                   .density = 7200,
+                   .densityPriority = 1,
+                   .referenceName = "Steel",
+                   .referenceDensity = 7850,
+                   .appliedOn = "Part Reference",
                    .statistics = {{"Cast iron", 7200, 1}, {"Skin", 12.5, 2}}};
-  part.documents = {.used = true, .activeId = "D-100", .activeVersion = "B", .autoMode = 1,
-                    .usedSpecificRevisionBefore = true, .attachedVersion = "A",
+  part.documents = {.used = true,
+                    .activeId = "D-100",
+                    .activeVersion = "B",
+                    .autoMode = 1,
+                    .usedSpecificRevisionBefore = true,
+                    .attachedVersion = "A",
                     .revisions = {{"B", "2024-05-01", "eva", "jan", "Estimated", 42.5},
                                   {"A", "2023-01-02", "kim", std::nullopt, "", 0}}};
   part.propertiesRequested = true;

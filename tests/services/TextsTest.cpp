@@ -17,7 +17,9 @@ TEST(StringTokenizer, GivesAnEmptyFieldBetweenAdjacentSeparatorsAndAtTheEnds) {
   EXPECT_EQ(KorWBServices::StringTokenizer("|", "|"), (List{"", ""}));
 }
 
-TEST(StringTokenizer, GivesNoFieldsOfAnEmptyText) { EXPECT_EQ(KorWBServices::StringTokenizer("", "|").Size(), 0); }
+TEST(StringTokenizer, GivesNoFieldsOfAnEmptyText) {
+  EXPECT_EQ(KorWBServices::StringTokenizer("", "|").Size(), 0);
+}
 
 TEST(StringTokenizer, TakesSeparatorsOfSeveralCharactersOrNone) {
   EXPECT_EQ(KorWBServices::StringTokenizer("a, b,c", ", "), (List{"a", "b,c"}));

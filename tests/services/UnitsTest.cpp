@@ -33,7 +33,8 @@ TEST_F(RestoreValue, RestoresWhatEveryUnitShows) {
       magnitude->SetCurrentUnit(unit->Name());
       double shown = 0;
       unit->ShowValue(1234.5).ConvertToNum(&shown, "%le");
-      EXPECT_NEAR(KorWBServices::RestoreValue(shown, magnitude->Name()), 1234.5, 1234.5 * 1e-9) << unit->Name();
+      EXPECT_NEAR(KorWBServices::RestoreValue(shown, magnitude->Name()), 1234.5, 1234.5 * 1e-9)
+          << unit->Name();
     }
 }
 

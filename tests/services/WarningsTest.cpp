@@ -35,9 +35,10 @@ TEST(ServerWarnings, AreEmptyWhenTheServerAnswersNothing) {
 
 TEST(ServerWarnings, AreLinesBehindTheMarkOfTheirSeverity) {
   ScriptedServer server;
-  server.SetPendingWarnings(protocol::WritePendingWarnings({{{Severity::Warning, "3 parts have no data"},
-                                                             {Severity::Error, "The mass is negative"},
-                                                             {Severity::Information, "Stored results were reused"}}}));
+  server.SetPendingWarnings(
+      protocol::WritePendingWarnings({{{Severity::Warning, "3 parts have no data"},
+                                       {Severity::Error, "The mass is negative"},
+                                       {Severity::Information, "Stored results were reused"}}}));
   KorUnicodeString text;
   EXPECT_EQ(KorWBServices::GetWarningMsgFromLumira(text), S_OK);
   EXPECT_EQ(text,
@@ -52,7 +53,8 @@ TEST(ServerWarnings, ShowWhetherAnErrorIsAmongThem) {
   server.SetPendingWarnings(protocol::WritePendingWarnings({{{Severity::Warning, "w"}}}));
   KorWBServices::GetWarningMsgFromLumira(text);
   EXPECT_EQ(text.SearchSubString(KorLumWBCSCommonDefinitions::warningMarkError), -1);
-  server.SetPendingWarnings(protocol::WritePendingWarnings({{{Severity::Warning, "w"}, {Severity::Error, "e"}}}));
+  server.SetPendingWarnings(
+      protocol::WritePendingWarnings({{{Severity::Warning, "w"}, {Severity::Error, "e"}}}));
   KorWBServices::GetWarningMsgFromLumira(text);
   EXPECT_NE(text.SearchSubString(KorLumWBCSCommonDefinitions::warningMarkError), -1);
 }
@@ -71,7 +73,8 @@ TEST(ServerWarnings, ThatCannotBeReadTellWhy) {
   KorUnicodeString text;
   EXPECT_EQ(KorWBServices::GetWarningMsgFromLumira(text), E_FAIL);
   EXPECT_EQ(Clean(text),
-            "The server's warnings could not be fetched: PendingWarnings: field 3 (warnings[1].severity): \"7\" is not "
+            "The server's warnings could not be fetched: PendingWarnings: field 3 (warnings[1].severity): "
+            "\"7\" is not "
             "an integer from 0 to 2");
 }
 

@@ -28,27 +28,28 @@ TEST(BuiltInMagnitudes, HaveTheReferenceUnitsOfTheDataBuffer) {
 }
 
 TEST(BuiltInMagnitudes, HaveTheStorageUnitsByName) {
-  for (const char* name : {"KG__M3", "METER", "KILOGRAM", "KG_M2"}) EXPECT_TRUE(Dictionary().FindUnit(name)) << name;
+  for (const char* name : {"KG__M3", "METER", "KILOGRAM", "KG_M2"})
+    EXPECT_TRUE(Dictionary().FindUnit(name)) << name;
 }
 
 // Figures of NIST Special Publication 811 (2008), Appendix B.8; "=" marks those that are exact there.
 TEST(BuiltInMagnitudes, HavePublishedFactors) {
-  EXPECT_DOUBLE_EQ(Factor("INCH"), 25.4);                   // =
-  EXPECT_DOUBLE_EQ(Factor("FOOT"), 304.8);                  // =
-  EXPECT_DOUBLE_EQ(Factor("YARD"), 914.4);                  // =
-  EXPECT_DOUBLE_EQ(Factor("MILE"), 1609344);                // =
-  EXPECT_DOUBLE_EQ(Factor("METER"), 1000);                  // =
-  EXPECT_DOUBLE_EQ(Factor("POUND"), 0.45359237);            // =
-  EXPECT_DOUBLE_EQ(Factor("OUNCE"), 0.028349523125);        // =
+  EXPECT_DOUBLE_EQ(Factor("INCH"), 25.4);             // =
+  EXPECT_DOUBLE_EQ(Factor("FOOT"), 304.8);            // =
+  EXPECT_DOUBLE_EQ(Factor("YARD"), 914.4);            // =
+  EXPECT_DOUBLE_EQ(Factor("MILE"), 1609344);          // =
+  EXPECT_DOUBLE_EQ(Factor("METER"), 1000);            // =
+  EXPECT_DOUBLE_EQ(Factor("POUND"), 0.45359237);      // =
+  EXPECT_DOUBLE_EQ(Factor("OUNCE"), 0.028349523125);  // =
   EXPECT_NEAR(Factor("SLUG"), 14.59390, 5e-6);
   EXPECT_NEAR(Factor("LB__FT3"), 16.01846, 5e-6);
   EXPECT_NEAR(Factor("LB__IN3"), 27679.90, 5e-3);
   EXPECT_NEAR(Factor("SLUG__FT3"), 515.3788, 5e-5);
-  EXPECT_DOUBLE_EQ(Factor("G__CM3"), 1000);                 // =
+  EXPECT_DOUBLE_EQ(Factor("G__CM3"), 1000);  // =
   EXPECT_NEAR(Factor("LB_FT2"), 0.04214011, 5e-9);
   EXPECT_NEAR(Factor("LB_IN2"), 2.926397e-4, 5e-11);
-  EXPECT_DOUBLE_EQ(Factor("G_CM2"), 1e-7);                  // =
-  EXPECT_DOUBLE_EQ(Factor("KG_MM2"), 1e-6);                 // =
+  EXPECT_DOUBLE_EQ(Factor("G_CM2"), 1e-7);   // =
+  EXPECT_DOUBLE_EQ(Factor("KG_MM2"), 1e-6);  // =
   EXPECT_NEAR(Factor("LB__FT2"), 4.882428, 5e-7);
   EXPECT_NEAR(Factor("OZ__YD2"), 0.03390575, 5e-9);
   EXPECT_NEAR(Factor("POUND_FORCE"), 4.448222, 5e-7);
@@ -60,7 +61,8 @@ TEST(BuiltInMagnitudes, HavePublishedFactors) {
   EXPECT_NEAR(Factor("KNOT"), 0.5144444, 5e-8);
 }
 
-// A slug accelerated by 1 ft/s² needs one pound-force; so a slug·ft² is 1.355818 kg·m² (the foot-pound's figure).
+// A slug accelerated by 1 ft/s² needs one pound-force; so a slug·ft² is 1.355818 kg·m² (the foot-pound's
+// figure).
 TEST(BuiltInMagnitudes, HaveTheSlugFootSquared) { EXPECT_NEAR(Factor("SLUG_FT2"), 1.355818, 5e-7); }
 
 TEST(BuiltInMagnitudes, HaveTemperaturesWithTheirZero) {

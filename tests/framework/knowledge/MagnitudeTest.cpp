@@ -4,7 +4,9 @@
 
 namespace {
 
-KorCkeUnit_var Unit(const char* name, double factor) { return KorCkeUnit_var::Adopt(new KorCkeUnit(name, name, factor)); }
+KorCkeUnit_var Unit(const char* name, double factor) {
+  return KorCkeUnit_var::Adopt(new KorCkeUnit(name, name, factor));
+}
 
 KorCkeMagnitude_var Speed() {
   return KorCkeMagnitude_var::Adopt(new KorCkeMagnitude("MY_SPEED", {Unit("SLOW", 1), Unit("FAST", 10)}));
@@ -20,7 +22,8 @@ TEST(Magnitude, TellsWhoWaitsWhenItsCurrentUnitChanges) {
   const auto magnitude = Speed();
   KorEventSubscriber listener;
   int changes = 0;
-  listener.AddCallback(magnitude.Get(), KorCkeMagnitude::ChangedEvent(), [&](auto*, auto*, auto) { ++changes; });
+  listener.AddCallback(magnitude.Get(), KorCkeMagnitude::ChangedEvent(),
+                       [&](auto*, auto*, auto) { ++changes; });
   EXPECT_EQ(magnitude->SetCurrentUnit("FAST"), S_OK);
   EXPECT_EQ(magnitude->CurrentUnit()->Name(), "FAST");
   EXPECT_EQ(magnitude->SetCurrentUnit("FAST"), S_OK);

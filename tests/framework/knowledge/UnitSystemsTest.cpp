@@ -1,8 +1,8 @@
-#include "framework/knowledge/KorUnitSystems.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
+
+#include "framework/knowledge/KorUnitSystems.h"
 
 namespace {
 

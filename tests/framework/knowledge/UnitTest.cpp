@@ -34,7 +34,9 @@ TEST(Unit, ShowsNoSymbolOnRequestOrWhenThereIsNone) {
   EXPECT_EQ(Make("", 1)->ShowValue(2), "2");
 }
 
-TEST(Unit, FormatsAValueOfItsOwnWithoutConverting) { EXPECT_EQ(Make("in", 25.4)->FormatValue(3.5), "3.5 in"); }
+TEST(Unit, FormatsAValueOfItsOwnWithoutConverting) {
+  EXPECT_EQ(Make("in", 25.4)->FormatValue(3.5), "3.5 in");
+}
 
 TEST(Unit, ShowsNegativeZeroAsZero) {
   EXPECT_EQ(Make("kg", 1)->ShowValue(-0.0), "0 kg");

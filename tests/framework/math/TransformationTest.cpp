@@ -1,6 +1,6 @@
-#include "framework/math/KorMathTransformation.h"
-
 #include <gtest/gtest.h>
+
+#include "framework/math/KorMathTransformation.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "framework/pdm/KorPdmClient.h"
-
 #include <gtest/gtest.h>
 
 #include <vector>
+
+#include "framework/pdm/KorPdmClient.h"
 
 namespace {
 
@@ -23,7 +23,9 @@ struct Echo : KorPdmTransport {
 struct Window : KorPdmClient::Observer {
   explicit Window(Log& log) : log(log) { KorPdmClient::SetObserver(this); }
   ~Window() override { KorPdmClient::SetObserver(nullptr); }
-  void CommandStarted(const KorUnicodeString& command) override { log.push_back("started " + command.Utf8()); }
+  void CommandStarted(const KorUnicodeString& command) override {
+    log.push_back("started " + command.Utf8());
+  }
   void CommandEnded(const KorUnicodeString& command) override { log.push_back("ended " + command.Utf8()); }
   Log& log;
 };

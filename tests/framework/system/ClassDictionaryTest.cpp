@@ -21,7 +21,9 @@ TEST(ClassDictionary, AnswersNullForAnUnknownClass) {
 }
 
 TEST(ClassDictionary, ForgetsAClassWhenItsRegistrationGoes) {
-  { const KorFillDictionary entry("Panel", []() -> void* { return &g_first; }); }
+  {
+    const KorFillDictionary entry("Panel", []() -> void* { return &g_first; });
+  }
   EXPECT_FALSE(KorClassDictionary::Knows("Panel"));
 }
 

@@ -1,7 +1,7 @@
-#include "framework/system/KorEnvironment.h"
-
 #include <gtest/gtest.h>
 #include <stdlib.h>
+
+#include "framework/system/KorEnvironment.h"
 
 namespace {
 

@@ -16,7 +16,9 @@ class Listener : public KorEventSubscriber {
   void Listen(KorEventSubscriber& publisher, const char* event, int number) {
     AddCallback(&publisher, event, &Listener::OnEvent, KorClientData(number));
   }
-  void OnEvent(KorEventSubscriber*, const char*, KorCommandClientData data) { _log.push_back(KorClientNumber(data)); }
+  void OnEvent(KorEventSubscriber*, const char*, KorCommandClientData data) {
+    _log.push_back(KorClientNumber(data));
+  }
 
  private:
   Log& _log;

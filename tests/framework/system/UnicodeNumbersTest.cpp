@@ -102,7 +102,8 @@ struct CommaPunctuation : std::numpunct<char> {
   std::string do_grouping() const override { return "\3"; }
 };
 
-/// While it lives, streams write a decimal comma, and so do the functions of C where the machine has such a locale.
+/// While it lives, streams write a decimal comma, and so do the functions of C where the machine has such a
+/// locale.
 class CommaLocale {
  public:
   CommaLocale()

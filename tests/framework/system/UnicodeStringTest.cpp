@@ -14,7 +14,9 @@ TEST(UnicodeString, StartsEmpty) {
   EXPECT_EQ(KorUnicodeString().GetLengthInChar(), 0);
 }
 
-TEST(UnicodeString, TakesANullTextAsEmpty) { EXPECT_TRUE(KorUnicodeString(static_cast<const char*>(nullptr)).IsEmpty()); }
+TEST(UnicodeString, TakesANullTextAsEmpty) {
+  EXPECT_TRUE(KorUnicodeString(static_cast<const char*>(nullptr)).IsEmpty());
+}
 
 TEST(UnicodeString, CountsCharactersAndNotBytes) {
   EXPECT_EQ(kSize.GetLengthInChar(), 11);
@@ -23,9 +25,9 @@ TEST(UnicodeString, CountsCharactersAndNotBytes) {
 
 TEST(UnicodeString, CountsEachByteThatIsNoUtf8AsOneCharacter) {
   EXPECT_EQ(KorUnicodeString("a\xFFz").GetLengthInChar(), 3);
-  EXPECT_EQ(KorUnicodeString("\xC3").GetLengthInChar(), 1);          // cut off
-  EXPECT_EQ(KorUnicodeString("\xC0\x80").GetLengthInChar(), 2);      // overlong
-  EXPECT_EQ(KorUnicodeString("\xED\xA0\x80").GetLengthInChar(), 3);  // surrogate
+  EXPECT_EQ(KorUnicodeString("\xC3").GetLengthInChar(), 1);              // cut off
+  EXPECT_EQ(KorUnicodeString("\xC0\x80").GetLengthInChar(), 2);          // overlong
+  EXPECT_EQ(KorUnicodeString("\xED\xA0\x80").GetLengthInChar(), 3);      // surrogate
   EXPECT_EQ(KorUnicodeString("\xF4\x90\x80\x80").GetLengthInChar(), 4);  // above U+10FFFF
 }
 
@@ -89,7 +91,9 @@ TEST(UnicodeString, StripsBlanksAtBothEndsOnly) {
   EXPECT_EQ(KorUnicodeString(" \t\n ").Strip(), "");
 }
 
-TEST(UnicodeString, RaisesTheLettersAToZ) { EXPECT_EQ(KorUnicodeString("Korvo_wb é1").ToUpper(), "KORVO_WB é1"); }
+TEST(UnicodeString, RaisesTheLettersAToZ) {
+  EXPECT_EQ(KorUnicodeString("Korvo_wb é1").ToUpper(), "KORVO_WB é1");
+}
 
 TEST(UnicodeString, Appends) {
   KorUnicodeString text = "a";

@@ -113,16 +113,16 @@ TEST_P(XmlRefusal, LeavesTheContentAndTellsOffsetAndCause) {
   EXPECT_EQ(reason, GetParam().reason);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Texts, XmlRefusal,
-    testing::Values(Refusal{"", "At offset 0: there is no root element"},
-                    Refusal{"   ", "At offset 0: there is no root element"},
-                    Refusal{"<!-- only -->", "At offset 0: there is no root element"},
-                    Refusal{"LumiraError: no", "At offset 0: there is no root element"},
-                    Refusal{"<a/><b/>", "At offset 5: there is a second root element"},
-                    Refusal{"<a/>rest", "At offset 4: there is text outside the root element"},
-                    Refusal{"<a><b></a>", "At offset 8: Start-end tags mismatch"},
-                    Refusal{"<a", "At offset 1: Error parsing start element tag"}));
+INSTANTIATE_TEST_SUITE_P(Texts, XmlRefusal,
+                         testing::Values(Refusal{"", "At offset 0: there is no root element"},
+                                         Refusal{"   ", "At offset 0: there is no root element"},
+                                         Refusal{"<!-- only -->", "At offset 0: there is no root element"},
+                                         Refusal{"LumiraError: no", "At offset 0: there is no root element"},
+                                         Refusal{"<a/><b/>", "At offset 5: there is a second root element"},
+                                         Refusal{"<a/>rest",
+                                                 "At offset 4: there is text outside the root element"},
+                                         Refusal{"<a><b></a>", "At offset 8: Start-end tags mismatch"},
+                                         Refusal{"<a", "At offset 1: Error parsing start element tag"}));
 
 TEST(XmlDocument, RefusesEveryBeginningOfADocument) {
   const std::string whole = "<a x='1'><b>text</b><![CDATA[c]]></a>";
