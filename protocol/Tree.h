@@ -10,46 +10,46 @@ namespace protocol {
 
 /// One line of the product tree: an instance and the part that it places.
 struct TreeNode {
-  std::string instanceId;  ///< empty for a root part
-  std::string partId;
-  std::string name;
-  std::string revision;
+  std::string instanceId = {};  ///< empty for a root part
+  std::string partId = {};
+  std::string name = {};
+  std::string revision = {};
   int quantity = 1;        ///< coincident copies that the instance stands for
   bool hasChildren = false;
   MassTypeStatus computedStatus = MassTypeStatus::Undefined;
-  std::optional<double> mass;  ///< kg, of the active mass type; of one copy
+  std::optional<double> mass = {};  ///< kg, of the active mass type; of one copy
 };
 
 /// The children of a part, or one page of them.
 struct TreeNodes {
-  std::string parentPartId;
+  std::string parentPartId = {};
   int total = 0;  ///< children that the part has
   int first = 0;  ///< index of the first node below
-  std::vector<TreeNode> nodes;
+  std::vector<TreeNode> nodes = {};
 };
 
 /// A product and the named configuration filters defined for it.
 struct ProductEntry {
-  std::string product;  ///< identifier of the product root
-  TreeNode root;
-  std::vector<std::string> filters;
+  std::string product = {};  ///< identifier of the product root
+  TreeNode root = {};
+  std::vector<std::string> filters = {};
 };
 
 /// Answers "LumGetProducts".
 struct ProductList {
-  std::vector<ProductEntry> products;
+  std::vector<ProductEntry> products = {};
 };
 
 /// One place in a product where a part is used.
 struct Occurrence {
-  std::vector<std::string> instancePath;  ///< instance identifiers from the root part down; empty for the root
-  TreeNode node;
+  std::vector<std::string> instancePath = {};  ///< instance identifiers from the root part down; empty for the root
+  TreeNode node = {};
 };
 
 /// Answers "LumSearchTree".
 struct SearchReply {
   bool cut = false;  ///< there are more hits than the limit let through
-  std::vector<Occurrence> hits;
+  std::vector<Occurrence> hits = {};
 };
 
 }  // namespace protocol

@@ -14,12 +14,12 @@ enum class Severity : int {
 /// What the server has to say about the last command, for people.
 struct Warning {
   Severity severity = Severity::Warning;
-  std::string text;
+  std::string text = {};
 };
 
 /// Answers "WBGetPendingWarnings". Fetching empties the list.
 struct PendingWarnings {
-  std::vector<Warning> warnings;
+  std::vector<Warning> warnings = {};
 };
 
 }  // namespace protocol

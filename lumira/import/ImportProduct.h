@@ -18,7 +18,7 @@ enum class UnknownParts { Refuse, LeaveOut };
 enum class ImportMode { Write, DryRun };
 
 struct ImportOptions {
-  std::string product;  ///< identifier of the product; empty: that of the root part
+  std::string product = {};  ///< identifier of the product; empty: that of the root part
   Existing existing = Existing::Refuse;
   UnknownParts unknownParts = UnknownParts::Refuse;
   ImportMode mode = ImportMode::Write;

@@ -1,7 +1,7 @@
 #include "lumira/import/MassTable.h"
 
-#include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 #include <unordered_map>
 
@@ -268,17 +268,19 @@ class MassReading {
     const std::size_t sign = _columns.Choice(row, Products, kProductSigns);
     const bool given = !_columns.Text(row, Ixx + 3).empty() || !_columns.Text(row, Ixx + 4).empty() ||
                        !_columns.Text(row, Ixx + 5).empty();
-    if (given && sign == 0 && _columns.Has(Products))
+    if (given && _columns.Has(Products) && _columns.Text(row, Products).empty())
       _columns.Error(row, Products, "is empty; \"-\" (tensor elements) or \"+\" (integrals) expected");
     return sign == 2 || sign == 4;
   }
 
   void CheckPhysics(std::size_t row, const std::string& part, const MassProperties& properties) {
-    double rounding = 0;
-    for (std::size_t i = 0; i < 6; ++i) rounding = std::max(rounding, _columns.Rounding(row, Ixx + i));
+    const auto r = [&](std::size_t i) { return _columns.Rounding(row, Ixx + i); };
+    InertiaTensor rounding{r(0), r(1), r(2), r(3), r(4), r(5)};
     // A shift from the origin takes a difference of large figures, whose rounding then shows.
-    if (_columns.Choice(row, InertiaAbout, kInertiaPoints) == 1 && properties.mass && properties.cg)
-      rounding += 1e-6 * std::abs(*properties.mass) * Dot(*properties.cg, *properties.cg);
+    if (_columns.Choice(row, InertiaAbout, kInertiaPoints) == 1 && properties.mass && properties.cg) {
+      const double shift = 1e-6 * std::abs(*properties.mass) * Dot(*properties.cg, *properties.cg);
+      rounding = rounding + InertiaTensor{shift, shift, shift, 0, 0, 0};
+    }
     for (const std::string& problem : FindPhysicalProblems(properties, rounding))
       _log.Warning(_columns.RowPlace(row), "part " + Quoted(part) + ": " + problem);
   }

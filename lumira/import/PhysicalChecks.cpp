@@ -3,28 +3,47 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <numbers>
 
 #include "protocol/Numbers.h"
 
 namespace lumira {
 namespace {
 
-// Eigenvalues of a symmetric 3x3 matrix, ascending, by the trigonometric solution of its characteristic equation
-// (O. K. Smith, Communications of the ACM 4, 1961).
+using Matrix = std::array<std::array<double, 3>, 3>;
+
+// One turn of the cyclic Jacobi method: makes element (p, q) zero. r is the third index.
+void Turn(Matrix& a, std::size_t p, std::size_t q, std::size_t r) {
+  if (a[p][q] == 0) return;
+  const double theta = (a[q][q] - a[p][p]) / (2 * a[p][q]);
+  const double t = (theta < 0 ? -1 : 1) / (std::abs(theta) + std::hypot(theta, 1.0));
+  const double c = 1 / std::hypot(t, 1.0), s = t * c;
+  a[p][p] -= t * a[p][q];
+  a[q][q] += t * a[p][q];
+  a[p][q] = a[q][p] = 0;
+  const double arp = a[r][p], arq = a[r][q];
+  a[r][p] = a[p][r] = c * arp - s * arq;
+  a[r][q] = a[q][r] = s * arp + c * arq;
+}
+
+// Eigenvalues, ascending, by Jacobi's method: exact to the last places even where two of them are equal, as those
+// of every body of revolution are (G. H. Golub and C. F. Van Loan, Matrix Computations, section on Jacobi methods).
 std::array<double, 3> PrincipalMoments(const InertiaTensor& t) {
-  const double mean = Trace(t) / 3;
-  const InertiaTensor d = t - InertiaTensor{mean, mean, mean, 0, 0, 0};
-  const double offDiagonal = d.xy * d.xy + d.xz * d.xz + d.yz * d.yz;
-  const double radius = std::sqrt((d.xx * d.xx + d.yy * d.yy + d.zz * d.zz + 2 * offDiagonal) / 6);
-  if (radius == 0) return {mean, mean, mean};
-  const double determinant = d.xx * (d.yy * d.zz - d.yz * d.yz) - d.xy * (d.xy * d.zz - d.yz * d.xz) +
-                             d.xz * (d.xy * d.yz - d.yy * d.xz);
-  const double cosine = std::clamp(determinant / (2 * radius * radius * radius), -1.0, 1.0);
-  const double angle = std::acos(cosine) / 3;
-  const auto moment = [&](double turn) { return mean + 2 * radius * std::cos(angle + turn); };
-  constexpr double kThird = 2 * std::numbers::pi / 3;
-  return {moment(kThird), moment(2 * kThird), moment(0)};
+  constexpr int kSweeps = 12;  // it converges quadratically; 3x3 matrices take four or five
+  Matrix a = {{{t.xx, t.xy, t.xz}, {t.xy, t.yy, t.yz}, {t.xz, t.yz, t.zz}}};
+  for (int sweep = 0; sweep < kSweeps; ++sweep) {
+    Turn(a, 0, 1, 2);
+    Turn(a, 0, 2, 1);
+    Turn(a, 1, 2, 0);
+  }
+  std::array moments = {a[0][0], a[1][1], a[2][2]};
+  std::sort(moments.begin(), moments.end());
+  return moments;
+}
+
+// How far eigenvalues can move when the elements of the matrix are off by these amounts: no further than the norm
+// of what is added (Weyl), here the largest sum of a row.
+double MovedBy(const InertiaTensor& e) {
+  return std::max({e.xx + e.xy + e.xz, e.xy + e.yy + e.yz, e.xz + e.yz + e.zz});
 }
 
 std::string MomentsText(const std::array<double, 3>& moments) {
@@ -36,16 +55,14 @@ bool IsZero(const InertiaTensor& t) { return t == InertiaTensor{}; }
 
 }  // namespace
 
-std::vector<std::string> FindPhysicalProblems(const MassProperties& properties, double rounding) {
+std::vector<std::string> FindPhysicalProblems(const MassProperties& properties, const InertiaTensor& rounding) {
   std::vector<std::string> problems;
   if (!properties.inertia || IsZero(*properties.inertia)) return problems;
   const double mass = properties.mass.value_or(1);
   if (mass == 0) return {"the mass is zero, but there is inertia"};
 
   const auto moments = PrincipalMoments((mass < 0 ? -1.0 : 1.0) * *properties.inertia);
-  // Eigenvalues move by no more than the norm of what is added to the matrix (Weyl): 3 for nine elements that
-  // are each off by `rounding`, and the arithmetic above adds a few units of the last place.
-  const double tolerance = 3 * rounding + 1e-12 * std::abs(moments[2]);
+  const double tolerance = MovedBy(rounding) + 1e-12 * std::abs(moments[2]);  // and the arithmetic above
   if (moments[0] < -tolerance)
     problems.push_back("the inertia is not positive: its principal moments are " + MomentsText(moments));
   else if (moments[0] + moments[1] < moments[2] - 3 * tolerance)

@@ -8,8 +8,8 @@
 namespace lumira {
 
 /// What no body of ordinary matter can have, as sentences; empty when all is well. `rounding` (kg·m²) is how much
-/// any element of the tensor may be off because the figures are rounded; within it, thin plates and rods pass.
+/// each element of the tensor may be off because the figures are rounded; within it, thin plates and rods pass.
 /// Mass properties of a negative mass are looked at with the sign turned.
-std::vector<std::string> FindPhysicalProblems(const MassProperties& properties, double rounding);
+std::vector<std::string> FindPhysicalProblems(const MassProperties& properties, const InertiaTensor& rounding);
 
 }  // namespace lumira

@@ -143,7 +143,8 @@ std::size_t TableColumns::Choice(std::size_t row, std::size_t column,
   const auto found = std::find(choices.begin(), choices.end(), text);
   if (found != choices.end()) return static_cast<std::size_t>(found - choices.begin());
   std::string list;
-  for (std::string_view choice : choices) list += (list.empty() ? "" : ", ") + Quoted(choice);
+  for (std::string_view choice : choices)
+    if (!choice.empty()) list += (list.empty() ? "" : ", ") + Quoted(choice);
   Error(row, column, Quoted(Text(row, column)) + " is none of " + list);
   return 0;
 }
@@ -155,12 +156,13 @@ bool TableColumns::Flag(std::size_t row, std::size_t column) const {
 
 double TableColumns::Rounding(std::size_t row, std::size_t column) const {
   const std::string_view text = Text(row, column);
+  if (protocol::ParseNumber(text).value_or(0) == 0) return 0;
   const std::size_t exponentAt = text.find_first_of("eE");
   const std::size_t point = text.find('.');
   const auto exponent = exponentAt == text.npos ? 0 : protocol::ParseInteger(text.substr(exponentAt + 1)).value_or(0);
   const std::size_t digitsEnd = std::min(exponentAt, text.size());
   const auto decimals = point == text.npos ? 0 : static_cast<long long>(digitsEnd - point - 1);
-  return text.empty() ? 0 : 0.5 * std::pow(10.0, static_cast<double>(exponent - decimals)) * _columns[column]->si;
+  return 0.5 * std::pow(10.0, static_cast<double>(exponent - decimals)) * _columns[column]->si;
 }
 
 void TableColumns::AddFound(std::set<std::size_t>& positions) const {

@@ -54,6 +54,7 @@ class TableColumns {
   Place RowPlace(std::size_t row) const { return {_table.Name(), _table.Line(row), 0, {}}; }
 
   /// How much the number of a cell may be off by rounding: half a unit of the last digit written, SI.
+  /// A zero and an empty cell count as exact.
   double Rounding(std::size_t row, std::size_t column) const;
 
   const CsvTable& Table() const { return _table; }

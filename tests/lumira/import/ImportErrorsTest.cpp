@@ -1,0 +1,254 @@
+#include <filesystem>
+#include <fstream>
+
+#include "ImportFixture.h"
+#include "lumira/store/SqliteStore.h"
+
+namespace lumira::test {
+namespace {
+
+TEST(ImportErrors, NameFileLineColumnAndWhatWasExpected) {
+  EXPECT_EQ(MassErrors("part,name,mass [kg]\na,A,1.5.2\n"),
+            "m.csv, line 2, column 3 (mass [kg]): \"1.5.2\" is not a finite number");
+}
+
+TEST(ImportErrors, AreAllCollected) {
+  EXPECT_EQ(Errors("parent,child,quantity\ntop,a,0\ntop,b|c,1\n", "part,mass [kg]\na,x\na,y\n"),
+            "m.csv, line 2, column 2 (mass [kg]): \"x\" is not a finite number\n"
+            "m.csv, line 3, column 2 (mass [kg]): \"y\" is not a finite number\n"
+            "s.csv, line 2, column 3 (quantity): \"0\" is not a whole number from 1 to 1000000000\n"
+            "s.csv, line 3, column 2 (child): \"b|c\" holds \"|\", which an identifier may not");
+}
+
+TEST(ImportErrors, AreCountedAboveAHundred) {
+  std::string mass = "part,mass [kg]\n";
+  for (int i = 0; i < 103; ++i) mass += "a,x\n";
+  const std::string message = MassErrors(mass);
+  EXPECT_NE(message.find("line 101,"), std::string::npos);
+  EXPECT_EQ(message.find("line 102,"), std::string::npos);
+  EXPECT_TRUE(message.ends_with("\nand 3 more errors"));
+}
+
+TEST(ImportErrors, OfNumbersThatAreNotFinite) {
+  for (const char* number : {"nan", "NaN", "inf", "-inf", "1e999", "--1", "0x10", "1 2", "1/2"})
+    EXPECT_EQ(MassErrors("part,mass [kg]\na," + std::string(number) + "\n"),
+              "m.csv, line 2, column 2 (mass [kg]): \"" + std::string(number) + "\" is not a finite number");
+}
+
+TEST(ImportErrors, OfNumbersThatOverflowInSiUnits) {
+  EXPECT_EQ(MassErrors("part,mass [t]\na,1e308\n"), "m.csv, line 2, column 2 (mass [t]): \"1e308\" is too large");
+}
+
+TEST(ImportErrors, OfDecimalCommasSayThatAPointIsExpected) {
+  EXPECT_EQ(MassErrors("part;mass [kg]\na;1,5\n"),
+            "m.csv, line 2, column 2 (mass [kg]): \"1,5\" is not a finite number; a decimal point expected");
+}
+
+TEST(ImportErrors, OfUnits) {
+  EXPECT_EQ(MassErrors("part,mass\na,1\n"), "m.csv, line 1, column 2 (mass): the unit is missing; one of kg, g, t, lb "
+                                            "expected, in brackets");
+  EXPECT_EQ(MassErrors("part,mass [mm]\na,1\n"),
+            "m.csv, line 1, column 2 (mass [mm]): \"mm\" is no unit known here; one of kg, g, t, lb expected");
+  EXPECT_EQ(MassErrors("part,name [kg]\na,1\n"),
+            "m.csv, line 1, column 2 (name [kg]): this column has no unit, \"kg\" found");
+}
+
+TEST(ImportErrors, OfColumnsThatAreMissingOrTwice) {
+  EXPECT_EQ(MassErrors("mass [kg]\n1\n"), "m.csv, line 1: there is no column \"part\"\n"
+                                          "m.csv, line 2, column 1 (mass [kg]): is empty, an identifier expected");
+  EXPECT_EQ(MassErrors("part,mass [kg],mass [g]\na,1,1\n"),
+            "m.csv, line 1, column 3 (mass [g]): there is a column of this name already");
+}
+
+TEST(ImportErrors, OfEmptyTables) {
+  EXPECT_EQ(Errors("", ""), "m.csv: is empty; a header row and at least one row expected\n"
+                            "s.csv: is empty; a header row and at least one row expected");
+  EXPECT_EQ(StructureErrors("parent,child\n"), "s.csv, line 1: no row follows the header");
+}
+
+TEST(ImportErrors, OfATableWithoutAnyStructure) {
+  const auto imported = ReadProductTables({std::nullopt, {"m.csv", "part,mass [kg]\na,1\n"}}, {});
+  EXPECT_EQ(imported.Failure().message, "m.csv, line 1: there is no column \"parent\" and no structure table");
+}
+
+TEST(ImportErrors, OfIdentifiers) {
+  EXPECT_EQ(StructureErrors("parent,child\n,a\n"), "s.csv, line 2, column 1 (parent): is empty, an identifier expected");
+  EXPECT_EQ(StructureErrors("parent,child\ntop,\"a\nb\"\n"),
+            "s.csv, line 2, column 2 (child): \"a\\x0Ab\" holds a control character, which an identifier may not");
+  EXPECT_EQ(StructureErrors("parent,child\ntop," + std::string(256, 'x') + "\n"),
+            "s.csv, line 2, column 2 (child): \"" + std::string(60, 'x') +
+                "...\" has 256 bytes, an identifier has at most 255");
+}
+
+TEST(ImportErrors, OfInstancesThatAreThereTwice) {
+  EXPECT_EQ(StructureErrors("parent,child,instance\ntop,a,i\ntop,b,j\na,b,i\n"),
+            "s.csv, line 4, column 3 (instance): \"i\" is the instance of line 2 already; instances are unique in a "
+            "product");
+}
+
+TEST(ImportErrors, OfQuantities) {
+  for (const char* quantity : {"0", "-1", "1.5", "x", "1000000001", "99999999999999999999"})
+    EXPECT_EQ(StructureErrors("parent,child,quantity\ntop,a," + std::string(quantity) + "\n"),
+              "s.csv, line 2, column 3 (quantity): \"" + std::string(quantity) +
+                  "\" is not a whole number from 1 to 1000000000");
+}
+
+TEST(ImportErrors, OfCyclesNameTheChainOfParts) {
+  EXPECT_EQ(StructureErrors("parent,child\ntop,a\na,b\nb,a\n"),
+            "s.csv, line 4: part \"a\" would contain itself: a > b > a");
+  EXPECT_EQ(StructureErrors("parent,child\na,a\n"), "s.csv, line 2: part \"a\" would contain itself: a > a");
+}
+
+TEST(ImportErrors, OfSeveralTops) {
+  EXPECT_EQ(StructureErrors("parent,child\ntop,a\nother,a\n"),
+            "s.csv: a product has one top part, here are 2: \"top\", \"other\"");
+}
+
+TEST(ImportErrors, OfPartsThatTheStructureDoesNotHave) {
+  EXPECT_EQ(MassErrors("part,mass [kg]\na,1\nbedplat,2\n"), "m.csv, line 3: part \"bedplat\" is not in the structure");
+}
+
+constexpr char kCoefficients[] = "parent,child,r11,r12,r13,r21,r22,r23,r31,r32,r33,tilt y [deg]\n";
+
+TEST(ImportErrors, OfAPlacementThatIsNoRotation) {
+  const std::string table = kCoefficients;
+  EXPECT_EQ(StructureErrors(table + "top,a,1,0,0,0,1,0,0,0,1.5,\n"),
+            "s.csv, line 2: r11 to r33 are no rotation: the axes are off orthonormal by 1.25, the limit is 1e-06");
+  EXPECT_EQ(StructureErrors(table + "top,a,1,0,0,0,1,0,0,0,-1,\n"),
+            "s.csv, line 2: r11 to r33 are no rotation but a mirror (determinant -1)");
+  EXPECT_EQ(StructureErrors(table + "top,a,0,0,0,0,0,0,0,0,0,\n"),
+            "s.csv, line 2: r11 to r33 are no rotation: the axes are off orthonormal by 1, the limit is 1e-06");
+  EXPECT_EQ(StructureErrors(table + "top,a,1,0,0,0,1,0,0,0,nan,\n"),
+            "s.csv, line 2, column 11 (r33): \"nan\" is not a finite number");
+}
+
+TEST(ImportErrors, OfARotationThatIsGivenTwiceOrInPart) {
+  const std::string table = kCoefficients;
+  EXPECT_EQ(StructureErrors(table + "top,a,1,0,0,0,1,0,0,0,1,6\n"),
+            "s.csv, line 2: the rotation is given twice, by r11 to r33 and by tilts");
+  EXPECT_EQ(StructureErrors(table + "top,a,1,0,0,,,,,,,\n"),
+            "s.csv, line 2: only 3 of the nine coefficients r11 to r33 are given");
+}
+
+TEST(ImportErrors, OfACentreOrInertiaThatIsGivenInPart) {
+  EXPECT_EQ(MassErrors("part,mass [kg],cg x [m],cg z [m]\na,1,1,2\n"),
+            "m.csv, line 2: only 2 of the 3 numbers of the centre (from cg x on) are given");
+  EXPECT_EQ(MassErrors("part,mass [kg],ixx [kg m2]\na,1,1\n"),
+            "m.csv, line 2: only 1 of the 3 numbers of the moments of inertia (from ixx on) are given");
+  EXPECT_EQ(MassErrors("part,ixy [kg m2],products\na,1,-\n"),
+            "m.csv, line 2: there are products of inertia without moments");
+}
+
+TEST(ImportErrors, OfProductsWithoutTheirSign) {
+  const std::string columns = "part,ixx [kg m2],iyy [kg m2],izz [kg m2],ixy [kg m2]";
+  EXPECT_EQ(MassErrors(columns + "\na,1,1,1,0.1\n"),
+            "m.csv, line 1: there are products of inertia but no column \"products\" that says their sign: \"-\" for "
+            "tensor elements, \"+\" for integrals");
+  EXPECT_EQ(MassErrors(columns + ",products\na,1,1,1,0.1,\n"),
+            "m.csv, line 2, column 6 (products): is empty; \"-\" (tensor elements) or \"+\" (integrals) expected");
+  EXPECT_EQ(MassErrors(columns + ",products\na,1,1,1,0.1,minus\n"),
+            "m.csv, line 2, column 6 (products): \"minus\" is none of \"-\", \"+\", \"tensor\", \"integral\"");
+}
+
+TEST(ImportErrors, OfInertiaAboutTheOriginWithoutMassOrCentre) {
+  EXPECT_EQ(MassErrors("part,ixx [kg m2],iyy [kg m2],izz [kg m2],inertia about\na,1,1,1,origin\n"),
+            "m.csv, line 2: inertia about the origin needs mass and cg");
+}
+
+TEST(ImportErrors, OfDeviationsThatAreNegativeOrInOtherAxes) {
+  EXPECT_EQ(MassErrors("part,mass [kg],sd mass [kg],lower deviation [kg],upper deviation [kg]\na,1,-1,-2,-3\n"),
+            "m.csv, line 2, column 4 (lower deviation [kg]): a deviation may not be negative\n"
+            "m.csv, line 2, column 5 (upper deviation [kg]): a deviation may not be negative\n"
+            "m.csv, line 2, column 3 (sd mass [kg]): a standard deviation may not be negative");
+  EXPECT_EQ(MassErrors("part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],sd ixx [kg m2],inertia tilt y [deg]\n"
+                       "a,1,1,1,1,0.1,6\n"),
+            "m.csv, line 2: standard deviations of inertia can only be given with inertia about the cg in part axes");
+}
+
+TEST(ImportErrors, OfMassTypes) {
+  EXPECT_EQ(MassErrors("part,mass type,mass [kg]\na,Weighed,1\na,Weighed,2\n"),
+            "m.csv, line 3: part \"a\" has the mass type \"Weighed\" twice");
+  EXPECT_EQ(MassErrors("part,mass type,mass [kg]\na,Computed,1\n"),
+            "m.csv, line 2, column 2 (mass type): \"Computed\" is filled by the server and cannot be imported");
+  EXPECT_EQ(MassErrors("part,mass type,mass [kg],active\na,A,1,yes\na,B,1,yes\n"),
+            "m.csv, line 3, column 4 (active): part \"a\" has an active mass type already, \"A\"");
+  EXPECT_EQ(MassErrors("part,mass [kg],active\na,1,maybe\n"),
+            "m.csv, line 2, column 3 (active): \"maybe\" is none of \"no\", \"yes\"");
+}
+
+TEST(ImportErrors, OfRowsThatContradictEachOther) {
+  EXPECT_EQ(MassErrors("part,mass type,material,density [kg/m3]\na,A,Steel,7850\na,B,Brass,8500\n"),
+            "m.csv, line 3, column 3 (material): \"Brass\" differs from \"Steel\" on another row of the same part\n"
+            "m.csv, line 3, column 4 (density [kg/m3]): differs from what another row of the same part says");
+}
+
+TEST(ImportErrors, OfNegativeDensitiesAndVolumes) {
+  EXPECT_EQ(MassErrors("part,density [kg/m3],volume [m3]\na,-1,-2\n"),
+            "m.csv, line 2, column 2 (density [kg/m3]): a density may not be negative\n"
+            "m.csv, line 2, column 3 (volume [m3]): a volume may not be negative");
+}
+
+class ImportIntoStore : public testing::Test {
+ protected:
+  ImportIntoStore() {
+    std::filesystem::remove(file);
+    store = CreateSqliteStore(file).Value();
+  }
+  ~ImportIntoStore() override {
+    store.reset();
+    for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(file + suffix);
+  }
+
+  protocol::Result<ImportReport> Import(const ImportOptions& options, const std::string& mass = "part,mass [kg]\na,1\n") {
+    return ImportProduct(*store, {TableSource{"s.csv", "parent,child\ntop,a\n"}, TableSource{"m.csv", mass}}, options);
+  }
+
+  std::string file = testing::TempDir() + "import-" + std::to_string(getpid()) + ".lumira";
+  std::unique_ptr<Store> store;
+};
+
+TEST_F(ImportIntoStore, WritesTheProduct) {
+  ASSERT_TRUE(Import({}).Ok());
+  EXPECT_EQ(store->LoadProduct("top").Value().parts.size(), 2u);
+}
+
+TEST_F(ImportIntoStore, WritesNothingWhenOneCellIsWrong) {
+  EXPECT_FALSE(Import({}, "part,mass [kg]\na,1\na,x\n").Ok());
+  EXPECT_TRUE(store->Products().Value().empty());
+}
+
+TEST_F(ImportIntoStore, WritesNothingInADryRun) {
+  const auto report = Import({.mode = ImportMode::DryRun});
+  ASSERT_TRUE(report.Ok());
+  EXPECT_EQ(report.Value().parts, 2u);
+  EXPECT_TRUE(store->Products().Value().empty());
+}
+
+TEST_F(ImportIntoStore, RefusesInADryRunWhatItWouldRefuseToWrite) {
+  ASSERT_TRUE(Import({}).Ok());
+  EXPECT_EQ(Import({.mode = ImportMode::DryRun}).Failure().message, "product \"top\" exists already");
+  EXPECT_EQ(Import({.product = "Second", .mode = ImportMode::DryRun}).Failure().message,
+            "part \"top\" belongs to product \"top\" already");
+  EXPECT_EQ(Import({.product = "Second"}).Failure().message, "part \"top\" belongs to product \"top\" already");
+  EXPECT_TRUE(Import({.existing = Existing::Replace, .mode = ImportMode::DryRun}).Ok());
+}
+
+TEST_F(ImportIntoStore, ReplacesAProductWhenAsked) {
+  ASSERT_TRUE(Import({}).Ok());
+  EXPECT_EQ(Import({}).Failure().kind, protocol::ErrorKind::Conflict);
+  ASSERT_TRUE(Import({.existing = Existing::Replace}, "part,mass [kg]\na,7\n").Ok());
+  EXPECT_EQ(store->LoadProduct("top").Value().parts[1].massTypes[0].properties.mass, 7);
+}
+
+TEST(TableFile, ThatIsNotThereOrTooLargeIsRefusedWithItsName) {
+  EXPECT_EQ(ReadTableFile("/no/such.csv").Failure().message, "/no/such.csv: there is no such file");
+  EXPECT_EQ(ReadTableFile("/").Failure().message, "/: is not a file");
+  const std::string path = testing::TempDir() + "table-" + std::to_string(getpid()) + ".csv";
+  std::ofstream(path) << "part\na\n";
+  EXPECT_EQ(ReadTableFile(path).Value().text, "part\na\n");
+  EXPECT_EQ(ReadTableFile(path, {.bytes = 3}).Failure().message, path + ": has 7 bytes, the limit is 3");
+  std::filesystem::remove(path);
+}
+
+}  // namespace
+}  // namespace lumira::test
