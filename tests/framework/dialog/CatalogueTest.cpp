@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/framework/dialog/TemporaryCatalogues.h"
+#include "tests/support/TemporaryCatalogues.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;

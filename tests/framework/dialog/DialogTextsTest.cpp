@@ -4,7 +4,7 @@
 #include "framework/dialog/KorDlgDialog.h"
 #include "framework/dialog/KorDlgFrame.h"
 #include "framework/dialog/KorDlgLabel.h"
-#include "tests/framework/dialog/TemporaryCatalogues.h"
+#include "tests/support/TemporaryCatalogues.h"
 #include "tests/support/RecordingBackend.h"
 
 namespace {

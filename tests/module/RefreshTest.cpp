@@ -1,0 +1,307 @@
+#include "framework/dialog/KorDlgCombo.h"
+#include "framework/dialog/KorDlgEditor.h"
+#include "framework/dialog/KorDlgTabContainer.h"
+#include "framework/dialog/KorMsgCatalog.h"
+#include "tests/module/PanelTest.h"
+#include "tests/module/ProbeBuffer.h"
+#include "tests/support/TemporaryCatalogues.h"
+#include "tests/support/TraceCapture.h"
+
+using testing::HasSubstr;
+using testing::Not;
+
+namespace {
+
+class Refresh : public PanelTest {
+ protected:
+  /// The trace of one refresh.
+  std::string TraceOfRefresh() {
+    TraceCapture trace("KorWBCompPart");
+    EXPECT_EQ(Panel().RefreshPanelWithInfo(), S_OK);
+    return trace.Text();
+  }
+  std::string DocumentModeText(const KorUnicodeString& parameter) {
+    EXPECT_TRUE(KorMsgCatalog::Has("KorWBNymMainPanel", "WB_ComputePart100"));
+    return KorMsgCatalog::BuildMessage("KorWBNymMainPanel", "WB_ComputePart100", &parameter, 1).Utf8();
+  }
+};
+
+// ---- selection ----
+
+TEST_F(Refresh, ShowsWhatIsSelectedReadably) {
+  Open(SamplePart());
+  EXPECT_EQ(Text("SelectionEditor"), "ROOT/P-100/R.1/P-100.1");
+  EXPECT_EQ(Widget("SelectionEditor").GetShortHelp(), "ROOT/P-100/R.1/P-100.1");
+  EXPECT_THAT(TraceOfRefresh(), HasSubstr("The current selection is: P-100|R.1|P-100.1|\n"));
+}
+
+TEST_F(Refresh, WithAnEmptyInstancePathTheSelectionIsThePartAlone) {
+  protocol::PartData part = SamplePart();
+  part.instancePath = "";
+  Open(part);
+  EXPECT_THAT(TraceOfRefresh(), HasSubstr("The current selection is: P-100|\n"));
+  EXPECT_EQ(Text("SelectionEditor"), "ROOT/P-100");
+}
+
+TEST_F(Refresh, ScrollsTheSelectionToItsEndAndSelectsWhatFollowsTheHandler) {
+  Open(SamplePart());
+  auto& editor = As<KorDlgEditor>("SelectionEditor");
+  EXPECT_EQ(editor.GetSelectionFirst(), 5);  // behind "ROOT" and a character
+  EXPECT_EQ(editor.GetSelectionLast(), 22);
+  EXPECT_EQ(editor.GetFirstColumn(), std::max(0, -1 - editor.GetVisibleTextWidth() + 22));
+}
+
+// ---- lamps ----
+
+struct LampCase {
+  bool computed;
+  bool persisted;
+};
+class Lamps : public Refresh, public testing::WithParamInterface<LampCase> {};
+
+TEST_P(Lamps, ShowOneOfEachPairAfterTheBuffersFlags) {
+  protocol::PartData part = SamplePart();
+  part.computed = GetParam().computed;
+  part.persisted = GetParam().persisted;
+  Open(part);
+  EXPECT_EQ(IsShown("FlagRedLabel[1]"), !GetParam().computed);
+  EXPECT_EQ(IsShown("FlagGreenLabel[1]"), GetParam().computed);
+  EXPECT_EQ(IsShown("FlagRedLabel[2]"), !GetParam().persisted);
+  EXPECT_EQ(IsShown("FlagGreenLabel[2]"), GetParam().persisted);
+}
+INSTANTIATE_TEST_SUITE_P(All, Lamps,
+                         testing::Values(LampCase{false, false}, LampCase{false, true}, LampCase{true, false},
+                                         LampCase{true, true}));
+
+TEST_F(Refresh, TheLampsFollowTheBuffer) {
+  Open(SamplePart());
+  Buffer().SetCalculationUpToDate(false);
+  Panel().RefreshPanelWithInfo();
+  EXPECT_TRUE(IsShown("FlagRedLabel[1]"));
+  EXPECT_FALSE(IsShown("FlagGreenLabel[1]"));
+}
+
+// ---- documents ----
+
+TEST_F(Refresh, WithoutOldDocumentsNothingIsSaidOfThem) {
+  Open(SamplePart());
+  EXPECT_EQ(Text("Act"), "");
+  const std::string trace = TraceOfRefresh();
+  EXPECT_THAT(trace, HasSubstr("The old doc revs are not used."));
+  EXPECT_THAT(trace, Not(HasSubstr("zero revs")));
+}
+
+TEST_F(Refresh, TracesTheActiveDocument) {
+  Open(SamplePartWithDocuments());
+  const std::string trace = TraceOfRefresh();
+  EXPECT_THAT(trace, HasSubstr("The active document retrieved from the buffer: "));
+  EXPECT_THAT(trace, HasSubstr("\t<D-7 B>"));
+}
+
+TEST_F(Refresh, DocumentsWithARevisionEnableTheirPage) {
+  Open(SamplePartWithDocuments());
+  EXPECT_TRUE(IsEnabled("TabPageDocuments"));
+}
+
+TEST_F(Refresh, AutomaticModeZeroNamesTheMostRecentRevision) {
+  Open(SamplePartWithDocuments());
+  EXPECT_EQ(Text("Act"), DocumentModeText("latest"));
+  EXPECT_TRUE(IsChecked("ActiveDocLatestButton"));
+  EXPECT_FALSE(IsChecked("ActiveDocUsrSelButton"));
+  const std::string trace = TraceOfRefresh();
+  EXPECT_THAT(trace, HasSubstr("Default document mode: " + DocumentModeText("latest")));
+  EXPECT_THAT(trace, HasSubstr("Setting act to " + DocumentModeText("latest")));
+}
+
+TEST_F(Refresh, AutomaticModeOneNamesTheAttachedRevision) {
+  protocol::PartData part = SamplePartWithDocuments();
+  part.documents.autoMode = 1;
+  Open(part);
+  EXPECT_EQ(Text("Act"), DocumentModeText("attached"));
+}
+
+TEST_F(Refresh, AutomaticModeTwoHasAnEmptyParameter) {
+  protocol::PartData part = SamplePartWithDocuments();
+  part.documents.autoMode = 2;
+  Open(part);
+  EXPECT_EQ(Text("Act"), DocumentModeText(""));
+}
+
+TEST_F(Refresh, WithoutACatalogueTheDefaultTextsOfTheDocumentModesStandInAndModeTwoHasNone) {
+  TemporaryCatalogues empty;
+  protocol::PartData part = SamplePartWithDocuments();
+  Open(part);
+  EXPECT_EQ(Text("Act"), "***MOST RECENT REVISION***");
+  part.documents.autoMode = 1;
+  Panel().SetModel(BufferOf(part).Get());
+  EXPECT_EQ(Text("Act"), "***ATTACHED REVISION***");
+  part.documents.autoMode = 2;
+  Panel().SetModel(BufferOf(part).Get());
+  EXPECT_EQ(Text("Act"), "");
+}
+
+TEST_F(Refresh, ASpecificRevisionUsedBeforeIsTheOneShown) {
+  protocol::PartData part = SamplePartWithDocuments();
+  part.documents.usedSpecificRevisionBefore = true;
+  Open(part);
+  EXPECT_TRUE(IsChecked("ActiveDocUsrSelButton"));
+  EXPECT_FALSE(IsChecked("ActiveDocLatestButton"));
+  EXPECT_EQ(Text("Act"), "D-7 B");
+  const std::string trace = TraceOfRefresh();
+  EXPECT_THAT(trace, HasSubstr("There's a value for the active doc id - default to the \"selected rev\" button"));
+  EXPECT_THAT(trace, HasSubstr("Setting act to D-7 B"));
+}
+
+TEST_F(Refresh, WithoutAnyRevisionTheDocumentsPageIsDisabled) {
+  protocol::PartData part = SamplePartWithDocuments();
+  part.documents.revisions.clear();
+  part.documents.activeId = "0";
+  Open(part);
+  EXPECT_FALSE(IsEnabled("TabPageDocuments"));
+  EXPECT_THAT(TraceOfRefresh(), HasSubstr("there are zero revs => page will be disabled"));
+}
+
+TEST_F(Refresh, WithoutAnyRevisionAnActiveDocumentBringsThePageBack) {
+  protocol::PartData part = SamplePartWithDocuments();
+  part.documents.revisions.clear();
+  Open(part);
+  EXPECT_TRUE(IsEnabled("TabPageDocuments")) << "first disabled, then enabled again since the page is in use";
+}
+
+TEST_F(Refresh, DocumentsThatTheServerCouldNotFindAreSaidToBeMissing) {
+  protocol::PartData part = SamplePartWithDocuments();
+  part.documents.revisions.clear();
+  part.documents.activeId = "__EXCEPTION__";
+  Boxes().ExpectMessage({"KorWBNymMainPanel", CatalogueText("DocumentsNotFound001.Title"),
+                         CatalogueText("NoDocsFoundMessage"), kInformationFlags});
+  Open(part);
+  EXPECT_FALSE(IsEnabled("TabPageDocuments"));
+  EXPECT_EQ(Text("Act"), "");
+}
+
+TEST_F(Refresh, WithoutACatalogueMissingDocumentsHaveADefaultText) {
+  TemporaryCatalogues empty;
+  protocol::PartData part = SamplePartWithDocuments();
+  part.documents.revisions.clear();
+  part.documents.activeId = "__EXCEPTION__";
+  Boxes().ExpectMessage({"KorWBNymMainPanel", "", "--Docs not found msg--", kInformationFlags});
+  Open(part);
+}
+
+TEST_F(Refresh, AnExceptionAmongRevisionsShowsNoMessageAndUsesNoPage) {
+  protocol::PartData part = SamplePartWithDocuments();
+  part.documents.activeId = "__EXCEPTION__";
+  Open(part);
+  EXPECT_EQ(Text("Act"), "");
+  EXPECT_THAT(TraceOfRefresh(), HasSubstr("The old doc revs are not used."));
+}
+
+TEST_F(Refresh, APartWithoutADocumentShowsNoneAndTheResults) {
+  protocol::PartData part = SamplePartWithDocuments();
+  part.documents.activeId = "0";
+  Open(part);
+  EXPECT_EQ(Text("Act"), "NONE");
+  EXPECT_FALSE(IsEnabled("TabPageDocuments"));
+  const std::string trace = TraceOfRefresh();
+  EXPECT_THAT(trace, HasSubstr("The old doc revs can be used but there's no document attached to this part"));
+  EXPECT_THAT(trace, HasSubstr("Setting act to NONE"));
+}
+
+TEST_F(Refresh, APartWithoutADocumentBringsTheFirstPageToTheFront) {
+  protocol::PartData part = SamplePartWithDocuments();
+  part.documents.activeId = "0";
+  Open(part);
+  PickPage("TabPage003");
+  Panel().RefreshPanelWithInfo();
+  EXPECT_EQ(SelectedPage(), "TabPage002");
+}
+
+TEST_F(Refresh, APartWithDocumentsLeavesThePageInFront) {
+  Open(SamplePartWithDocuments());
+  PickPage("TabPage003");
+  Panel().RefreshPanelWithInfo();
+  EXPECT_EQ(SelectedPage(), "TabPage003");
+}
+
+TEST_F(Refresh, APanelLaidOutWithoutDocumentsTracesThatTheirComboIsMissing) {
+  Open(SamplePart());
+  TraceCapture trace("KorWBCompPart");
+  auto documents = BufferOf(SamplePartWithDocuments());
+  Panel().SetModel(documents.Get());
+  EXPECT_THAT(trace.Text(), HasSubstr("_ActiveDocsCombo is NULL!!!"));
+  EXPECT_EQ(Text("Act"), DocumentModeText("latest"));
+  EXPECT_FALSE(Has("TabPageDocuments")) << "which pages there are was decided when the panel was laid out";
+}
+
+TEST_F(Refresh, APanelLaidOutWithoutDocumentsSurvivesAPartWithoutADocument) {
+  Open(SamplePart());
+  protocol::PartData part = SamplePartWithDocuments();
+  part.documents.activeId = "0";
+  part.documents.revisions.clear();
+  auto buffer = BufferOf(part);
+  Panel().SetModel(buffer.Get());
+  EXPECT_EQ(Text("Act"), "NONE");
+}
+
+// ---- the rest ----
+
+TEST_F(Refresh, ChecksTheStandardPartButtonForAStandardPart) {
+  protocol::PartData part = SamplePart();
+  part.standardPart = true;
+  Open(part);
+  EXPECT_TRUE(IsChecked("StdPartCheckButton"));
+}
+
+TEST_F(Refresh, UnchecksTheStandardPartButtonForEveryOtherAnswer) {
+  protocol::PartData part = SamplePart();
+  part.standardPart = true;
+  Open(part);
+  Buffer().SetStandardPart(false);
+  Panel().RefreshPanelWithInfo();
+  EXPECT_FALSE(IsChecked("StdPartCheckButton"));
+}
+
+TEST_F(Refresh, TellsWhenAllPagesAreDone) {
+  Open(SamplePart());
+  EXPECT_THAT(TraceOfRefresh(), HasSubstr("All pages have been refreshed"));
+}
+
+TEST_F(Refresh, FillsTheResultsBeforeTheMassTypes) {
+  auto buffer = ProbeBuffer::Of(SamplePart());
+  Open(buffer);
+  buffer->calls.clear();
+  Panel().RefreshPanelWithInfo();
+  const auto results = std::find(buffer->calls.begin(), buffer->calls.end(), "GetLowerDeviation");
+  const auto massTypes = std::find(buffer->calls.begin(), buffer->calls.end(), "GetMassTypeList");
+  ASSERT_NE(results, buffer->calls.end());
+  ASSERT_NE(massTypes, buffer->calls.end());
+  EXPECT_LT(results, massTypes);
+}
+
+TEST_F(Refresh, AFailureOfOnePageDoesNotKeepTheOthersFromBeingFilled) {
+  auto buffer = ProbeBuffer::Of(SamplePart());
+  buffer->failures["GetLowerDeviation"] = E_FAIL;
+  Open(buffer);
+  EXPECT_EQ(Panel().RefreshPanelWithInfo(), S_OK);
+  EXPECT_EQ(SelectedLine("MassTypeCombo"), "Computed");
+}
+
+TEST_F(Refresh, FillsBothMassTypeCombosAlikeAndSelectsTheActiveTypeInBoth) {
+  protocol::PartData part = SamplePart();
+  part.activeMassType = "Estimated";
+  Open(part);
+  for (const char* combo : {"MassTypeCombo", "ActiveMassCombo"}) {
+    EXPECT_THAT(As<KorDlgCombo>(combo).GetLines(), testing::ElementsAre("Computed", "Estimated", "Weighed"));
+    EXPECT_EQ(SelectedLine(combo), "Estimated");
+  }
+}
+
+TEST_F(Refresh, AgainAndAgainShowsTheSame) {
+  Open(SamplePartWithDocuments());
+  const std::string first = Masses() + CG() + Moments() + Products() + Text("SelectionEditor") + Text("Act");
+  for (int i = 0; i < 3; ++i) Panel().RefreshPanelWithInfo();
+  EXPECT_EQ(Masses() + CG() + Moments() + Products() + Text("SelectionEditor") + Text("Act"), first);
+  EXPECT_EQ(As<KorDlgCombo>("MassTypeCombo").GetLineCount(), 3);
+}
+
+}  // namespace

@@ -1,0 +1,98 @@
+#include "tests/module/PanelTest.h"
+
+namespace {
+
+class TabChange : public PanelTest {};
+
+TEST_F(TabChange, OutsideTheResultsInertiaIsAtTheCentreOfGravityOfTheCurrentPart) {
+  Open(SamplePart());
+  Check("RootProductButton");
+  Check("ReferenceButton");
+  PickPage("TabPage003");
+  EXPECT_TRUE(IsChecked("CGButton"));
+  EXPECT_FALSE(IsChecked("ReferenceButton"));
+  EXPECT_TRUE(IsChecked("CurrentPartButton"));
+  EXPECT_FALSE(IsEnabled("InertiaModeFrame"));
+  EXPECT_FALSE(IsEnabled("ReferenceModeFrame"));
+}
+
+TEST_F(TabChange, HoldsForEveryPageAfterTheFirst) {
+  protocol::PartData part = SamplePartWithDocuments();
+  part.propertiesRequested = true;
+  Open(part);
+  for (const char* page : {"TabPage003", "TabPage004", "TabPage005", "TabPageDocuments", "TabPageAdditional"}) {
+    PickPage("TabPage002");
+    EXPECT_TRUE(IsEnabled("InertiaModeFrame")) << page;
+    PickPage(page);
+    EXPECT_FALSE(IsEnabled("InertiaModeFrame")) << page;
+    EXPECT_FALSE(IsEnabled("ReferenceModeFrame")) << page;
+  }
+}
+
+TEST_F(TabChange, LeavingTheResultsInCustomModeTakesTheCustomFrameOutOfUse) {
+  Open(SamplePart());
+  Check("CustomReferenceButton");
+  EXPECT_TRUE(IsEnabled("CustomRefModeFrame"));
+  PickPage("TabPage003");
+  EXPECT_FALSE(IsEnabled("CustomRefModeFrame"));
+}
+
+TEST_F(TabChange, BackOnTheResultsTheModesCanBeChosenAgain) {
+  Open(SamplePart());
+  PickPage("TabPage004");
+  PickPage("TabPage002");
+  EXPECT_TRUE(IsEnabled("InertiaModeFrame"));
+  EXPECT_TRUE(IsEnabled("ReferenceModeFrame"));
+  EXPECT_FALSE(IsEnabled("CustomRefModeFrame"));
+  Check("ReferenceButton");
+}
+
+TEST_F(TabChange, BackOnTheResultsInEditModeTheModesStayDisabled) {
+  Open(SamplePart());
+  Widget("EditButton").SetSensitivity(KorSensitivity::Disabled);  // as in edit mode
+  PickPage("TabPage003");
+  PickPage("TabPage002");
+  EXPECT_FALSE(IsEnabled("InertiaModeFrame"));
+  EXPECT_FALSE(IsEnabled("ReferenceModeFrame"));
+}
+
+TEST_F(TabChange, SelectingTheSecondPageOnTheComputedMassTypeLeavesDeleteDisabled) {
+  Open(SamplePart());
+  Widget("SaveButton").SetSensitivity(KorSensitivity::Enabled);
+  PickPage("TabPage003");
+  EXPECT_FALSE(IsEnabled("DeleteButton"));
+}
+
+TEST_F(TabChange, EveryChangeDisablesDeleteAlsoForADefinedUserMassTypeOnPurpose) {
+  protocol::PartData part = SamplePart();
+  part.activeMassType = "Estimated";
+  Open(part);
+  Widget("SaveButton").SetSensitivity(KorSensitivity::Enabled);
+  for (const char* page : {"TabPage003", "TabPage002", "TabPage004", "TabPage003"}) {
+    Widget("DeleteButton").SetSensitivity(KorSensitivity::Enabled);
+    PickPage(page);
+    EXPECT_FALSE(IsEnabled("DeleteButton")) << page;
+  }
+}
+
+TEST_F(TabChange, WithoutABufferChangesNothing) {
+  Open(SamplePart());
+  Panel().SetModel(nullptr);
+  Widget("DeleteButton").SetSensitivity(KorSensitivity::Enabled);
+  Check("RootProductButton");
+  PickPage("TabPage003");
+  EXPECT_TRUE(IsChecked("RootProductButton"));
+  EXPECT_TRUE(IsEnabled("InertiaModeFrame"));
+  EXPECT_TRUE(IsEnabled("DeleteButton"));
+}
+
+TEST_F(TabChange, BackOnTheResultsTheValuesAreThoseOfTheCurrentPart) {
+  Open(SamplePart());
+  Check("RootProductButton");
+  PickPage("TabPage003");
+  PickPage("TabPage002");
+  EXPECT_EQ(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²") << "back to the current part";
+  EXPECT_EQ(CG(), "100 mm, 200 mm, 300 mm");
+}
+
+}  // namespace
