@@ -10,28 +10,31 @@ struct WarningText {
   protocol::Severity severity;
   const char* one;   ///< follows "1 "
   const char* many;  ///< follows a larger number
-  const char* then;  ///< ends the sentence
 };
 
 using protocol::Severity;
 
 constexpr WarningText kTexts[] = {
-    {WarningKind::WithoutMass, Severity::Warning, "part has", "parts have", " no mass data and are left out"},
-    {WarningKind::WithoutCg, Severity::Warning, "part has", "parts have",
-     " a mass but no centre of gravity; they count in the mass only"},
-    {WarningKind::WithoutInertia, Severity::Warning, "part has", "parts have",
-     " no inertia of their own and count as point masses"},
-    {WarningKind::NegativeMass, Severity::Information, "part has", "parts have", " a negative mass"},
-    {WarningKind::ZeroMass, Severity::Warning, "part adds", "parts add",
-     " up to a mass of zero, so that there is no centre of gravity"},
-    {WarningKind::WithoutBounds, Severity::Warning, "part has", "parts have",
-     " no limits of the mass and count with one standard deviation in the limits of the total"},
-    {WarningKind::ReplacesChildren, Severity::Information, "assembly counts", "assemblies count",
-     " with mass data of their own instead of what is below them"},
-    {WarningKind::ShapeNotAdded, Severity::Information, "assembly has", "assemblies have",
-     " a shape of their own, which is not added to what is below them"},
-    {WarningKind::NotFinite, Severity::Error, "part adds", "parts add",
-     " up to numbers that are too large to be computed"},
+    {WarningKind::WithoutMass, Severity::Warning, "part has no mass data and is left out",
+     "parts have no mass data and are left out"},
+    {WarningKind::WithoutCg, Severity::Warning, "part has a mass but no centre of gravity and counts in the mass only",
+     "parts have a mass but no centre of gravity and count in the mass only"},
+    {WarningKind::WithoutInertia, Severity::Warning, "part has no inertia of its own and counts as a point mass",
+     "parts have no inertia of their own and count as point masses"},
+    {WarningKind::NegativeMass, Severity::Information, "part has a negative mass", "parts have a negative mass"},
+    {WarningKind::ZeroMass, Severity::Warning, "part has a mass of zero, so that there is no centre of gravity",
+     "parts add up to a mass of zero, so that there is no centre of gravity"},
+    {WarningKind::WithoutBounds, Severity::Warning,
+     "part has no limits of the mass and counts with one standard deviation in the limits of the total",
+     "parts have no limits of the mass and count with one standard deviation in the limits of the total"},
+    {WarningKind::ReplacesChildren, Severity::Information,
+     "assembly counts with mass data of its own instead of what is below it",
+     "assemblies count with mass data of their own instead of what is below them"},
+    {WarningKind::ShapeNotAdded, Severity::Information,
+     "assembly has a shape of its own, which is not added to what is below it",
+     "assemblies have a shape of their own, which is not added to what is below them"},
+    {WarningKind::NotFinite, Severity::Error, "part adds up to numbers that are too large to be computed",
+     "parts add up to numbers that are too large to be computed"},
 };
 
 const WarningText& TextOf(WarningKind kind) {
@@ -52,7 +55,7 @@ std::string Examples(const Warning& warning) {
 protocol::Warning ToWarning(const Warning& warning) {
   const WarningText& text = TextOf(warning.kind);
   std::string sentence = protocol::FormatNumber(warning.occurrences) + " " +
-                         (warning.occurrences == 1 ? text.one : text.many) + text.then;
+                         (warning.occurrences == 1 ? text.one : text.many);
   if (warning.mass != 0) sentence += ", " + protocol::FormatNumber(warning.mass) + " kg in all";
   return {text.severity, sentence + Examples(warning)};
 }

@@ -1,0 +1,162 @@
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gmock/gmock.h>
+
+#include "ServerFixture.h"
+
+namespace lumira::test {
+namespace {
+
+using protocol::MassTypeStatus;
+
+class ComputeCommand : public ServerFixture {};
+
+TEST_F(ComputeCommand, RollsUpInThePartsOwnFrame) {
+  ImportBoxes();
+  const protocol::MassType box = Compute("box");
+  EXPECT_EQ(box.name, "Computed");
+  EXPECT_EQ(box.status, MassTypeStatus::Defined);
+  EXPECT_EQ(box.mass, 18);
+  EXPECT_EQ(box.cg, (protocol::Vector{0, 0, 0}));
+  EXPECT_EQ(box.inertia, (protocol::Tensor{5, 5, 5, 0, 0, 0}));
+  const protocol::MassType top = Compute("top");
+  EXPECT_EQ(top.mass, 36);
+  EXPECT_EQ(top.inertia, (protocol::Tensor{10, 46, 46, 0, 0, 0}));  // each box 1 m beside the middle
+}
+
+TEST_F(ComputeCommand, TakesARequestWithOptions) {
+  ImportBoxes();
+  const auto reply = Run("WBComputeNymValues", "0|box|ComputeOptions/1|0%7CNo Filter|1|0|Steel|end");
+  EXPECT_EQ(protocol::ReadComputeReply(reply).Value().computed.mass, 18);
+}
+
+TEST_F(ComputeCommand, IsUpToDateAfterwardsAndAfterARestart) {
+  ImportBoxes();
+  EXPECT_EQ(PartDataOf("top").massTypes[0].status, MassTypeStatus::Undefined);
+  Compute("top");
+  EXPECT_EQ(PartDataOf("top").massTypes[0].status, MassTypeStatus::Defined);
+  Restart();
+  const protocol::PartData data = PartDataOf("top");
+  EXPECT_EQ(data.massTypes[0].status, MassTypeStatus::Defined);
+  EXPECT_EQ(data.massTypes[0].mass, 36);
+  EXPECT_TRUE(data.computed);
+}
+
+TEST_F(ComputeCommand, IsOutOfDateAfterAChangeAnywhereBelow) {
+  ImportBoxes();
+  Compute("top");
+  Compute("box");
+  Compute("plate");
+  ChangeMass("bolt", 3);
+  EXPECT_EQ(PartDataOf("top").massTypes[0].status, MassTypeStatus::OutOfDate);
+  EXPECT_EQ(PartDataOf("top").massTypes[0].mass, 36) << "the old value stays until it is computed anew";
+  EXPECT_FALSE(PartDataOf("top").computed);
+  EXPECT_EQ(PartDataOf("box").massTypes[0].status, MassTypeStatus::OutOfDate);
+  EXPECT_EQ(PartDataOf("plate").massTypes[0].status, MassTypeStatus::Defined) << "nothing below it has changed";
+  EXPECT_EQ(Compute("top").mass, 44);
+  EXPECT_EQ(PartDataOf("top").massTypes[0].status, MassTypeStatus::Defined);
+}
+
+TEST_F(ComputeCommand, IsUpToDateAgainWhenAChangeIsTakenBack) {
+  ImportBoxes();
+  Compute("top");
+  ChangeMass("bolt", 3);
+  ChangeMass("bolt", 2);
+  EXPECT_EQ(PartDataOf("top").massTypes[0].status, MassTypeStatus::Defined);
+}
+
+TEST_F(ComputeCommand, OfALeafGivesItsOwnNumbers) {
+  ImportBoxes();
+  EXPECT_EQ(Compute("plate").mass, 10);
+}
+
+TEST_F(ComputeCommand, LeavesOutWhatAConfigurationFilterExcludesAndStoresNothing) {
+  ImportBoxes();
+  ASSERT_TRUE(store->SaveFilter("top", {"Without bolts", {"bolts"}}).Ok());
+  const auto reply = Run("WBComputeNymValues", "1|top|ComputeOptions/1|0%7CWithout bolts|0|1||end");
+  EXPECT_EQ(protocol::ReadComputeReply(reply).Value().computed.mass, 20);
+  EXPECT_EQ(PartDataOf("top").massTypes[0].status, MassTypeStatus::Undefined);
+}
+
+TEST_F(ComputeCommand, RefusesFiltersThatItCannotApply) {
+  ImportBoxes();
+  EXPECT_EQ(Run("WBComputeNymValues", "1|top|ComputeOptions/1|0%7CNobody|0|1||end"),
+            "LumiraError: there is no configuration filter \"Nobody\" in product \"top\"");
+  EXPECT_EQ(Run("WBComputeNymValues", "1|top|ComputeOptions/1|1%7C1%7CI%7CP%7CA%7C0|0|1||end"),
+            "LumiraError: a computation with a list of chosen instances is not supported");
+  EXPECT_EQ(Run("WBComputeNymValues", "1|top|ComputeOptions/1|1%7C-1|0|1||end"),
+            "LumiraError: Filter: field 2 (row count): \"-1\" is not a number from 0 to 100000");
+}
+
+TEST_F(ComputeCommand, TakesAnEmptyListOfInstancesAsNoFilter) {
+  ImportBoxes();
+  EXPECT_FALSE(protocol::IsErrorReply(Run("WBComputeNymValues", "1|top|ComputeOptions/1|1%7C0|0|1||end")));
+}
+
+TEST_F(ComputeCommand, RefusesSumsThatOverflowAndStoresNothing) {
+  Import("parent,child,quantity\ntop,a,1000000000\n", "part,mass [kg]\na,1e300\n");
+  const std::string reply = Run("WBComputeNymValues", "1|top|");
+  EXPECT_TRUE(protocol::IsErrorReply(reply)) << reply;
+  EXPECT_NE(reply.find("too large"), std::string::npos) << reply;
+  EXPECT_EQ(PartDataOf("top").massTypes[0].status, MassTypeStatus::Undefined);
+}
+
+TEST_F(ComputeCommand, FailsWhenTheResultCannotBeStored) {
+  ImportBoxes();
+  auto impatient = OpenSqliteStore(file, 0).Value();
+  Server blocked(*impatient);
+  SQLite::Database other(file, SQLite::OPEN_READWRITE);
+  SQLite::Transaction writing(other, SQLite::TransactionBehavior::EXCLUSIVE);
+  const std::string reply = blocked.Run("WBComputeNymValues", "1|top|");
+  EXPECT_TRUE(protocol::IsErrorReply(reply));
+  EXPECT_NE(reply.find("locked by another program"), std::string::npos) << reply;
+}
+
+TEST_F(ComputeCommand, LeavesWarningsBehindUntilTheyAreFetched) {
+  Import("parent,child\ntop,a\ntop,b\ntop,c\n", "part,mass [kg],cg x [m],cg y [m],cg z [m]\na,5,,,\nb,7,0,0,0\n");
+  Compute("top");
+  Run("LumGetChildren", "ChildrenRequest/1|top|0|10|end");  // looking at the tree does not disturb them
+  const auto warnings = Warnings();
+  ASSERT_EQ(warnings.size(), 3u);
+  EXPECT_EQ(warnings[0].text, "1 part has no mass data and is left out (c)");
+  EXPECT_EQ(warnings[1].text, "1 part has a mass but no centre of gravity and counts in the mass only, 5 kg in all (a)");
+  EXPECT_EQ(warnings[2].text, "1 part has no inertia of its own and counts as a point mass, 7 kg in all (b)");
+  EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(ComputeCommand, WithoutWarningsTakesThoseOfTheLastOneAway) {
+  Import("parent,child\ntop,a\ntop,b\n", "part,mass [kg],cg x [m],cg y [m],cg z [m],ixx [kg m2],iyy [kg m2],izz [kg m2]\n"
+                                         "a,5,0,0,0,1,1,1\n");
+  Compute("top");
+  Compute("a");
+  EXPECT_TRUE(Warnings().empty());
+}
+
+TEST_F(ComputeCommand, ThatFailsKeepsTheWarningsOfTheLastOne) {
+  Import("parent,child\ntop,a\n", "part\na\n");
+  Compute("top");
+  Run("WBComputeNymValues", "1|nobody|");
+  EXPECT_EQ(Warnings().size(), 1u);
+}
+
+TEST_F(ComputeCommand, KeepsMomentsOfATotalMassOfZero) {
+  Import("parent,child\ntop,a\ntop,b\n", "part,mass [kg],cg x [m],cg y [m],cg z [m],ixx [kg m2],iyy [kg m2],izz [kg m2]\n"
+                                         "a,5,0,0,0,1,1,1\nb,-5,1,0,0,-1,-1,-1\n");
+  const protocol::MassType top = Compute("top");
+  EXPECT_EQ(top.mass, 0);
+  EXPECT_FALSE(top.cg.has_value());
+  const auto warnings = Warnings();
+  ASSERT_EQ(warnings.size(), 2u);
+  EXPECT_EQ(warnings[0].text, "1 part has a negative mass (b)");
+  EXPECT_EQ(warnings[0].severity, protocol::Severity::Information);
+  EXPECT_EQ(warnings[1].text, "2 parts add up to a mass of zero, so that there is no centre of gravity");
+}
+
+TEST_F(ComputeCommand, OfASharedPartTellsTheTruthForEveryProductThatIsStored) {
+  ImportBoxes();
+  Import("parent,child\nother,thing\n", "part,mass [kg]\nthing,3\n");
+  EXPECT_EQ(Compute("other").mass, 3);
+  EXPECT_EQ(Compute("top").mass, 36);
+}
+
+}  // namespace
+}  // namespace lumira::test
