@@ -11,6 +11,7 @@ inline QString ToQt(const KorUnicodeString& text) { return QString::fromStdStrin
 inline QString ToQt(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
+inline QString ToQt(const std::string& text) { return QString::fromStdString(text); }
 inline KorUnicodeString FromQt(const QString& text) { return text.toStdString(); }
 
 /// A title for widgets that read "&" as the mark of a mnemonic: titles mean it literally.

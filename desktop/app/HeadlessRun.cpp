@@ -1,0 +1,182 @@
+#include "desktop/app/HeadlessRun.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+
+#include "desktop/app/Folders.h"
+#include "desktop/app/PartValues.h"
+#include "desktop/app/PdmCommands.h"
+#include "desktop/app/SampleProduct.h"
+#include "framework/dialog/KorApplicationFrame.h"
+#include "framework/dialog/KorDlgEditor.h"
+#include "framework/dialog/KorDlgPushButton.h"
+#include "framework/dialog/KorDlgRadioButton.h"
+#include "framework/dialog/KorDlgTabContainer.h"
+#include "framework/knowledge/KorUnitSystems.h"
+
+namespace desktop {
+namespace {
+
+using protocol::Error;
+using protocol::ErrorKind;
+using protocol::Result;
+
+struct PageFile {
+  const char* page;
+  const char* file;
+};
+
+constexpr PageFile kPageFiles[] = {
+    {"TabPage002", "part-panel-results.png"},           {"TabPage003", "part-panel-mass-types.png"},
+    {"TabPage004", "part-panel-material.png"},          {"TabPage005", "part-panel-precision.png"},
+    {"TabPageDocuments", "part-panel-documents.png"},   {"TabPageAdditional", "part-panel-additional.png"},
+};
+
+/// A custom reference: a point and axes turned by a quarter about z.
+struct EditorText {
+  const char* editor;
+  const char* text;
+};
+
+constexpr EditorText kCustomReference[] = {
+    {"Frame033.CPxEditor", "1000"},          {"Frame033.CPyEditor", "0"},
+    {"Frame033.CPzEditor", "500"},           {"DirectionsFrame.XAxisxEditor", "0"},
+    {"DirectionsFrame.XAxisYEditor", "-1"},  {"DirectionsFrame.XAxisZEditor", "0"},
+    {"DirectionsFrame.YAxisXEditor", "1"},   {"DirectionsFrame.YAxisYEditor", "0"},
+    {"DirectionsFrame.YAxisZEditor", "0"},   {"DirectionsFrame.ZAxisXEditor", "0"},
+    {"DirectionsFrame.ZAxisYEditor", "0"},   {"DirectionsFrame.ZAxisZEditor", "1"},
+};
+
+constexpr const char* kReferenceMode = "Frame250.AdditionalFrame2.ReferenceModeFrame.";
+
+Result<protocol::Occurrence> FindPart(const std::string& product, const std::string& part) {
+  protocol::SearchRequest request;
+  request.product = product;
+  request.text = part;
+  const auto reply = SearchTree(request);
+  if (!reply) return reply.Failure();
+  for (const protocol::Occurrence& hit : reply.Value().hits)
+    if (hit.node.partId == part) return hit;
+  return Error{ErrorKind::NotFound, "the product has no part \"" + part + "\""};
+}
+
+}  // namespace
+
+HeadlessRun::HeadlessRun(const QString& folder)
+    : _folder(folder), _settings(_scratch.filePath("settings.ini")), _backend(&_boxes), _window(_settings, _backend) {
+  KorApplicationFrame::SetBackend(&_backend);
+  _settings.ApplyUnits();
+}
+
+HeadlessRun::~HeadlessRun() {
+  _window.PartPanel().Close();
+  KorApplicationFrame::SetBackend(nullptr);
+}
+
+Result<void> HeadlessRun::Run() {
+  if (!QDir().mkpath(_folder)) return Error{ErrorKind::Storage, "the folder \"" + _folder.toStdString() + "\" cannot be made"};
+  if (auto done = OpenSample(); !done) return done;
+  if (auto done = ComputeInPanel("Above_yaw"); !done) return done;
+  if (auto done = Save(&_window, "window.png"); !done) return done;
+  if (auto done = SavePages(); !done) return done;
+  if (auto done = SaveUnitSystem("Imperial", "part-panel-imperial.png"); !done) return done;
+  if (auto done = SaveUnitSystem("Mixed", "part-panel-mixed.png"); !done) return done;
+  if (auto done = SaveTheme(ThemeChoice::Dark, "window-dark.png", "part-panel-dark.png"); !done) return done;
+  if (auto done = SaveCustomReference(); !done) return done;
+  if (auto done = ComputeInPanel("generator"); !done) return done;
+  return SaveValues();
+}
+
+Error HeadlessRun::Fail(const std::string& what) const {
+  std::string message = what;
+  for (const KorDlgMessage& box : _boxes.Messages())
+    message += "\n  " + box.title.Utf8() + ": " + box.text.Utf8();
+  return {ErrorKind::Internal, message};
+}
+
+Result<void> HeadlessRun::OpenSample() {
+  const QString samples = Folders::Samples();
+  if (samples.isEmpty()) return Error{ErrorKind::NotFound, "the folder \"samples\" with the sample product is missing"};
+  const QString file = _scratch.filePath("iea15.lumira");
+  if (const auto made = CreateSampleProduct(samples.toStdString(), file.toStdString()); !made) return made.Failure();
+  _window.show();
+  if (!_window.OpenProduct(file)) return Fail("the sample product cannot be opened");
+  return {};
+}
+
+Result<void> HeadlessRun::ComputeInPanel(const std::string& part) {
+  const std::string product = _window.Tree().ProductAt({});
+  const auto place = FindPart(product, part);
+  if (!place) return place.Failure();
+  if (!_window.Select(product, place.Value().instancePath)) return Fail("\"" + part + "\" cannot be selected");
+  _window.ShowPartPanel();
+  KorWBNymMainPanel* panel = _window.PartPanel().Panel();
+  if (!panel) return Fail("the part panel did not open on \"" + part + "\"");
+  if (!panel->Find<KorDlgPushButton>("Frame238.ComputeButton").Press())
+    return Fail("the button that computes cannot be pressed");
+  QApplication::processEvents();
+  const auto values = ReadPartValues(*_window.PartPanel().Buffer());
+  if (!values) return Fail("computing \"" + part + "\" gave no values");
+  _values += FormatPartValues(part, *values);
+  return {};
+}
+
+Result<void> HeadlessRun::SavePages() {
+  auto& pages = _window.PartPanel().Panel()->Find<KorDlgTabContainer>("TabContainer001");
+  for (int i = 0; i < pages.GetPageCount(); ++i) {
+    pages.Pick(i);
+    for (const PageFile& file : kPageFiles) {
+      if (pages.GetPage(i)->Name() != file.page) continue;
+      if (auto done = Save(_window.PartPanel().Window(), file.file); !done) return done;
+    }
+  }
+  pages.Pick(0);
+  return {};
+}
+
+Result<void> HeadlessRun::SaveUnitSystem(const char* system, const QString& file) {
+  KorApplyUnitSystem(system);
+  _window.UnitsChanged();
+  return Save(_window.PartPanel().Window(), file);
+}
+
+Result<void> HeadlessRun::SaveTheme(ThemeChoice theme, const QString& windowFile, const QString& panelFile) {
+  const ThemeChoice before = _settings.Theme();
+  _window.ChooseTheme(theme);
+  if (auto done = Save(&_window, windowFile); !done) return done;
+  if (auto done = Save(_window.PartPanel().Window(), panelFile); !done) return done;
+  _window.ChooseTheme(before);
+  return {};
+}
+
+Result<void> HeadlessRun::SaveCustomReference() {
+  KorWBNymMainPanel& panel = *_window.PartPanel().Panel();
+  panel.Find<KorDlgRadioButton>(std::string(kReferenceMode) + "CustomReferenceButton").Check();
+  for (const EditorText& one : kCustomReference)
+    panel.Find<KorDlgEditor>(std::string("CustomRefModeFrame.") + one.editor).Type(one.text);
+  panel.Find<KorDlgPushButton>("Frame238.ComputeButton").Press();
+  if (auto done = Save(_window.PartPanel().Window(), "part-panel-custom.png"); !done) return done;
+  panel.Find<KorDlgRadioButton>(std::string(kReferenceMode) + "CurrentPartButton").Check();
+  return {};
+}
+
+Result<void> HeadlessRun::Save(QWidget* window, const QString& file) {
+  _backend.Settle();
+  // Layouts settle in the event loop; a second turn takes in what the first one queued.
+  QApplication::processEvents();
+  QApplication::processEvents();
+  const QString path = QDir(_folder).filePath(file);
+  if (window->grab().save(path, "PNG")) return {};
+  return Error{ErrorKind::Storage, "\"" + path.toStdString() + "\" cannot be written"};
+}
+
+Result<void> HeadlessRun::SaveValues() {
+  const QString path = QDir(_folder).filePath("values.txt");
+  QFile file(path);
+  const QByteArray text = QByteArray::fromStdString(_values);
+  if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush()) return {};
+  return Error{ErrorKind::Storage, "\"" + path.toStdString() + "\" cannot be written: " + file.errorString().toStdString()};
+}
+
+}  // namespace desktop

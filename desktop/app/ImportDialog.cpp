@@ -1,0 +1,142 @@
+#include "desktop/app/ImportDialog.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFontDatabase>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "desktop/app/Texts.h"
+#include "desktop/toolkit/QtText.h"
+#include "framework/dialog/KorApplicationFrame.h"
+
+namespace desktop {
+namespace {
+
+using protocol::Result;
+
+QStringList Lines(const char* headingKey, const std::vector<std::string>& texts) {
+  if (texts.empty()) return {};
+  QStringList lines{QString(), Text(headingKey, {QString::number(texts.size())})};
+  for (const std::string& text : texts) lines << "  " + ToQt(text);
+  return lines;
+}
+
+QString ReportOf(const lumira::ImportReport& report, lumira::ImportMode mode) {
+  QStringList lines{Text(mode == lumira::ImportMode::Write ? "Import.Done" : "Import.Checked",
+                         {ToQt(report.product), QString::number(report.parts), QString::number(report.instances),
+                          QString::number(report.massTypes)})};
+  lines << Lines("Import.LeftOut", report.leftOut) << Lines("Import.Warnings", report.warnings);
+  return lines.join('\n');
+}
+
+}  // namespace
+
+ImportDialog::ImportDialog(lumira::Store& store, QWidget* parent)
+    : QDialog(parent),
+      _store(store),
+      _structure(new QLineEdit),
+      _mass(new QLineEdit),
+      _product(new QLineEdit),
+      _replace(new QCheckBox(Text("Import.Replace"))),
+      _leaveOut(new QCheckBox(Text("Import.LeaveOutUnknown"))),
+      _check(new QPushButton(Text("Import.Check"))),
+      _import(new QPushButton(Text("Import.Import"))),
+      _progress(new QProgressBar),
+      _report(new QPlainTextEdit) {
+  setWindowTitle(Text("Import.Title"));
+  _product->setPlaceholderText(Text("Import.ProductHint"));
+  _report->setReadOnly(true);
+  _report->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  _report->setPlaceholderText(Text("Import.ReportHint"));
+  _progress->hide();
+
+  auto* form = new QFormLayout;
+  form->addRow(Text("Import.Structure"), MakeFileRow(_structure, "Import.Structure"));
+  form->addRow(Text("Import.Mass"), MakeFileRow(_mass, "Import.Mass"));
+  form->addRow(Text("Import.Product"), _product);
+  form->addRow(QString(), _replace);
+  form->addRow(QString(), _leaveOut);
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+  buttons->addButton(_check, QDialogButtonBox::ActionRole);
+  buttons->addButton(_import, QDialogButtonBox::ActionRole);
+  auto* layout = new QVBoxLayout(this);
+  layout->addLayout(form);
+  layout->addWidget(_report, 1);
+  layout->addWidget(_progress);
+  layout->addWidget(buttons);
+
+  QObject::connect(_check, &QPushButton::clicked, this, [this] { Run(lumira::ImportMode::DryRun); });
+  QObject::connect(_import, &QPushButton::clicked, this, [this] { Run(lumira::ImportMode::Write); });
+  QObject::connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
+  resize(720, 520);
+}
+
+QWidget* ImportDialog::MakeFileRow(QLineEdit* edit, const char* titleKey) {
+  auto* row = new QWidget;
+  auto* choose = new QPushButton(Text("Import.Choose"));
+  choose->setAutoDefault(false);
+  auto* layout = new QHBoxLayout(row);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(edit, 1);
+  layout->addWidget(choose);
+  QObject::connect(choose, &QPushButton::clicked, this, [edit, titleKey] {
+    KorDlgFileRequest request;
+    request.title = FromQt(Text(titleKey));
+    request.pattern = FromQt(Text("Import.Pattern"));
+    if (const auto file = KorApplicationFrame::ChooseFile(request)) edit->setText(ToQt(*file));
+  });
+  return row;
+}
+
+QString ImportDialog::ReportText() const { return _report->toPlainText(); }
+
+lumira::ImportOptions ImportDialog::Options(lumira::ImportMode mode) {
+  lumira::ImportOptions options;
+  options.product = _product->text().trimmed().toStdString();
+  options.existing = _replace->isChecked() ? lumira::Existing::Replace : lumira::Existing::Refuse;
+  options.unknownParts = _leaveOut->isChecked() ? lumira::UnknownParts::LeaveOut : lumira::UnknownParts::Refuse;
+  options.mode = mode;
+  options.progress = [this](std::string_view what, std::size_t done, std::size_t total) { ShowProgress(what, done, total); };
+  return options;
+}
+
+Result<lumira::ImportReport> ImportDialog::Import(lumira::ImportMode mode) {
+  lumira::ImportTables tables;
+  if (!_structure->text().isEmpty()) {
+    auto structure = lumira::ReadTableFile(_structure->text().toStdString());
+    if (!structure) return structure.Failure();
+    tables.structure = std::move(structure).Value();
+  }
+  auto mass = lumira::ReadTableFile(_mass->text().toStdString());
+  if (!mass) return mass.Failure();
+  tables.mass = std::move(mass).Value();
+  return lumira::ImportProduct(_store, tables, Options(mode));
+}
+
+void ImportDialog::Run(lumira::ImportMode mode) {
+  setCursor(Qt::WaitCursor);
+  const auto report = Import(mode);
+  unsetCursor();
+  _progress->hide();
+  _hasImported = _hasImported || (report.Ok() && mode == lumira::ImportMode::Write);
+  _report->setPlainText(report ? ReportOf(report.Value(), mode)
+                               : Text("Import.Refused") + "\n\n" + ToQt(report.Failure().message));
+}
+
+void ImportDialog::ShowProgress(std::string_view what, std::size_t done, std::size_t total) {
+  // Scaled, so that a large total fits the bar; a total of 0 is "busy" in Qt too.
+  constexpr std::size_t kSteps = 1000;
+  _progress->setRange(0, total ? static_cast<int>(kSteps) : 0);
+  _progress->setValue(total ? static_cast<int>(done * kSteps / total) : 0);
+  _progress->setFormat(ToQt(what) + " %p %");
+  _progress->show();
+  _progress->repaint();
+}
+
+}  // namespace desktop

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QDialog>
+
+#include "lumira/import/ImportProduct.h"
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QProgressBar;
+class QPushButton;
+
+namespace desktop {
+
+/// Imports a product from a table of the structure and one of the mass data into the open product file.
+/// "Check" reads and checks without writing. The report stays on the screen until the dialog is closed.
+class ImportDialog : public QDialog {
+ public:
+  ImportDialog(lumira::Store& store, QWidget* parent = nullptr);
+
+  QLineEdit* StructureEdit() const { return _structure; }
+  QLineEdit* MassEdit() const { return _mass; }
+  QLineEdit* ProductEdit() const { return _product; }
+  QCheckBox* ReplaceBox() const { return _replace; }
+  QPushButton* CheckButton() const { return _check; }
+  QPushButton* ImportButton() const { return _import; }
+  QString ReportText() const;
+  /// Whether something was written.
+  bool HasImported() const { return _hasImported; }
+
+ private:
+  QWidget* MakeFileRow(QLineEdit* edit, const char* titleKey);
+  void Run(lumira::ImportMode mode);
+  protocol::Result<lumira::ImportReport> Import(lumira::ImportMode mode);
+  lumira::ImportOptions Options(lumira::ImportMode mode);
+  void ShowProgress(std::string_view what, std::size_t done, std::size_t total);
+
+  lumira::Store& _store;
+  QLineEdit* _structure;
+  QLineEdit* _mass;
+  QLineEdit* _product;
+  QCheckBox* _replace;
+  QCheckBox* _leaveOut;
+  QPushButton* _check;
+  QPushButton* _import;
+  QProgressBar* _progress;
+  QPlainTextEdit* _report;
+  bool _hasImported = false;
+};
+
+}  // namespace desktop

@@ -1,0 +1,251 @@
+#include "desktop/app/MainWindow.h"
+
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QTreeView>
+#include <QVBoxLayout>
+#include <array>
+
+#include "desktop/app/Icons.h"
+#include "desktop/app/SearchBox.h"
+#include "desktop/app/SelectionPane.h"
+#include "desktop/app/Texts.h"
+#include "desktop/toolkit/QtText.h"
+#include "framework/dialog/KorMsgCatalog.h"
+#include "framework/knowledge/KorUnitSystems.h"
+#include "protocol/Constants.h"
+
+namespace desktop {
+namespace {
+
+constexpr const char* kGeometryKey = "mainWindow/geometry";
+constexpr const char* kSplitterKey = "mainWindow/splitter";
+constexpr const char* kRecentMenu = "Menu.Recent";
+constexpr const char* kThemeMenu = "Menu.Theme";
+constexpr const char* kLanguageMenu = "Menu.Language";
+
+enum class OnToolbar { No, Yes };
+
+/// Widths of the tree's columns at the first start, characters.
+constexpr std::array kColumnWidths{30, 16, 9, 20, 16};
+
+}  // namespace
+
+/// One command: where it stands, how it looks, what it does. Its texts have the keys "Command.<name>.Title" and
+/// ".ShortHelp".
+struct MainWindow::CommandRow {
+  const char* name;
+  const char* menu;
+  QIcon (*icon)() = nullptr;
+  const char* keys = "";
+  OnToolbar onToolbar = OnToolbar::No;
+  void (MainWindow::*run)();
+};
+
+const MainWindow::CommandRow MainWindow::kCommands[] = {
+    {.name = "OpenProduct", .menu = "Menu.File", .icon = icons::OpenProduct, .keys = "Ctrl+O", .onToolbar = OnToolbar::Yes, .run = &MainWindow::AskForProduct},
+    {.name = "ImportTables", .menu = "Menu.File", .icon = icons::Import, .keys = "Ctrl+I", .onToolbar = OnToolbar::Yes, .run = &MainWindow::AskForTables},
+    {.name = "OpenSample", .menu = "Menu.File", .run = &MainWindow::OpenSampleCommand},
+    {.name = "Quit", .menu = "Menu.File", .keys = "Ctrl+Q", .run = &MainWindow::Quit},
+    {.name = "PartPanel", .menu = "Menu.Weight", .icon = icons::PartPanel, .keys = "Ctrl+P", .onToolbar = OnToolbar::Yes, .run = &MainWindow::ShowPartPanel},
+    {.name = "Find", .menu = "Menu.View", .icon = icons::Find, .keys = "Ctrl+F", .run = &MainWindow::FocusSearch},
+    {.name = "Units", .menu = "Menu.Settings", .icon = icons::Units, .keys = "Ctrl+U", .onToolbar = OnToolbar::Yes, .run = &MainWindow::AskForUnits},
+    {.name = "About", .menu = "Menu.Help", .run = &MainWindow::ShowAbout},
+};
+
+MainWindow::MainWindow(Settings& settings, QtBackend& backend)
+    : _settings(settings),
+      _backend(backend),
+      _busy(statusBar()),
+      _partPanel(backend),
+      _model(new ProductTreeModel(this)),
+      _tree(new QTreeView),
+      _pane(new SelectionPane),
+      _search(new SearchBox),
+      _server(new QLabel),
+      _units(new QLabel) {
+  _backend.SetMainWindow(this);
+  BuildCommands();
+  BuildChoices();
+  BuildCentre();
+  BuildStatusBar();
+  _model->onError = [this](const protocol::Error& error) { ShowError("Error.Tree", error.message); };
+  _busy.onEnded = [this](const KorUnicodeString& command) {
+    // The panel that sent it is not done with the reply: its own server calls come before those of the window.
+    if (command == KorUnicodeString(protocol::kCommandComputePart))
+      QMetaObject::invokeMethod(this, [this] { ValuesComputed(); }, Qt::QueuedConnection);
+  };
+  resize(1180, 760);
+  restoreGeometry(_settings.WindowState(kGeometryKey));
+  ShowTexts();
+}
+
+MainWindow::~MainWindow() { _backend.SetMainWindow(nullptr); }
+
+QMenu* MainWindow::Menu(const char* key) {
+  QMenu*& menu = _menus[key];
+  if (!menu) menu = menuBar()->addMenu(QString());
+  return menu;
+}
+
+void MainWindow::BuildCommands() {
+  auto* toolbar = addToolBar(QString());
+  toolbar->setObjectName("MainToolBar");
+  toolbar->setMovable(false);
+  toolbar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  toolbar->setIconSize({20, 20});
+  for (const CommandRow& row : kCommands) {
+    auto* action = new QAction(this);
+    if (*row.keys) action->setShortcut(QKeySequence(row.keys));
+    QObject::connect(action, &QAction::triggered, this, row.run);
+    Menu(row.menu)->addAction(action);
+    if (row.onToolbar == OnToolbar::Yes) toolbar->addAction(action);
+    _actions[row.name] = action;
+  }
+  _menus[kRecentMenu] = new QMenu(this);
+  Menu("Menu.File")->insertMenu(_actions["OpenSample"], _menus[kRecentMenu]);
+  Menu("Menu.File")->insertSeparator(_actions["Quit"]);
+}
+
+void MainWindow::BuildChoices() {
+  _menus[kThemeMenu] = Menu("Menu.View")->addMenu(QString());
+  _menus[kLanguageMenu] = Menu("Menu.Settings")->addMenu(QString());
+  for (const char* menu : {kThemeMenu, kLanguageMenu}) _choices[menu] = new QActionGroup(this);
+  for (const ThemeChoice theme : {ThemeChoice::System, ThemeChoice::Light, ThemeChoice::Dark})
+    AddChoice(_menus[kThemeMenu], QString::number(static_cast<int>(theme)), [this, theme] { ChooseTheme(theme); });
+  for (const KorString& language : KorMsgCatalog::Languages())
+    AddChoice(_menus[kLanguageMenu], QString::fromStdString(language),
+              [this, language] { ChooseLanguage(QString::fromStdString(language)); });
+}
+
+void MainWindow::AddChoice(QMenu* menu, const QString& value, std::function<void()> choose) {
+  auto* action = menu->addAction(QString());
+  action->setCheckable(true);
+  action->setData(value);
+  _choices[menu == _menus[kThemeMenu] ? kThemeMenu : kLanguageMenu]->addAction(action);
+  QObject::connect(action, &QAction::triggered, this, choose);
+}
+
+void MainWindow::BuildCentre() {
+  _tree->setModel(_model);
+  _tree->setUniformRowHeights(true);
+  _tree->setAlternatingRowColors(true);
+  _tree->setSelectionBehavior(QAbstractItemView::SelectRows);
+  _tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  _tree->setExpandsOnDoubleClick(false);
+  for (std::size_t i = 0; i < kColumnWidths.size(); ++i)
+    _tree->setColumnWidth(static_cast<int>(i), kColumnWidths[i] * fontMetrics().averageCharWidth());
+  QObject::connect(_tree->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] { SelectionChanged(); });
+  QObject::connect(_tree, &QTreeView::activated, this, [this] { ShowPartPanel(); });
+
+  _search->product = [this] { return _model->ProductAt(_tree->currentIndex()); };
+  _search->onPicked = [this](const protocol::Occurrence& hit) {
+    Select(_model->ProductAt(_tree->currentIndex()), hit.instancePath);
+  };
+  QObject::connect(_pane->PanelButton(), &QPushButton::clicked, this, [this] { ShowPartPanel(); });
+
+  auto* left = new QWidget;
+  auto* column = new QVBoxLayout(left);
+  column->setContentsMargins(8, 8, 4, 8);
+  column->addWidget(_search);
+  column->addWidget(_tree, 1);
+  auto* right = new QScrollArea;
+  right->setWidget(_pane);
+  right->setWidgetResizable(true);
+  right->setFrameShape(QFrame::NoFrame);
+  right->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  auto* splitter = new QSplitter;
+  splitter->setObjectName("MainSplitter");
+  splitter->addWidget(left);
+  splitter->addWidget(right);
+  splitter->setStretchFactor(0, 1);
+  splitter->setChildrenCollapsible(false);
+  splitter->setSizes({800, 380});
+  splitter->restoreState(_settings.WindowState(kSplitterKey));
+  setCentralWidget(splitter);
+}
+
+void MainWindow::BuildStatusBar() {
+  statusBar()->addPermanentWidget(_server);
+  statusBar()->addPermanentWidget(_units);
+}
+
+void MainWindow::ShowTexts() {
+  for (const auto& [key, menu] : _menus) menu->setTitle(Text(key.c_str()));
+  for (const CommandRow& row : kCommands) {
+    QAction* action = _actions[row.name];
+    const QString key = QString("Command.") + row.name;
+    action->setText(Text(qPrintable(key + ".Title")));
+    action->setToolTip(Text(qPrintable(key + ".ShortHelp")) +
+                       (*row.keys ? " (" + action->shortcut().toString(QKeySequence::NativeText) + ")" : QString()));
+    action->setStatusTip(Text(qPrintable(key + ".ShortHelp")));
+    if (row.icon) action->setIcon(row.icon());
+  }
+  _tree->setAccessibleName(Text("Tree.Title"));
+  ShowChoices();
+  ShowRecentProducts();
+  _search->RefreshTexts();
+  _model->RefreshTexts();
+  _pane->RefreshTexts();
+  ShowStatus();
+}
+
+void MainWindow::ShowChoices() {
+  const auto show = [this](const char* menu, const char* prefix, const QString& chosen) {
+    for (QAction* action : _choices[menu]->actions()) {
+      action->setText(Text(qPrintable(prefix + action->data().toString())));
+      action->setChecked(action->data().toString() == chosen);
+    }
+  };
+  show(kThemeMenu, "Theme.", QString::number(static_cast<int>(_settings.Theme())));
+  show(kLanguageMenu, "Language.", QString::fromStdString(KorMsgCatalog::GetLanguage()));
+}
+
+void MainWindow::ShowRecentProducts() {
+  QMenu* menu = _menus[kRecentMenu];
+  menu->clear();
+  for (const QString& file : _settings.RecentProducts())
+    QObject::connect(menu->addAction(QString(file).replace('&', "&&")), &QAction::triggered, this,
+                     [this, file] { OpenProduct(file); });
+  menu->setEnabled(!menu->isEmpty());
+}
+
+void MainWindow::ShowStatus() {
+  _server->setText(ServerText());
+  _units->setText(UnitSystemText());
+  const std::string product = _model->ProductAt({});
+  setWindowTitle(product.empty() ? Text("Title") : ToQt(product) + " \u2013 " + Text("Title"));
+  _actions["ImportTables"]->setEnabled(_session.IsOpen());
+  _actions["PartPanel"]->setEnabled(_tree->currentIndex().isValid());
+}
+
+QString MainWindow::ServerText() const {
+  return _session.IsOpen() ? Text("Status.Server", {ToQt(_session.Transport().Address())}) : Text("Status.NoServer");
+}
+
+QString MainWindow::UnitSystemText() const {
+  const KorString system = KorCurrentUnitSystem();
+  return Text("Status.Units", {Text(system.empty() ? "Units.Own" : ("Units." + system).c_str())});
+}
+
+QAction* MainWindow::Command(const std::string& name) const {
+  const auto found = _actions.find(name);
+  return found == _actions.end() ? nullptr : found->second;
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  _settings.SetWindowState(kGeometryKey, saveGeometry());
+  if (auto* splitter = findChild<QSplitter*>("MainSplitter")) _settings.SetWindowState(kSplitterKey, splitter->saveState());
+  _partPanel.Close();
+  QMainWindow::closeEvent(event);
+}
+
+}  // namespace desktop

@@ -1,0 +1,110 @@
+#pragma once
+
+#include <QMainWindow>
+#include <map>
+#include <optional>
+#include <string>
+
+#include "desktop/app/BusyIndicator.h"
+#include "desktop/app/PartPanelHost.h"
+#include "desktop/app/ProductSession.h"
+#include "desktop/app/ProductTreeModel.h"
+#include "desktop/app/Settings.h"
+
+class QAction;
+class QActionGroup;
+class QLabel;
+class QMenu;
+class QTreeView;
+
+namespace desktop {
+
+class SearchBox;
+class SelectionPane;
+
+/// The main window: the product tree, what is selected, the commands, and a status bar with server and unit system.
+class MainWindow : public QMainWindow {
+ public:
+  /// Settings and backend must outlive the window.
+  MainWindow(Settings& settings, QtBackend& backend);
+  ~MainWindow() override;
+
+  /// Opens a product file; tells the user why not and keeps the open one on failure.
+  bool OpenProduct(const QString& file);
+  /// Opens the sample product in the user's data folder, making it first where there is none.
+  bool OpenSample();
+
+  /// Selects an occurrence, expanding the tree down to it; false when there is none.
+  bool Select(const std::string& product, const std::vector<std::string>& instancePath);
+  /// Opens the part panel on what is selected.
+  void ShowPartPanel();
+  /// Shows all values anew, after a change of units.
+  void UnitsChanged();
+  /// False, with the language as it was, when there is no such language.
+  bool ChooseLanguage(const QString& language);
+  void ChooseTheme(ThemeChoice theme);
+
+  PartPanelHost& PartPanel() { return _partPanel; }
+  ProductTreeModel& Tree() { return *_model; }
+  QTreeView& TreeView() { return *_tree; }
+  SelectionPane& Selection() { return *_pane; }
+  SearchBox& Search() { return *_search; }
+  /// A command by its name in the table of commands, such as "PartPanel"; null when there is none.
+  QAction* Command(const std::string& name) const;
+  QString UnitSystemText() const;
+  QString ServerText() const;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  struct CommandRow;
+  static const CommandRow kCommands[];
+
+  // building
+  void BuildCentre();
+  void BuildCommands();
+  void BuildChoices();
+  void BuildStatusBar();
+  QMenu* Menu(const char* key);
+  void AddChoice(QMenu* menu, const QString& value, std::function<void()> choose);
+  void ShowTexts();
+  void ShowRecentProducts();
+  void ShowChoices();
+
+  // commands
+  void AskForProduct();
+  void AskForTables();
+  void OpenSampleCommand() { OpenSample(); }
+  void FocusSearch();
+  void AskForUnits();
+  void ShowAbout();
+  void Quit() { close(); }
+
+  void ReloadTree();
+  void SelectionChanged();
+  /// Shows the selected part in the pane. Its data as the server sent it; nothing when there is none.
+  std::optional<std::string> ShowSelection();
+  void BindPartPanel(const std::string& partDataText);
+  void ValuesComputed();
+  void ShowError(const char* titleKey, const std::string& text);
+  void ShowStatus();
+  QString SampleFile() const;
+
+  Settings& _settings;
+  QtBackend& _backend;
+  ProductSession _session;
+  BusyIndicator _busy;
+  PartPanelHost _partPanel;
+  ProductTreeModel* _model;
+  QTreeView* _tree;
+  SelectionPane* _pane;
+  SearchBox* _search;
+  QLabel* _server;
+  QLabel* _units;
+  std::map<std::string, QMenu*> _menus;     ///< by the key of the title
+  std::map<std::string, QAction*> _actions; ///< by the name of the command
+  std::map<std::string, QActionGroup*> _choices;  ///< by the key of the menu
+};
+
+}  // namespace desktop

@@ -1,0 +1,51 @@
+#include "desktop/app/PartPanelHost.h"
+
+#include <QMetaObject>
+
+#include "framework/dialog/KorDlgPushButton.h"
+
+namespace desktop {
+PartPanelHost::PartPanelHost(QtBackend& backend) : _backend(backend) {}
+
+PartPanelHost::~PartPanelHost() = default;
+
+protocol::Result<void> PartPanelHost::Show(const std::string& partDataText) {
+  auto buffer = LumWBAllDataBuffer_var::Adopt(new LumWBAllDataBuffer);
+  if (Failed(buffer->SetAllData(partDataText, true)))
+    return protocol::Error{protocol::ErrorKind::BadText, buffer->GetLastRefusal().Utf8()};
+  _buffer = buffer;
+  if (_panel)
+    _panel->SetModel(_buffer.Get());
+  else
+    Open();
+  return {};
+}
+
+void PartPanelHost::Open() {
+  _panel = std::make_unique<KorWBNymMainPanel>(_buffer.Get());
+  // A notification may not destroy its sender: the panel goes when control is back in the event loop.
+  const auto close = [this](auto...) { QMetaObject::invokeMethod(this, [this] { Close(); }, Qt::QueuedConnection); };
+  _panel->Find<KorDlgPushButton>("Frame238.CloseButton").Subscribe(KorEvent::PushActivate, close);
+  _panel->Subscribe(KorEvent::WindowClose, close);
+  _panel->Attach(&_backend);
+  _panel->SetVisibility(KorVisibility::Shown);
+}
+
+void PartPanelHost::Close() {
+  _panel.reset();
+  _buffer = {};
+}
+
+void PartPanelHost::RefreshValues() {
+  if (_panel) _panel->RefreshPanelWithInfo();
+}
+
+void PartPanelHost::RefreshTexts() {
+  if (!_panel) return;
+  _panel->ReloadTexts();
+  _panel->RefreshPanelWithInfo();
+}
+
+QWidget* PartPanelHost::Window() const { return _panel ? _backend.WindowOf(_panel.get()) : nullptr; }
+
+}  // namespace desktop

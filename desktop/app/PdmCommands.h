@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "protocol/Codec.h"
+
+/// The server commands that the desktop itself sends. Each fails with the server's message, with the reason why a reply
+/// cannot be read, or because no server is connected.
+namespace desktop {
+
+protocol::Result<protocol::ProductList> GetProducts();
+protocol::Result<protocol::TreeNodes> GetChildren(const protocol::ChildrenRequest& request);
+protocol::Result<protocol::SearchReply> SearchTree(const protocol::SearchRequest& request);
+/// The reply as it came, for a data buffer; a failure when it is an error reply.
+protocol::Result<std::string> GetPartDataText(const protocol::PartDataRequest& request);
+
+}  // namespace desktop

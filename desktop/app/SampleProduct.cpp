@@ -1,0 +1,41 @@
+#include "desktop/app/SampleProduct.h"
+
+#include <filesystem>
+
+#include "lumira/store/SqliteStore.h"
+
+namespace desktop {
+namespace {
+
+namespace fs = std::filesystem;
+using protocol::Result;
+
+Result<lumira::ImportReport> ImportSample(const fs::path& folder, const std::string& file) {
+  auto structure = lumira::ReadTableFile((folder / "iea15" / "structure.csv").string());
+  if (!structure) return structure.Failure();
+  auto mass = lumira::ReadTableFile((folder / "iea15" / "mass.csv").string());
+  if (!mass) return mass.Failure();
+  auto store = lumira::CreateSqliteStore(file);
+  if (!store) return store.Failure();
+  lumira::ImportOptions options;
+  options.product = "IEA15";
+  return lumira::ImportProduct(*store.Value(), {std::move(structure).Value(), std::move(mass).Value()}, options);
+}
+
+}  // namespace
+
+Result<lumira::ImportReport> CreateSampleProduct(const std::string& samplesFolder, const std::string& file) {
+  // Made under another name, so that a file of the product's own name is always whole.
+  const std::string making = file + ".new";
+  std::error_code error;
+  fs::create_directories(fs::path(file).parent_path(), error);
+  fs::remove(making, error);
+  auto report = ImportSample(samplesFolder, making);
+  if (report) fs::rename(making, file, error);
+  if (report && error)
+    report = protocol::Error{protocol::ErrorKind::Storage, "\"" + file + "\" cannot be made: " + error.message()};
+  if (!report) fs::remove(making, error);
+  return report;
+}
+
+}  // namespace desktop

@@ -1,0 +1,131 @@
+#include "desktop/app/SearchBox.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTimer>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "desktop/app/Icons.h"
+#include "desktop/app/PdmCommands.h"
+#include "desktop/app/Texts.h"
+#include "desktop/toolkit/QtText.h"
+
+namespace desktop {
+namespace {
+constexpr int kMostHits = 1000;
+constexpr int kTypingPause = 250;  ///< milliseconds after the last key before the search begins
+
+QString PathText(const protocol::Occurrence& hit) {
+  QStringList elements;
+  for (const std::string& instance : hit.instancePath) elements << ToQt(instance);
+  return elements.join(QString::fromUtf8(" \u203a "));
+}
+}  // namespace
+
+SearchBox::SearchBox(QWidget* parent)
+    : QWidget(parent), _edit(new QLineEdit), _list(new QTreeWidget), _summary(new QLabel) {
+  _edit->setClearButtonEnabled(true);
+  _edit->addAction(icons::Find(), QLineEdit::LeadingPosition);
+  _edit->installEventFilter(this);
+  _list->setColumnCount(2);
+  _list->setRootIsDecorated(false);
+  _list->setUniformRowHeights(true);
+  _list->setMaximumHeight(180);
+  _list->setAlternatingRowColors(true);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(4);
+  layout->addWidget(_edit);
+  layout->addWidget(_summary);
+  layout->addWidget(_list);
+
+  auto* pause = new QTimer(this);
+  pause->setSingleShot(true);
+  pause->setInterval(kTypingPause);
+  QObject::connect(_edit, &QLineEdit::textEdited, pause, qOverload<>(&QTimer::start));
+  QObject::connect(_edit, &QLineEdit::textChanged, this, [this](const QString& text) { if (text.isEmpty()) Clear(); });
+  QObject::connect(pause, &QTimer::timeout, this, [this] { Search(); });
+  QObject::connect(_list, &QTreeWidget::itemActivated, this, [this] { PickCurrent(); });
+  QObject::connect(_list, &QTreeWidget::itemClicked, this, [this] { PickCurrent(); });
+  Clear();
+  RefreshTexts();
+}
+
+void SearchBox::RefreshTexts() {
+  _edit->setPlaceholderText(Text("Search.Hint"));
+  _edit->setAccessibleName(Text("Search.Hint"));
+  _edit->setToolTip(Text("Search.Help"));
+  _list->setHeaderLabels({Text("Tree.Name"), Text("Search.Path")});
+  _list->setAccessibleName(Text("Search.Hits"));
+}
+
+QString SearchBox::Summary() const { return _summary->isHidden() ? QString() : _summary->text(); }
+
+void SearchBox::Search() {
+  const std::string text = _edit->text().trimmed().toStdString();
+  if (text.empty() || !product) return Clear();
+  const auto reply = SearchTree({product(), text, kMostHits});
+  if (reply) return ShowReply(reply.Value());
+  _list->hide();
+  ShowSummary(ToQt(reply.Failure().message));
+}
+
+void SearchBox::ShowReply(const protocol::SearchReply& reply) {
+  _hits = reply.hits;
+  _list->clear();
+  QList<QTreeWidgetItem*> items;
+  for (const protocol::Occurrence& hit : _hits) {
+    auto* item = new QTreeWidgetItem({ToQt(hit.node.name.empty() ? hit.node.partId : hit.node.name), PathText(hit)});
+    item->setIcon(0, hit.node.hasChildren ? icons::Assembly() : icons::Part());
+    items << item;
+  }
+  _list->addTopLevelItems(items);
+  _list->resizeColumnToContents(0);
+  _list->setVisible(!_hits.empty());
+  ShowSummary(Text(reply.cut ? "Search.Cut" : _hits.empty() ? "Search.None" : "Search.Found",
+                   {QString::number(_hits.size())}));
+}
+
+void SearchBox::ShowSummary(const QString& text) {
+  _summary->setText(text);
+  _summary->show();
+}
+
+void SearchBox::Clear() {
+  _hits.clear();
+  _list->clear();
+  _list->hide();
+  _summary->hide();
+}
+
+void SearchBox::PickCurrent() {
+  const int row = _list->indexOfTopLevelItem(_list->currentItem());
+  if (row >= 0 && onPicked) onPicked(_hits[static_cast<std::size_t>(row)]);
+}
+
+bool SearchBox::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == _edit && event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Escape) {
+      _edit->clear();
+      return true;
+    }
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+      Search();
+      if (_list->topLevelItemCount() > 0) _list->setCurrentItem(_list->topLevelItem(0));
+      PickCurrent();
+      return true;
+    }
+    if (key == Qt::Key_Down && !_list->isHidden()) {
+      _list->setFocus();
+      if (!_list->currentItem()) _list->setCurrentItem(_list->topLevelItem(0));
+      return true;
+    }
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace desktop

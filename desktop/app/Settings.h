@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QSettings>
+#include <QStringList>
+
+#include "desktop/toolkit/Theme.h"
+
+namespace desktop {
+
+/// What the program remembers from one start to the next.
+class Settings {
+ public:
+  /// The user's own settings; with a file, those in the file.
+  explicit Settings(const QString& file = {});
+
+  QStringList RecentProducts() const;
+  /// Puts a product in front of the recent ones, of which the last ten are kept.
+  void AddRecentProduct(const QString& file);
+  void RemoveRecentProduct(const QString& file);
+
+  ThemeChoice Theme() const;
+  void SetTheme(ThemeChoice theme);
+  QString Language() const;
+  void SetLanguage(const QString& language);
+
+  /// Makes the remembered units and shown digits current; at the first start the mixed unit system.
+  void ApplyUnits() const;
+  /// Remembers the units and shown digits that are current.
+  void KeepUnits();
+
+  QByteArray WindowState(const char* name) const;
+  void SetWindowState(const char* name, const QByteArray& state);
+
+ private:
+  std::unique_ptr<QSettings> _settings;
+};
+
+}  // namespace desktop
