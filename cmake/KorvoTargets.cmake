@@ -30,6 +30,10 @@ endif()
 
 add_library(korvo_options INTERFACE)
 target_compile_options(korvo_options INTERFACE -Wall -Wextra -Wpedantic -Werror -Wshadow=local)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # g++ 12 sees overlaps in "literal" + std::string that cannot be.
+  target_compile_options(korvo_options INTERFACE -Wno-restrict)
+endif()
 target_include_directories(korvo_options INTERFACE ${CMAKE_SOURCE_DIR})
 
 # A library of one layer: `korvo_library(name STATIC|SHARED|OBJECT sources...)`.
