@@ -50,6 +50,7 @@ class Catalogues : public PanelTest {
   Catalogues() {
     protocol::PartData part = SamplePartWithDocuments();
     part.propertiesRequested = true;
+    part.properties = SamplePartWithADate().properties;
     part.hasInstance = false;
     Open(part);
   }

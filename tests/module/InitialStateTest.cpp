@@ -43,6 +43,13 @@ TEST_F(InitialState, DisablesTheChoiceOfTheActiveDocumentToo) {
   EXPECT_THAT(Disabled(), UnorderedElementsAreArray(expected));
 }
 
+TEST_F(InitialState, DisablesTheValueOfAnAdditionalPropertyToo) {
+  Open(SamplePartWithProperties());
+  std::vector<std::string> expected(std::begin(kDisabledAtFirst), std::end(kDisabledAtFirst));
+  expected.push_back("PropertyValueEditor");
+  EXPECT_THAT(Disabled(), UnorderedElementsAreArray(expected));
+}
+
 TEST_F(InitialState, ShowsInertiaAtTheCentreOfGravityOfTheCurrentPart) {
   Open(SamplePart());
   EXPECT_TRUE(IsChecked("CGButton"));

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <sstream>
 
 #include "framework/dialog/KorApplicationFrame.h"
@@ -117,16 +118,16 @@ constexpr const char* kFourPages = R"(
       Frame092 Frame 80001
         TypeLabel Label 0
         TypeCombo Combo 40000
-    PrecisionValueFrame Frame 1
-      UpperValueLabel Label 0
-      UpperValueEditor Editor 0
-      LowerValueLabel Label 0
-      LowerValueEditor Editor 0
-      ValueTypeLabel Label 0
-      ValueTypeCombo Combo 40000
-    Frame253 Frame 80001
-      ActiveMassTypeSelected Label 0
-      ActiveMassTypeSelectedEditor Editor 4000000
+      PrecisionValueFrame Frame 1
+        UpperValueLabel Label 0
+        UpperValueEditor Editor 0
+        LowerValueLabel Label 0
+        LowerValueEditor Editor 0
+        ValueTypeLabel Label 0
+        ValueTypeCombo Combo 40000
+      Frame253 Frame 80001
+        ActiveMassTypeSelected Label 0
+        ActiveMassTypeSelectedEditor Editor 4000000
 )";
 
 constexpr const char* kDocumentsPage = R"(
@@ -143,23 +144,23 @@ constexpr const char* kDocumentsPage = R"(
       FrameComboDocs Frame 80001
         DocumentsComboLabel Label 0
         DocumentsCombo Combo 40000
-    FrameDocAttr Frame 1
-      DocAttr1EditorLabel Label 4000000
-      DocAttr1Editor Editor 4000000
-      DocAttr2EditorLabel Label 4000000
-      DocAttr1Editor Editor 4000000
-      DocAttr3EditorLabel Label 4000000
-      DocAttr1Editor Editor 4000000
-      DocAttr4EditorLabel Label 4000000
-      DocAttr1Editor Editor 4000000
-      DocAttr5EditorLabel Label 4000000
-      DocAttr1Editor Editor 4000000
-    FrameActiveDocType Frame 1
-      ActiveDocLatestButton RadioButton 0
-      ActiveDocUsrSelButton RadioButton 0
-    FrameCurrentlyAttachedDoc Frame 40001
-      CurrentlyAttachedDocLabel Label 4000000
-      CurrentlyAttachedDocEditor Editor 4000000
+      FrameDocAttr Frame 1
+        DocAttr1EditorLabel Label 4000000
+        DocAttr1Editor Editor 4000000
+        DocAttr2EditorLabel Label 4000000
+        DocAttr1Editor Editor 4000000
+        DocAttr3EditorLabel Label 4000000
+        DocAttr1Editor Editor 4000000
+        DocAttr4EditorLabel Label 4000000
+        DocAttr1Editor Editor 4000000
+        DocAttr5EditorLabel Label 4000000
+        DocAttr1Editor Editor 4000000
+      FrameActiveDocType Frame 1
+        ActiveDocLatestButton RadioButton 0
+        ActiveDocUsrSelButton RadioButton 0
+      FrameCurrentlyAttachedDoc Frame 40001
+        CurrentlyAttachedDocLabel Label 4000000
+        CurrentlyAttachedDocEditor Editor 4000000
 )";
 
 constexpr const char* kAdditionalPage = R"(
@@ -169,6 +170,9 @@ constexpr const char* kAdditionalPage = R"(
       PropertyValueLabel Label 0
       PropertyNameCombo Combo 40000
       PropertyValueEditor Editor 0
+)";
+
+constexpr const char* kDateHint = R"(
       Hint for "Date" type of properties: YYYY-MM-DD Label 0
 )";
 
@@ -261,7 +265,9 @@ class Layout : public PanelTest {
     for (const char* block : blocks) AppendLines(block, expected);
     std::vector<std::string> lines;
     Describe(Panel(), "", lines);
-    EXPECT_EQ(lines, expected);
+    for (std::size_t i = 0; i < std::min(lines.size(), expected.size()); ++i)
+      ASSERT_EQ(lines[i], expected[i]) << "behind \"" << (i > 0 ? lines[i - 1] : "") << '"';
+    EXPECT_EQ(lines.size(), expected.size());
   }
   std::vector<std::string> Pages() {
     std::vector<std::string> names;
@@ -280,6 +286,11 @@ TEST_F(Layout, HasAPageForDocumentsAndOneForAdditionalPropertiesWhenThePartAsksF
   part.propertiesRequested = true;
   Open(part);
   ExpectWidgets({kHeader, kFourPages, kDocumentsPage, kAdditionalPage, kBelowThePages});
+}
+
+TEST_F(Layout, HintsAtTheFormOfDatesWhenAPropertyIsADate) {
+  Open(SamplePartWithADate());
+  ExpectWidgets({kHeader, kFourPages, kAdditionalPage, kDateHint, kBelowThePages});
 }
 
 TEST_F(Layout, WithoutOldDocumentsHasFivePagesAndNoneForDocuments) {

@@ -113,6 +113,10 @@ void Raise(KorDlgObject& widget, KorEvent event) {
 void EnableAll(KorDlgObject& widget) {
   widget.SetSensitivity(KorSensitivity::Enabled);
   widget.SetVisibility(KorVisibility::Shown);
+  if (auto* spinner = dynamic_cast<KorDlgSpinner*>(&widget)) {
+    spinner->SetUpSensitivity(KorSensitivity::Enabled);
+    spinner->SetDownSensitivity(KorSensitivity::Enabled);
+  }
   for (const auto& child : widget.Children()) EnableAll(*child);
 }
 

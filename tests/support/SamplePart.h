@@ -64,3 +64,10 @@ inline protocol::PartData SamplePartWithProperties() {
   part.properties = {{"Finish", "painted", 3, false, false, ""}};
   return part;
 }
+
+/// The sample part with a property that is a date besides.
+inline protocol::PartData SamplePartWithADate() {
+  protocol::PartData part = SamplePartWithProperties();
+  part.properties.push_back({"Released", "2024-05-01", 1, true, false, ""});
+  return part;
+}
