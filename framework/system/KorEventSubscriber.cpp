@@ -46,6 +46,9 @@ KorEventSubscriber& KorEventSubscriber::operator=(const KorEventSubscriber&) { r
 
 KorEventSubscriber::~KorEventSubscriber() {
   _registry->alive = false;
+  // Publishers must not keep the callbacks of one who has gone: their code may go too, with its library.
+  for (const Registry::Publisher& known : _registry->publishers)
+    if (const auto registry = known.registry.lock()) registry->Remove(_registry);
   _registry->callbacks.clear();
 }
 
