@@ -1,0 +1,249 @@
+#include "lumira/app/CommandLine.h"
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include <gmock/gmock.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace lumira {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+constexpr char kSamples[] = KORVO_SOURCE_DIR "/samples/iea15/";
+constexpr char kTables[] = KORVO_SOURCE_DIR "/tests/lumira/data/import/";
+
+struct Outcome {
+  int code = 0;
+  std::string out;
+  std::string errors;
+};
+
+class CommandLine : public testing::Test {
+ protected:
+  CommandLine() {
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directory(folder);
+  }
+  ~CommandLine() override { std::filesystem::remove_all(folder); }
+
+  Outcome Lumira(const std::vector<std::string>& arguments, bool onTerminal = false) {
+    std::vector<const char*> words = {"lumira"};
+    for (const std::string& argument : arguments) words.push_back(argument.c_str());
+    std::ostringstream out, errors;
+    const int code = RunCommandLine(static_cast<int>(words.size()), words.data(), {out, errors, onTerminal});
+    return {code, out.str(), errors.str()};
+  }
+
+  Outcome ImportSample(std::vector<std::string> more = {}) {
+    std::vector<std::string> arguments = {"import", file, "--structure", std::string(kSamples) + "structure.csv", "--mass",
+                                          std::string(kSamples) + "mass.csv", "--product", "IEA15"};
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    return Lumira(arguments);
+  }
+
+  // The number on the line "name = number".
+  static double Value(const std::string& out, const std::string& name) {
+    const std::size_t at = out.find("\n" + name + " = ");
+    EXPECT_NE(at, std::string::npos) << name;
+    return at == std::string::npos ? 0 : std::stod(out.substr(at + name.size() + 4));
+  }
+
+  std::string folder = testing::TempDir() + "lumira-app-" + std::to_string(getpid());
+  std::string file = folder + "/p.lumira";
+};
+
+TEST_F(CommandLine, MakesADatabaseOnce) {
+  const Outcome made = Lumira({"init", file});
+  EXPECT_EQ(made.code, kDone);
+  EXPECT_EQ(made.out, "Made the database \"" + file + "\".\n");
+  const Outcome again = Lumira({"init", file});
+  EXPECT_EQ(again.code, kRefused);
+  EXPECT_EQ(again.errors, "lumira: database \"" + file + "\": the file exists already\n");
+  EXPECT_EQ(again.out, "");
+}
+
+TEST_F(CommandLine, ImportsTheSample) {
+  Lumira({"init", file});
+  const Outcome imported = ImportSample();
+  EXPECT_EQ(imported.code, kDone) << imported.errors;
+  EXPECT_EQ(imported.out, "Imported product \"IEA15\": 22 parts, 21 instances, 18 mass types; 0 warnings, 0 things left "
+                          "out.\n");
+  EXPECT_EQ(imported.errors, "");
+}
+
+TEST_F(CommandLine, WritesNothingInADryRun) {
+  Lumira({"init", file});
+  EXPECT_THAT(ImportSample({"--dry-run"}).out, StartsWith("Would import product \"IEA15\": 22 parts"));
+  EXPECT_EQ(Lumira({"tree", file}).out, "");
+}
+
+TEST_F(CommandLine, RefusesAProductThatExistsUnlessItIsToBeReplaced) {
+  Lumira({"init", file});
+  ImportSample();
+  const Outcome again = ImportSample();
+  EXPECT_EQ(again.code, kRefused);
+  EXPECT_EQ(again.errors, "lumira: product \"IEA15\" exists already\n");
+  EXPECT_EQ(ImportSample({"--replace"}).code, kDone);
+}
+
+TEST_F(CommandLine, ReportsEveryErrorOfATable) {
+  Lumira({"init", file});
+  const std::string mass = folder + "/wrong.csv";
+  std::ofstream(mass) << "part,parent,mass [kg]\na,,x\nb,a,nan\n";
+  const Outcome imported = Lumira({"import", file, "--mass", mass});
+  EXPECT_EQ(imported.code, kRefused);
+  EXPECT_EQ(imported.errors, "lumira: wrong.csv, line 2, column 3 (mass [kg]): \"x\" is not a finite number\n"
+                             "wrong.csv, line 3, column 3 (mass [kg]): \"nan\" is not a finite number\n");
+}
+
+TEST_F(CommandLine, WarnsOnTheErrorsAndImportsAllTheSame) {
+  Lumira({"init", file});
+  const std::string mass = folder + "/odd.csv";
+  std::ofstream(mass) << "part,parent,remark\na,,\nb,a,hello\n";
+  const Outcome imported = Lumira({"import", file, "--mass", mass});
+  EXPECT_EQ(imported.code, kDone);
+  EXPECT_EQ(imported.errors, "warning: odd.csv: 1 parts have neither children nor mass data: \"b\"\n"
+                             "left out: odd.csv, line 1, column 3 (remark): the column is not known\n");
+}
+
+TEST_F(CommandLine, ComputesTheSampleAsPublished) {
+  Lumira({"init", file});
+  ImportSample();
+  const Outcome above = Lumira({"compute", file, "Above_yaw"});
+  ASSERT_EQ(above.code, kDone) << above.errors;
+  const double trace = 9474045.437011357 + 10608608.72268249 + 10536262.58048209;
+  EXPECT_NEAR(Value(above.out, "above_yaw.mass_kg"), 644856.548088461, 1e-12 * 644856);
+  EXPECT_NEAR(Value(above.out, "above_yaw.cg_x_m"), -5.124694874749737, 5e-12);
+  EXPECT_NEAR(Value(above.out, "above_yaw.inertia_cg_xz_kgm2"), 2197871.805292473, 1e-12 * trace);
+  EXPECT_NEAR(Value(above.out, "above_yaw.inertia_ref_xx_kgm2"), 21491840.63823167, 1e-12 * trace);
+
+  const Outcome generator = Lumira({"compute", file, "generator"});
+  EXPECT_NEAR(Value(generator.out, "generator.mass_kg"), 368839.4071518108, 1e-12 * 368839);
+  EXPECT_NEAR(Value(generator.out, "generator.cg_x_m"), -6.516676090182924, 6e-12);
+  EXPECT_NEAR(Value(generator.out, "generator.cg_z_m"), 5.034389671180861, 6e-12);
+  EXPECT_NEAR(Value(generator.out, "generator.inertia_cg_xx_kgm2"), 5197408.244421278, 1e-12 * trace);
+  EXPECT_NEAR(Value(generator.out, "generator.inertia_ref_xz_kgm2"), 11846570.5011075, 1e-12 * trace);
+  EXPECT_NEAR(Value(generator.out, "generator.inertia_ref_zz_kgm2"), 18443112.75334539, 1e-12 * trace);
+}
+
+TEST_F(CommandLine, ComputesTheToyTreeToTheInteger) {
+  Lumira({"init", file});
+  ASSERT_EQ(Lumira({"import", file, "--mass", std::string(kTables) + "test.csv"}).code, kDone);
+  const Outcome top = Lumira({"compute", file, "A.1"});
+  EXPECT_THAT(top.out, HasSubstr("a_1.mass_kg = 21\na_1.cg_x_m = 0\na_1.cg_y_m = 0\na_1.cg_z_m = 0\n"
+                                 "a_1.inertia_cg_xx_kgm2 = 144\na_1.inertia_cg_yy_kgm2 = 144\n"
+                                 "a_1.inertia_cg_zz_kgm2 = 139\n"));
+}
+
+TEST_F(CommandLine, ComputesStandardDeviations) {
+  Lumira({"init", file});
+  ASSERT_EQ(Lumira({"import", file, "--structure", std::string(kTables) + "sawe_structure.csv", "--mass",
+                    std::string(kTables) + "sawe_mass.csv"}).code, kDone);
+  const std::string out = Lumira({"compute", file, "Combined"}).out;
+  EXPECT_NEAR(Value(out, "combined.cg_x_m"), 109.87693956853812, 110e-12);
+  EXPECT_NEAR(Value(out, "combined.sd_mass_kg"), 2.130079622924927, 3e-9);
+  EXPECT_NEAR(Value(out, "combined.mass_upper_deviation_kg"), 2.130079622924927, 3e-9);
+  EXPECT_NEAR(Value(out, "combined.sd_inertia_cg_xy_kgm2"), 1488.0947508132901, 3e-6);
+}
+
+TEST_F(CommandLine, SaysWhenAPartStandsInSeveralPlaces) {
+  Lumira({"init", file});
+  const std::string mass = folder + "/twice.csv";
+  std::ofstream(mass) << "part,parent,mass [kg]\ntop,,\na,top,1\na,top,\n";
+  Lumira({"import", file, "--mass", mass});
+  EXPECT_THAT(Lumira({"compute", file, "a"}).out, HasSubstr("the part itself, which stands in several places"));
+}
+
+TEST_F(CommandLine, PrintsWarningsOfAComputationOnTheErrors) {
+  Lumira({"init", file});
+  const std::string mass = folder + "/bare.csv";
+  std::ofstream(mass) << "part,parent,mass [kg]\ntop,,\na,top,1\nb,top,\n";
+  Lumira({"import", file, "--mass", mass});
+  const Outcome computed = Lumira({"compute", file, "top"});
+  EXPECT_EQ(computed.code, kDone);
+  EXPECT_EQ(computed.errors, "warning: 1 part has no mass data and is left out (b)\n"
+                             "warning: 1 part has a mass but no centre of gravity and counts in the mass only, 1 kg in all "
+                             "(a)\n");
+}
+
+TEST_F(CommandLine, PrintsTheTree) {
+  Lumira({"init", file});
+  ImportSample();
+  const Outcome tree = Lumira({"tree", file});
+  EXPECT_THAT(tree.out, StartsWith("Product \"IEA15\"\n  RNA \"Rotor-nacelle assembly\"\n    nacelle \"Nacelle\"\n"));
+  EXPECT_THAT(tree.out, HasSubstr("\n          generator_rotor \"Generator rotor\"  130349.2496292837 kg\n"));
+  EXPECT_EQ(Lumira({"tree", file, "generator"}).out,
+            "generator_rotor \"Generator rotor\"  130349.2496292837 kg\n"
+            "generator_stator \"Generator stator\"  238490.157522527 kg\n");
+  EXPECT_EQ(Lumira({"tree", file, "--depth", "1"}).out, "Product \"IEA15\"\n  RNA \"Rotor-nacelle assembly\"\n");
+}
+
+TEST_F(CommandLine, RunsServerCommands) {
+  Lumira({"init", file});
+  ImportSample();
+  const Outcome reply = Lumira({"command", file, "LumGetChildren", "ChildrenRequest/1|yaw|0|1|end"});
+  EXPECT_EQ(reply.code, kDone);
+  EXPECT_EQ(reply.out, "TreeNodes/1|yaw|0|0|0|end\n");
+  const Outcome refused = Lumira({"command", file, "LumGetChildren", "rubbish"});
+  EXPECT_EQ(refused.code, kRefused);
+  EXPECT_EQ(refused.errors, "lumira: ChildrenRequest: field 1 (form): \"rubbish\" is not \"ChildrenRequest/1\"\n");
+}
+
+TEST_F(CommandLine, TellsInputFromStorageByItsExitCode) {
+  EXPECT_EQ(Lumira({"tree", file}).code, kRefused);
+  EXPECT_EQ(Lumira({"tree", file}).errors, "lumira: database \"" + file + "\": there is no such file\n");
+  std::ofstream(file) << std::string(5000, 'x');
+  EXPECT_EQ(Lumira({"tree", file}).code, kStorage);
+  std::filesystem::remove(file);
+  Lumira({"init", file});
+  EXPECT_EQ(Lumira({"compute", file, "nobody"}).code, kRefused);
+  EXPECT_EQ(Lumira({"import", file, "--mass", folder + "/no.csv"}).code, kRefused);
+}
+
+TEST_F(CommandLine, RefusesWhatItDoesNotUnderstand) {
+  for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
+           {}, {"make", file}, {"init"}, {"init", file, "more"}, {"import", file}, {"compute", file},
+           {"tree", file, "--depth", "-1"}, {"tree", file, "--depth", "x"}, {"import", file, "--mass", "m", "--frobnicate"}}) {
+    const Outcome outcome = Lumira(words);
+    EXPECT_EQ(outcome.code, kUsage);
+    EXPECT_NE(outcome.errors, "");
+    EXPECT_EQ(outcome.out, "");
+  }
+}
+
+TEST_F(CommandLine, HelpsWithEachCommand) {
+  EXPECT_THAT(Lumira({"--help"}).out, HasSubstr("Exit codes: 0 done"));
+  for (const char* command : {"init", "import", "tree", "compute", "command"}) {
+    const Outcome help = Lumira({command, "--help"});
+    EXPECT_EQ(help.code, kDone);
+    EXPECT_THAT(help.out, HasSubstr("FILE")) << command;
+  }
+}
+
+TEST_F(CommandLine, ShowsProgressOnATerminalOnly) {
+  Lumira({"init", file});
+  ImportSample();
+  EXPECT_THAT(Lumira({"compute", file, "generator"}, true).errors, HasSubstr("\r\033[KLoading the product"));
+  EXPECT_EQ(Lumira({"compute", file, "generator"}).errors, "");
+}
+
+TEST_F(CommandLine, OfTheProgramItselfGivesTheExitCodes) {
+  const auto exitCode = [&](const std::string& arguments) {
+    const int status = std::system((std::string(LUMIRA_PROGRAM " ") + arguments + " >/dev/null 2>&1").c_str());
+    return WEXITSTATUS(status);
+  };
+  EXPECT_EQ(exitCode("--help"), 0);
+  EXPECT_EQ(exitCode("init " + file), 0);
+  EXPECT_EQ(exitCode("nonsense"), 2);
+  EXPECT_EQ(exitCode("compute " + file + " nobody"), 3);
+  std::ofstream(file) << std::string(5000, 'x');
+  EXPECT_EQ(exitCode("tree " + file), 4);
+}
+
+}  // namespace
+}  // namespace lumira

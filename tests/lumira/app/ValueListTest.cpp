@@ -1,0 +1,52 @@
+#include "lumira/app/ValueList.h"
+
+#include <sstream>
+
+#include <gmock/gmock.h>
+
+namespace lumira {
+namespace {
+
+using testing::HasSubstr;
+
+std::string Written(const ComputedValues& values) {
+  std::ostringstream out;
+  WriteValues(out, values);
+  return out.str();
+}
+
+ComputedValues Values(const std::string& part) {
+  ComputedValues values;
+  values.part = part;
+  return values;
+}
+
+TEST(ValueList, NamesValuesAfterThePartInSmallLetters) {
+  ComputedValues values = Values("Above_yaw");
+  values.properties.mass = 0.1;
+  EXPECT_THAT(Written(values), HasSubstr("above_yaw.mass_kg = 0.10000000000000001\n"));
+  values.part = "Rotor-Hub 2.5 é";
+  EXPECT_THAT(Written(values), HasSubstr("rotor_hub_2_5_é.mass_kg = "));
+}
+
+TEST(ValueList, LeavesOutWhatIsNotKnown) {
+  EXPECT_THAT(Written(Values("a")), HasSubstr("a.sd_mass_kg = 0\n"));
+  EXPECT_EQ(Written(Values("a")).find("a.mass_kg"), std::string::npos);
+  EXPECT_EQ(Written(Values("a")).find("a.inertia_cg"), std::string::npos);
+}
+
+TEST(ValueList, RefersToTheFrameOfThePlacement) {
+  ComputedValues values = Values("a");
+  // 2 kg at 1 m along the part's x; the part stands at z = 3 m, turned so that its x is the frame's y.
+  values.properties = {2.0, Vec3{1, 0, 0}, InertiaTensor{10, 20, 30, 0, 0, 0}};
+  values.placement = {Rotation{{0, -1, 0, 1, 0, 0, 0, 0, 1}}, {0, 0, 3}};
+  const std::string text = Written(values);
+  EXPECT_THAT(text, HasSubstr("a.cg_x_m = 0\na.cg_y_m = 1\na.cg_z_m = 3\n"));
+  EXPECT_THAT(text, HasSubstr("a.inertia_cg_xx_kgm2 = 10\na.inertia_cg_yy_kgm2 = 20\n")) << "in the part's axes";
+  // Turned: 20, 10, 30. Moved by (0, 1, 3): 2·10, 2·9, 2·1 more, and -2·1·3 off the diagonal.
+  EXPECT_THAT(text, HasSubstr("a.inertia_ref_xx_kgm2 = 40\na.inertia_ref_yy_kgm2 = 28\na.inertia_ref_zz_kgm2 = 32\n"));
+  EXPECT_THAT(text, HasSubstr("a.inertia_ref_yz_kgm2 = -6\n"));
+}
+
+}  // namespace
+}  // namespace lumira
