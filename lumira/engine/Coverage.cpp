@@ -3,23 +3,6 @@
 #include "lumira/engine/ProductGraph.h"
 
 namespace lumira {
-namespace {
-
-constexpr double Coverage::*kFields[] = {
-    &Coverage::items,           &Coverage::withoutMass,
-    &Coverage::withoutCg,       &Coverage::withoutInertia,
-    &Coverage::negative,        &Coverage::withBounds,
-    &Coverage::withoutBounds,   &Coverage::replacing,
-    &Coverage::massWithoutCg,   &Coverage::varianceWithoutCg,
-    &Coverage::massWithInertia, &Coverage::lower,
-    &Coverage::upper,           &Coverage::spreadWithoutBounds,
-};
-
-}  // namespace
-
-void Coverage::Add(const Coverage& other, double quantity) {
-  for (const auto field : kFields) this->*field += quantity * other.*field;
-}
 
 Coverage CoverageOf(const GraphPart& part) {
   if (part.isHollow) return {};

@@ -1,7 +1,7 @@
 #include "lumira/engine/FlatStructure.h"
 
 #include <algorithm>
-#include <array>
+#include <cmath>
 #include <numeric>
 
 #include "lumira/engine/FlatStructureBuilder.h"
@@ -35,13 +35,14 @@ void FlatStructure::WriteLane(std::uint32_t lane, const Item& item) {
 
   const auto& [massDeviation, cgDeviation, inertiaDeviation] = item.deviations;
   const auto& s = inertiaDeviation;
-  auto& variances = _varianceBlocks[lane / kLanes];
-  variances.mass[k] = item.cgKnown ? quantity * massDeviation * massDeviation : 0.0;
+  const double copies = std::sqrt(quantity);
+  auto& deviations = _deviationBlocks[lane / kLanes];
+  deviations.mass[k] = item.cgKnown ? copies * massDeviation : 0.0;
   for (std::size_t i = 0; const double value : {cgDeviation.x, cgDeviation.y, cgDeviation.z}) {
-    variances.cg[i++][k] = value * value / quantity;
+    deviations.cg[i++][k] = value / copies;
   }
   for (std::size_t i = 0; const double value : {s.xx, s.yy, s.zz, s.xy, s.xz, s.yz}) {
-    variances.inertia[i++][k] = quantity * value * value;
+    deviations.inertia[i++][k] = copies * value;
   }
   _hasDeviations = _hasDeviations || item.deviations != Deviations{};
 }

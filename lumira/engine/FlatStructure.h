@@ -26,12 +26,12 @@ struct alignas(64) LeafBlock {
   std::uint32_t rotation[kLanes] = {};  ///< indices into the table of rotations
 };
 
-/// The variances of the same four items, of independent inputs; the one of the cg divided by the quantity,
-/// since the centre of n independent copies is known √n times better.
-struct alignas(64) VarianceBlock {
-  double mass[kLanes] = {};        ///< kg²
-  double cg[3][kLanes] = {};       ///< m²
-  double inertia[6][kLanes] = {};  ///< (kg·m²)²
+/// The standard deviations of the same four items, of independent inputs. Those of n independent copies
+/// together: mass and inertia √n times one copy's, the centre known √n times better.
+struct alignas(64) DeviationBlock {
+  double mass[kLanes] = {};        ///< kg
+  double cg[3][kLanes] = {};       ///< m
+  double inertia[6][kLanes] = {};  ///< kg·m²
 };
 
 /// A node placed in the node above it.
@@ -57,7 +57,7 @@ class FlatStructure {
 
   const LeafBlock* LeafBlocks() const { return _leafBlocks.data(); }
   /// nullptr when no item has a deviation.
-  const VarianceBlock* VarianceBlocks() const { return _hasDeviations ? _varianceBlocks.data() : nullptr; }
+  const DeviationBlock* DeviationBlocks() const { return _hasDeviations ? _deviationBlocks.data() : nullptr; }
   const NodeEdge* NodeEdges() const { return _nodeEdges.data(); }
   const std::uint32_t* LeafBegin() const { return _leafBegin.data(); }  ///< per node, into the blocks
   const std::uint32_t* EdgeBegin() const { return _edgeBegin.data(); }  ///< per node, into the node edges
@@ -82,7 +82,7 @@ class FlatStructure {
 
   std::vector<std::uint32_t> _nodeOfPart;
   LargeVector<LeafBlock> _leafBlocks;
-  LargeVector<VarianceBlock> _varianceBlocks;
+  LargeVector<DeviationBlock> _deviationBlocks;
   bool _hasDeviations = false;
   LargeVector<NodeEdge> _nodeEdges;
   std::vector<std::uint32_t> _leafBegin{0};

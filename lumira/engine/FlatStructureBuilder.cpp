@@ -102,7 +102,7 @@ void FlatStructureBuilder::AddLane(const Child& item) {
   const auto k = lane % kLanes;
   if (k == 0) {
     _flat._leafBlocks.emplace_back();
-    _flat._varianceBlocks.emplace_back();
+    _flat._deviationBlocks.emplace_back();
   }
   _flat._partOfLane.push_back(item.index);
   _flat._quantityOfLane.push_back(item.edge->quantity);

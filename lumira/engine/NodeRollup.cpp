@@ -1,11 +1,18 @@
 #include "lumira/engine/NodeRollup.h"
 
+#include <algorithm>
 #include <functional>
 #include <queue>
+#include <thread>
 #include <utility>
 
 namespace lumira {
 namespace {
+
+/// A share of the work that is worth a thread, in nodes; and how many shares each gets, to even out their
+/// sizes.
+constexpr std::uint32_t kSmallestShare = 1024;
+constexpr std::uint32_t kSharesPerThread = 8;
 
 /// Hands out the smallest node first, each once: below before above.
 class BottomUpQueue {
@@ -28,10 +35,12 @@ class BottomUpQueue {
 
 }  // namespace
 
-NodeRollup::NodeRollup(FlatStructure structure, Spread spread, RollupKernel kernel)
+NodeRollup::NodeRollup(FlatStructure structure, Spread spread, unsigned threads, RollupKernel kernel)
     : _structure(std::move(structure)),
       _spread(spread),
+      _threads(threads != 0 ? threads : std::max(1u, std::thread::hardware_concurrency())),
       _kernel(kernel),
+      _plan(_structure, std::max(kSmallestShare, _structure.NodeCount() / (kSharesPerThread * _threads))),
       _states(_structure.NodeCount()),
       _coverages(_structure.NodeCount()) {
   Compute();
@@ -39,20 +48,24 @@ NodeRollup::NodeRollup(FlatStructure structure, Spread spread, RollupKernel kern
 
 void NodeRollup::Compute() {
   if (CarriesCovariance()) _covariances.resize(_structure.NodeCount());
-  Compute(0, _structure.NodeCount());
+  if (_threads > 1 && _plan.Pieces().size() > 1) {
+    _plan.Run(_threads, [this](NodeRange nodes) { Compute(nodes); });
+  } else {
+    Compute({0, _structure.NodeCount()});
+  }
 }
 
-void NodeRollup::Compute(std::uint32_t first, std::uint32_t last) {
+void NodeRollup::Compute(NodeRange nodes) {
   const KernelArrays arrays{.leafBlocks = _structure.LeafBlocks(),
-                            .varianceBlocks = _structure.VarianceBlocks(),
+                            .deviationBlocks = _structure.DeviationBlocks(),
                             .nodeEdges = _structure.NodeEdges(),
                             .leafBegin = _structure.LeafBegin(),
                             .edgeBegin = _structure.EdgeBegin(),
                             .rotations = _structure.Rotations(),
                             .states = _states.data(),
                             .covariances = CarriesCovariance() ? _covariances.data() : nullptr};
-  _kernel(arrays, first, last);
-  for (auto node = first; node < last; ++node) AddUpCoverage(node);
+  _kernel(arrays, nodes.first, nodes.last);
+  for (auto node = nodes.first; node < nodes.last; ++node) AddUpCoverage(node);
 }
 
 void NodeRollup::AddUpCoverage(std::uint32_t node) {
@@ -74,7 +87,7 @@ std::size_t NodeRollup::Change(std::uint32_t part, const GraphPart& changed) {
   }
   std::size_t computed = 0;
   for (std::uint32_t node = 0; outOfDate.Pop(node); ++computed) {
-    Compute(node, node + 1);
+    Compute({node, node + 1});
     outOfDate.Push(_structure.ParentsOf(node));
   }
   return computed;

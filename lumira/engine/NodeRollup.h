@@ -5,6 +5,7 @@
 
 #include "lumira/engine/FlatStructure.h"
 #include "lumira/engine/NodeState.h"
+#include "lumira/engine/ParallelPlan.h"
 #include "lumira/engine/RollupKernel.h"
 
 namespace lumira {
@@ -20,11 +21,13 @@ struct NodeSums {
 };
 
 /// The sums of all nodes of a flat structure, computed bottom-up in one pass without allocating. A node's
-/// sums depend on nothing but what is below it, so neither the order of nodes nor the processor shows in a
-/// bit.
+/// sums depend on nothing but what is below it, so neither the order of nodes, nor threads, nor the processor
+/// show in any bit.
 class NodeRollup {
  public:
-  NodeRollup(FlatStructure structure, Spread spread, RollupKernel kernel = BestKernel());
+  /// `threads`: how many may work on large structures at once, 0 for as many as the machine runs.
+  NodeRollup(FlatStructure structure, Spread spread, unsigned threads = 0,
+             RollupKernel kernel = BestKernel());
 
   /// Computes all nodes anew.
   void Compute();
@@ -37,14 +40,16 @@ class NodeRollup {
 
  private:
   bool CarriesCovariance() const {
-    return _spread == Spread::Carry && _structure.VarianceBlocks() != nullptr;
+    return _spread == Spread::Carry && _structure.DeviationBlocks() != nullptr;
   }
-  void Compute(std::uint32_t first, std::uint32_t last);
+  void Compute(NodeRange nodes);
   void AddUpCoverage(std::uint32_t node);
 
   FlatStructure _structure;
   Spread _spread;
+  unsigned _threads;
   RollupKernel _kernel;
+  ParallelPlan _plan;
   LargeVector<NodeState> _states;
   LargeVector<NodeCovariance> _covariances;
   LargeVector<Coverage> _coverages;

@@ -10,7 +10,7 @@ namespace lumira {
 /// What the kernel reads and writes; plain pointers into arrays that the caller owns.
 struct KernelArrays {
   const LeafBlock* leafBlocks = nullptr;
-  const VarianceBlock* varianceBlocks = nullptr;
+  const DeviationBlock* deviationBlocks = nullptr;
   const NodeEdge* nodeEdges = nullptr;
   const std::uint32_t* leafBegin = nullptr;
   const std::uint32_t* edgeBegin = nullptr;

@@ -81,6 +81,7 @@ bool AnyUnusedShape(const CompiledProduct& product) {
 std::vector<Warning> CollectWarnings(const CompiledProduct& product, std::uint32_t part,
                                      const MassResult& result, std::size_t maxExamples) {
   const auto& c = result.coverage;
+  const bool isFinite = IsFinite(result);
   const double massWithCg = result.mass.value_or(0.0) - c.massWithoutCg;
   const struct {
     WarningKind kind;
@@ -93,7 +94,8 @@ std::vector<Warning> CollectWarnings(const CompiledProduct& product, std::uint32
       {WarningKind::WithoutInertia, c.withoutInertia, massWithCg - c.massWithInertia, WithoutInertia},
       {WarningKind::NegativeMass, c.negative, 0.0, Negative},
       {WarningKind::ZeroMass,
-       result.mass && !result.cg && c.withoutCg + c.withoutMass < c.items ? c.items : 0.0, 0.0, nullptr},
+       isFinite && result.mass && !result.cg && c.withoutCg + c.withoutMass < c.items ? c.items : 0.0, 0.0,
+       nullptr},
       {WarningKind::WithoutBounds, c.withBounds > 0.0 ? c.withoutBounds : 0.0, 0.0, WithoutBounds},
       {WarningKind::ReplacesChildren, c.replacing, 0.0, Replaces},
   };
@@ -110,7 +112,7 @@ std::vector<Warning> CollectWarnings(const CompiledProduct& product, std::uint32
     if (parts.size() > maxExamples) parts.resize(maxExamples);
     if (count > 0.0) warnings.push_back({WarningKind::ShapeNotAdded, count, 0.0, std::move(parts)});
   }
-  if (!IsFinite(result)) warnings.push_back({WarningKind::NotFinite, c.items, 0.0, {}});
+  if (!isFinite) warnings.push_back({WarningKind::NotFinite, c.items, 0.0, {}});
   return warnings;
 }
 
