@@ -145,7 +145,7 @@ std::string PanelHarness::SelectedPage() {
 
 std::string PanelHarness::Joined(std::initializer_list<const char*> editors) {
   std::string text;
-  for (const char* editor : editors) text += (text.empty() ? "" : ", ") + Text(editor);
+  for (const char* editor : editors) text += (editor == *editors.begin() ? "" : ", ") + Text(editor);
   return text;
 }
 
