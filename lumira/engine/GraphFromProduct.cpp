@@ -1,9 +1,9 @@
 #include "lumira/engine/GraphFromProduct.h"
 
 #include <algorithm>
-#include <numeric>
 #include <optional>
 #include <sstream>
+#include <string_view>
 
 namespace lumira {
 namespace {
@@ -20,14 +20,22 @@ Error Fail(ErrorKind kind, const Pieces&... pieces) {
   return {kind, text.str()};
 }
 
+/// An instance whose names are found.
+struct Use {
+  std::uint32_t parent;
+  std::uint32_t child;
+  const Instance* instance;
+};
+
 class Builder {
  public:
   Builder(const Product& product, const CompileOptions& options) : _product(product), _options(options) {}
 
   Complaint Build() {
     if (auto bad = NumberParts()) return bad;
-    if (auto bad = CheckInstances()) return bad;
-    if (auto bad = CheckNames()) return bad;
+    if (auto bad = CheckRoots()) return bad;
+    if (auto bad = FindUses()) return bad;
+    if (auto bad = CheckExclusions()) return bad;
     AddEdges();
     return AddItems();
   }
@@ -36,6 +44,8 @@ class Builder {
 
  private:
   Complaint NumberParts() {
+    _named.partIds.reserve(_product.parts.size());
+    _named.partIndex.reserve(_product.parts.size());
     for (const auto& part : _product.parts) {
       const auto index = static_cast<std::uint32_t>(_named.partIds.size());
       if (!_named.partIndex.try_emplace(part.id, index).second) {
@@ -46,49 +56,7 @@ class Builder {
     return std::nullopt;
   }
 
-  Complaint CheckInstances() {
-    std::unordered_set<std::string_view> ids;
-    for (const auto& instance : _product.instances) {
-      if (!ids.insert(instance.id).second) {
-        return Fail(ErrorKind::BadValue, "instance '", instance.id,
-                    "' is there twice; instance ids have to be unique");
-      }
-      if (auto bad = CheckInstance(instance)) return bad;
-    }
-    for (const auto& excluded : _options.excludedInstances) {
-      if (!ids.contains(excluded)) {
-        return Fail(ErrorKind::NotFound, "instance '", excluded,
-                    "' is to be left out, but there is none of that id");
-      }
-    }
-    return std::nullopt;
-  }
-
-  Complaint CheckInstance(const Instance& instance) const {
-    const auto place =
-        "instance '" + instance.id + "' of '" + instance.child + "' in '" + instance.parent + "': ";
-    for (const auto& id : {instance.parent, instance.child}) {
-      if (!_named.partIndex.contains(id))
-        return Fail(ErrorKind::NotFound, place, "there is no part '", id, "'");
-    }
-    if (instance.quantity < 1) {
-      return Fail(ErrorKind::BadValue, place, "quantity is ", instance.quantity, ", expected 1 or more");
-    }
-    const auto& [rotation, translation] = instance.placement;
-    if (!IsFinite(translation)) {
-      return Fail(ErrorKind::BadValue, place, "translation is (", translation.x, ", ", translation.y, ", ",
-                  translation.z, "), expected finite numbers");
-    }
-    if (!IsRotation(rotation)) {
-      return Fail(ErrorKind::BadValue, place,
-                  "the placement is no rotation: its axes differ from orthonormal ones by ",
-                  OrthonormalityError(rotation), " (limit ", kRotationTolerance, "), determinant ",
-                  Determinant(rotation), " (expected 1)");
-    }
-    return std::nullopt;
-  }
-
-  Complaint CheckNames() const {
+  Complaint CheckRoots() const {
     for (const auto& root : _product.roots) {
       if (!_named.partIndex.contains(root)) {
         return Fail(ErrorKind::NotFound, "root: there is no part '", root, "'");
@@ -97,30 +65,96 @@ class Builder {
     return std::nullopt;
   }
 
-  void AddEdges() {
-    std::vector<const Instance*> instances;
+  Complaint FindUses() {
+    _uses.reserve(_product.instances.size());
+    _isAssembly.resize(_product.parts.size());
+    _instanceIds.reserve(_product.instances.size());
     for (const auto& instance : _product.instances) {
-      if (!_options.excludedInstances.contains(instance.id)) instances.push_back(&instance);
+      if (!_instanceIds.insert(instance.id).second) {
+        return Fail(ErrorKind::BadValue, "instance '", instance.id,
+                    "' is there twice; instance ids have to be unique");
+      }
+      if (auto bad = FindUse(instance)) return bad;
     }
-    std::ranges::sort(instances, {},
-                      [](const Instance* instance) -> const std::string& { return instance->id; });
-    for (const auto* instance : instances) {
-      _named.graph.edges.push_back({_named.partIndex.at(instance->parent),
-                                    _named.partIndex.at(instance->child),
-                                    static_cast<double>(instance->quantity), instance->placement});
+    return std::nullopt;
+  }
+
+  Complaint FindUse(const Instance& instance) {
+    const auto& index = _named.partIndex;
+    const auto parent = index.find(instance.parent), child = index.find(instance.child);
+    if (parent == index.end()) return Unknown(instance, instance.parent);
+    if (child == index.end()) return Unknown(instance, instance.child);
+    if (auto bad = CheckNumbers(instance)) return bad;
+    _isAssembly[parent->second] = true;
+    if (_options.excludedInstances.empty() || !_options.excludedInstances.contains(instance.id)) {
+      _uses.push_back({parent->second, child->second, &instance});
+    }
+    return std::nullopt;
+  }
+
+  static std::string PlaceOf(const Instance& instance) {
+    return "instance '" + instance.id + "' of '" + instance.child + "' in '" + instance.parent + "': ";
+  }
+
+  static Error Unknown(const Instance& instance, const std::string& part) {
+    return Fail(ErrorKind::NotFound, PlaceOf(instance), "there is no part '", part, "'");
+  }
+
+  static Complaint CheckNumbers(const Instance& instance) {
+    const auto& [rotation, translation] = instance.placement;
+    if (instance.quantity < 1) {
+      return Fail(ErrorKind::BadValue, PlaceOf(instance), "quantity is ", instance.quantity,
+                  ", expected 1 or more");
+    }
+    if (!IsFinite(translation)) {
+      return Fail(ErrorKind::BadValue, PlaceOf(instance), "translation is (", translation.x, ", ",
+                  translation.y, ", ", translation.z, "), expected finite numbers");
+    }
+    if (!IsRotation(rotation)) {
+      return Fail(ErrorKind::BadValue, PlaceOf(instance),
+                  "the placement is no rotation: its axes differ from orthonormal ones by ",
+                  OrthonormalityError(rotation), " (limit ", kRotationTolerance, "), determinant ",
+                  Determinant(rotation), " (expected 1)");
+    }
+    return std::nullopt;
+  }
+
+  Complaint CheckExclusions() const {
+    for (const auto& excluded : _options.excludedInstances) {
+      if (!_instanceIds.contains(excluded)) {
+        return Fail(ErrorKind::NotFound, "instance '", excluded,
+                    "' is to be left out, but there is none of that id");
+      }
+    }
+    return std::nullopt;
+  }
+
+  /// Sorted by parent first: the ids need comparing within one parent only.
+  void AddEdges() {
+    std::ranges::stable_sort(_uses, {}, &Use::parent);
+    for (auto first = _uses.begin(); first != _uses.end();) {
+      const auto last =
+          std::find_if(first, _uses.end(), [&](const Use& use) { return use.parent != first->parent; });
+      std::sort(first, last, [](const Use& a, const Use& b) { return a.instance->id < b.instance->id; });
+      first = last;
+    }
+    _named.graph.edges.reserve(_uses.size());
+    for (const auto& [parent, child, instance] : _uses) {
+      _named.graph.edges.push_back(
+          {parent, child, static_cast<double>(instance->quantity), instance->placement});
     }
   }
 
   Complaint AddItems() {
-    std::vector<bool> isAssembly(_product.parts.size()), hasChildren(_product.parts.size());
-    for (const auto& instance : _product.instances) isAssembly[_named.partIndex.at(instance.parent)] = true;
-    for (const auto& edge : _named.graph.edges) hasChildren[edge.parent] = true;
+    std::vector<bool> hasChildren(_product.parts.size());
+    for (const auto& use : _uses) hasChildren[use.parent] = true;
+    _named.graph.parts.reserve(_product.parts.size());
     for (std::size_t i = 0; i < _product.parts.size(); ++i) {
       auto own = ResolveOwnData(_product.parts[i], _options.massType);
       if (!own) return own.Failure();
       const auto& [item, fromUserMassType] = own.Value();
-      const bool isHollow = isAssembly[i] && !hasChildren[i] && !fromUserMassType;
-      _named.graph.parts.push_back({isHollow ? Item{} : item, isAssembly[i] && fromUserMassType, isHollow});
+      const bool isHollow = _isAssembly[i] && !hasChildren[i] && !fromUserMassType;
+      _named.graph.parts.push_back({isHollow ? Item{} : item, _isAssembly[i] && fromUserMassType, isHollow});
     }
     return std::nullopt;
   }
@@ -128,6 +162,9 @@ class Builder {
   const Product& _product;
   const CompileOptions& _options;
   NamedGraph _named;
+  std::unordered_set<std::string_view> _instanceIds;
+  std::vector<Use> _uses;
+  std::vector<bool> _isAssembly;  ///< whether anything is placed in a part, left out or not
 };
 
 }  // namespace

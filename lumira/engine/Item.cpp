@@ -19,25 +19,37 @@ struct NamedNumber {
 
 using Complaint = std::optional<Error>;
 
-Error BadNumber(const std::string& place, const NamedNumber& number, const char* expected) {
+/// Where numbers come from; the text is made only when there is something to complain about.
+struct Source {
+  const Part& part;
+  const MassTypeData* type;  ///< nullptr: volume times density
+};
+
+std::string TextOf(const Source& source) {
+  const auto& [part, type] = source;
+  return "part '" + part.id +
+         (type != nullptr ? "', mass type '" + type->name + "'" : "', volume times density");
+}
+
+Error BadNumber(const Source& source, const NamedNumber& number, const char* expected) {
   std::ostringstream text;
-  text << place << ": " << number.name << " is " << number.value << ", expected " << expected;
+  text << TextOf(source) << ": " << number.name << " is " << number.value << ", expected " << expected;
   return {ErrorKind::BadValue, text.str()};
 }
 
 template <std::size_t N>
-Complaint CheckFinite(const std::string& place, const std::array<NamedNumber, N>& numbers) {
+Complaint CheckFinite(const Source& source, const std::array<NamedNumber, N>& numbers) {
   for (const auto& number : numbers) {
-    if (!std::isfinite(number.value)) return BadNumber(place, number, "a finite number");
+    if (!std::isfinite(number.value)) return BadNumber(source, number, "a finite number");
   }
   return std::nullopt;
 }
 
 template <std::size_t N>
-Complaint CheckNotNegative(const std::string& place, const std::array<NamedNumber, N>& numbers) {
+Complaint CheckNotNegative(const Source& source, const std::array<NamedNumber, N>& numbers) {
   for (const auto& number : numbers) {
     if (!std::isfinite(number.value) || number.value < 0.0) {
-      return BadNumber(place, number, "a finite number, 0 or above");
+      return BadNumber(source, number, "a finite number, 0 or above");
     }
   }
   return std::nullopt;
@@ -71,11 +83,11 @@ std::array<NamedNumber, 10> Numbers(const Deviations& d) {
            {"deviation of inertia yz", d.inertia.yz}}};
 }
 
-Complaint Check(const std::string& place, const Item& item) {
-  if (auto bad = CheckFinite(place, Numbers(item))) return bad;
-  if (auto bad = CheckNotNegative(place, Numbers(item.deviations))) return bad;
-  return CheckNotNegative(place, std::array<NamedNumber, 2>{{{"lower mass bound", item.bounds.lower},
-                                                             {"upper mass bound", item.bounds.upper}}});
+Complaint Check(const Source& source, const Item& item) {
+  if (auto bad = CheckFinite(source, Numbers(item))) return bad;
+  if (auto bad = CheckNotNegative(source, Numbers(item.deviations))) return bad;
+  return CheckNotNegative(source, std::array<NamedNumber, 2>{{{"lower mass bound", item.bounds.lower},
+                                                              {"upper mass bound", item.bounds.upper}}});
 }
 
 /// Drops what has nothing to stand on: an inertia without a centre, a deviation of an unknown value.
@@ -115,14 +127,14 @@ Result<OwnData> ResolveOwnData(const Part& part, const MassTypeChoice& choice) {
   const auto& typeName = active ? part.activeMassType : choice.name;
   if (const auto* type = FindMassType(part, typeName); type != nullptr && type->properties.mass) {
     Item item = FromMassType(*type);
-    if (auto bad = Check("part '" + part.id + "', mass type '" + type->name + "'", item)) return *bad;
+    if (auto bad = Check({part, type}, item)) return *bad;
     ZeroUnknown(item);
     return OwnData{item, true};
   }
   const auto density = EffectiveDensity(part);
   if (!active || !part.geometry || !density) return OwnData{};
   const Item item = FromShape(*part.geometry, *density);
-  if (auto bad = Check("part '" + part.id + "', volume times density", item)) return *bad;
+  if (auto bad = Check({part, nullptr}, item)) return *bad;
   return OwnData{item, false};
 }
 
