@@ -24,17 +24,21 @@ OpenProduct::OpenProduct(Product product, std::int64_t state, std::vector<Stored
       _begin(_product.parts.size() + 1),
       _below(_product.instances.size()),
       _computation(Computed(_product)) {
+  _parts.reserve(_product.parts.size());
+  _children.reserve(_product.instances.size());
   for (std::uint32_t part = 0; part < _product.parts.size(); ++part) _parts.emplace(_product.parts[part].id, part);
   // Every instance names parts of the product, or the roll-up above would have failed; then there is no tree.
   if (!_computation) return;
+  std::vector<std::uint32_t> parents;
+  parents.reserve(_product.instances.size());
   for (const Instance& instance : _product.instances) {
     _children.push_back(_parts.at(instance.child));
-    ++_begin[_parts.at(instance.parent) + 1];
+    parents.push_back(_parts.at(instance.parent));
+    ++_begin[parents.back() + 1];
   }
   std::partial_sum(_begin.begin(), _begin.end(), _begin.begin());
   auto next = _begin;
-  for (std::uint32_t instance = 0; instance < _product.instances.size(); ++instance)
-    _below[next[_parts.at(_product.instances[instance].parent)]++] = instance;
+  for (std::uint32_t instance = 0; instance < parents.size(); ++instance) _below[next[parents[instance]]++] = instance;
   for (StoredResult& result : results) KeepResult(std::move(result));
 }
 

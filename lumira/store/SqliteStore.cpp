@@ -67,7 +67,6 @@ class SqliteStore final : public Store {
   std::int64_t InsertProduct(const Product& product, std::int64_t state);
   void InsertParts(const Product& product, std::int64_t key);
   void InsertInstances(const Product& product, std::int64_t key);
-  void WriteMassTypes(std::int64_t partKey, const Part& part);
   void LoadMassTypes(std::int64_t productKey, std::vector<Part>& parts,
                      const std::unordered_map<std::int64_t, std::size_t>& indices);
   std::vector<std::string> Roots(std::int64_t productKey);
@@ -219,10 +218,11 @@ std::int64_t SqliteStore::InsertProduct(const Product& product, std::int64_t sta
 
 void SqliteStore::InsertParts(const Product& product, std::int64_t key) {
   SQLite::Statement insert(_db, InsertSql<Part>("parts", {"product"}));
+  SQLite::Statement insertType(_db, InsertListSql<MassTypeData>("mass_types"));
   for (const Part& part : product.parts) {
     insert.bind(1, key);
     InsertRow(insert, 2, part);
-    WriteMassTypes(_db.getLastInsertRowid(), part);
+    WriteRows(insertType, _db.getLastInsertRowid(), part.massTypes);
   }
 }
 
@@ -234,10 +234,6 @@ void SqliteStore::InsertInstances(const Product& product, std::int64_t key) {
   }
 }
 
-void SqliteStore::WriteMassTypes(std::int64_t partKey, const Part& part) {
-  if (!part.massTypes.empty()) WriteRows(_db, "mass_types", partKey, part.massTypes);
-}
-
 Result<void> SqliteStore::UpdatePart(const Part& part) {
   return Write([&]() -> Result<void> {
     const auto key = PartKey(part.id);
@@ -246,7 +242,7 @@ Result<void> SqliteStore::UpdatePart(const Part& part) {
     update.bind(static_cast<int>(ColumnsOf<Part>().size()) + 1, key.Value());
     InsertRow(update, 1, part);
     DeleteRows(_db, "mass_types", key.Value());
-    WriteMassTypes(key.Value(), part);
+    WriteRows(_db, "mass_types", key.Value(), part.massTypes);
     _db.exec("UPDATE products SET state = state + 1 WHERE key = (SELECT product FROM parts WHERE key = " +
              std::to_string(key.Value()) + ")");
     return {};
@@ -358,6 +354,9 @@ void SetModes(SQLite::Database& database) {
   database.exec("PRAGMA synchronous = FULL");
 }
 
+// One thread at a time, as the interface says; SQLite need not lock against others.
+int OpenFlags() { return SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX; }
+
 Error FileError(ErrorKind kind, const std::string& file, const std::string& reason) {
   return {kind, "database \"" + file + "\": " + reason};
 }
@@ -368,7 +367,7 @@ Result<std::unique_ptr<Store>> CreateSqliteStore(const std::string& file, int lo
   std::error_code ignored;
   if (std::filesystem::exists(file, ignored)) return FileError(ErrorKind::Conflict, file, "the file exists already");
   auto store = Guarded(file, [&]() -> Result<std::unique_ptr<Store>> {
-    SQLite::Database database(file, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, lockPatience);
+    SQLite::Database database(file, OpenFlags() | SQLite::OPEN_CREATE, lockPatience);
     SetModes(database);
     CreateSchema(database);
     return std::unique_ptr<Store>(new SqliteStore(file, std::move(database)));
@@ -383,7 +382,7 @@ Result<std::unique_ptr<Store>> OpenSqliteStore(const std::string& file, int lock
   std::error_code ignored;
   if (!std::filesystem::exists(file, ignored)) return FileError(ErrorKind::NotFound, file, "there is no such file");
   return Guarded(file, [&]() -> Result<std::unique_ptr<Store>> {
-    SQLite::Database database(file, SQLite::OPEN_READWRITE, lockPatience);
+    SQLite::Database database(file, OpenFlags(), lockPatience);
     if (sqlite3_db_readonly(database.getHandle(), "main") == 1)
       return FileError(ErrorKind::Storage, file, "the file is read-only");
     if (const std::string problem = SchemaProblem(database); !problem.empty())

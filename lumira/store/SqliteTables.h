@@ -70,16 +70,27 @@ T ReadRow(SQLite::Statement& row, int first) {
   return x;
 }
 
-/// Writes a list that belongs to a part, each entry with its position.
+/// "INSERT INTO table(part, position, columns...)", for lists that belong to a part.
 template <class T>
-void WriteRows(SQLite::Database& database, const std::string& table, std::int64_t part, const std::vector<T>& list) {
-  SQLite::Statement insert(database, InsertSql<T>(table, {"part", "position"}));
+std::string InsertListSql(const std::string& table) {
+  return InsertSql<T>(table, {"part", "position"});
+}
+
+/// Writes a list that belongs to a part, each entry with its position, by a statement of `InsertListSql`.
+template <class T>
+void WriteRows(SQLite::Statement& insert, std::int64_t part, const std::vector<T>& list) {
   std::int64_t position = 0;
   for (const T& entry : list) {
     insert.bind(1, part);
     insert.bind(2, position++);
     InsertRow(insert, 3, entry);
   }
+}
+
+template <class T>
+void WriteRows(SQLite::Database& database, const std::string& table, std::int64_t part, const std::vector<T>& list) {
+  SQLite::Statement insert(database, InsertListSql<T>(table));
+  WriteRows(insert, part, list);
 }
 
 template <class T>
