@@ -19,10 +19,23 @@ TEST_F(EmptyBuffer, OpensAPanelWithNothingInIt) {
   EXPECT_EQ(Panel().RefreshPanelWithInfo(), S_OK);
 }
 
-TEST_F(EmptyBuffer, HasNoComputedMassTypeSoThatTheResultsCannotBeRefreshed) {
+TEST_F(EmptyBuffer, ShowsThatNothingIsComputed) {
   Open(Empty());
-  EXPECT_EQ(Panel().RefreshResultsTab(), E_FAIL);
-  EXPECT_EQ(Masses(), ", , ");
+  EXPECT_EQ(Panel().RefreshResultsTab(), S_OK);
+  EXPECT_EQ(Masses(), "..., ..., ...");
+}
+
+TEST_F(EmptyBuffer, TakesTheResultsOfThePartBeforeAway) {
+  Open(SamplePart());
+  auto empty = Empty();
+  Panel().SetModel(empty.Get());
+  EXPECT_EQ(Masses(), "..., ..., ...");
+  EXPECT_EQ(CG(), "..., ..., ...");
+  EXPECT_EQ(Moments(), "..., ..., ...");
+  EXPECT_EQ(Products(), "..., ..., ...");
+  EXPECT_EQ(MTMoments(), "..., ..., ...");
+  EXPECT_EQ(Text("MTMassEditor"), "...");
+  EXPECT_EQ(Text("ActiveMassTypeSelectedEditor"), "");
 }
 
 TEST_F(EmptyBuffer, SurvivesEveryModeAndPage) {
@@ -47,6 +60,7 @@ TEST_F(EmptyBuffer, AnActiveMassTypeThatIsNotListedSelectsTheFirst) {
   Open(part);
   EXPECT_EQ(SelectedLine("MassTypeCombo"), "Computed");
   EXPECT_EQ(SelectedLine("ActiveMassCombo"), "Computed");
+  EXPECT_EQ(Text("ActiveMassTypeSelectedEditor"), "Computed");
 }
 
 }  // namespace

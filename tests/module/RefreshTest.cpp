@@ -43,12 +43,22 @@ TEST_F(Refresh, WithAnEmptyInstancePathTheSelectionIsThePartAlone) {
   EXPECT_EQ(Text("SelectionEditor"), "ROOT/P-100");
 }
 
-TEST_F(Refresh, ScrollsTheSelectionToItsEndAndSelectsWhatFollowsTheHandler) {
+TEST_F(Refresh, SelectsWhatFollowsTheHandlerInTheSelection) {
   Open(SamplePart());
   auto& editor = As<KorDlgEditor>("SelectionEditor");
   EXPECT_EQ(editor.GetSelectionFirst(), 5);  // behind "ROOT" and a character
   EXPECT_EQ(editor.GetSelectionLast(), 22);
-  EXPECT_EQ(editor.GetFirstColumn(), std::max(0, -1 - editor.GetVisibleTextWidth() + 22));
+}
+
+TEST_F(Refresh, ScrollsALongSelectionSoThatItsEndIsInSight) {
+  protocol::PartData part = SamplePart();
+  part.instancePath = std::string(100, 'x');
+  Open(part);
+  auto& editor = As<KorDlgEditor>("SelectionEditor");
+  EXPECT_EQ(editor.GetText().GetLengthInChar(), 111);  // "ROOT/P-100/" and the path
+  editor.SetVisibleTextWidth(60);
+  Panel().RefreshPanelWithInfo();
+  EXPECT_EQ(editor.GetFirstColumn(), 50);
 }
 
 // ---- lamps ----
@@ -252,7 +262,7 @@ TEST_F(Refresh, ChecksTheStandardPartButtonForAStandardPart) {
   EXPECT_TRUE(IsChecked("StdPartCheckButton"));
 }
 
-TEST_F(Refresh, UnchecksTheStandardPartButtonForEveryOtherAnswer) {
+TEST_F(Refresh, UnchecksTheStandardPartButtonOfAPartThatIsNone) {
   protocol::PartData part = SamplePart();
   part.standardPart = true;
   Open(part);
@@ -266,16 +276,23 @@ TEST_F(Refresh, TellsWhenAllPagesAreDone) {
   EXPECT_THAT(TraceOfRefresh(), HasSubstr("All pages have been refreshed"));
 }
 
-TEST_F(Refresh, FillsTheResultsBeforeTheMassTypes) {
-  auto buffer = ProbeBuffer::Of(SamplePart());
-  Open(buffer);
-  buffer->calls.clear();
-  Panel().RefreshPanelWithInfo();
-  const auto results = std::find(buffer->calls.begin(), buffer->calls.end(), "GetLowerDeviation");
-  const auto massTypes = std::find(buffer->calls.begin(), buffer->calls.end(), "GetMassTypeList");
-  ASSERT_NE(results, buffer->calls.end());
-  ASSERT_NE(massTypes, buffer->calls.end());
-  EXPECT_LT(results, massTypes);
+TEST_F(Refresh, FillsThePagesInTheirFixedOrder) {
+  protocol::PartData part = SamplePartWithProperties();
+  Open(part);
+  const std::string trace = TraceOfRefresh();
+  std::size_t last = 0;
+  for (const char* page : {"RefreshAdditionalInfoTab()", "RefreshResultsTab()", "RefreshMassTypeTab()",
+                           "RefreshMaterialTab()", "RefreshPrecisionTab()"}) {
+    const std::size_t place = trace.find(page);
+    ASSERT_NE(place, std::string::npos) << page << " is not in " << trace;
+    EXPECT_GT(place, last) << page;
+    last = place;
+  }
+}
+
+TEST_F(Refresh, PassesTheAdditionalPropertiesOverWhenNobodyAskedForThem) {
+  Open(SamplePart());
+  EXPECT_THAT(TraceOfRefresh(), Not(HasSubstr("RefreshAdditionalInfoTab()")));
 }
 
 TEST_F(Refresh, AFailureOfOnePageDoesNotKeepTheOthersFromBeingFilled) {

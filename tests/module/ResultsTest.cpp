@@ -131,6 +131,7 @@ TEST_F(Results, WithoutTheInertiaMagnitudeTheMassIsShownAndTheInertiaStays) {
   const DictionaryWithout inertia("INERTIAMOMENT");
   EXPECT_EQ(Panel().RefreshResultsTab(), E_FAIL);
   EXPECT_EQ(Text("MassEditor"), "5 kg");
+  EXPECT_EQ(CG(), "100 mm, 200 mm, 300 mm");  // it comes after the inertia
   EXPECT_EQ(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²");
 }
 

@@ -59,6 +59,7 @@ TEST_F(TabChange, BackOnTheResultsInEditModeTheModesStayDisabled) {
 TEST_F(TabChange, SelectingTheSecondPageOnTheComputedMassTypeLeavesDeleteDisabled) {
   Open(SamplePart());
   Widget("SaveButton").SetSensitivity(KorSensitivity::Enabled);
+  Widget("DeleteButton").SetSensitivity(KorSensitivity::Enabled);
   PickPage("TabPage003");
   EXPECT_FALSE(IsEnabled("DeleteButton"));
 }
