@@ -2,6 +2,7 @@
 #include <array>
 #include <cmath>
 
+#include "services/KorLumWBCSCommonDefinitions.h"
 #include "services/KorWBBufferContent.h"
 
 namespace {
@@ -50,9 +51,12 @@ int KorWBAllDataBuffer::GetMassTypeDefined(const KorUnicodeString& massType) con
 }
 
 HRESULT KorWBAllDataBuffer::GetMassTypeDefined(const KorUnicodeString& massType, int& status) const {
-  const protocol::MassType* found = Data().Find(massType);
-  if (!found) return E_FAIL;
-  status = static_cast<int>(found->status);
+  if (const protocol::MassType* found = Data().Find(massType)) {
+    status = static_cast<int>(found->status);
+    return S_OK;
+  }
+  if (massType != KorLumWBCSCommonDefinitions::Computed) return E_FAIL;
+  status = kNotDefined;
   return S_OK;
 }
 

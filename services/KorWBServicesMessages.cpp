@@ -60,8 +60,9 @@ HRESULT KorWBServices::GetWarningMsgFromLumira(KorUnicodeString& text) {
   if (Failed(RunServerCode(KorUnicodeString(protocol::kCommandPendingWarnings), request, reply)))
     return E_FAIL;
   const std::string& answer = reply.text.Utf8();
-  if (const std::size_t header = answer.find(protocol::kErrorHeader); header != std::string::npos)
-    return TellWhy(answer.substr(header + protocol::kErrorHeader.size()), text);
+  // Only at the front: the text of a warning may hold anything.
+  if (answer.starts_with(protocol::kErrorHeader))
+    return TellWhy(answer.substr(protocol::kErrorHeader.size()), text);
   text = {};
   if (answer.empty()) return S_OK;  // a server that has nothing to say may say nothing
   const auto read = protocol::ReadPendingWarnings(answer);

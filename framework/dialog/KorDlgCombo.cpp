@@ -48,9 +48,8 @@ void KorDlgCombo::SetSelect(int index, KorNotify notify) {
 
 bool KorDlgCombo::SetSelect(const KorUnicodeString& text, KorNotify notify) {
   const int index = LineWith(text);
-  if (index < 0) return false;
   SetSelect(index, notify);
-  return true;
+  return index >= 0;
 }
 
 int KorDlgCombo::LineWith(const KorUnicodeString& text) const {

@@ -16,7 +16,8 @@ class KOR_FRAMEWORK_API KorDlgCombo : public KorDlgObject {
 
   /// Removes all lines; nothing is selected then.
   void ClearLines();
-  /// Puts a line in at `index`, behind the last when negative or beyond the end. The first line of an empty combo becomes the selected one.
+  /// Puts a line in at `index`, behind the last when negative or beyond the end. The first line of an empty
+  /// combo becomes the selected one.
   void SetLine(const KorUnicodeString& text, int index = -1);
   /// A deleted selected line hands the selection to the one that takes its place, or to the last.
   void DeleteLine(int index);
@@ -26,7 +27,8 @@ class KOR_FRAMEWORK_API KorDlgCombo : public KorDlgObject {
   KorUnicodeString GetSelectedLine() const { return GetLine(_selected); }
   /// An index that there is not leaves the selection as it was; the notification is sent all the same.
   void SetSelect(int index, KorNotify notify = KorNotify::Silent);
-  /// Selects the first line with that text; no such line leaves the selection as it was and sends nothing.
+  /// Selects the first line with that text. False when there is none: the selection stays as it was, and the
+  /// notification is sent all the same.
   bool SetSelect(const KorUnicodeString& text, KorNotify notify = KorNotify::Silent);
 
   /// Verb: the user picks a line. Sends ComboSelect, also for the line that was selected.

@@ -88,7 +88,8 @@ class KOR_FRAMEWORK_API KorDlgObject : public KorCommand {
   const KorUnicodeString& GetMarking() const { return _marking; }
 
   /// Calls `handler` at each `event` of this widget, in the order of subscription. The caller sees to it that
-  /// what the handler captures outlives this widget.
+  /// what the handler captures outlives this widget. A handler may subscribe further ones; it may not destroy the
+  /// widget that sends.
   void Subscribe(KorEvent event, Handler handler, KorCommandClientData data = nullptr);
   template <class Target>
   void Subscribe(KorEvent event, Target* target,

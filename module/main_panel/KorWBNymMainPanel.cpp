@@ -50,6 +50,7 @@ HRESULT KorWBNymMainPanel::SetModel(KorWBAllDataBuffer* buffer) {
     if (!_widgets.tabs) Build();  // the panel was opened without a buffer
     RefreshPanelWithInfo();
     ApplyConfigurationFilter();
+    // Of the active mass type, and about the part's own origin whatever the reference mode: kept as it is.
     if (_widgets.atReference->IsChecked()) {
       ShowMovedToReference(_widgets.activeMass->GetSelectedLine(), "Active");
       ShowMovedToReference(_widgets.massType->GetSelectedLine(), "Current");

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "framework/dialog/KorDlgDialog.h"
 #include "framework/math/KorMath3x3Matrix.h"
 #include "framework/system/KorListValKorUnicodeString.h"
@@ -90,6 +92,7 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   /// Client data: 1 when the focus leaves a bound, 2 when it comes.
   virtual void OnPrecisionEditorFocusNotification(KorCommand*, KorNotification*, KorCommandClientData);
   virtual void OnPrecisionValueTypeChangeNotification(KorCommand*, KorNotification*, KorCommandClientData);
+  /// Spelled so on purpose: derived panels know it by this name.
   virtual void OnStandardPartClickeNotification(KorCommand*, KorNotification*, KorCommandClientData);
   virtual void OnPropertyNameComboChange(KorCommand*, KorNotification*, KorCommandClientData);
   virtual void OnMaterialNameModifyNotification(KorCommand*, KorNotification*, KorCommandClientData);
@@ -147,6 +150,7 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   HRESULT ShowResults(const KorWBNymNavMassValues& results);
   void ShowNotComputed();
   bool IsComputedDefined() const;
+  std::optional<KorWBNymNavMassValues> ShownDistribution() const;
   HRESULT ShowComputed(HRESULT (KorWBNymMainPanel::*show)(const KorWBNymNavMassValues&));
   HRESULT ShowCG(const KorWBNymNavMassValues& results);
   HRESULT ShowInertia(const KorWBNymNavMassValues& results);
@@ -166,10 +170,10 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   void ShowMovedToReference(const KorUnicodeString& massType, const KorUnicodeString& label);
   void PlaceCustomFrame();
   void LeaveResultsPage();
-  void EnterResultsPage();
+  void EnterResultsPage(bool showsDefinedUserType);
 
   // compute
-  bool HasUsableCustomAxes();
+  bool AcceptCustomAxes();
   void PrepareCompute();
   KorUnicodeString ComputeRequest() const;
   HRESULT StoreComputed(const KorUnicodeString& reply);

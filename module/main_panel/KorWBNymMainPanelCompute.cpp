@@ -16,7 +16,7 @@
 
 void KorWBNymMainPanel::OnComputeNotification(KorCommand*, KorNotification*, KorCommandClientData) {
   KORWB_PART_TRACE("OnComputeNotification");
-  if (!_dataBuffer || !HasUsableCustomAxes()) return;
+  if (!_dataBuffer || !AcceptCustomAxes()) return;
   PrepareCompute();
   const KorUnicodeString request = ComputeRequest();
   std::cout << "String to send to the server for compute : " << request << std::endl;
@@ -34,7 +34,7 @@ void KorWBNymMainPanel::OnComputeNotification(KorCommand*, KorNotification*, Kor
 }
 
 /// Custom axes that span no space are reported, and the frame's editors show again what was read from them.
-bool KorWBNymMainPanel::HasUsableCustomAxes() {
+bool KorWBNymMainPanel::AcceptCustomAxes() {
   const KorWBNymNavReferenceFrame frame = CustomFrame();
   if (!_widgets.customReference->IsChecked() || frame.ReadAxes().Determinant() != 0.0) return true;
   const KorWBNymNavMessages messages = Messages();
@@ -56,6 +56,7 @@ KorUnicodeString KorWBNymMainPanel::ComputeRequest() const {
   KorUnicodeString identifier;
   KorUnicodeString information;
   _dataBuffer->GetPartIdentifier(identifier);
+  // A request that lacks its last field is sent all the same; the server takes the defaults.
   if (Failed(_dataBuffer->GetComputedInfo(information))) {
     std::cout << "GetComputedInfo Failed!" << std::endl;
     information = {};

@@ -50,7 +50,7 @@ void KorWBNymMainPanel::RefreshActiveDocument() {
 }
 
 bool KorWBNymMainPanel::AreDocumentsInUse() const {
-  return Pdm().AreOldDocumentsUsed() && _activeDocId != kNoDocumentId && _activeDocId != "__EXCEPTION__";
+  return Pdm().AreOldDocumentsUsed() && _activeDocId != kNoDocumentId && _activeDocId != KorLumWBCSCommonDefinitions::ExceptionFlag;
 }
 
 void KorWBNymMainPanel::CheckForMissingDocuments() {

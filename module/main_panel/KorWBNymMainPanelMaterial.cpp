@@ -4,7 +4,6 @@
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgFrame.h"
 #include "framework/dialog/KorDlgLabel.h"
-#include "framework/dialog/KorDlgPushButton.h"
 #include "framework/dialog/KorDlgRadioButton.h"
 #include "framework/dialog/KorDlgSpinner.h"
 #include "module/main_panel/KorWBNymMainPanel.h"

@@ -67,9 +67,11 @@ void KorWBNymMainPanel::PlaceCustomFrame() {
 void KorWBNymMainPanel::OnTabContainer001TabSelectNotification(KorCommand*, KorNotification*,
                                                                KorCommandClientData) {
   if (!_dataBuffer) return;
+  const KorUnicodeString shownType = _widgets.massType->GetSelectedLine();
+  const bool defined = _dataBuffer->GetMassTypeDefined(shownType) == KorWBAllDataBuffer::kDefined;
   _widgets.deleteValues->SetSensitivity(KorSensitivity::Disabled);
   if (_widgets.tabs->GetSelectedPage() == 0)
-    EnterResultsPage();
+    EnterResultsPage(defined && !shownType.Compare(KorLumWBCSCommonDefinitions::Computed));
   else
     LeaveResultsPage();
 }
@@ -81,10 +83,11 @@ void KorWBNymMainPanel::LeaveResultsPage() {
   w.inertiaModeFrame->SetSensitivity(KorSensitivity::Disabled);
   Choose(*w.currentPart);
   w.referenceModeFrame->SetSensitivity(KorSensitivity::Disabled);
+  // Nothing is custom any more by now; should the choice above ever leave it checked, its frame is off too.
   if (w.customReference->IsChecked()) w.customFrame->SetSensitivity(KorSensitivity::Disabled);
 }
 
-void KorWBNymMainPanel::EnterResultsPage() {
+void KorWBNymMainPanel::EnterResultsPage(bool showsDefinedUserType) {
   const KorWBNymMainPanelWidgets& w = _widgets;
   if (w.edit->IsEnabled()) {
     w.inertiaModeFrame->SetSensitivity(KorSensitivity::Enabled);
@@ -93,8 +96,6 @@ void KorWBNymMainPanel::EnterResultsPage() {
   }
   // This asks for the second page while the first is in front, so that it never runs and a change of page
   // always leaves "DeleteButton" disabled. It stands here on purpose and stays here.
-  const KorUnicodeString shownType = w.massType->GetSelectedLine();
-  if (w.tabs->GetSelectedPage() == 1 && !shownType.Compare(KorLumWBCSCommonDefinitions::Computed) &&
-      _dataBuffer->GetMassTypeDefined(shownType) == KorWBAllDataBuffer::kDefined && w.save->IsEnabled())
+  if (w.tabs->GetSelectedPage() == 1 && showsDefinedUserType && w.save->IsEnabled())
     w.deleteValues->SetSensitivity(KorSensitivity::Enabled);
 }

@@ -100,6 +100,7 @@ KorWBNymNavMassValues KorWBNymMainPanel::ExpressIn(const ResultsView& view, KorW
   auto& [mass, cg, inertia] = values;
   if (view.mode != ReferenceMode::CurrentPart) {
     const KorMath3x3Matrix& rotation = view.placement.GetMatrix();
+    // Without a mass the centre stays where it is, although the tensor turns: kept as it is.
     if (cg && mass != 0.0) cg = view.placement * *cg;
     if (inertia) inertia = rotation * *inertia * rotation.Transpose();
   }

@@ -9,6 +9,7 @@
 #include "module/shared/KorWBNymNavMassValues.h"
 #include "module/shared/KorWBNymNavUnitDisplay.h"
 #include "services/KorLumWBCSCommonDefinitions.h"
+#include "services/LumWBAllDataBuffer.h"
 
 using Display = KorWBNymNavUnitDisplay;
 
@@ -27,12 +28,22 @@ bool KorWBNymMainPanel::IsComputedDefined() const {
          KorWBAllDataBuffer::kDefined;
 }
 
-/// Shows computed values again, as the results page has them; what is not computed stays as it is.
+/// What the mass-types page shows of centre of gravity and inertia: nothing where it shows "...".
+std::optional<KorWBNymNavMassValues> KorWBNymMainPanel::ShownDistribution() const {
+  const KorUnicodeString shownType = _widgets.massType->GetSelectedLine();
+  const bool computed = shownType.Compare(KorLumWBCSCommonDefinitions::Computed) != 0;
+  if (_dataBuffer->GetMassTypeDefined(shownType) != KorWBAllDataBuffer::kDefined) return std::nullopt;
+  if (Pdm().IsStandatadPart() && !computed) return std::nullopt;
+  return KorWBNymNavMassValues::ReadEach(*_dataBuffer, shownType);
+}
+
+/// Shows computed values again, as the results page has them; what is not computed, or stands in custom axes that
+/// cannot be used, stays as it is.
 HRESULT KorWBNymMainPanel::ShowComputed(HRESULT (KorWBNymMainPanel::*show)(const KorWBNymNavMassValues&)) {
   if (!IsComputedDefined()) return S_OK;
   ResultsView view;
-  const HRESULT status = GetResultsView(view);
-  return Failed(status) ? status : (this->*show)(ExpressIn(view, ReadComputed()));
+  if (Failed(GetResultsView(view))) return S_OK;
+  return (this->*show)(ExpressIn(view, ReadComputed()));
 }
 
 HRESULT KorWBNymMainPanel::RefreshDensityUnits() {
@@ -53,16 +64,14 @@ HRESULT KorWBNymMainPanel::RefreshMassUnits() {
 
 HRESULT KorWBNymMainPanel::RefreshLengthUnits() {
   if (!_dataBuffer || !Display::Of(Display::kLength)) return E_FAIL;
-  ShowMassTypeCG(KorWBNymNavMassValues::ReadEach(*_dataBuffer, _widgets.massType->GetSelectedLine()));
+  if (const auto shown = ShownDistribution()) ShowMassTypeCG(*shown);
   return ShowComputed(&KorWBNymMainPanel::ShowCG);
 }
 
 HRESULT KorWBNymMainPanel::RefreshMomentOfInertiaUnits() {
   if (!_dataBuffer || !Display::Of(Display::kInertia)) return E_FAIL;
-  const KorUnicodeString shownType = _widgets.massType->GetSelectedLine();
-  if (_widgets.atReference->IsChecked())
-    ShowMovedToReference(shownType, "Current");
-  else if (const auto inertia = _dataBuffer->GetInertia(shownType))
-    RefreshMomentOfInertiaUnits(*inertia, "Current");
+  auto shown = ShownDistribution();
+  if (shown && shown->CanMove() && _widgets.atReference->IsChecked()) shown->MoveInertiaTo(KorMathO);
+  if (shown && shown->inertia) RefreshMomentOfInertiaUnits(*shown->inertia, "Current");
   return ShowComputed(&KorWBNymMainPanel::ShowInertia);
 }

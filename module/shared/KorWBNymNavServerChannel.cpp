@@ -29,9 +29,9 @@ bool KorWBNymNavServerChannel::ShowError(const KorUnicodeString& reply, KorDlgDi
 }
 
 const char* KorWBNymNavServerChannel::TitleOfWarnings(const KorUnicodeString& warnings) const {
-  // The text that makes a warning an error; without a catalogue there is none, and nothing is one.
+  // The text that makes a warning an error. Every text holds an empty one: without a catalogue all are errors.
   const KorUnicodeString mark = _messages.Text("WBWarnings001.Message");
-  const bool holdsError = !mark.IsEmpty() && warnings.SearchSubString(mark) >= 0;
+  const bool holdsError = warnings.SearchSubString(mark) >= 0;
   return holdsError ? "WBErrors001.Title" : "WBWarnings001.Title";
 }
 

@@ -3,11 +3,14 @@
 
 #include "framework/system/TqTrace.h"
 #include "module/filter_panel/KorWBNymNavFilterPanel.h"
+#include "module/main_panel/KorWBNymMainPanelTrace.h"
 #include "module/shared/KorWBNymNavUnitsConversion.h"
 
 namespace {
 const TqTrace g_partPanelTrace("KorWBCompPart");
 }  // namespace
+
+const TqTrace& KorWBPartTrace() { return g_partPanelTrace; }
 
 std::int32_t KorWBNymNavFilterPanel::selectedFilterOption = -1;
 KorUnicodeString KorWBNymNavFilterPanel::selectedPRCID;
