@@ -5,6 +5,18 @@
 #include "framework/dialog/KorDlgPushButton.h"
 
 namespace desktop {
+namespace {
+
+/// Which pages and handlers a panel has is decided when it is laid out, for its first part.
+bool HasSamePages(const LumWBAllDataBuffer& one, const LumWBAllDataBuffer& other) {
+  return one.AreOldDocumentsUsed() == other.AreOldDocumentsUsed() &&
+         one.AdditionalInfoRequested() == other.AdditionalInfoRequested() &&
+         one.AreDateTypePropertiesPresent() == other.AreDateTypePropertiesPresent() &&
+         one.HasInstInLUMIRA() == other.HasInstInLUMIRA();
+}
+
+}  // namespace
+
 PartPanelHost::PartPanelHost(QtBackend& backend) : _backend(backend) {}
 
 PartPanelHost::~PartPanelHost() = default;
@@ -13,6 +25,7 @@ protocol::Result<void> PartPanelHost::Show(const std::string& partDataText) {
   auto buffer = LumWBAllDataBuffer_var::Adopt(new LumWBAllDataBuffer);
   if (Failed(buffer->SetAllData(partDataText, true)))
     return protocol::Error{protocol::ErrorKind::BadText, buffer->GetLastRefusal().Utf8()};
+  if (_panel && !HasSamePages(*_buffer, *buffer)) Close();
   _buffer = buffer;
   if (_panel)
     _panel->SetModel(_buffer.Get());
