@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QTreeView>
 
 #include "desktop/app/Folders.h"
 #include "desktop/app/PartValues.h"
@@ -78,6 +79,7 @@ Result<void> HeadlessRun::Run() {
   if (!QDir().mkpath(_folder)) return Error{ErrorKind::Storage, "the folder \"" + _folder.toStdString() + "\" cannot be made"};
   if (auto done = OpenSample(); !done) return done;
   if (auto done = ComputeInPanel("Above_yaw"); !done) return done;
+  _window.TreeView().expand(_window.TreeView().currentIndex());
   if (auto done = Save(&_window, "window.png"); !done) return done;
   if (auto done = SavePages(); !done) return done;
   if (auto done = SaveUnitSystem("Imperial", "part-panel-imperial.png"); !done) return done;

@@ -19,9 +19,9 @@ struct Ink {
   QColor accent;
 };
 
-Ink CurrentInk() {
+Ink InkFor(QIcon::Mode mode) {
   const QPalette palette = QApplication::palette();
-  QColor line = palette.color(QPalette::WindowText);
+  QColor line = palette.color(mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::WindowText);
   line.setAlpha(200);
   QColor fill = palette.color(QPalette::Highlight);
   fill.setAlpha(70);
@@ -29,20 +29,23 @@ Ink CurrentInk() {
 }
 
 template <class Draw>
+QPixmap DrawnAt(int size, const Ink& ink, Draw draw) {
+  QPixmap pixmap(size, size);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.scale(size / kGrid, size / kGrid);
+  painter.setPen(QPen(ink.line, 1.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setBrush(ink.fill);
+  draw(painter, ink);
+  return pixmap;
+}
+
+template <class Draw>
 QIcon Drawn(Draw draw) {
   QIcon icon;
-  for (const int size : {16, 24, 32, 48, 64, 128}) {
-    QPixmap pixmap(size, size);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(size / kGrid, size / kGrid);
-    const Ink ink = CurrentInk();
-    painter.setPen(QPen(ink.line, 1.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(ink.fill);
-    draw(painter, ink);
-    icon.addPixmap(pixmap);
-  }
+  for (const int size : {16, 20, 24, 32, 40, 48, 64, 128})
+    for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected}) icon.addPixmap(DrawnAt(size, InkFor(mode), draw), mode);
   return icon;
 }
 

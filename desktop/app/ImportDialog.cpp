@@ -74,6 +74,8 @@ ImportDialog::ImportDialog(lumira::Store& store, QWidget* parent)
   QObject::connect(_check, &QPushButton::clicked, this, [this] { Run(lumira::ImportMode::DryRun); });
   QObject::connect(_import, &QPushButton::clicked, this, [this] { Run(lumira::ImportMode::Write); });
   QObject::connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
+  _check->setAutoDefault(false);
+  _import->setDefault(true);
   resize(720, 520);
 }
 

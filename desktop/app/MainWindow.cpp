@@ -35,7 +35,7 @@ constexpr const char* kLanguageMenu = "Menu.Language";
 enum class OnToolbar { No, Yes };
 
 /// Widths of the tree's columns at the first start, characters.
-constexpr std::array kColumnWidths{30, 16, 9, 20, 16};
+constexpr std::array kColumnWidths{42, 20, 13, 22, 18};
 
 }  // namespace
 
@@ -52,6 +52,7 @@ struct MainWindow::CommandRow {
 
 const MainWindow::CommandRow MainWindow::kCommands[] = {
     {.name = "OpenProduct", .menu = "Menu.File", .icon = icons::OpenProduct, .keys = "Ctrl+O", .onToolbar = OnToolbar::Yes, .run = &MainWindow::AskForProduct},
+    {.name = "NewProduct", .menu = "Menu.File", .keys = "Ctrl+N", .run = &MainWindow::AskForNewProduct},
     {.name = "ImportTables", .menu = "Menu.File", .icon = icons::Import, .keys = "Ctrl+I", .onToolbar = OnToolbar::Yes, .run = &MainWindow::AskForTables},
     {.name = "OpenSample", .menu = "Menu.File", .run = &MainWindow::OpenSampleCommand},
     {.name = "Quit", .menu = "Menu.File", .keys = "Ctrl+Q", .run = &MainWindow::Quit},
@@ -174,8 +175,10 @@ void MainWindow::BuildCentre() {
 }
 
 void MainWindow::BuildStatusBar() {
-  statusBar()->addPermanentWidget(_server);
-  statusBar()->addPermanentWidget(_units);
+  for (QLabel* label : {_server, _units}) {
+    label->setContentsMargins(8, 2, 8, 2);
+    statusBar()->addPermanentWidget(label);
+  }
 }
 
 void MainWindow::ShowTexts() {

@@ -31,6 +31,8 @@ class MainWindow : public QMainWindow {
 
   /// Opens a product file; tells the user why not and keeps the open one on failure.
   bool OpenProduct(const QString& file);
+  /// Makes an empty product file and opens it; tells the user why not on failure.
+  bool CreateProduct(const QString& file);
   /// Opens the sample product in the user's data folder, making it first where there is none.
   bool OpenSample();
 
@@ -74,6 +76,7 @@ class MainWindow : public QMainWindow {
 
   // commands
   void AskForProduct();
+  void AskForNewProduct();
   void AskForTables();
   void OpenSampleCommand() { OpenSample(); }
   void FocusSearch();

@@ -14,6 +14,7 @@
 #include "desktop/toolkit/QtText.h"
 #include "framework/dialog/KorApplicationFrame.h"
 #include "framework/dialog/KorMsgCatalog.h"
+#include "lumira/store/SqliteStore.h"
 
 namespace desktop {
 
@@ -32,6 +33,14 @@ bool MainWindow::OpenProduct(const QString& file) {
   ShowRecentProducts();
   ReloadTree();
   return true;
+}
+
+bool MainWindow::CreateProduct(const QString& file) {
+  if (const auto made = lumira::CreateSqliteStore(file.toStdString()); !made) {
+    ShowError("Error.New", made.Failure().message);
+    return false;
+  }
+  return OpenProduct(file);
 }
 
 QString MainWindow::SampleFile() const { return QDir(Folders::UserData()).filePath("iea15.lumira"); }
@@ -136,6 +145,15 @@ void MainWindow::AskForProduct() {
   request.title = FromQt(Text("Command.OpenProduct.Title"));
   request.pattern = FromQt(Text("Open.Pattern"));
   if (const auto file = KorApplicationFrame::ChooseFile(request)) OpenProduct(ToQt(*file));
+}
+
+void MainWindow::AskForNewProduct() {
+  KorDlgFileRequest request;
+  request.title = FromQt(Text("Command.NewProduct.Title"));
+  request.pattern = FromQt(Text("Open.Pattern"));
+  request.mode = KorDlgFileRequest::Mode::Save;
+  const auto file = KorApplicationFrame::ChooseFile(request);
+  if (file && CreateProduct(ToQt(*file))) AskForTables();
 }
 
 void MainWindow::AskForTables() {

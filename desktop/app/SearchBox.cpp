@@ -1,5 +1,6 @@
 #include "desktop/app/SearchBox.h"
 
+#include <QAction>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -7,6 +8,7 @@
 #include <QTimer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/app/Icons.h"
 #include "desktop/app/PdmCommands.h"
@@ -28,12 +30,11 @@ QString PathText(const protocol::Occurrence& hit) {
 SearchBox::SearchBox(QWidget* parent)
     : QWidget(parent), _edit(new QLineEdit), _list(new QTreeWidget), _summary(new QLabel) {
   _edit->setClearButtonEnabled(true);
-  _edit->addAction(icons::Find(), QLineEdit::LeadingPosition);
+  _icon = _edit->addAction(icons::Find(), QLineEdit::LeadingPosition);
   _edit->installEventFilter(this);
   _list->setColumnCount(2);
   _list->setRootIsDecorated(false);
   _list->setUniformRowHeights(true);
-  _list->setMaximumHeight(180);
   _list->setAlternatingRowColors(true);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -55,11 +56,13 @@ SearchBox::SearchBox(QWidget* parent)
 }
 
 void SearchBox::RefreshTexts() {
+  _icon->setIcon(icons::Find());
   _edit->setPlaceholderText(Text("Search.Hint"));
   _edit->setAccessibleName(Text("Search.Hint"));
   _edit->setToolTip(Text("Search.Help"));
   _list->setHeaderLabels({Text("Tree.Name"), Text("Search.Path")});
   _list->setAccessibleName(Text("Search.Hits"));
+  if (!_summary->isHidden()) ShowReply();
 }
 
 QString SearchBox::Summary() const { return _summary->isHidden() ? QString() : _summary->text(); }
@@ -67,26 +70,37 @@ QString SearchBox::Summary() const { return _summary->isHidden() ? QString() : _
 void SearchBox::Search() {
   const std::string text = _edit->text().trimmed().toStdString();
   if (text.empty() || !product) return Clear();
-  const auto reply = SearchTree({product(), text, kMostHits});
-  if (reply) return ShowReply(reply.Value());
-  _list->hide();
-  ShowSummary(ToQt(reply.Failure().message));
+  auto reply = SearchTree({product(), text, kMostHits});
+  if (!reply) {
+    Clear();
+    return ShowSummary(ToQt(reply.Failure().message));
+  }
+  _reply = std::move(reply).Value();
+  ShowReply();
 }
 
-void SearchBox::ShowReply(const protocol::SearchReply& reply) {
-  _hits = reply.hits;
+void SearchBox::ShowReply() {
   _list->clear();
   QList<QTreeWidgetItem*> items;
-  for (const protocol::Occurrence& hit : _hits) {
+  for (const protocol::Occurrence& hit : _reply.hits) {
     auto* item = new QTreeWidgetItem({ToQt(hit.node.name.empty() ? hit.node.partId : hit.node.name), PathText(hit)});
     item->setIcon(0, hit.node.hasChildren ? icons::Assembly() : icons::Part());
     items << item;
   }
   _list->addTopLevelItems(items);
   _list->resizeColumnToContents(0);
-  _list->setVisible(!_hits.empty());
-  ShowSummary(Text(reply.cut ? "Search.Cut" : _hits.empty() ? "Search.None" : "Search.Found",
-                   {QString::number(_hits.size())}));
+  _list->setVisible(!items.isEmpty());
+  FitHeight();
+  ShowSummary(Text(_reply.cut ? "Search.Cut" : items.isEmpty() ? "Search.None" : "Search.Found",
+                   {QString::number(items.size())}));
+}
+
+void SearchBox::FitHeight() {
+  constexpr int kMostRows = 8;  ///< seen at once; the rest is scrolled to
+  if (_list->topLevelItemCount() == 0) return;
+  const int rows = std::min(_list->topLevelItemCount(), kMostRows);
+  const int row = _list->visualItemRect(_list->topLevelItem(0)).height();
+  _list->setFixedHeight(_list->header()->sizeHint().height() + rows * row + 2 * _list->frameWidth());
 }
 
 void SearchBox::ShowSummary(const QString& text) {
@@ -95,7 +109,7 @@ void SearchBox::ShowSummary(const QString& text) {
 }
 
 void SearchBox::Clear() {
-  _hits.clear();
+  _reply = {};
   _list->clear();
   _list->hide();
   _summary->hide();
@@ -103,29 +117,31 @@ void SearchBox::Clear() {
 
 void SearchBox::PickCurrent() {
   const int row = _list->indexOfTopLevelItem(_list->currentItem());
-  if (row >= 0 && onPicked) onPicked(_hits[static_cast<std::size_t>(row)]);
+  if (row >= 0 && onPicked) onPicked(_reply.hits[static_cast<std::size_t>(row)]);
 }
 
 bool SearchBox::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == _edit && event->type() == QEvent::KeyPress) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Escape) {
-      _edit->clear();
-      return true;
-    }
-    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-      Search();
-      if (_list->topLevelItemCount() > 0) _list->setCurrentItem(_list->topLevelItem(0));
-      PickCurrent();
-      return true;
-    }
-    if (key == Qt::Key_Down && !_list->isHidden()) {
-      _list->setFocus();
-      if (!_list->currentItem()) _list->setCurrentItem(_list->topLevelItem(0));
-      return true;
-    }
+  if (watched != _edit || event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+  switch (static_cast<QKeyEvent*>(event)->key()) {
+    case Qt::Key_Escape: _edit->clear(); return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter: PickFirst(); return true;
+    case Qt::Key_Down: EnterList(); return true;
+    default: return QWidget::eventFilter(watched, event);
   }
-  return QWidget::eventFilter(watched, event);
+}
+
+void SearchBox::PickFirst() {
+  Search();
+  if (_list->topLevelItemCount() == 0) return;
+  _list->setCurrentItem(_list->topLevelItem(0));
+  PickCurrent();
+}
+
+void SearchBox::EnterList() {
+  if (_list->isHidden()) return;
+  _list->setFocus();
+  if (!_list->currentItem()) _list->setCurrentItem(_list->topLevelItem(0));
 }
 
 }  // namespace desktop

@@ -5,6 +5,7 @@
 
 #include "protocol/Tree.h"
 
+class QAction;
 class QLabel;
 class QLineEdit;
 class QTreeWidget;
@@ -26,20 +27,25 @@ class SearchBox : public QWidget {
   QString Summary() const;
   void Search();
   void Clear();
+  /// Shows texts and colours anew.
   void RefreshTexts();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void ShowReply(const protocol::SearchReply& reply);
+  void ShowReply();
+  void FitHeight();
   void ShowSummary(const QString& text);
   void PickCurrent();
+  void PickFirst();
+  void EnterList();
 
   QLineEdit* _edit;
+  QAction* _icon = nullptr;
   QTreeWidget* _list;
   QLabel* _summary;
-  std::vector<protocol::Occurrence> _hits;
+  protocol::SearchReply _reply;
 };
 
 }  // namespace desktop

@@ -27,6 +27,8 @@ struct Shown {
 
 const QString kNone = QString::fromUtf8("\u2013");
 
+QString OrNone(const std::string& text) { return text.empty() ? kNone : ToQt(text); }
+
 QString PathText(const Shown& s) {
   QStringList names;
   for (const std::string& name : s.place.names) names << ToQt(name);
@@ -57,10 +59,10 @@ struct Row {
 const Row kRows[] = {
     {"Selection.Part", Group::Part, [](const Shown& s) { return ToQt(s.data.partId); }},
     {"Selection.Path", Group::Part, PathText},
-    {"Selection.Instance", Group::Part, [](const Shown& s) { return ToQt(s.place.node.instanceId); }},
-    {"Selection.Revision", Group::Part, [](const Shown& s) { return ToQt(s.place.node.revision); }},
+    {"Selection.Instance", Group::Part, [](const Shown& s) { return OrNone(s.place.node.instanceId); }},
+    {"Selection.Revision", Group::Part, [](const Shown& s) { return OrNone(s.place.node.revision); }},
     {"Selection.Quantity", Group::Part, [](const Shown& s) { return QString::number(s.place.node.quantity); }},
-    {"Selection.Active", Group::Part, [](const Shown& s) { return ToQt(s.data.activeMassType); }},
+    {"Selection.Active", Group::Part, [](const Shown& s) { return OrNone(s.data.activeMassType); }},
     {"Selection.Status", Group::Computed, [](const Shown& s) { return StatusText(s.computed.status); }},
     {"Selection.Mass", Group::Computed, [](const Shown& s) { return s.computed.mass ? ShowMass(*s.computed.mass) : kNone; }},
     {"Selection.CGx", Group::Computed, CgText<0>},

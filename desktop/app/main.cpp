@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <algorithm>
 #include <iostream>
 
 #include "desktop/app/Folders.h"
@@ -15,24 +16,40 @@ namespace {
 
 /// Exit codes besides those of the event loop.
 constexpr int kFailed = 1;
-constexpr int kWrongUsage = 2;
+constexpr int kWrongUsage = 2;  ///< also: no display
 
 struct Options {
   QString headlessFolder;  ///< empty: with a display
   QString product;         ///< empty: the last one, or the sample
 };
 
-bool WantsHeadless(int argc, char** argv) {
-  for (int i = 1; i < argc; ++i)
-    if (QString(argv[i]).startsWith("--headless")) return true;
-  return false;
+bool HasArgument(int argc, char** argv, const char* start) {
+  return std::any_of(argv + 1, argv + argc, [start](const char* one) { return QString(one).startsWith(start); });
+}
+
+/// Whether Qt can open windows here; it would end the program without a word on how to go on.
+bool HasDisplay() {
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+  return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+#else
+  return true;
+#endif
+}
+
+/// Chooses the platform that needs no display where none is wanted; false when one is wanted and there is none.
+bool ChoosePlatform(int argc, char** argv) {
+  if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || HasArgument(argc, argv, "-platform")) return true;
+  const bool needsNone = HasArgument(argc, argv, "--headless") || HasArgument(argc, argv, "--help") ||
+                         HasArgument(argc, argv, "-h") || HasArgument(argc, argv, "-v") || HasArgument(argc, argv, "--version");
+  if (needsNone) qputenv("QT_QPA_PLATFORM", "offscreen");
+  return needsNone || HasDisplay();
 }
 
 Options ReadCommandLine(const QApplication& application) {
   QCommandLineParser parser;
   parser.setApplicationDescription(
       "Korvo Weight & Balance: mass, centre of gravity and inertia of products.\n"
-      "Exit codes: 0 done, 1 failed (the reason is on standard error), 2 wrong usage.");
+      "Exit codes: 0 done, 1 failed (the reason is on standard error), 2 wrong usage or no display.");
   parser.addHelpOption();
   parser.addVersionOption();
   const QCommandLineOption headless(
@@ -92,7 +109,10 @@ int RunDesktop(const QString& product) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (WantsHeadless(argc, argv) && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  if (!ChoosePlatform(argc, argv)) {
+    std::cerr << "korvo: there is no display; \"korvo --headless <folder>\" does the main job without one\n";
+    return kWrongUsage;
+  }
   QApplication application(argc, argv);
   QApplication::setOrganizationName("korvo");
   QApplication::setApplicationName("korvo");

@@ -2,6 +2,7 @@
 
 #include <QAbstractSpinBox>
 #include <QComboBox>
+#include <QFrame>
 #include <QLineEdit>
 #include <QPainter>
 #include <QStyleOption>
@@ -21,27 +22,62 @@ QColor Mixed(const QColor& a, const QColor& b, double shareOfB) {
   return QColor(mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue()));
 }
 
-void DrawReadOnlyPanel(const QStyleOption& option, QPainter& painter) {
-  const QPalette& palette = option.palette;
-  const bool focused = option.state & QStyle::State_HasFocus;
-  const QColor window = palette.color(QPalette::Window);
+/// The window's colour with a share of the text's.
+QColor Tint(const QPalette& palette, double share) {
+  return Mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), share);
+}
+
+void DrawBox(const QStyleOption& option, QPainter& painter, const QColor& border, const QBrush& ground) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setBrush(Mixed(window, palette.color(QPalette::WindowText), 0.04));
-  painter.setPen(focused ? palette.color(QPalette::Highlight)
-                         : Mixed(window, palette.color(QPalette::WindowText), 0.14));
+  painter.setPen(border);
+  painter.setBrush(ground);
   painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
   painter.restore();
+}
+
+void DrawReadOnlyPanel(const QStyleOption& option, QPainter& painter) {
+  const bool focused = option.state & QStyle::State_HasFocus;
+  const QColor border = focused ? option.palette.color(QPalette::Highlight) : Tint(option.palette, 0.14);
+  DrawBox(option, painter, border, Tint(option.palette, 0.04));
+}
+
+/// Whether the element is the border of a plain frame, not that of a list or editor.
+bool IsPlainFrame(QStyle::PrimitiveElement element, const QWidget* widget) {
+  return element == QStyle::PE_Frame && widget && widget->metaObject() == &QFrame::staticMetaObject;
+}
+
+/// Elements whose outline Fusion takes from the window's colour, darkened: on a dark window nobody would see it.
+bool HasOutline(QStyle::PrimitiveElement element) {
+  return element == QStyle::PE_IndicatorRadioButton || element == QStyle::PE_IndicatorCheckBox ||
+         element == QStyle::PE_PanelLineEdit || element == QStyle::PE_FrameLineEdit;
+}
+
+/// The palette with a window colour that gives a visible outline; as it is on a light window.
+QPalette WithVisibleOutline(QPalette palette) {
+  constexpr int kDark = 128;
+  if (palette.color(QPalette::Window).lightness() < kDark) palette.setColor(QPalette::Window, Tint(palette, 0.55));
+  return palette;
 }
 
 }  // namespace
 
 void KorvoStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
-  if (IsReadOnlyPanel(element, *option, widget))
-    DrawReadOnlyPanel(*option, *painter);
-  else
-    QProxyStyle::drawPrimitive(element, option, painter, widget);
+  if (IsReadOnlyPanel(element, *option, widget)) return DrawReadOnlyPanel(*option, *painter);
+  if (IsPlainFrame(element, widget)) return DrawBox(*option, *painter, Tint(option->palette, 0.16), Qt::NoBrush);
+  if (!HasOutline(element)) return QProxyStyle::drawPrimitive(element, option, painter, widget);
+  if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option)) {
+    QStyleOptionFrame outlined(*frame);
+    outlined.palette = WithVisibleOutline(option->palette);
+    return QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
+  }
+  if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
+    QStyleOptionButton outlined(*button);
+    outlined.palette = WithVisibleOutline(option->palette);
+    return QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
+  }
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
 int KorvoStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -1,6 +1,7 @@
 #include "desktop/toolkit/QtGrid.h"
 
 #include <QWidget>
+#include <algorithm>
 
 #include "desktop/toolkit/QtView.h"
 
@@ -11,6 +12,12 @@ constexpr int kHorizontalSpacing = 8;
 constexpr int kVerticalSpacing = 6;
 
 bool Has(int attachment, int sides) { return (attachment & sides) == sides; }
+
+/// Whether the widget, or one in it, shows more when it is higher.
+bool UsesHeight(const KorDlgObject& widget) {
+  if (widget.Kind() == KorDlgKind::MultiList || widget.Kind() == KorDlgKind::TabContainer) return true;
+  return std::any_of(widget.Children().begin(), widget.Children().end(), [](const auto& child) { return UsesHeight(*child); });
+}
 }  // namespace
 
 Qt::Alignment AlignmentOf(int attachment) {
@@ -41,11 +48,9 @@ void QtGrid::Place(const QtView& child) {
 }
 
 void QtGrid::Put(QWidget* child, const KorDlgGrid& place) {
-  if (!StandsAt(child, place)) {
-    _layout->removeWidget(child);
-    _layout->addWidget(child, place.row, place.column, place.rows, place.columns, AlignmentOf(place.attachment));
-  }
-  GatherSpareHeight();
+  if (StandsAt(child, place)) return;
+  _layout->removeWidget(child);
+  _layout->addWidget(child, place.row, place.column, place.rows, place.columns, AlignmentOf(place.attachment));
 }
 
 bool QtGrid::StandsAt(QWidget* child, const KorDlgGrid& place) const {
@@ -57,16 +62,18 @@ bool QtGrid::StandsAt(QWidget* child, const KorDlgGrid& place) const {
   return now == place && _layout->itemAt(index)->alignment() == AlignmentOf(place.attachment);
 }
 
-void QtGrid::GatherSpareHeight() {
-  int last = 0;
-  for (int i = 0; i < _layout->count(); ++i) {
-    int row, column, rows, columns;
-    _layout->getItemPosition(i, &row, &column, &rows, &columns);
-    last = std::max(last, row + rows);
+void QtGrid::ShareHeight(const KorDlgObject& parent) {
+  int rows = 0;
+  std::vector<int> growing;
+  for (const auto& child : parent.Children()) {
+    if (!child->IsAttached()) continue;
+    const KorDlgGrid& place = child->GetGrid();
+    rows = std::max(rows, place.row + place.rows);
+    if (UsesHeight(*child)) growing.push_back(place.row);
   }
   for (int row = 0; row < _layout->rowCount(); ++row) _layout->setRowStretch(row, 0);
-  const bool grows = (_layout->expandingDirections() & Qt::Vertical) != 0;
-  if (!grows) _layout->setRowStretch(last, 1);
+  if (growing.empty()) growing.push_back(rows);
+  for (const int row : growing) _layout->setRowStretch(row, 1);
 }
 
 }  // namespace desktop

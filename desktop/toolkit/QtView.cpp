@@ -29,11 +29,16 @@ void QtView::Show(KorDlgProperty property) {
     case KorDlgProperty::Marking: return ShowMarking();
     case KorDlgProperty::Sensitivity: return ShowSensitivity();
     case KorDlgProperty::Visibility: return ShowVisibility();
-    case KorDlgProperty::Grid:
-      if (QtView* parent = _backend.ParentView(_model)) parent->Place(*this);
-      return ShowVisibility();
+    case KorDlgProperty::Grid: return ShowGrid();
     default: return;
   }
+}
+
+void QtView::ShowGrid() {
+  if (QtView* parent = _backend.ParentView(_model)) parent->Place(*this);
+  for (QtView* above = _backend.ParentView(_model); above; above = _backend.ParentView(above->Model()))
+    above->ShareHeight();
+  ShowVisibility();
 }
 
 void QtView::ShowTitle() {

@@ -26,6 +26,8 @@ class QtView : public QObject {
   virtual QWidget* Content() { return nullptr; }
   /// Takes the child in: into the grid at its place, out of it when it is not attached.
   virtual void Place(QtView& child);
+  /// Decides anew which rows of the children's grid get spare height.
+  virtual void ShareHeight() {}
 
   virtual void Show(KorDlgProperty property);
 
@@ -66,6 +68,7 @@ class QtView : public QObject {
  private:
   void CommitAllEdits();
   void ShowMarking();
+  void ShowGrid();
 
   QtBackend& _backend;
   KorDlgObject& _model;

@@ -4,6 +4,7 @@
 #include <QDialogButtonBox>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/toolkit/QtText.h"
 
@@ -17,6 +18,21 @@ void DialogWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   reject();
 }
+
+namespace {
+
+/// Layouts of widgets that have never been shown keep sizes from before their children came. Settled from the
+/// innermost out, the window opens at the size that its largest page needs.
+void SettleLayouts(QWidget& window) {
+  const QList<QWidget*> inside = window.findChildren<QWidget*>();
+  std::for_each(inside.rbegin(), inside.rend(), [](QWidget* widget) {
+    widget->ensurePolished();
+    if (widget->layout()) widget->layout()->activate();
+    widget->updateGeometry();
+  });
+}
+
+}  // namespace
 
 DialogView::DialogView(QtBackend& backend, KorDlgObject& model, QWidget* parent)
     : QtViewOf(backend, model, new DialogWindow(parent ? parent->window() : nullptr)),
@@ -59,6 +75,7 @@ void DialogView::ShowTitle() { Qt()->setWindowTitle(ToQt(Model().GetTitle())); }
 
 void DialogView::ShowVisibility() {
   if (Qt()->isHidden() != Model().IsShown()) return;
+  if (Model().IsShown()) SettleLayouts(*Qt());
   Qt()->setVisible(Model().IsShown());
   if (!Model().IsShown()) return;
   Qt()->raise();

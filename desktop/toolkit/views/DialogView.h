@@ -29,6 +29,7 @@ class DialogView : public QtViewOf<KorDlgDialog, DialogWindow> {
   ~DialogView() override;
   QWidget* Content() override { return _content; }
   void Place(QtView& child) override { _grid.Place(child); }
+  void ShareHeight() override { _grid.ShareHeight(Model()); }
   void Show(KorDlgProperty property) override;
 
  protected:

@@ -14,6 +14,7 @@ class FrameView : public QtViewOf<KorDlgFrame, QWidget> {
   FrameView(QtBackend& backend, KorDlgObject& model, QWidget* parent);
   QWidget* Content() override { return Qt(); }
   void Place(QtView& child) override { _grid.Place(child); }
+  void ShareHeight() override { _grid.ShareHeight(Model()); }
 
  protected:
   void ShowTitle() override;

@@ -12,6 +12,7 @@ class TabPageView : public QtViewOf<KorDlgTabPage, QWidget> {
   TabPageView(QtBackend& backend, KorDlgObject& model, QWidget* parent);
   QWidget* Content() override { return Qt(); }
   void Place(QtView& child) override { _grid.Place(child); }
+  void ShareHeight() override { _grid.ShareHeight(Model()); }
   void Show(KorDlgProperty property) override;
 
  private:

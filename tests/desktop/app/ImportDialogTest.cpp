@@ -1,0 +1,86 @@
+#include "desktop/app/ImportDialog.h"
+
+#include <QCheckBox>
+#include <QFile>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "lumira/store/SqliteStore.h"
+#include "tests/desktop/app/WindowHarness.h"
+
+namespace desktop::test {
+namespace {
+
+class ImportDialogTest : public WindowTest {
+ protected:
+  void SetUp() override {
+    WindowTest::SetUp();
+    auto made = lumira::CreateSqliteStore(folder.filePath("own.lumira").toStdString());
+    ASSERT_TRUE(made.Ok());
+    store = std::move(made).Value();
+  }
+
+  QString Table(const char* name, const char* text) const {
+    QFile file(folder.filePath(name));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(text);
+    return file.fileName();
+  }
+  void FillIn(ImportDialog& dialog) const {
+    dialog.StructureEdit()->setText(Table("structure.csv", "parent,child,instance,x [m]\ncar,wheel,wheel.1,2\n"));
+    dialog.MassEdit()->setText(Table("mass.csv", "part,mass [kg]\nwheel,20\n"));
+  }
+  std::size_t ProductCount() const { return store->Products().Value().size(); }
+
+  std::unique_ptr<lumira::Store> store;
+};
+
+TEST_F(ImportDialogTest, CheckReportsAndWritesNothing) {
+  ImportDialog dialog(*store);
+  FillIn(dialog);
+  dialog.CheckButton()->click();
+  EXPECT_TRUE(dialog.ReportText().contains("Product car can be imported: 2 parts, 1 instances")) << dialog.ReportText().toStdString();
+  EXPECT_EQ(ProductCount(), 0u);
+  EXPECT_FALSE(dialog.HasImported());
+}
+
+TEST_F(ImportDialogTest, ImportWritesTheProductUnderItsName) {
+  ImportDialog dialog(*store);
+  FillIn(dialog);
+  dialog.ProductEdit()->setText("Car");
+  dialog.ImportButton()->click();
+  EXPECT_TRUE(dialog.ReportText().contains("Imported product Car")) << dialog.ReportText().toStdString();
+  EXPECT_TRUE(dialog.HasImported());
+  EXPECT_EQ(ProductCount(), 1u);
+}
+
+TEST_F(ImportDialogTest, ASecondImportOfTheSameNameNeedsTheLeaveToReplace) {
+  ImportDialog dialog(*store);
+  FillIn(dialog);
+  dialog.ImportButton()->click();
+  dialog.ImportButton()->click();
+  EXPECT_TRUE(dialog.ReportText().contains("Nothing was imported.")) << dialog.ReportText().toStdString();
+  dialog.ReplaceBox()->setChecked(true);
+  dialog.ImportButton()->click();
+  EXPECT_TRUE(dialog.ReportText().contains("Imported product car")) << dialog.ReportText().toStdString();
+}
+
+TEST_F(ImportDialogTest, AnErrorIsReportedWithFileLineAndColumn) {
+  ImportDialog dialog(*store);
+  FillIn(dialog);
+  dialog.MassEdit()->setText(Table("wrong.csv", "part,mass [kg]\nwheel,heavy\n"));
+  dialog.ImportButton()->click();
+  EXPECT_TRUE(dialog.ReportText().contains("wrong.csv")) << dialog.ReportText().toStdString();
+  EXPECT_TRUE(dialog.ReportText().contains("heavy")) << dialog.ReportText().toStdString();
+  EXPECT_EQ(ProductCount(), 0u);
+}
+
+TEST_F(ImportDialogTest, ATableThatIsNotThereIsNamed) {
+  ImportDialog dialog(*store);
+  dialog.MassEdit()->setText(folder.filePath("nowhere.csv"));
+  dialog.ImportButton()->click();
+  EXPECT_TRUE(dialog.ReportText().contains("nowhere.csv")) << dialog.ReportText().toStdString();
+}
+
+}  // namespace
+}  // namespace desktop::test

@@ -1,0 +1,131 @@
+#include <QAction>
+#include <QFile>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeView>
+
+#include "desktop/app/SearchBox.h"
+#include "desktop/app/SelectionPane.h"
+#include "framework/knowledge/KorUnitSystems.h"
+#include "tests/desktop/app/WindowHarness.h"
+#include "tests/desktop/support/QtApplication.h"
+
+namespace desktop::test {
+namespace {
+
+TEST_F(WindowTest, ShowsServerUnitSystemAndProduct) {
+  EXPECT_EQ(window.ServerText(), "Server: embedded, iea15.lumira");
+  EXPECT_EQ(window.UnitSystemText(), "Units: Mixed (mm, kg)");
+  EXPECT_TRUE(window.windowTitle().startsWith("IEA15"));
+}
+
+TEST_F(WindowTest, SelectingAnOccurrenceExpandsTheTreeDownToIt) {
+  Select({"nacelle.1", "Above_yaw.1", "generator.1"});
+  const QModelIndex generator = window.TreeView().currentIndex();
+  EXPECT_EQ(generator.data().toString(), "Generator");
+  EXPECT_TRUE(window.TreeView().isExpanded(generator.parent()));
+  EXPECT_TRUE(window.TreeView().isExpanded(generator.parent().parent()));
+}
+
+TEST_F(WindowTest, SelectsNothingUnderAPathThatDoesNotExist) {
+  EXPECT_FALSE(window.Select("IEA15", {"nacelle.1", "sail.1"}));
+}
+
+TEST_F(WindowTest, ThePaneShowsWhatIsSelected) {
+  Select({"nacelle.1", "yaw.1"});
+  EXPECT_EQ(window.Selection().ValueText("Selection.Part"), "yaw");
+  EXPECT_EQ(window.Selection().ValueText("Selection.Path"), QString::fromUtf8("Rotor-nacelle assembly \u203a Nacelle \u203a Yaw system"));
+  EXPECT_EQ(window.Selection().ValueText("Selection.Status"), "not computed");
+  EXPECT_EQ(window.Selection().ValueText("Selection.Mass"), QString::fromUtf8("\u2013"));
+}
+
+TEST_F(WindowTest, AProductThatIsNotThereGivesAMessageAndLeavesTheOpenOneOpen) {
+  EXPECT_FALSE(window.OpenProduct(folder.filePath("none.lumira")));
+  EXPECT_NE(OnlyMessage().find("none.lumira"), std::string::npos);
+  EXPECT_EQ(window.ServerText(), "Server: embedded, iea15.lumira");
+  EXPECT_EQ(window.Tree().rowCount(), 1);
+}
+
+TEST_F(WindowTest, ADamagedProductGivesAMessageAndLeavesTheOpenOneOpen) {
+  QFile file(folder.filePath("damaged.lumira"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write(QByteArray("SQLite format 3\0", 16) + QByteArray(5000, '\xff'));
+  file.close();
+  EXPECT_FALSE(window.OpenProduct(file.fileName()));
+  EXPECT_NE(OnlyMessage().find("damaged.lumira"), std::string::npos);
+  EXPECT_EQ(window.ServerText(), "Server: embedded, iea15.lumira");
+}
+
+TEST_F(WindowTest, AProductThatCannotBeOpenedLeavesTheRecentOnes) {
+  settings.AddRecentProduct(folder.filePath("none.lumira"));
+  window.OpenProduct(folder.filePath("none.lumira"));
+  EXPECT_EQ(settings.RecentProducts(), QStringList{File()});
+}
+
+TEST_F(WindowTest, OpensTheProductThatTheUserChooses) {
+  ASSERT_TRUE(QFile::copy(File(), folder.filePath("copy.lumira")));
+  boxes.files = {KorUnicodeString(folder.filePath("copy.lumira").toStdString())};
+  window.Command("OpenProduct")->trigger();
+  EXPECT_EQ(window.ServerText(), "Server: embedded, copy.lumira");
+}
+
+TEST_F(WindowTest, ANewProductFileIsEmptyAndOpen) {
+  ASSERT_TRUE(window.CreateProduct(folder.filePath("new.lumira")));
+  EXPECT_EQ(window.ServerText(), "Server: embedded, new.lumira");
+  EXPECT_EQ(window.Tree().rowCount(), 0);
+  EXPECT_FALSE(window.Command("PartPanel")->isEnabled());
+}
+
+TEST_F(WindowTest, ANewProductFileDoesNotReplaceAnOldOne) {
+  EXPECT_FALSE(window.CreateProduct(File()));
+  EXPECT_NE(OnlyMessage().find("iea15.lumira"), std::string::npos);
+  EXPECT_EQ(window.Tree().rowCount(), 1);
+}
+
+TEST_F(WindowTest, ALanguageChangesTheTextsOfTheWindow) {
+  ASSERT_TRUE(window.ChooseLanguage("de"));
+  EXPECT_EQ(window.Command("Units")->text(), QString::fromUtf8("Einheiten\u2026"));
+  EXPECT_EQ(window.Tree().headerData(ProductTreeModel::Mass, Qt::Horizontal, Qt::DisplayRole).toString(), "Masse");
+}
+
+TEST_F(WindowTest, ALanguageThatThereIsNotLeavesTheOldOne) {
+  EXPECT_FALSE(window.ChooseLanguage("xx"));
+  EXPECT_EQ(window.Command("Units")->text(), QString::fromUtf8("Units\u2026"));
+}
+
+TEST_F(WindowTest, UnitsChangeWhatTreeAndPaneShow) {
+  KorApplyUnitSystem("Imperial");
+  window.UnitsChanged();
+  EXPECT_EQ(window.UnitSystemText(), "Units: Imperial");
+  Select({"nacelle.1", "Above_yaw.1", "platform.1"});
+  // 48672 kg / 0.45359237 = 107303.39225...
+  EXPECT_EQ(window.TreeView().currentIndex().siblingAtColumn(ProductTreeModel::Mass).data().toString(), "107303.3923 lb");
+}
+
+TEST_F(WindowTest, AThemeChangesThePalette) {
+  window.ChooseTheme(ThemeChoice::Dark);
+  EXPECT_TRUE(Theme::IsDark());
+  window.ChooseTheme(ThemeChoice::Light);
+  EXPECT_FALSE(Theme::IsDark());
+}
+
+TEST_F(WindowTest, ControlFLeadsToTheSearch) {
+  QApplication::setActiveWindow(&window);
+  QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::focusWidget(), static_cast<QWidget*>(window.Search().Edit()));
+}
+
+TEST_F(WindowTest, EachCommandHasATextAndAHelpInEachLanguage) {
+  for (const char* language : {"en", "de"}) {
+    ASSERT_TRUE(window.ChooseLanguage(language));
+    for (const char* name : {"NewProduct", "OpenProduct", "ImportTables", "OpenSample", "Quit", "PartPanel", "Find", "Units", "About"}) {
+      ASSERT_NE(window.Command(name), nullptr) << name;
+      EXPECT_FALSE(window.Command(name)->text().startsWith("Command.")) << name;
+      EXPECT_FALSE(window.Command(name)->statusTip().startsWith("Command.")) << name;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace desktop::test

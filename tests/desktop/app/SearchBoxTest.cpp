@@ -1,0 +1,60 @@
+#include "desktop/app/SearchBox.h"
+
+#include <QLineEdit>
+#include <QTest>
+#include <QTreeWidget>
+
+#include "tests/desktop/app/WindowHarness.h"
+
+namespace desktop::test {
+namespace {
+
+class SearchBoxTest : public WindowTest {
+ protected:
+  void Type(const char* text) {
+    window.Search().Edit()->setText(text);
+    window.Search().Search();
+  }
+  std::string SelectedPart() {
+    const QModelIndex index = window.TreeView().currentIndex();
+    return index.isValid() ? window.Tree().PlaceAt(index).node.partId : std::string();
+  }
+};
+
+TEST_F(SearchBoxTest, ListsTheOccurrencesFound) {
+  Type("generator");
+  EXPECT_EQ(window.Search().Hits()->topLevelItemCount(), 3);
+  EXPECT_EQ(window.Search().Summary(), "3 found");
+}
+
+TEST_F(SearchBoxTest, SaysThatNothingWasFound) {
+  Type("sail");
+  EXPECT_EQ(window.Search().Summary(), "Nothing found");
+  EXPECT_TRUE(window.Search().Hits()->isHidden());
+}
+
+TEST_F(SearchBoxTest, EnterSelectsTheFirstOccurrenceInTheTree) {
+  window.Search().Edit()->setText("bedplate");
+  QTest::keyClick(window.Search().Edit(), Qt::Key_Return);
+  EXPECT_EQ(SelectedPart(), "bedplate");
+}
+
+TEST_F(SearchBoxTest, TheArrowKeyDownLeadsToTheListAndEnterThereSelects) {
+  Type("generator");
+  QApplication::setActiveWindow(&window);
+  window.Search().Edit()->setFocus();
+  QTest::keyClick(window.Search().Edit(), Qt::Key_Down);
+  QTest::keyClick(window.Search().Hits(), Qt::Key_Down);
+  QTest::keyClick(window.Search().Hits(), Qt::Key_Return);
+  EXPECT_EQ(SelectedPart(), "generator_rotor");
+}
+
+TEST_F(SearchBoxTest, EscapeClosesTheList) {
+  Type("generator");
+  QTest::keyClick(window.Search().Edit(), Qt::Key_Escape);
+  EXPECT_TRUE(window.Search().Hits()->isHidden());
+  EXPECT_EQ(window.Search().Edit()->text(), "");
+}
+
+}  // namespace
+}  // namespace desktop::test
