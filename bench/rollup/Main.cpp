@@ -43,12 +43,12 @@ double BytesOf(const lumira::FlatStructure& flat, Spread spread) {
 }
 
 void MeasureRollup(std::vector<Row>& rows, const std::string& name, const ProductGraph& graph, int runs,
-                   Targets targets = {}) {
+                   unsigned threads = 1, Targets targets = {}) {
   for (const auto spread : {Spread::Ignore, Spread::Carry}) {
-    NodeRollup rollup(Flatten(graph), spread);
+    NodeRollup rollup(Flatten(graph), spread, threads);
     const bool carry = spread == Spread::Carry;
-    rows.push_back(RowOf(name + (carry ? ", with covariance" : ""), Times(runs, [&] { rollup.Compute(); }),
-                         BytesOf(rollup.Structure(), spread),
+    rows.push_back(RowOf(name + (threads > 1 ? ", two threads" : "") + (carry ? ", with covariance" : ""),
+                         Times(runs, [&] { rollup.Compute(); }), BytesOf(rollup.Structure(), spread),
                          carry ? targets.withCovariance : targets.plain));
     std::fprintf(stderr, "measured: %s\n", rows.back().name.c_str());
   }
@@ -87,15 +87,20 @@ void MeasureChange(std::vector<Row>& rows, const std::string& name, const Produc
 std::vector<Row> MeasureAll(bool small) {
   constexpr std::uint32_t kMillion = 1'000'000;
   std::vector<Row> rows;
-  MeasureRollup(rows, "1 M items, eight each, all rotations different",
-                EightEach(kMillion, Rotations::AllDifferent), 21, {15e-3, 60e-3});
   const auto fewRotations = EightEach(kMillion, Rotations::OfSixtyFour);
-  MeasureRollup(rows, "1 M items, eight each, 64 rotations", fewRotations, 21, {15e-3, 60e-3});
+  {
+    const auto allDifferent = EightEach(kMillion, Rotations::AllDifferent);
+    for (const unsigned threads : {1u, 2u}) {
+      const Targets targets = threads == 2 ? Targets{15e-3, 60e-3} : Targets{};
+      MeasureRollup(rows, "1 M items, eight each, 64 rotations", fewRotations, 41, threads, targets);
+      MeasureRollup(rows, "1 M items, eight each, 1.1 M rotations", allDifferent, 41, threads, targets);
+    }
+  }
   MeasureRollup(rows, "0.5 M links in a chain (1 M occurrences)",
                 Chain(kMillion / 2, Rotations::AllDifferent), 11);
   MeasureRollup(rows, "1 M occurrences of 16 shared items, 7 levels", Shared(7, 16, 4), 21);
   if (!small) {
-    MeasureRollup(rows, "10 M items, eight each, all rotations different",
+    MeasureRollup(rows, "10 M items, eight each, 11 M rotations",
                   EightEach(10 * kMillion, Rotations::AllDifferent), 5);
     MeasureRollup(rows, "10 M items, eight each, 64 rotations",
                   EightEach(10 * kMillion, Rotations::OfSixtyFour), 5);

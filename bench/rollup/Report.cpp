@@ -18,10 +18,10 @@ Row RowOf(std::string name, std::vector<double> times, double bytes, double targ
 
 void PrintTable(const std::vector<Row>& rows, double triad) {
   std::printf("memory triad, one thread: %.1f GB/s\n\n", triad * 1e-9);
-  std::printf("%-58s %10s %10s %10s %9s %7s %10s\n", "", "median ms", "best ms", "worst ms", "MB", "ratio",
+  std::printf("%-66s %10s %10s %10s %9s %7s %10s\n", "", "median ms", "best ms", "worst ms", "MB", "ratio",
               "target ms");
   for (const auto& row : rows) {
-    std::printf("%-58s %10.3f %10.3f %10.3f", row.name.c_str(), row.median * 1e3, row.best * 1e3,
+    std::printf("%-66s %10.3f %10.3f %10.3f", row.name.c_str(), row.median * 1e3, row.best * 1e3,
                 row.worst * 1e3);
     row.bytes > 0.0 ? std::printf(" %9.1f %7.2f", row.bytes * 1e-6, Ratio(row, triad))
                     : std::printf(" %9s %7s", "", "");
