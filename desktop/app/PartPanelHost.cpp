@@ -45,6 +45,7 @@ void PartPanelHost::Open() {
 }
 
 void PartPanelHost::Close() {
+  if (_panel) _panel->Detach();
   _panel.reset();
   _buffer = {};
 }

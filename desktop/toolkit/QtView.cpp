@@ -1,7 +1,5 @@
 #include "desktop/toolkit/QtView.h"
 
-#include <QFocusEvent>
-
 #include "desktop/toolkit/MarkOverlay.h"
 #include "desktop/toolkit/QtBackend.h"
 #include "desktop/toolkit/QtText.h"
@@ -15,8 +13,9 @@ QtView::QtView(QtBackend& backend, KorDlgObject& model, QWidget* qt)
 
 QtView::~QtView() {
   if (!_qt) return;
+  // Not hidden here: that would move the focus to a widget whose view is still there, and tell a dialog that is
+  // being destroyed of it.
   _qt->disconnect(this);
-  _qt->hide();
   _qt->deleteLater();
 }
 
@@ -67,23 +66,6 @@ void QtView::ShowVisibility() {
   // A new Qt widget is hidden, but comes to be shown with its parent unless it was told otherwise.
   const bool shown = _model.IsShown() && _model.IsAttached();
   if (_qt->isHidden() == shown || !_qt->testAttribute(Qt::WA_WState_ExplicitShowHide)) _qt->setVisible(shown);
-}
-
-void QtView::FollowFocus(QWidget* target) { target->installEventFilter(this); }
-
-bool QtView::eventFilter(QObject* watched, QEvent* event) {
-  const bool in = event->type() == QEvent::FocusIn;
-  if (in || event->type() == QEvent::FocusOut) {
-    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-    // The focus of the dialog stays where it is when a popup opens or another window comes to the front.
-    const bool stays = reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
-    const QPointer<QtView> self(this);
-    if (!in) CommitEdit();
-    if (!self) return false;
-    if (!stays && _model.IsReachable()) in ? _model.EnterFocus() : _model.LeaveFocus();
-    if (!self) return false;
-  }
-  return QObject::eventFilter(watched, event);
 }
 
 void QtView::CommitAllEdits() { _backend.CommitEdits(); }

@@ -45,9 +45,6 @@ class QtView : public QObject {
   QtView(QtBackend& backend, KorDlgObject& model, QWidget* qt);
 
   QtBackend& Backend() const { return _backend; }
-  /// Reports focus that comes to and goes from `target` to the widget.
-  void FollowFocus(QWidget* target);
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
   virtual void ShowTitle();
   virtual void ShowHelp();

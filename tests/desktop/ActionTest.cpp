@@ -99,6 +99,24 @@ TEST_F(ActionTest, FocusThatComesAndGoesIsReported) {
   EXPECT_EQ(log.size(), 2u);
 }
 
+TEST_F(ActionTest, ADialogThatGoesHearsOfNoFocusThatMovesMeanwhile) {
+  Open();
+  In<QLineEdit>(dialog.number)->setFocus();
+  Record(dialog.nameEditor, KorEvent::FocusIn);
+  Record(dialog.number, KorEvent::FocusOut);
+  dialog.Detach();
+  RunPendingEvents();
+  EXPECT_TRUE(log.empty());
+}
+
+TEST_F(ActionTest, NoEditorHasTheFocusWhenADialogOpens) {
+  Record(dialog.nameEditor, KorEvent::FocusIn);
+  Open();
+  EXPECT_TRUE(log.empty());
+  QTest::keyClick(Window(), Qt::Key_Tab);
+  EXPECT_EQ(QApplication::focusWidget(), static_cast<QWidget*>(In<QLineEdit>(dialog.nameEditor)));
+}
+
 TEST_F(ActionTest, ADisabledWidgetHearsNothing) {
   for (KorDlgObject* widget : std::initializer_list<KorDlgObject*>{dialog.compute, dialog.root, dialog.standard})
     widget->SetSensitivity(KorSensitivity::Disabled);

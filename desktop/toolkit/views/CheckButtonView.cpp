@@ -10,7 +10,6 @@ CheckButtonView::CheckButtonView(QtBackend& backend, KorDlgObject& model, QWidge
     : QtViewOf(backend, model, new QCheckBox(parent)) {
   QObject::connect(Qt(), &QCheckBox::clicked, this,
                    [this] { Act([this] { Model().Toggle(); }, KorDlgProperty::Checked); });
-  FollowFocus(Qt());
 }
 
 void CheckButtonView::Show(KorDlgProperty property) {

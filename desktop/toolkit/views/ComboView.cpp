@@ -17,9 +17,9 @@ ComboView::ComboView(QtBackend& backend, KorDlgObject& model, QWidget* parent)
   Qt()->setMinimumContentsLength(kLeastCharacters);
   Qt()->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   Qt()->setFocusPolicy(Qt::StrongFocus);
+  Qt()->installEventFilter(this);
   QObject::connect(Qt(), &QComboBox::activated, this,
                    [this](int line) { Act([&] { Model().Pick(line); }, KorDlgProperty::Selection); });
-  FollowFocus(Qt());
 }
 
 void ComboView::Show(KorDlgProperty property) {

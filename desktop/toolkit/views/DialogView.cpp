@@ -51,7 +51,9 @@ DialogView::DialogView(QtBackend& backend, KorDlgObject& model, QWidget* parent)
 
 DialogView::~DialogView() {
   // The window may outlive the view by one turn of the event loop.
-  if (Qt()) Qt()->onClose = nullptr;
+  if (!Qt()) return;
+  Qt()->onClose = nullptr;
+  Qt()->hide();
 }
 
 void DialogView::AddButtons() {
@@ -78,6 +80,8 @@ void DialogView::ShowVisibility() {
   if (Model().IsShown()) SettleLayouts(*Qt());
   Qt()->setVisible(Model().IsShown());
   if (!Model().IsShown()) return;
+  // No widget has the focus until the user goes to one; the first Tab leads to the first.
+  Qt()->setFocus(Qt::ActiveWindowFocusReason);
   Qt()->raise();
   Qt()->activateWindow();
 }

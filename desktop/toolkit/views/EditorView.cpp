@@ -1,5 +1,8 @@
 #include "desktop/toolkit/views/EditorView.h"
 
+#include <QFocusEvent>
+#include <algorithm>
+
 #include "desktop/toolkit/QtText.h"
 
 namespace desktop {
@@ -17,7 +20,7 @@ EditorView::EditorView(QtBackend& backend, KorDlgObject& model, QWidget* parent)
     Qt()->setInputMethodHints(Qt::ImhFormattedNumbersOnly);
   }
   QObject::connect(Qt(), &QLineEdit::editingFinished, this, [this] { CommitEdit(); });
-  FollowFocus(Qt());
+  Qt()->installEventFilter(this);
 }
 
 void EditorView::Show(KorDlgProperty property) {
@@ -37,6 +40,32 @@ void EditorView::CommitEdit() {
   const QPointer<QtView> self(this);
   if (Model().IsReachable()) Model().Type(FromQt(Qt()->text()));
   if (self) ShowText();
+}
+
+bool EditorView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusIn) FocusCame();
+  if (event->type() == QEvent::FocusOut) {
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    const QPointer<EditorView> self(this);
+    CommitEdit();
+    // The focus of the dialog stays here when a popup opens or another window comes to the front.
+    if (self && reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) FocusWent();
+    if (!self) return false;
+  }
+  return QtViewOf::eventFilter(watched, event);
+}
+
+void EditorView::FocusCame() {
+  if (_focusTold || !Model().IsReachable()) return;
+  _focusTold = true;
+  Model().EnterFocus();
+}
+
+void EditorView::FocusWent() {
+  if (!_focusTold) return;
+  _focusTold = false;
+  // An editor that was disabled or hidden loses the focus too, but no user left it.
+  if (Model().IsReachable()) Model().LeaveFocus();
 }
 
 void EditorView::ShowText() {

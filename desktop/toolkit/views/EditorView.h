@@ -8,7 +8,7 @@
 namespace desktop {
 
 /// A line of text. What is typed goes to the widget when the user leaves the editor, presses Enter or acts on
-/// another widget, not at each key.
+/// another widget, not at each key. Editors report the focus: they are where leaving means something.
 class EditorView : public QtViewOf<KorDlgEditor, QLineEdit> {
  public:
   EditorView(QtBackend& backend, KorDlgObject& model, QWidget* parent);
@@ -16,10 +16,17 @@ class EditorView : public QtViewOf<KorDlgEditor, QLineEdit> {
   bool HasPendingEdit() const override;
   void CommitEdit() override;
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
+  void FocusCame();
+  void FocusWent();
   void ShowText();
   void ShowTextSelection();
   void ShowTextWidth();
+
+  bool _focusTold = false;  ///< the widget has been told that the focus is here
 };
 
 }  // namespace desktop

@@ -29,12 +29,12 @@ MultiListView::MultiListView(QtBackend& backend, KorDlgObject& model, QWidget* p
   Qt()->verticalHeader()->hide();
   Qt()->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   Qt()->verticalHeader()->setDefaultSectionSize(Qt()->fontMetrics().height() + 6);
+  Qt()->installEventFilter(this);
   QObject::connect(Qt()->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
     std::vector<int> rows = RowsSelectedInQt();
     if (rows != Model().GetSelectedLines())
       Act([&] { Model().PickLines(std::move(rows)); }, KorDlgProperty::Selection);
   });
-  FollowFocus(Qt());
 }
 
 MultiListView::~MultiListView() {

@@ -13,7 +13,6 @@ PushButtonView::PushButtonView(QtBackend& backend, KorDlgObject& model, QWidget*
   Qt()->setAutoDefault(false);
   QObject::connect(Qt(), &QPushButton::clicked, this,
                    [this] { Act([this] { Model().Press(); }, KorDlgProperty::Sensitivity); });
-  FollowFocus(Qt());
   AddShortcut();
 }
 

@@ -15,7 +15,6 @@ RadioButtonView::RadioButtonView(QtBackend& backend, KorDlgObject& model, QWidge
     // Qt has unchecked the others by itself, whether or not the widget took the click.
     if (self) Backend().ShowExclusionGroup(Model());
   });
-  FollowFocus(Qt());
 }
 
 void RadioButtonView::Show(KorDlgProperty property) {

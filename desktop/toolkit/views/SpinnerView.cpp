@@ -8,7 +8,6 @@ SpinnerView::SpinnerView(QtBackend& backend, KorDlgObject& model, QWidget* paren
     : QtViewOf(backend, model, new TextSpinBox(parent)) {
   Qt()->onUp = [this] { Act([this] { Model().TurnUp(); }, KorDlgProperty::Text); };
   Qt()->onDown = [this] { Act([this] { Model().TurnDown(); }, KorDlgProperty::Text); };
-  FollowFocus(Qt());
 }
 
 SpinnerView::~SpinnerView() {
