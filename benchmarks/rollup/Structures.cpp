@@ -1,4 +1,4 @@
-#include "bench/rollup/Structures.h"
+#include "benchmarks/rollup/Structures.h"
 
 #include <cmath>
 #include <random>

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "bench/rollup/Report.h"
-#include "bench/rollup/Structures.h"
-#include "bench/rollup/Triad.h"
+#include "benchmarks/rollup/Structures.h"
+#include "benchmarks/rollup/Triad.h"
+#include "benchmarks/support/Report.h"
 #include "lumira/engine/Compile.h"
 #include "lumira/engine/NodeRollup.h"
 #include "lumira/engine/Rollup.h"
@@ -19,6 +19,18 @@ using namespace bench;
 using lumira::NodeRollup;
 using lumira::ProductGraph;
 using lumira::Spread;
+
+/// The measurements so far, and the bandwidth that they are compared with.
+struct Session {
+  double triadBytesPerSecond = 0.0;
+  std::vector<Row> rows;
+
+  /// `bytes`: what one run reads and writes, each once; 0: not told.
+  void Add(const std::string& name, std::vector<double> times, double bytes = 0.0, double target = 0.0) {
+    rows.push_back(RowOf(name, std::move(times), bytes / triadBytesPerSecond, target));
+    std::fprintf(stderr, "measured: %s\n", name.c_str());
+  }
+};
 
 struct Targets {
   double plain = 0.0, withCovariance = 0.0;  ///< s
@@ -42,20 +54,19 @@ double BytesOf(const lumira::FlatStructure& flat, Spread spread) {
   return bytes;
 }
 
-void MeasureRollup(std::vector<Row>& rows, const std::string& name, const ProductGraph& graph, int runs,
+void MeasureRollup(Session& session, const std::string& name, const ProductGraph& graph, int runs,
                    unsigned threads = 1, Targets targets = {}) {
   for (const auto spread : {Spread::Ignore, Spread::Carry}) {
     NodeRollup rollup(Flatten(graph), spread, threads);
     const bool carry = spread == Spread::Carry;
-    rows.push_back(RowOf(name + (threads > 1 ? ", two threads" : "") + (carry ? ", with covariance" : ""),
-                         Times(runs, [&] { rollup.Compute(); }), BytesOf(rollup.Structure(), spread),
-                         carry ? targets.withCovariance : targets.plain));
-    std::fprintf(stderr, "measured: %s\n", rows.back().name.c_str());
+    session.Add(name + (threads > 1 ? ", two threads" : "") + (carry ? ", with covariance" : ""),
+                Times(runs, [&] { rollup.Compute(); }), BytesOf(rollup.Structure(), spread),
+                carry ? targets.withCovariance : targets.plain);
   }
 }
 
 /// Through the front door, with names: one part gets other data, and the root's result is read.
-void MeasureChange(std::vector<Row>& rows, const std::string& name, const ProductGraph& graph,
+void MeasureChange(Session& session, const std::string& name, const ProductGraph& graph,
                    std::uint32_t items) {
   auto product = AsProduct(graph);
   const std::string root = product.roots.front();
@@ -79,37 +90,36 @@ void MeasureChange(std::vector<Row>& rows, const std::string& name, const Produc
       KeepAlive(rollup.ResultOf(root).Value().mass);
     }));
   }
-  rows.push_back(RowOf(name, times, 0.0, 1e-3));
-  rows.push_back(RowOf("compile 1 M items from the stored product", {compileSeconds}));
-  std::fprintf(stderr, "measured: %s\n", name.c_str());
+  session.Add(name, times, 0.0, 1e-3);
+  session.Add("compile 1 M items from the stored product", {compileSeconds});
 }
 
-std::vector<Row> MeasureAll(bool small) {
+std::vector<Row> MeasureAll(double triad, bool small) {
   constexpr std::uint32_t kMillion = 1'000'000;
-  std::vector<Row> rows;
+  constexpr Targets targets{15e-3, 60e-3};
+  Session session{triad, {}};
   const auto fewRotations = EightEach(kMillion, Rotations::OfSixtyFour);
   {
     const auto allDifferent = EightEach(kMillion, Rotations::AllDifferent);
     for (const unsigned threads : {1u, 2u}) {
-      const Targets targets = threads == 2 ? Targets{15e-3, 60e-3} : Targets{};
-      MeasureRollup(rows, "1 M items, eight each, 64 rotations", fewRotations, 41, threads, targets);
-      MeasureRollup(rows, "1 M items, eight each, 1.1 M rotations", allDifferent, 41, threads, targets);
+      MeasureRollup(session, "1 M items, eight each, 64 rotations", fewRotations, 41, threads, targets);
+      MeasureRollup(session, "1 M items, eight each, 1.1 M rotations", allDifferent, 41, threads, targets);
     }
   }
-  MeasureRollup(rows, "0.5 M links in a chain (1 M occurrences)",
+  MeasureRollup(session, "0.5 M links in a chain (1 M occurrences)",
                 Chain(kMillion / 2, Rotations::AllDifferent), 11);
-  MeasureRollup(rows, "1 M occurrences of 16 shared items, 7 levels", Shared(7, 16, 4), 21);
+  MeasureRollup(session, "1 M occurrences of 16 shared items, 7 levels", Shared(7, 16, 4), 21);
   if (!small) {
-    MeasureRollup(rows, "10 M items, eight each, 11 M rotations",
+    MeasureRollup(session, "10 M items, eight each, 11 M rotations",
                   EightEach(10 * kMillion, Rotations::AllDifferent), 5);
-    MeasureRollup(rows, "10 M items, eight each, 64 rotations",
+    MeasureRollup(session, "10 M items, eight each, 64 rotations",
                   EightEach(10 * kMillion, Rotations::OfSixtyFour), 5);
-    MeasureRollup(rows, "5 M links in a chain (10 M occurrences)",
+    MeasureRollup(session, "5 M links in a chain (10 M occurrences)",
                   Chain(5 * kMillion, Rotations::OfSixtyFour), 5);
-    MeasureRollup(rows, "10 M occurrences of 16 shared items, 8 levels", Shared(8, 16, 5), 21);
+    MeasureRollup(session, "10 M occurrences of 16 shared items, 8 levels", Shared(8, 16, 5), 21);
   }
-  MeasureChange(rows, "one changed item of 1 M to the root's result", fewRotations, kMillion);
-  return rows;
+  MeasureChange(session, "one changed item of 1 M to the root's result", fewRotations, kMillion);
+  return std::move(session.rows);
 }
 
 }  // namespace
@@ -129,11 +139,8 @@ int main(int count, char** arguments) {
     }
   }
   const double triad = TriadBytesPerSecond();
-  const auto rows = MeasureAll(small);
-  PrintTable(rows, triad);
-  if (!json.empty() && !WriteJson(json, rows, triad)) {
-    std::fprintf(stderr, "cannot write %s\n", json.c_str());
-    return 1;
-  }
-  return 0;
+  char meaning[96];
+  std::snprintf(meaning, sizeof meaning, "time in multiples of the memory triad for the same bytes (%.1f GB/s, one thread)",
+                triad * 1e-9);
+  return Finish({meaning, MeasureAll(triad, small)}, json);
 }

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "bench/support/Report.h"
+#include "benchmarks/support/Report.h"
 #include "framework/dialog/KorDlgPushButton.h"
 #include "framework/dialog/KorMsgCatalog.h"
 #include "framework/pdm/KorPdmClient.h"

@@ -1,4 +1,4 @@
-#include "bench/support/Report.h"
+#include "benchmarks/support/Report.h"
 
 #include <algorithm>
 #include <cstdio>

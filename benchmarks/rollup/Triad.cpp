@@ -1,9 +1,9 @@
-#include "bench/rollup/Triad.h"
+#include "benchmarks/rollup/Triad.h"
 
 #include <algorithm>
 #include <cstddef>
 
-#include "bench/rollup/Report.h"
+#include "benchmarks/support/Report.h"
 #include "lumira/engine/LargeMemory.h"
 
 namespace bench {
