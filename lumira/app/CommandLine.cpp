@@ -5,6 +5,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include "lumira/import/Guarded.h"
+
 namespace lumira {
 namespace {
 
@@ -18,6 +20,17 @@ constexpr char kFooter[] =
 int CodeOf(ErrorKind kind) {
   if (kind == ErrorKind::Storage) return kStorage;
   return kind == ErrorKind::Internal ? kFailed : kRefused;
+}
+
+int Fail(const protocol::Error& error, const Console& console) {
+  console.errors << "lumira: " << error.message << '\n';
+  return CodeOf(error.kind);
+}
+
+// A full disk or a reader that went away shows only when the last of the text has left.
+int Finish(int code, const Console& console) {
+  if (code != kDone || console.out.flush()) return code;
+  return Fail({ErrorKind::Storage, "the output cannot be written"}, console);
 }
 
 // The program's commands with their parameters; parsing fills the actions and remembers which one was named.
@@ -40,9 +53,7 @@ class Parser {
       return _app.exit(error, _console.out, _console.errors) == 0 ? kDone : kUsage;
     }
     const Result<void> done = _chosen();
-    if (done) return kDone;
-    _console.errors << "lumira: " << done.Failure().message << '\n';
-    return CodeOf(done.Failure().kind);
+    return done ? kDone : Fail(done.Failure(), _console);
   }
 
  private:
@@ -102,7 +113,8 @@ class Parser {
 }  // namespace
 
 int RunCommandLine(int argc, const char* const* argv, const Console& console) {
-  return Parser(console).Run(argc, argv);
+  const Result<int> code = Guarded([&]() -> Result<int> { return Finish(Parser(console).Run(argc, argv), console); });
+  return code ? code.Value() : Fail(code.Failure(), console);
 }
 
 }  // namespace lumira

@@ -56,11 +56,14 @@ void WriteValues(std::ostream& out, const ComputedValues& values) {
   if (mass && cg && inertia)
     writer.Tensor("inertia_ref", ShiftedFromCg(Rotated(*inertia, values.placement.rotation), *mass,
                                                values.placement * *cg));
-  writer.Value("mass_lower_deviation_kg", values.lowerDeviation);
-  writer.Value("mass_upper_deviation_kg", values.upperDeviation);
-  writer.Value("sd_mass_kg", values.deviations.mass);
-  writer.Vector("sd_cg", values.deviations.cg);
-  writer.Tensor("sd_inertia_cg", values.deviations.inertia);
+  if (values.lowerDeviation != 0 || values.upperDeviation != 0) {
+    writer.Value("mass_lower_deviation_kg", values.lowerDeviation);
+    writer.Value("mass_upper_deviation_kg", values.upperDeviation);
+  }
+  const Deviations& sd = values.deviations;
+  if (sd.mass != 0) writer.Value("sd_mass_kg", sd.mass);
+  if (sd.cg != Vec3{}) writer.Vector("sd_cg", sd.cg);
+  if (sd.inertia != InertiaTensor{}) writer.Tensor("sd_inertia_cg", sd.inertia);
 }
 
 }  // namespace lumira

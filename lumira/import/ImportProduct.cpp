@@ -5,10 +5,12 @@
 #include <unordered_set>
 
 #include "lumira/import/CsvTable.h"
+#include "lumira/import/Guarded.h"
 #include "lumira/import/ImportLog.h"
 #include "lumira/import/MassTable.h"
 #include "lumira/import/StructureChecks.h"
 #include "lumira/import/StructureTable.h"
+#include "lumira/model/Identifier.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
@@ -33,6 +35,7 @@ class Assembly {
   Assembly(const ImportTables& tables, const ImportOptions& options) : _tables(tables), _options(options) {}
 
   Result<ImportedProduct> Run() {
+    if (const auto problem = ProblemOfTheName()) return Error{ErrorKind::BadValue, "name of the product: " + *problem};
     ReadTables();
     if (_log.HasErrors()) return _log.Failure();
     Report(_options.progress, "Checking the structure", 0, 0);
@@ -62,6 +65,11 @@ class Assembly {
       _mass.usedColumns.merge(_structure.usedColumns);
     }
     NameLeftOut(_massTable, _mass.usedColumns);
+  }
+
+  // An empty name stands for that of the top part.
+  std::optional<std::string> ProblemOfTheName() const {
+    return _options.product.empty() ? std::nullopt : FindIdentifierProblem(_options.product);
   }
 
   const std::string& StructureFile() const { return _tables.structure ? _tables.structure->name : _tables.mass.name; }
@@ -171,13 +179,7 @@ Result<void> CheckRoom(Store& store, const Product& product, Existing existing) 
   return {};
 }
 
-}  // namespace
-
-Result<ImportedProduct> ReadProductTables(const ImportTables& tables, const ImportOptions& options) {
-  return Assembly(tables, options).Run();
-}
-
-Result<ImportReport> ImportProduct(Store& store, const ImportTables& tables, const ImportOptions& options) {
+Result<ImportReport> Import(Store& store, const ImportTables& tables, const ImportOptions& options) {
   auto imported = ReadProductTables(tables, options);
   if (!imported) return imported.Failure();
   const Product& product = imported.Value().product;
@@ -186,6 +188,16 @@ Result<ImportReport> ImportProduct(Store& store, const ImportTables& tables, con
                                                        : store.AddProduct(product, options.existing);
   if (!done) return done.Failure();
   return std::move(imported.Value().report);
+}
+
+}  // namespace
+
+Result<ImportedProduct> ReadProductTables(const ImportTables& tables, const ImportOptions& options) {
+  return Guarded([&] { return Assembly(tables, options).Run(); });
+}
+
+Result<ImportReport> ImportProduct(Store& store, const ImportTables& tables, const ImportOptions& options) {
+  return Guarded([&] { return Import(store, tables, options); });
 }
 
 }  // namespace lumira

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <utility>
 
+#include "lumira/model/Identifier.h"
 #include "protocol/Numbers.h"
 #include "protocol/Utf8.h"
 
@@ -13,8 +14,6 @@ namespace {
 
 using protocol::ErrorKind;
 using protocol::Quoted;
-
-constexpr std::size_t kIdentifierBytes = 255;
 
 std::string Lower(std::string_view text) {
   std::string lower(text);
@@ -34,8 +33,6 @@ std::pair<std::string, std::optional<std::string_view>> SplitTitle(std::string_v
   if (!hasUnit) return {Lower(Trimmed(title)), std::nullopt};
   return {Lower(Trimmed(title.substr(0, open))), Trimmed(title.substr(open + 1, title.size() - open - 2))};
 }
-
-bool IsControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }
 
 }  // namespace
 
@@ -97,18 +94,10 @@ std::string_view TableColumns::Text(std::size_t row, std::size_t column) const {
 
 std::optional<std::string> TableColumns::Identifier(std::size_t row, std::size_t column) const {
   const std::string_view text = Text(row, column);
-  const auto refuse = [&](const std::string& reason) -> std::optional<std::string> {
-    Error(row, column, reason);
-    return std::nullopt;
-  };
-  if (text.empty()) return refuse("is empty, an identifier expected");
-  if (text.size() > kIdentifierBytes)
-    return refuse(Quoted(text) + " has " + std::to_string(text.size()) + " bytes, an identifier has at most " +
-                  std::to_string(kIdentifierBytes));
-  if (text.find('|') != text.npos) return refuse(Quoted(text) + " holds \"|\", which an identifier may not");
-  if (std::any_of(text.begin(), text.end(), IsControl))
-    return refuse(Quoted(text) + " holds a control character, which an identifier may not");
-  return std::string(text);
+  const auto problem = FindIdentifierProblem(text);
+  if (!problem) return std::string(text);
+  Error(row, column, *problem);
+  return std::nullopt;
 }
 
 std::optional<double> TableColumns::Number(std::size_t row, std::size_t column) const {

@@ -34,7 +34,7 @@ class TableColumns {
   /// The cell as it stands; empty when the table has no such column.
   std::string_view Text(std::size_t row, std::size_t column) const;
 
-  /// An identifier: not empty, at most 255 bytes, without "|" and control characters. None after an error.
+  /// An identifier (lumira/model/Identifier.h). None after an error.
   std::optional<std::string> Identifier(std::size_t row, std::size_t column) const;
 
   /// The number in SI units; none for an empty cell and after an error.

@@ -3,12 +3,16 @@
 #include <filesystem>
 #include <fstream>
 
+#include "lumira/import/Guarded.h"
+
 namespace lumira {
 
 using protocol::Error;
 using protocol::ErrorKind;
 
-protocol::Result<TableSource> ReadTableFile(const std::string& path, const TableLimits& limits) {
+namespace {
+
+protocol::Result<TableSource> Read(const std::string& path, const TableLimits& limits) {
   std::error_code error;
   const auto status = std::filesystem::status(path, error);
   if (!std::filesystem::exists(status)) return Error{ErrorKind::NotFound, path + ": there is no such file"};
@@ -22,6 +26,12 @@ protocol::Result<TableSource> ReadTableFile(const std::string& path, const Table
   if (!file.read(text.data(), static_cast<std::streamsize>(text.size())))
     return Error{ErrorKind::Storage, path + ": cannot be read"};
   return TableSource{std::filesystem::path(path).filename().string(), std::move(text)};
+}
+
+}  // namespace
+
+protocol::Result<TableSource> ReadTableFile(const std::string& path, const TableLimits& limits) {
+  return Guarded([&] { return Read(path, limits); });
 }
 
 }  // namespace lumira

@@ -1,5 +1,6 @@
 #include "lumira/app/CommandLine.h"
 
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -232,11 +233,50 @@ TEST_F(CommandLine, ShowsProgressOnATerminalOnly) {
   EXPECT_EQ(Lumira({"compute", file, "generator"}).errors, "");
 }
 
+// Refuses every byte, as a full disk does.
+class FullDisk : public std::streambuf {};
+
+TEST_F(CommandLine, FailsWhenTheOutputCannotBeWritten) {
+  FullDisk disk;
+  std::ostream out(&disk);
+  std::ostringstream errors;
+  const std::array words = {"lumira", "init", file.c_str()};
+  EXPECT_EQ(RunCommandLine(3, words.data(), {out, errors}), kStorage);
+  EXPECT_EQ(errors.str(), "lumira: the output cannot be written\n");
+}
+
+TEST_F(CommandLine, AnswersWithACodeWhateverIsThrown) {
+  FullDisk disk;
+  std::ostream out(&disk);
+  out.exceptions(std::ios::badbit);
+  std::ostringstream errors;
+  const std::array words = {"lumira", "init", file.c_str()};
+  EXPECT_EQ(RunCommandLine(3, words.data(), {out, errors}), kFailed);
+  EXPECT_THAT(errors.str(), StartsWith("lumira: an unexpected failure: "));
+}
+
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)  // which take far more address space themselves
+TEST_F(CommandLine, EndsWithAMessageWhenThereIsNotEnoughMemory) {
+  Lumira({"init", file});
+  const std::string mass = folder + "/large.csv", errors = folder + "/errors";
+  std::ofstream(mass) << "part\n";
+  std::filesystem::resize_file(mass, 900'000'000);  // a hole, which takes no room on the disk
+  const int status = std::system(("ulimit -v 500000; " LUMIRA_PROGRAM " import " + file + " --mass " + mass +
+                                  " 2>" + errors).c_str());
+  EXPECT_EQ(WEXITSTATUS(status), kFailed);
+  std::stringstream text;
+  text << std::ifstream(errors).rdbuf();
+  EXPECT_EQ(text.str(), "lumira: there is not enough memory\n");
+}
+#endif
+
 TEST_F(CommandLine, OfTheProgramItselfGivesTheExitCodes) {
   const auto exitCode = [&](const std::string& arguments) {
     const int status = std::system((std::string(LUMIRA_PROGRAM " ") + arguments + " >/dev/null 2>&1").c_str());
     return WEXITSTATUS(status);
   };
+  const int full = std::system((std::string(LUMIRA_PROGRAM) + " --help >/dev/full 2>/dev/null").c_str());
+  EXPECT_EQ(WEXITSTATUS(full), 4);
   EXPECT_EQ(exitCode("--help"), 0);
   EXPECT_EQ(exitCode("init " + file), 0);
   EXPECT_EQ(exitCode("nonsense"), 2);

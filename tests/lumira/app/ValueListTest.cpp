@@ -30,9 +30,24 @@ TEST(ValueList, NamesValuesAfterThePartInSmallLetters) {
 }
 
 TEST(ValueList, LeavesOutWhatIsNotKnown) {
-  EXPECT_THAT(Written(Values("a")), HasSubstr("a.sd_mass_kg = 0\n"));
-  EXPECT_EQ(Written(Values("a")).find("a.mass_kg"), std::string::npos);
-  EXPECT_EQ(Written(Values("a")).find("a.inertia_cg"), std::string::npos);
+  EXPECT_EQ(Written(Values("a")), "");
+  ComputedValues values = Values("a");
+  values.properties.mass = 4;
+  EXPECT_EQ(Written(values), "a.mass_kg = 4\n");
+}
+
+TEST(ValueList, WritesTheDeviationsThatAreKnown) {
+  ComputedValues values = Values("a");
+  values.upperDeviation = 3;
+  values.deviations.cg.y = 0.5;
+  EXPECT_EQ(Written(values), "a.mass_lower_deviation_kg = 0\na.mass_upper_deviation_kg = 3\n"
+                             "a.sd_cg_x_m = 0\na.sd_cg_y_m = 0.5\na.sd_cg_z_m = 0\n");
+  values = Values("a");
+  values.deviations.mass = 2;
+  EXPECT_EQ(Written(values), "a.sd_mass_kg = 2\n");
+  values = Values("a");
+  values.deviations.inertia.xz = 7;
+  EXPECT_THAT(Written(values), HasSubstr("a.sd_inertia_cg_xz_kgm2 = 7\n"));
 }
 
 TEST(ValueList, RefersToTheFrameOfThePlacement) {

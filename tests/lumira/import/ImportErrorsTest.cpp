@@ -80,6 +80,18 @@ TEST(ImportErrors, OfIdentifiers) {
                 "...\" has 256 bytes, an identifier has at most 255");
 }
 
+TEST(ImportErrors, OfTheNameOfTheProduct) {
+  const auto named = [](const std::string& product) {
+    return StructureErrors("parent,child\ntop,a\n", {.product = product});
+  };
+  EXPECT_EQ(named("\xff"), "name of the product: \"\\xFF\" is not UTF-8, which an identifier must be");
+  EXPECT_EQ(named("a\tb"), "name of the product: \"a\\x09b\" holds a control character, which an identifier may not");
+  EXPECT_EQ(named("a|b"), "name of the product: \"a|b\" holds \"|\", which an identifier may not");
+  EXPECT_EQ(named(std::string(100'000, 'x')), "name of the product: \"" + std::string(60, 'x') +
+                                                  "...\" has 100000 bytes, an identifier has at most 255");
+  EXPECT_EQ(named(std::string(255, 'x')), "imported");
+}
+
 TEST(ImportErrors, OfInstancesThatAreThereTwice) {
   EXPECT_EQ(StructureErrors("parent,child,instance\ntop,a,i\ntop,b,j\na,b,i\n"),
             "s.csv, line 4, column 3 (instance): \"i\" is the instance of line 2 already; instances are unique in a "
@@ -238,6 +250,16 @@ TEST_F(ImportIntoStore, ReplacesAProductWhenAsked) {
   EXPECT_EQ(Import({}).Failure().kind, protocol::ErrorKind::Conflict);
   ASSERT_TRUE(Import({.existing = Existing::Replace}, "part,mass [kg]\na,7\n").Ok());
   EXPECT_EQ(store->LoadProduct("top").Value().parts[1].massTypes[0].properties.mass, 7);
+}
+
+TEST_F(ImportIntoStore, MakesAFailureOfAWantOfMemory) {
+  ImportOptions options;
+  options.progress = [](std::string_view, std::size_t, std::size_t) { throw std::bad_alloc(); };
+  EXPECT_EQ(Import(options).Failure().kind, protocol::ErrorKind::Internal);
+  EXPECT_EQ(Import(options).Failure().message, "there is not enough memory");
+  options.progress = [](std::string_view, std::size_t, std::size_t) { throw std::length_error("too long"); };
+  EXPECT_EQ(Import(options).Failure().message, "an unexpected failure: too long");
+  EXPECT_TRUE(store->Products().Value().empty());
 }
 
 TEST(TableFile, ThatIsNotThereOrTooLargeIsRefusedWithItsName) {
