@@ -1,5 +1,9 @@
+#include <sys/wait.h>
+
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -15,6 +19,19 @@ namespace fs = std::filesystem;
 
 constexpr std::array kElements{"xx", "yy", "zz", "xy", "xz", "yz"};
 
+using Values = std::map<std::string, std::string>;
+
+/// The lines "name = value" of a file.
+Values ValuesIn(const fs::path& file) {
+  Values values;
+  std::ifstream in(file);
+  for (std::string line; std::getline(in, line);) {
+    const std::size_t equals = line.find(" = ");
+    if (equals != std::string::npos) values[line.substr(0, equals)] = line.substr(equals + 3);
+  }
+  return values;
+}
+
 /// Runs the desktop once without a display and keeps what it left.
 class HeadlessRun : public testing::Test {
  protected:
@@ -29,14 +46,7 @@ class HeadlessRun : public testing::Test {
     ReadValues();
   }
 
-  static void ReadValues() {
-    s_values.clear();
-    std::ifstream in(s_folder / "out" / "values.txt");
-    for (std::string line; std::getline(in, line);) {
-      const std::size_t equals = line.find(" = ");
-      if (equals != std::string::npos) s_values[line.substr(0, equals)] = line.substr(equals + 3);
-    }
-  }
+  static void ReadValues() { s_values = ValuesIn(s_folder / "out" / "values.txt"); }
 
   static double Value(const std::string& name) {
     const auto found = s_values.find(name);
@@ -69,7 +79,7 @@ class HeadlessRun : public testing::Test {
 
   static inline fs::path s_folder;
   static inline int s_exitStatus = -1;
-  static inline std::map<std::string, std::string> s_values;
+  static inline Values s_values;
 };
 
 std::string FileText(const fs::path& file) {
@@ -113,4 +123,41 @@ TEST_F(HeadlessRun, WritesNumbersThatReadBackExactly) {
     std::snprintf(again.data(), again.size(), "%.17g", std::stod(text));
     EXPECT_EQ(text, again.data()) << name;
   }
+}
+
+TEST_F(HeadlessRun, GivesTheFiguresThatTheServersProgramGives) {
+  const std::string program = LUMIRA_PROGRAM;
+  const std::string database = "'" + (s_folder / "same.lumira").string() + "'";
+  const std::string samples = std::string(KORVO_SOURCE_DIR) + "/samples/iea15/";
+  const fs::path printed = s_folder / "printed";
+  const std::string command = "(" + program + " init " + database + " && " + program + " import " + database +
+                              " --structure " + samples + "structure.csv --mass " + samples + "mass.csv && " +
+                              program + " compute " + database + " Above_yaw && " + program + " compute " +
+                              database + " generator) > '" + printed.string() + "' 2>&1";
+  ASSERT_EQ(std::system(command.c_str()), 0) << FileText(printed);
+  const Values fromProgram = ValuesIn(printed);
+  ASSERT_FALSE(s_values.empty());
+  for (const auto& [name, text] : s_values) {
+    ASSERT_TRUE(fromProgram.contains(name)) << name;
+    const double value = std::stod(text);
+    EXPECT_NEAR(std::stod(fromProgram.at(name)), value, 1e-12 * std::max(std::abs(value), 1.0)) << name;
+  }
+}
+
+TEST(Run, SaysHowToGoOnWithoutADisplay) {
+  const fs::path said = fs::path(testing::TempDir()) / "korvo-run-said";
+  const std::string command = std::string("env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ") + KORVO_SOURCE_DIR +
+                              "/run > '" + said.string() + "' 2>&1";
+  const int status = std::system(command.c_str());
+  EXPECT_EQ(WEXITSTATUS(status), 2);
+  EXPECT_NE(FileText(said).find("./run --headless DIR"), std::string::npos) << FileText(said);
+}
+
+TEST(Run, TheDesktopItselfSaysSoToo) {
+  const fs::path said = fs::path(testing::TempDir()) / "korvo-said";
+  const std::string command = std::string("env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ") + KORVO_PROGRAM +
+                              " > '" + said.string() + "' 2>&1";
+  const int status = std::system(command.c_str());
+  EXPECT_EQ(WEXITSTATUS(status), 2);
+  EXPECT_NE(FileText(said).find("--headless"), std::string::npos) << FileText(said);
 }

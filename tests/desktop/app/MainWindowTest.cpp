@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTreeView>
+#include <sqlite3.h>
 
 #include "desktop/app/SearchBox.h"
 #include "desktop/app/SelectionPane.h"
@@ -55,6 +56,19 @@ TEST_F(WindowTest, ADamagedProductGivesAMessageAndLeavesTheOpenOneOpen) {
   EXPECT_FALSE(window.OpenProduct(file.fileName()));
   EXPECT_NE(OnlyMessage().find("damaged.lumira"), std::string::npos);
   EXPECT_EQ(window.ServerText(), "Server: embedded, iea15.lumira");
+}
+
+TEST_F(WindowTest, AProductWithALostTableGivesAMessageAndLeavesTheOpenOneOpen) {
+  const QString lost = folder.filePath("lost.lumira");
+  ASSERT_TRUE(QFile::copy(File(), lost));
+  sqlite3* database = nullptr;
+  ASSERT_EQ(sqlite3_open(lost.toStdString().c_str(), &database), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(database, "PRAGMA foreign_keys = OFF; DROP TABLE parts", nullptr, nullptr, nullptr), SQLITE_OK);
+  sqlite3_close(database);
+  EXPECT_FALSE(window.OpenProduct(lost));
+  EXPECT_NE(OnlyMessage().find("lost.lumira"), std::string::npos);
+  EXPECT_EQ(window.ServerText(), "Server: embedded, iea15.lumira");
+  EXPECT_EQ(settings.RecentProducts(), QStringList{File()});
 }
 
 TEST_F(WindowTest, AProductThatCannotBeOpenedLeavesTheRecentOnes) {
