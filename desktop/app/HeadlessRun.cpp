@@ -51,6 +51,8 @@ constexpr EditorText kCustomReference[] = {
 
 constexpr const char* kReferenceMode = "Frame250.AdditionalFrame2.ReferenceModeFrame.";
 
+Error Fail(const std::string& what) { return {ErrorKind::Internal, what}; }
+
 Result<protocol::Occurrence> FindPart(const std::string& product, const std::string& part) {
   protocol::SearchRequest request;
   request.product = product;
@@ -88,13 +90,6 @@ Result<void> HeadlessRun::Run() {
   if (auto done = SaveCustomReference(); !done) return done;
   if (auto done = ComputeInPanel("generator"); !done) return done;
   return SaveValues();
-}
-
-Error HeadlessRun::Fail(const std::string& what) const {
-  std::string message = what;
-  for (const KorDlgMessage& box : _boxes.Messages())
-    message += "\n  " + box.title.Utf8() + ": " + box.text.Utf8();
-  return {ErrorKind::Internal, message};
 }
 
 Result<void> HeadlessRun::OpenSample() {

@@ -16,6 +16,8 @@ class HeadlessRun {
 
   /// Stops at the first step that fails.
   protocol::Result<void> Run();
+  /// What was shown in message boxes.
+  const std::vector<KorDlgMessage>& Messages() const { return _boxes.Messages(); }
 
  private:
   protocol::Result<void> OpenSample();
@@ -26,7 +28,6 @@ class HeadlessRun {
   protocol::Result<void> SaveTheme(ThemeChoice theme, const QString& windowFile, const QString& panelFile);
   protocol::Result<void> Save(QWidget* window, const QString& file);
   protocol::Result<void> SaveValues();
-  protocol::Error Fail(const std::string& what) const;
 
   QString _folder;
   QTemporaryDir _scratch;  ///< product and settings of this run alone

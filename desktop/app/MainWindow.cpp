@@ -35,7 +35,7 @@ constexpr const char* kLanguageMenu = "Menu.Language";
 enum class OnToolbar { No, Yes };
 
 /// Widths of the tree's columns at the first start, characters.
-constexpr std::array kColumnWidths{42, 20, 13, 22, 18};
+constexpr std::array kColumnWidths{46, 19, 13, 22, 16};
 
 }  // namespace
 

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <algorithm>
 #include <iostream>
 
@@ -64,19 +65,31 @@ Options ReadCommandLine(const QApplication& application) {
   return {parser.value(headless), parser.positionalArguments().value(0)};
 }
 
+enum class Tell { OnStandardError, InABoxToo };
+
 /// Says so when the texts are missing; the program would show keys in their place.
-bool FindCatalogues() {
+bool FindCatalogues(Tell tell) {
   const QString folder = desktop::Folders::Catalogues();
   KorMsgCatalog::SetFolder(folder.toStdString());
   if (!folder.isEmpty()) return true;
-  std::cerr << "korvo: the folder \"catalogues\" with the program's texts is missing beside the program and above it;"
-               " KORVO_CATALOGUES can name it\n";
+  const QString message = "The folder \"catalogues\" with the program's texts is missing beside the program and above "
+                          "it. The environment variable KORVO_CATALOGUES can name it.";
+  std::cerr << "korvo: " << message.toStdString() << "\n";
+  if (tell == Tell::InABoxToo) QMessageBox::critical(nullptr, "Korvo Weight & Balance", message);
   return false;
+}
+
+/// Catalogue lines that could not be read, and catalogues that are not there.
+void TellOfCatalogueProblems() {
+  for (const KorUnicodeString& problem : KorMsgCatalog::Problems()) std::cerr << "korvo: " << problem << "\n";
 }
 
 int RunHeadless(const QString& folder) {
   desktop::Theme::Apply(desktop::ThemeChoice::Light);
-  const auto done = desktop::HeadlessRun(folder).Run();
+  desktop::HeadlessRun run(folder);
+  const auto done = run.Run();
+  for (const KorDlgMessage& message : run.Messages()) std::cerr << message.title << ": " << message.text << "\n";
+  TellOfCatalogueProblems();
   if (done) return 0;
   std::cerr << "korvo: " << done.Failure().message << "\n";
   return kFailed;
@@ -101,6 +114,7 @@ int RunDesktop(const QString& product) {
   desktop::MainWindow window(settings, backend);
   window.show();
   OpenAtStart(window, settings, product);
+  TellOfCatalogueProblems();
   const int code = QApplication::exec();
   KorApplicationFrame::SetBackend(nullptr);
   return code;
@@ -120,6 +134,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationVersion(KORVO_VERSION);
   QApplication::setWindowIcon(desktop::icons::Application());
   const Options options = ReadCommandLine(application);
-  if (!FindCatalogues()) return kFailed;
-  return options.headlessFolder.isEmpty() ? RunDesktop(options.product) : RunHeadless(options.headlessFolder);
+  const bool headless = !options.headlessFolder.isEmpty();
+  if (!FindCatalogues(headless ? Tell::OnStandardError : Tell::InABoxToo)) return kFailed;
+  return headless ? RunHeadless(options.headlessFolder) : RunDesktop(options.product);
 }

@@ -1,0 +1,52 @@
+#include "desktop/app/HeadlessRun.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace desktop::test {
+namespace {
+
+class HeadlessRunTest : public ::testing::Test {
+ protected:
+  void TearDown() override {
+    qunsetenv("KORVO_SAMPLES");
+    Settings(scratch.filePath("settings.ini")).ApplyUnits();
+    Theme::Apply(ThemeChoice::Light);
+  }
+  QTemporaryDir scratch;
+};
+
+TEST_F(HeadlessRunTest, LeavesPicturesAndValues) {
+  HeadlessRun run(scratch.filePath("out"));
+  const auto done = run.Run();
+  ASSERT_TRUE(done.Ok()) << done.Failure().message;
+  for (const char* file : {"window.png", "part-panel-results.png", "part-panel-custom.png", "values.txt"})
+    EXPECT_TRUE(QFile::exists(scratch.filePath("out/") + file)) << file;
+}
+
+TEST_F(HeadlessRunTest, FailsWhenTheFolderCannotBeMade) {
+  QFile file(scratch.filePath("file"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  const auto done = HeadlessRun(scratch.filePath("file/out")).Run();
+  ASSERT_FALSE(done.Ok());
+  EXPECT_NE(done.Failure().message.find("file/out"), std::string::npos);
+}
+
+TEST_F(HeadlessRunTest, FailsWhenAPictureCannotBeWritten) {
+  ASSERT_TRUE(QDir(scratch.path()).mkpath("out/window.png"));
+  const auto done = HeadlessRun(scratch.filePath("out")).Run();
+  ASSERT_FALSE(done.Ok());
+  EXPECT_NE(done.Failure().message.find("window.png"), std::string::npos);
+}
+
+TEST_F(HeadlessRunTest, FailsWithoutTheSample) {
+  qputenv("KORVO_SAMPLES", scratch.path().toUtf8());
+  const auto done = HeadlessRun(scratch.filePath("out")).Run();
+  ASSERT_FALSE(done.Ok());
+  EXPECT_NE(done.Failure().message.find("samples"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace desktop::test
