@@ -3,6 +3,7 @@
 #include "protocol/FieldReader.h"
 #include "protocol/FieldWriter.h"
 #include "protocol/Forms.h"
+#include "protocol/Limits.h"
 #include "protocol/Utf8.h"
 
 namespace protocol {
@@ -68,6 +69,8 @@ std::string WriteComputeRequest(const ComputeRequest& request) {
 }
 
 Result<ComputeRequest> ReadComputeRequest(std::string_view text) {
+  if (const std::string problem = ProblemOfText(text); !problem.empty())
+    return Error{ErrorKind::BadText, "ComputeRequest: " + problem};
   const std::size_t afterFlag = text.find('|');
   const std::string_view flag = text.substr(0, afterFlag);
   if (flag != "0" && flag != "1") return BadField(1, "instance flag", Quoted(flag) + " is neither 0 nor 1");
@@ -77,6 +80,9 @@ Result<ComputeRequest> ReadComputeRequest(std::string_view text) {
   const std::size_t afterPart = text.find('|');
   if (afterPart == text.npos) return BadField(3, "options", "is missing");
   if (afterPart == 0) return BadField(2, "partId", "is empty");
+  if (afterPart > kMaxFieldBytes)
+    return BadField(2, "partId", Quoted(text.substr(0, afterPart)) + " longer than " + std::to_string(kMaxFieldBytes) +
+                                     " bytes");
   ComputeRequest request{.hasInstance = flag == "1", .partId = std::string(text.substr(0, afterPart)), .options = {}};
 
   // The panel sends the request even when it could not write the options.

@@ -18,13 +18,17 @@ bool IsControl(char c) {
 
 }  // namespace
 
-FieldReader::FieldReader(FormHead head, std::string_view text) : _head(head), _rest(text) {
-  const auto bad = text.size() <= kMaxTextBytes ? FindInvalidUtf8(text) : std::nullopt;
+std::string ProblemOfText(std::string_view text) {
   if (text.size() > kMaxTextBytes)
-    Fail(ErrorKind::BadText, "the text has " + std::to_string(text.size()) + " bytes, the limit is " +
-                                 std::to_string(kMaxTextBytes));
-  else if (bad)
-    Fail(ErrorKind::BadText, "byte " + std::to_string(*bad + 1) + " is not well-formed UTF-8");
+    return "the text has " + std::to_string(text.size()) + " bytes, the limit is " + std::to_string(kMaxTextBytes);
+  if (const auto bad = FindInvalidUtf8(text))
+    return "byte " + std::to_string(*bad + 1) + " is not well-formed UTF-8";
+  return {};
+}
+
+FieldReader::FieldReader(FormHead head, std::string_view text) : _head(head), _rest(text) {
+  if (const std::string problem = ProblemOfText(text); !problem.empty())
+    Fail(ErrorKind::BadText, problem);
   else
     ReadHead();
 }

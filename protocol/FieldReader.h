@@ -14,6 +14,9 @@
 
 namespace protocol {
 
+/// Why a text cannot be any form: too long, or not well-formed UTF-8. Empty when it can.
+std::string ProblemOfText(std::string_view text);
+
 /// Reads the fields of a form one after the other. The first thing that is wrong is kept as the failure; every
 /// later call does nothing, so a table of fields needs no checks in between.
 class FieldReader {
@@ -61,6 +64,9 @@ class FieldReader {
     Form<T>::Fields(*this, value);
     _place.resize(outer);
   }
+
+  /// Whether fields stand before the end mark that a text may leave out. The argument matters to the writer only.
+  bool HasMore(bool /*present*/ = true) const { return !_failure && !_atEnd && _rest != kEndMark; }
 
   /// Reads the end mark and checks that nothing follows.
   void Finish();

@@ -54,6 +54,9 @@ class FieldWriter {
     Form<T>::Fields(*this, value);
   }
 
+  /// Whether the fields that follow, which a text may leave out, are written.
+  bool HasMore(bool present) const { return present; }
+
   /// Closes the form and hands its text over; the writer is empty afterwards.
   std::string Finish();
 

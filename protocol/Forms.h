@@ -143,6 +143,10 @@ struct Form<ComputeReply> {
   static void Fields(Archive& a, X& x) {
     a.Field("partId", x.partId);
     a.Field("computed", x.computed);
+    // Only there when it tells more than the centre of gravity does.
+    if (!a.HasMore(x.firstMoment || x.inertiaAtOrigin)) return;
+    a.Field("firstMoment", x.firstMoment);
+    a.Field("inertiaAtOrigin", x.inertiaAtOrigin);
   }
 };
 

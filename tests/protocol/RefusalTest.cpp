@@ -142,5 +142,26 @@ TEST(Refusal, OfAComputeRequestNamesItsThreeFields) {
                               "\"ComputeOptions/1\"");
 }
 
+TEST(Refusal, LooksAtTheWholeComputeRequestFirst) {
+  const auto badByte = ReadComputeRequest("1|a\xff|");
+  ASSERT_FALSE(badByte.Ok());
+  EXPECT_EQ(badByte.Failure().message, "ComputeRequest: byte 4 is not well-formed UTF-8");
+  const auto tooLong = ReadComputeRequest("1|" + std::string(kMaxTextBytes, 'x') + "|");
+  ASSERT_FALSE(tooLong.Ok());
+  EXPECT_EQ(tooLong.Failure().message, "ComputeRequest: the text has 67108867 bytes, the limit is 67108864");
+  const auto longPart = ReadComputeRequest("1|" + std::string(kMaxFieldBytes + 1, 'x') + "|");
+  ASSERT_FALSE(longPart.Ok());
+  EXPECT_NE(longPart.Failure().message.find("field 2 (partId)"), std::string::npos);
+  EXPECT_LT(longPart.Failure().message.size(), 200u);
+}
+
+TEST(Refusal, MeetsMomentsOfAComputeReplyThatAreCutShort) {
+  const std::string reply = "ComputeReply/1|P|Computed|1|0|__null__|__null__|0|0|0|0|0|0|0|0|";
+  EXPECT_TRUE(ReadComputeReply(reply + "end").Ok());
+  EXPECT_TRUE(ReadComputeReply(reply + "1|2|3|1|2|3|4|5|6|end").Ok());
+  EXPECT_FALSE(ReadComputeReply(reply + "1|2|3|end").Ok());
+  EXPECT_FALSE(ReadComputeReply(reply + "1|2|3|1|2|3|4|5|6").Ok());
+}
+
 }  // namespace
 }  // namespace protocol::test
