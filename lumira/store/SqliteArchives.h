@@ -1,10 +1,12 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -13,6 +15,8 @@
 #include "lumira/model/MassBounds.h"
 #include "lumira/model/Rotation.h"
 #include "lumira/store/SqliteColumns.h"
+#include "lumira/store/SqliteErrors.h"
+#include "protocol/Utf8.h"
 
 namespace lumira {
 
@@ -53,12 +57,21 @@ struct Spread<Geometry> {
   static constexpr std::array kSuffixes = {"volume",          "centroid_x",      "centroid_y",      "centroid_z",
                                            "unit_inertia_xx", "unit_inertia_yy", "unit_inertia_zz", "unit_inertia_xy",
                                            "unit_inertia_xz", "unit_inertia_yz"};
-  static std::array<double, 10> Out(const Geometry& g) {
-    const auto& [c, i] = std::pair(g.centroid, g.unitInertia);
-    return {g.volume, c.x, c.y, c.z, i.xx, i.yy, i.zz, i.xy, i.xz, i.yz};
+  using Numbers = std::array<std::optional<double>, 10>;  // none: NULL
+
+  static Numbers Out(const Geometry& g) {
+    Numbers numbers = {g.volume};
+    if (g.centroid) std::ranges::copy(Spread<Vec3>::Out(*g.centroid), numbers.begin() + 1);
+    if (g.unitInertia) std::ranges::copy(Spread<InertiaTensor>::Out(*g.unitInertia), numbers.begin() + 4);
+    return numbers;
   }
-  static Geometry In(const std::array<double, 10>& n) {
-    return {n[0], {n[1], n[2], n[3]}, {n[4], n[5], n[6], n[7], n[8], n[9]}};
+  static Geometry In(const Numbers& n) {
+    Geometry geometry{n[0].value_or(0), {}, {}};
+    if (n[1] && n[2] && n[3]) geometry.centroid = Vec3{*n[1], *n[2], *n[3]};
+    if (n[4] && n[5] && n[6])
+      geometry.unitInertia = InertiaTensor{*n[4],           *n[5],           *n[6],
+                                           n[7].value_or(0), n[8].value_or(0), n[9].value_or(0)};
+    return geometry;
   }
 };
 
@@ -114,12 +127,15 @@ class Binder {
   template <class T>
   void Bind(const T& value) {
     if constexpr (Spreadable<T>)
-      for (double number : Spread<T>::Out(value)) _statement.bind(_next++, number);
+      for (const auto& number : Spread<T>::Out(value)) BindNumber(number);
     else if constexpr (std::is_same_v<T, std::string> || std::is_same_v<T, double>)
       _statement.bind(_next++, value);
     else
       _statement.bind(_next++, static_cast<std::int64_t>(value));
   }
+
+  void BindNumber(double number) { _statement.bind(_next++, number); }
+  void BindNumber(const std::optional<double>& number) { number ? BindNumber(*number) : Skip<double>(); }
 
   // A parameter that is not bound is NULL.
   template <class T>
@@ -133,6 +149,21 @@ class Binder {
   SQLite::Statement& _statement;
   int _next;
 };
+
+/// The content of a column that no row of ours has.
+[[noreturn]] inline void RefuseColumn(SQLite::Statement& row, int column, const std::string& value,
+                                      const char* reason) {
+  throw DamagedContent("row " + std::string(row.getColumnName(0)) + " = " +
+                       protocol::Quoted(row.getColumn(0).getString()) + ", column " + row.getColumnName(column) +
+                       ": " + value + " " + reason);
+}
+
+/// A text of the current row, which is UTF-8.
+inline std::string TextIn(SQLite::Statement& row, int column) {
+  std::string text = row.getColumn(column).getString();
+  if (protocol::FindInvalidUtf8(text)) RefuseColumn(row, column, protocol::Quoted(text), "is not UTF-8");
+  return text;
+}
 
 /// Fills the members from the columns of the current row, from a given column on.
 class RowReader {
@@ -158,16 +189,30 @@ class RowReader {
   template <class T>
   T Read() {
     if constexpr (Spreadable<T>) {
-      std::array<double, Spread<T>::kSuffixes.size()> numbers{};
-      for (double& number : numbers) number = _row.getColumn(_next++).getDouble();
+      std::remove_cvref_t<decltype(Spread<T>::Out(std::declval<const T&>()))> numbers{};
+      for (auto& number : numbers) ReadNumber(number);
       return Spread<T>::In(numbers);
     } else if constexpr (std::is_same_v<T, std::string>) {
-      return _row.getColumn(_next++).getString();
+      return TextIn(_row, _next++);
     } else if constexpr (std::is_same_v<T, double>) {
       return _row.getColumn(_next++).getDouble();
+    } else if constexpr (std::is_same_v<T, DensityPriority>) {
+      return ReadPriority(_next++);
     } else {
       return static_cast<T>(_row.getColumn(_next++).getInt64());
     }
+  }
+
+  DensityPriority ReadPriority(int column) {
+    const std::int64_t value = _row.getColumn(column).getInt64();
+    if (value != 0 && value != 1) RefuseColumn(_row, column, std::to_string(value), "is neither 0 nor 1");
+    return static_cast<DensityPriority>(value);
+  }
+
+  void ReadNumber(double& number) { number = _row.getColumn(_next++).getDouble(); }
+  void ReadNumber(std::optional<double>& number) {
+    if (!_row.isColumnNull(_next)) number = _row.getColumn(_next).getDouble();
+    ++_next;
   }
 
   SQLite::Statement& _row;

@@ -49,6 +49,7 @@ struct Columns<StoredResult> {
   template <class Archive, class X>
   static void List(Archive& a, X& x) {
     a("fingerprint", x.fingerprint);
+    a("state", x.state);
     Columns<MassTypeData>::List(a, x.computed);
   }
 };

@@ -35,6 +35,10 @@ std::string MeaningOf(int code) {
 
 }  // namespace
 
+protocol::Error DamageError(const std::string& file, const std::string& what) {
+  return {protocol::ErrorKind::Storage, "database \"" + file + "\": the file is damaged (" + what + ")"};
+}
+
 protocol::Error StorageError(const std::string& file, const SQLite::Exception& exception) {
   return {protocol::ErrorKind::Storage, "database \"" + file + "\": " + MeaningOf(exception.getErrorCode()) +
                                             " (SQLite: " + exception.what() + ")"};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <stdexcept>
 #include <string>
 #include <utility>
 
@@ -9,16 +10,28 @@
 
 namespace lumira {
 
+/// Content that our tables never hold: the file was damaged or written by somebody else. Thrown while rows are
+/// read; `Guarded` makes a Storage error of it.
+class DamagedContent : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// A Storage error that names the file and says what is damaged in it.
+protocol::Error DamageError(const std::string& file, const std::string& what);
+
 /// A Storage error that names the file and says what an SQLite failure means for its user.
 protocol::Error StorageError(const std::string& file, const SQLite::Exception& exception);
 
-/// Runs work on the database of `file`; no exception of SQLite leaves it.
+/// Runs work on the database of `file`; no exception of SQLite or of damaged content leaves it.
 template <class Work>
 auto Guarded(const std::string& file, Work&& work) -> decltype(work()) {
   try {
     return std::forward<Work>(work)();
   } catch (const SQLite::Exception& exception) {
     return StorageError(file, exception);
+  } catch (const DamagedContent& damage) {
+    return DamageError(file, damage.what());
   }
 }
 

@@ -45,7 +45,7 @@ CREATE TABLE instances(
   UNIQUE(product, instance)) STRICT;
 
 CREATE TABLE results(
-  part INTEGER PRIMARY KEY REFERENCES parts ON DELETE CASCADE, fingerprint TEXT NOT NULL, name TEXT NOT NULL,
+  part INTEGER PRIMARY KEY REFERENCES parts ON DELETE CASCADE, fingerprint TEXT NOT NULL, state INTEGER NOT NULL, name TEXT NOT NULL,
   mass REAL, cg_x REAL, cg_y REAL, cg_z REAL,
   inertia_xx REAL, inertia_yy REAL, inertia_zz REAL, inertia_xy REAL, inertia_xz REAL, inertia_yz REAL,
   sd_mass REAL NOT NULL, sd_cg_x REAL NOT NULL, sd_cg_y REAL NOT NULL, sd_cg_z REAL NOT NULL,
@@ -107,7 +107,9 @@ std::string SchemaProblem(SQLite::Database& database) {
   if (version > kSchemaVersion)
     return "the file was written by a newer version (tables of version " + std::to_string(version) +
            ", this program knows " + std::to_string(kSchemaVersion) + ")";
-  if (version < kSchemaVersion) return "the file has tables of version " + std::to_string(version) + ", which no program wrote";
+  if (version < kSchemaVersion) 
+    return "the file has tables of version " + std::to_string(version) + ", this program reads version " +
+           std::to_string(kSchemaVersion) + "; import the product anew";
   return {};
 }
 

@@ -9,17 +9,26 @@
 #include <SQLiteCpp/VariadicBind.h>
 #include <sqlite3.h>
 
+#include "lumira/store/ProductRules.h"
 #include "lumira/store/SqliteArchives.h"
 #include "lumira/store/SqliteErrors.h"
 #include "lumira/store/SqliteSchema.h"
 #include "lumira/store/SqliteTables.h"
+#include "protocol/Utf8.h"
 
 namespace lumira {
 namespace {
 
 using protocol::Error;
 using protocol::ErrorKind;
+using protocol::Quoted;
 using protocol::Result;
+
+// Seldom enough to cost nothing.
+void ReportRow(const Progress& progress, std::size_t row, std::size_t rows) {
+  constexpr std::size_t kRowsBetweenReports = 10'000;
+  if (row % kRowsBetweenReports == 0 || row == rows) Report(progress, "Loading the product", row, rows);
+}
 
 class SqliteStore final : public Store {
  public:
@@ -28,7 +37,9 @@ class SqliteStore final : public Store {
 
   Result<std::vector<ProductInfo>> Products() override;
   Result<std::string> ProductOfPart(std::string_view partId) override;
-  Result<Product> LoadProduct(std::string_view productId) override;
+  Result<Product> LoadProduct(std::string_view productId, const Progress& progress) override;
+  Result<ProductRoot> LoadRoot(std::string_view productId) override;
+  Error Damage(const std::string& what) const override { return DamageError(_file, what); }
   Result<void> AddProduct(const Product& product, Existing existing) override;
   Result<void> UpdatePart(const Part& part) override;
   Result<PartDetails> LoadDetails(std::string_view partId) override;
@@ -63,6 +74,7 @@ class SqliteStore final : public Store {
   std::optional<std::int64_t> Key(const char* sql, std::string_view id);
   Result<std::int64_t> ProductKey(std::string_view productId);
   Result<std::int64_t> PartKey(std::string_view partId);
+  std::size_t RowCount(std::int64_t productKey);
   Result<void> CheckPartsAreFree(const Product& product);
   std::int64_t InsertProduct(const Product& product, std::int64_t state);
   void InsertParts(const Product& product, std::int64_t key);
@@ -84,12 +96,12 @@ std::optional<std::int64_t> SqliteStore::Key(const char* sql, std::string_view i
 
 Result<std::int64_t> SqliteStore::ProductKey(std::string_view productId) {
   if (const auto key = Key("SELECT key FROM products WHERE product = ?", productId)) return *key;
-  return Error{ErrorKind::NotFound, "there is no product \"" + std::string(productId) + "\""};
+  return Error{ErrorKind::NotFound, "there is no product " + Quoted(productId)};
 }
 
 Result<std::int64_t> SqliteStore::PartKey(std::string_view partId) {
   if (const auto key = Key("SELECT key FROM parts WHERE part = ?", partId)) return *key;
-  return Error{ErrorKind::NotFound, "there is no part \"" + std::string(partId) + "\""};
+  return Error{ErrorKind::NotFound, "there is no part " + Quoted(partId)};
 }
 
 std::vector<std::string> SqliteStore::Roots(std::int64_t productKey) {
@@ -119,14 +131,15 @@ Result<std::string> SqliteStore::ProductOfPart(std::string_view partId) {
         _db, "SELECT products.product FROM parts JOIN products ON parts.product = products.key WHERE parts.part = ?");
     query.bind(1, std::string(partId));
     if (query.executeStep()) return query.getColumn(0).getString();
-    return Error{ErrorKind::NotFound, "there is no part \"" + std::string(partId) + "\""};
+    return Error{ErrorKind::NotFound, "there is no part " + Quoted(partId)};
   });
 }
 
-Result<Product> SqliteStore::LoadProduct(std::string_view productId) {
+Result<Product> SqliteStore::LoadProduct(std::string_view productId, const Progress& progress) {
   return Read([&]() -> Result<Product> {
     const auto key = ProductKey(productId);
     if (!key) return key.Failure();
+    const std::size_t rows = RowCount(key.Value());
     Product product{.id = std::string(productId), .parts = {}, .instances = {}, .roots = Roots(key.Value())};
 
     std::unordered_map<std::int64_t, std::size_t> indices;
@@ -135,15 +148,48 @@ Result<Product> SqliteStore::LoadProduct(std::string_view productId) {
     while (parts.executeStep()) {
       indices.emplace(parts.getColumn(0).getInt64(), product.parts.size());
       product.parts.push_back(ReadRow<Part>(parts, 1));
+      ReportRow(progress, product.parts.size(), rows);
     }
     LoadMassTypes(key.Value(), product.parts, indices);
 
-    SQLite::Statement instances(_db, SelectSql<Instance>("product", "instances", "WHERE product = ? ORDER BY key"));
+    SQLite::Statement instances(_db, SelectSql<Instance>("key", "instances", "WHERE product = ? ORDER BY key"));
     instances.bind(1, key.Value());
-    while (instances.executeStep()) product.instances.push_back(ReadRow<Instance>(instances, 1));
+    while (instances.executeStep()) {
+      product.instances.push_back(ReadRow<Instance>(instances, 1));
+      ReportRow(progress, product.parts.size() + product.instances.size(), rows);
+    }
 
     if (auto counts = CheckCounts(key.Value(), product); !counts) return counts.Failure();
     return product;
+  });
+}
+
+std::size_t SqliteStore::RowCount(std::int64_t productKey) {
+  return static_cast<std::size_t>(
+      _db.execAndGet("SELECT part_count + instance_count FROM products WHERE key = " + std::to_string(productKey))
+          .getInt64());
+}
+
+Result<ProductRoot> SqliteStore::LoadRoot(std::string_view productId) {
+  return Read([&]() -> Result<ProductRoot> {
+    const auto product = ProductKey(productId);
+    if (!product) return product.Failure();
+    SQLite::Statement query(_db, SelectSql<Part>("key", "parts",
+                                                 "WHERE part = (SELECT part FROM roots WHERE product = ? "
+                                                 "ORDER BY position LIMIT 1)"));
+    query.bind(1, product.Value());
+    if (!query.executeStep()) return DamageError(_file, "product " + Quoted(productId) + " has no root part");
+    ProductRoot root{ReadRow<Part>(query, 1), false, std::nullopt};
+    const std::int64_t key = query.getColumn(0).getInt64();
+    root.part.massTypes = ReadRows<MassTypeData>(_db, "mass_types", key);
+    SQLite::Statement children(_db, "SELECT 1 FROM instances WHERE product = ? AND parent = ? LIMIT 1");
+    SQLite::bind(children, product.Value(), root.part.id);
+    root.hasChildren = children.executeStep();
+    SQLite::Statement result(_db, SelectSql<StoredResult>("part", "results", "WHERE part = ?"));
+    result.bind(1, key);
+    if (result.executeStep()) root.result = ReadRow<StoredResult>(result, 1);
+    if (root.result) root.result->partId = root.part.id;
+    return root;
   });
 }
 
@@ -167,10 +213,9 @@ Result<void> SqliteStore::CheckCounts(std::int64_t productKey, const Product& pr
   const auto parts = counts.getColumn(0).getInt64();
   const auto instances = counts.getColumn(1).getInt64();
   if (parts == std::ssize(product.parts) && instances == std::ssize(product.instances)) return {};
-  return Error{ErrorKind::Storage, "database \"" + _file + "\": the file is damaged (product \"" + product.id +
-                                       "\" has " + std::to_string(product.parts.size()) + " parts and " +
-                                       std::to_string(product.instances.size()) + " instances instead of " +
-                                       std::to_string(parts) + " and " + std::to_string(instances) + ")"};
+  return DamageError(_file, "product " + Quoted(product.id) + " has " + std::to_string(product.parts.size()) +
+                                " parts and " + std::to_string(product.instances.size()) + " instances instead of " +
+                                std::to_string(parts) + " and " + std::to_string(instances));
 }
 
 Result<void> SqliteStore::CheckPartsAreFree(const Product& product) {
@@ -180,17 +225,18 @@ Result<void> SqliteStore::CheckPartsAreFree(const Product& product) {
     query.reset();
     query.bind(1, part.id);
     if (query.executeStep())
-      return Error{ErrorKind::Conflict, "part \"" + part.id + "\" belongs to product \"" +
-                                            query.getColumn(0).getString() + "\" already"};
+      return Error{ErrorKind::Conflict, "part " + Quoted(part.id) + " belongs to product " +
+                                            Quoted(query.getColumn(0).getString()) + " already"};
   }
   return {};
 }
 
 Result<void> SqliteStore::AddProduct(const Product& product, Existing existing) {
+  if (auto good = CheckProduct(product); !good) return good;
   return Write([&]() -> Result<void> {
     const auto old = Key("SELECT key FROM products WHERE product = ?", product.id);
     if (old && existing == Existing::Refuse)
-      return Error{ErrorKind::Conflict, "product \"" + product.id + "\" exists already"};
+      return Error{ErrorKind::Conflict, "product " + Quoted(product.id) + " exists already"};
     std::int64_t state = 1;
     if (old) {
       // A client that still holds the replaced product must see that its state is gone.

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "lumira/model/Part.h"
 #include "lumira/model/Product.h"
+#include "lumira/model/Progress.h"
 #include "lumira/store/ConfigurationFilter.h"
 #include "lumira/store/PartDetails.h"
 #include "lumira/store/StoredResult.h"
@@ -21,6 +23,13 @@ struct ProductInfo {
   std::int64_t state = 0;          ///< grows with every change of structure or data
   std::int64_t partCount = 0;
   std::int64_t instanceCount = 0;
+};
+
+/// The root part of a stored product, without the rest of it.
+struct ProductRoot {
+  Part part;
+  bool hasChildren = false;
+  std::optional<StoredResult> result;  ///< of the root, up to date or not; surely up to date at the same state
 };
 
 /// What to do with a product that is stored already.
@@ -44,10 +53,20 @@ class Store {
   virtual protocol::Result<std::string> ProductOfPart(std::string_view partId) = 0;
 
   /// The whole structure with the data of every part; instances in the order in which they were added.
-  virtual protocol::Result<Product> LoadProduct(std::string_view productId) = 0;
+  /// `progress` hears of rows read, out of all rows. Storage when a row holds what was never stored (texts that are
+  /// not UTF-8, numbers outside their range); the message names the row.
+  virtual protocol::Result<Product> LoadProduct(std::string_view productId, const Progress& progress = {}) = 0;
+
+  /// The root of a product, however large or damaged the rest is.
+  virtual protocol::Result<ProductRoot> LoadRoot(std::string_view productId) = 0;
+
+  /// The failure to answer when the stored data turns out to be unusable: Storage, with a message that names the
+  /// place where it lies.
+  virtual protocol::Error Damage(const std::string& what) const = 0;
 
   /// Conflict when the product exists (and is not to be replaced), or when one of its parts belongs to another
-  /// product. A replaced product loses its results, details and filters.
+  /// product. BadValue for identifiers and structures that no command could tell of (store/ProductRules.h). A
+  /// replaced product loses its results, details and filters.
   virtual protocol::Result<void> AddProduct(const Product& product, Existing existing) = 0;
 
   /// Replaces the data of one part; its instances, details and results stay.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "lumira/model/MassTypeData.h"
@@ -11,6 +12,7 @@ struct StoredResult {
   std::string partId;
   std::string fingerprint;  ///< of the structure and data below the part when it was computed
   MassTypeData computed;    ///< in the part's own frame
+  std::int64_t state = 0;   ///< of the product when it was computed
 
   friend bool operator==(const StoredResult&, const StoredResult&) = default;
 };

@@ -92,9 +92,9 @@ TEST_F(SqliteFaults, DatabaseOfAnotherProgramIsRefusedAndStaysAsItIs) {
 
 TEST_F(SqliteFaults, NewerVersionIsRefusedAndStaysAsItIs) {
   MakeStore();
-  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 2");
+  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 3");
   const std::string before = Content(file);
-  ExpectReason(OpeningFails(ErrorKind::Storage), "newer version (tables of version 2, this program knows 1)");
+  ExpectReason(OpeningFails(ErrorKind::Storage), "newer version (tables of version 3, this program knows 2)");
   EXPECT_EQ(Content(file), before);
 }
 
@@ -249,6 +249,25 @@ TEST_F(SqliteFaults, FullDiskIsReportedAndLeavesTheDataAlone) {
   }
   store.reset();
   EXPECT_EQ(OpenSqliteStore(file).Value()->LoadProduct("PRC").Value().parts.size(), 3u);
+}
+
+TEST_F(SqliteFaults, RowsThatWereNeverStoredAreRefusedByTheirKey) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"UPDATE parts SET name = CAST(x'ff' AS TEXT) WHERE part = 'leaf'",
+       "the file is damaged (row key = \"2\", column name: \"\\xFF\" is not UTF-8)"},
+      {"UPDATE parts SET name = 'Leaf', density_priority = 7 WHERE part = 'leaf'",
+       "the file is damaged (row key = \"2\", column density_priority: 7 is neither 0 nor 1)"},
+      {"UPDATE parts SET density_priority = 4294967296 WHERE part = 'leaf'", "4294967296 is neither 0 nor 1"},
+      {"UPDATE parts SET density_priority = 0; UPDATE instances SET instance = CAST(x'c3' AS TEXT) WHERE key = 1",
+       "row key = \"1\", column instance: \"\\xC3\" is not UTF-8"}};
+  MakeStore();
+  for (const auto& [damage, reason] : cases) {
+    SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
+    const auto product = OpenSqliteStore(file).Value()->LoadProduct("PRC");
+    ASSERT_FALSE(product.Ok()) << reason;
+    EXPECT_EQ(product.Failure().kind, ErrorKind::Storage);
+    ExpectReason(product.Failure().message, reason);
+  }
 }
 
 }  // namespace

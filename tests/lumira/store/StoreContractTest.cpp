@@ -13,7 +13,7 @@ Product SampleProduct() {
   Part leaf{.id = "leaf", .revision = "B", .name = "Leaf, \"quoted\" é", .massTypes = {}, .activeMassType = "Weighed",
             .material = "Steel", .density = 7850, .cadMaterial = "Brass", .cadDensity = 8500,
             .densityPriority = DensityPriority::WbFirst,
-            .geometry = Geometry{0.1, {1, 2, 3}, {4, 5, 6, 7, 8, 9}}, .standardPart = true};
+            .geometry = Geometry{0.1, Vec3{1, 2, 3}, InertiaTensor{4, 5, 6, 7, 8, 9}}, .standardPart = true};
   leaf.massTypes.push_back({"Weighed",
                             {0.1, Vec3{1e-300, -2, 3}, InertiaTensor{1, 2, 3, -4, -5, -6}},
                             {0.5, {1, 2, 3}, {4, 5, 6, 7, 8, 9}},
@@ -69,6 +69,72 @@ TEST_P(StoreContract, KnowsTheProductOfAPart) {
   ASSERT_FALSE(unknown.Ok());
   EXPECT_EQ(unknown.Failure().kind, ErrorKind::NotFound);
   EXPECT_EQ(unknown.Failure().message, "there is no part \"nobody\"");
+}
+
+TEST_P(StoreContract, RefusesIdentifiersThatNoCommandCouldTellOf) {
+  for (const char* bad : {"", "a|b", "a\tb", "\x7f", "\xff"}) {
+    Product product = SampleProduct();
+    product.id = bad;
+    Product withPart = SampleProduct();
+    withPart.parts.emplace_back().id = bad;
+    Product withInstance = SampleProduct();
+    withInstance.instances.front().id = bad;
+    for (const Product& refused : {product, withPart, withInstance}) {
+      const auto added = store->AddProduct(refused, Existing::Refuse);
+      ASSERT_FALSE(added.Ok()) << bad;
+      EXPECT_EQ(added.Failure().kind, ErrorKind::BadValue);
+    }
+  }
+  EXPECT_TRUE(store->Products().Value().empty());
+}
+
+TEST_P(StoreContract, SaysWhichIdentifierItRefuses) {
+  Product product = SampleProduct();
+  product.id = "a\tb";
+  EXPECT_EQ(store->AddProduct(product, Existing::Refuse).Failure().message,
+            "the identifier \"a\\x09b\" of the product holds a control character, which an identifier may not");
+}
+
+Product Chain(int levels) {
+  Product product{"chain", std::vector<Part>(static_cast<std::size_t>(levels) + 1), {}, {"p0"}};
+  for (int i = 0; i <= levels; ++i) product.parts[static_cast<std::size_t>(i)].id = "p" + std::to_string(i);
+  for (int i = levels; i > 0; --i)
+    product.instances.push_back(
+        {"i" + std::to_string(i), "p" + std::to_string(i - 1), "p" + std::to_string(i), 1, {}});
+  return product;
+}
+
+TEST_P(StoreContract, TakesAsManyLevelsAsAPathHasElementsAndNoMore) {
+  const auto tooDeep = store->AddProduct(Chain(1001), Existing::Refuse);
+  ASSERT_FALSE(tooDeep.Ok());
+  EXPECT_EQ(tooDeep.Failure().message, "part \"p1001\" stands 1001 levels below the top, the limit is 1000");
+  EXPECT_TRUE(store->AddProduct(Chain(1000), Existing::Refuse).Ok());
+}
+
+TEST_P(StoreContract, GivesTheRootOfAProductWithoutTheRest) {
+  ASSERT_TRUE(store->AddProduct(Chain(3), Existing::Refuse).Ok());
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  const ProductRoot root = Reopened().LoadRoot("PRC").Value();
+  EXPECT_EQ(root.part, SampleProduct().parts[0]);
+  EXPECT_TRUE(root.hasChildren);
+  EXPECT_FALSE(root.result.has_value());
+  const StoredResult result{"root", "f", {"Computed", {2.0, {}, {}}, {}, {}}, 7};
+  ASSERT_TRUE(store->SaveResults({result}).Ok());
+  EXPECT_EQ(store->LoadRoot("PRC").Value().result, result);
+  EXPECT_EQ(store->LoadRoot("none").Failure().kind, ErrorKind::NotFound);
+}
+
+TEST_P(StoreContract, TellsHowManyRowsOfAProductAreRead) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  std::vector<std::pair<std::size_t, std::size_t>> told;
+  const auto listen = [&](std::string_view, std::size_t done, std::size_t total) { told.emplace_back(done, total); };
+  ASSERT_TRUE(store->LoadProduct("PRC", listen).Ok());
+  EXPECT_THAT(told, testing::ElementsAre(std::pair{5u, 5u}));  // three parts and two instances
+}
+
+TEST_P(StoreContract, ShortensAndEscapesWhatItCannotFind) {
+  EXPECT_EQ(store->ProductOfPart("a\nb").Failure().message, "there is no part \"a\\x0Ab\"");
+  EXPECT_LT(store->ProductOfPart(std::string(100'000, 'x')).Failure().message.size(), 100u);
 }
 
 TEST_P(StoreContract, RefusesAProductThatExists) {
