@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <unordered_set>
 #include <utility>
 
@@ -17,7 +16,7 @@ using protocol::Result;
 
 // What a computation of one part gives, with or without a filter.
 struct Computation {
-  MassTypeData computed;
+  MassResult result;
   std::string fingerprint;
   std::vector<Warning> warnings;
 };
@@ -29,7 +28,7 @@ Result<Computation> Evaluate(const Rollup& rollup, const std::string& partId) {
   if (!fingerprint) return fingerprint.Failure();
   auto warnings = rollup.WarningsOf(partId);
   if (!warnings) return warnings.Failure();
-  return Computation{ToMassType(result.Value()), ToText(fingerprint.Value()), std::move(warnings).Value()};
+  return Computation{result.Value(), ToText(fingerprint.Value()), std::move(warnings).Value()};
 }
 
 // Sums that overflow are no result; the numbers could not even be sent.
@@ -44,32 +43,40 @@ Result<Computation> EvaluateFiltered(const OpenProduct& product, const protocol:
                                      const std::string& partId) {
   if (filter.kind == protocol::Filter::Kind::User)
     return Error{ErrorKind::Unsupported, "a computation with a list of chosen instances is not supported"};
-  const auto& filters = product.Filters();
-  const auto named = std::find_if(filters.begin(), filters.end(), [&](auto& f) { return f.name == filter.name; });
-  if (named == filters.end())
-    return Error{ErrorKind::NotFound, "there is no configuration filter " + protocol::Quoted(filter.name) +
-                                          " in product " + protocol::Quoted(product.Data().id)};
+  const auto named = product.FilterNamed(filter.name);
+  if (!named) return named.Failure();
+  const auto& excluded = named.Value()->excludedInstances;
   CompileOptions options;
-  options.excludedInstances.insert(named->excludedInstances.begin(), named->excludedInstances.end());
+  options.excludedInstances.insert(excluded.begin(), excluded.end());
   auto compiled = Compile(product.Data(), options);
   if (!compiled) return compiled.Failure();
   return Evaluate(Rollup(std::move(compiled).Value()), partId);
 }
 
 void LeaveWarnings(Session& session, const Computation& computation) {
-  session.pending.warnings.clear();
   for (const Warning& warning : computation.warnings) session.pending.warnings.push_back(ToWarning(warning));
 }
 
 // Results under a filter are not kept: up to date is a question about the whole product.
 Result<void> KeepResult(Session& session, OpenProduct& product, const std::string& partId,
                         const Computation& computation) {
-  StoredResult result{partId, computation.fingerprint, computation.computed};
+  StoredResult result{partId, computation.fingerprint, ToMassType(computation.result), product.State()};
   const StoredResult* stored = product.ResultOf(partId);
   if (stored != nullptr && *stored == result) return {};
   const auto saved = session.store.SaveResults({result});
   if (saved) product.KeepResult(std::move(result));
   return saved;
+}
+
+protocol::ComputeReply MakeReply(const std::string& partId, const MassResult& result) {
+  protocol::ComputeReply reply{partId, ToWire(ToMassType(result), protocol::MassTypeStatus::Defined), {}, {}};
+  // Masses that cancel have no centre to refer to, but what they bring into a larger sum is known.
+  if (result.mass && !result.cg) {
+    const auto& [s, j] = std::pair(result.firstMoment, result.inertiaAtOrigin);
+    reply.firstMoment = {s.x, s.y, s.z};
+    reply.inertiaAtOrigin = {j.xx, j.yy, j.zz, j.xy, j.xz, j.yz};
+  }
+  return reply;
 }
 
 Result<OpenProduct*> OpenFor(Session& session, const protocol::ComputeRequest& request) {
@@ -82,6 +89,7 @@ Result<OpenProduct*> OpenFor(Session& session, const protocol::ComputeRequest& r
 }  // namespace
 
 Result<std::string> ComputePart(Session& session, std::string_view text) {
+  session.pending.warnings.clear();  // those of an earlier compute say nothing of this one, should it fail
   const auto request = protocol::ReadComputeRequest(text);
   if (!request) return request.Failure();
   const auto filter = protocol::ReadFilter(request.Value().options.filter);
@@ -91,7 +99,6 @@ Result<std::string> ComputePart(Session& session, std::string_view text) {
 
   const std::string& partId = request.Value().partId;
   const bool isWhole = filter.Value().LetsAllPass();
-  Report(session.progress, "Computing", 0, 0);
   const auto computation = isWhole ? Evaluate(product.Value()->Computation().Value(), partId)
                                    : EvaluateFiltered(*product.Value(), filter.Value(), partId);
   if (!computation) return computation.Failure();
@@ -100,8 +107,7 @@ Result<std::string> ComputePart(Session& session, std::string_view text) {
     if (const auto kept = KeepResult(session, *product.Value(), partId, computation.Value()); !kept)
       return kept.Failure();
   LeaveWarnings(session, computation.Value());
-  return protocol::WriteComputeReply(
-      {partId, ToWire(computation.Value().computed, protocol::MassTypeStatus::Defined)});
+  return protocol::WriteComputeReply(MakeReply(partId, computation.Value().result));
 }
 
 Result<std::string> GetPendingWarnings(Session& session, std::string_view request) {

@@ -6,8 +6,9 @@
 
 namespace lumira {
 
-/// A result of the engine as the computed mass type. Its bounds are the worst case when any item has limits of
-/// its mass (an item with a standard deviation only then counts with one standard deviation); else none.
+/// A result of the engine as the computed mass type. Its bounds are there when any item has limits of its mass: the
+/// engine's worst case, which knows limits only, and on top of it one standard deviation of each item that has
+/// no limits but a standard deviation. An item with neither adds nothing.
 inline MassTypeData ToMassType(const MassResult& result) {
   MassTypeData type{.name = std::string(kComputedMassType),
                     .properties = {result.mass, result.cg, result.inertiaAtCg},

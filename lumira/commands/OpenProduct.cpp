@@ -57,6 +57,13 @@ std::span<const std::uint32_t> OpenProduct::InstancesIn(std::uint32_t part) cons
   return {_below.data() + _begin[part], _below.data() + _begin[part + 1]};
 }
 
+protocol::Result<const ConfigurationFilter*> OpenProduct::FilterNamed(std::string_view name) const {
+  for (const ConfigurationFilter& filter : _filters)
+    if (filter.name == name) return &filter;
+  return protocol::Error{protocol::ErrorKind::NotFound, "there is no configuration filter " + protocol::Quoted(name) +
+                                                            " in product " + protocol::Quoted(_product.id)};
+}
+
 const StoredResult* OpenProduct::ResultOf(std::string_view partId) const {
   const auto found = _results.find(std::string(partId));
   return found == _results.end() ? nullptr : &found->second;

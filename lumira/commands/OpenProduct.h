@@ -41,6 +41,8 @@ class OpenProduct {
   /// The roll-up of the whole product without any filter, or why it cannot be computed.
   const protocol::Result<Rollup>& Computation() const { return _computation; }
 
+  protocol::Result<const ConfigurationFilter*> FilterNamed(std::string_view name) const;
+
   /// The last stored result of a part; nullptr without one.
   const StoredResult* ResultOf(std::string_view partId) const;
   void KeepResult(StoredResult result);

@@ -173,9 +173,12 @@ PartData MakePartData(const Selection& selection, const protocol::PartDataReques
 Result<std::string> GetPartData(Session& session, std::string_view text) {
   const auto request = protocol::ReadPartDataRequest(text);
   if (!request) return request.Failure();
-  if (const auto filter = protocol::ReadFilter(request.Value().filter); !filter) return filter.Failure();
+  const auto filter = protocol::ReadFilter(request.Value().filter);
+  if (!filter) return filter.Failure();
   const auto selection = Select(session, request.Value());
   if (!selection) return selection.Failure();
+  if (filter.Value().kind == protocol::Filter::Kind::Configuration && !filter.Value().LetsAllPass())
+    if (const auto named = selection.Value().product->FilterNamed(filter.Value().name); !named) return named.Failure();
   const auto details = session.store.LoadDetails(selection.Value().product->PartAt(selection.Value().part).id);
   if (!details) return details.Failure();
   return protocol::WritePartData(MakePartData(selection.Value(), request.Value(), details.Value()));

@@ -20,27 +20,33 @@ Result<OpenProduct*> ProductCache::Open(std::string_view productId) {
     Forget(productId);
     return Error{ErrorKind::NotFound, "there is no product " + protocol::Quoted(productId)};
   }
-  const auto open = _open.find(info->id);
-  if (open != _open.end() && open->second->State() == info->state) return open->second.get();
+  if (OpenProduct* loaded = FindLoaded(*info)) return loaded;
   return Load(*info);
+}
+
+OpenProduct* ProductCache::FindLoaded(const ProductInfo& info) {
+  const auto open = _open.find(info.id);
+  return open != _open.end() && open->second->State() == info.state ? open->second.get() : nullptr;
 }
 
 Result<OpenProduct*> ProductCache::Load(const ProductInfo& info) {
   Forget(info.id);
-  Report(_progress, "Loading the product", 0, 0);
-  auto product = _store.LoadProduct(info.id);
+  auto product = _store.LoadProduct(info.id, _progress);
   if (!product) return product.Failure();
   if (product.Value().roots.size() != 1)
-    return Error{ErrorKind::BadValue, "product " + protocol::Quoted(info.id) + " has " +
-                                          std::to_string(product.Value().roots.size()) + " root parts, not one"};
+    return _store.Damage("product " + protocol::Quoted(info.id) + " has " +
+                         std::to_string(product.Value().roots.size()) + " root parts, not one");
   auto results = _store.LoadResults(info.id);
   if (!results) return results.Failure();
   auto filters = _store.LoadFilters(info.id);
   if (!filters) return filters.Failure();
+  const std::size_t parts = product.Value().parts.size();
+  Report(_progress, "Computing", 0, parts);
   auto open = std::make_unique<OpenProduct>(std::move(product).Value(), info.state, std::move(results).Value(),
                                             std::move(filters).Value());
-  // A structure that cannot be laid out cannot be walked through either.
-  if (!open->Computation()) return open->Computation().Failure();
+  Report(_progress, "Computing", parts, parts);
+  // A structure that cannot be laid out cannot be walked through either. The import lets none in.
+  if (!open->Computation()) return _store.Damage(open->Computation().Failure().message);
   return (_open[info.id] = std::move(open)).get();
 }
 

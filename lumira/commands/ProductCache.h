@@ -19,6 +19,9 @@ class ProductCache {
   /// The product, loaded anew when anybody has changed it. Lives until the next call.
   protocol::Result<OpenProduct*> Open(std::string_view productId);
 
+  /// The product when it is loaded and has not changed since; nullptr otherwise.
+  OpenProduct* FindLoaded(const ProductInfo& info);
+
   /// The product that a part belongs to.
   protocol::Result<OpenProduct*> OpenForPart(std::string_view partId);
 

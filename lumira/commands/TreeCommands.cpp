@@ -6,6 +6,7 @@
 #include "lumira/commands/TreeNodes.h"
 #include "lumira/commands/TreeSearch.h"
 #include "protocol/Codec.h"
+#include "protocol/Limits.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
@@ -16,9 +17,8 @@ using protocol::ErrorKind;
 using protocol::Result;
 
 // Of the active mass type; of the computed one only as far as it has been computed.
-std::optional<double> KnownMass(const OpenProduct& product, const Part& part) {
+std::optional<double> KnownMass(const Part& part, const StoredResult* result) {
   if (const MassTypeData* active = FindMassType(part, part.activeMassType)) return active->properties.mass;
-  const StoredResult* result = product.ResultOf(part.id);
   return result == nullptr ? std::nullopt : result->computed.properties.mass;
 }
 
@@ -26,12 +26,54 @@ int ToInt(std::int64_t count) {
   return static_cast<int>(std::min<std::int64_t>(count, std::numeric_limits<int>::max()));
 }
 
-protocol::ProductEntry MakeEntry(const OpenProduct& product) {
-  protocol::ProductEntry entry;
-  entry.product = product.Data().id;
-  entry.root = MakeTreeNode(product, product.FindPart(product.Data().roots.front()).value(), nullptr);
-  for (const ConfigurationFilter& filter : product.Filters()) entry.filters.push_back(filter.name);
+// The root of a product that is not loaded. Everything that its result depends on is in the product, so that the
+// result is up to date when the product has not changed at all. When it has, only loading could tell.
+protocol::TreeNode MakeRootNode(const ProductRoot& root, std::int64_t state) {
+  protocol::TreeNode node = {.partId = root.part.id,
+                             .name = root.part.name,
+                             .revision = root.part.revision,
+                             .hasChildren = root.hasChildren,
+                             .mass = KnownMass(root.part, root.result ? &*root.result : nullptr)};
+  if (root.result)
+    node.computedStatus =
+        root.result->state == state ? protocol::MassTypeStatus::Defined : protocol::MassTypeStatus::OutOfDate;
+  return node;
+}
+
+// A product that cannot be read is listed all the same, with what is known of it: the others can be opened.
+protocol::ProductEntry MakeEntry(Session& session, const ProductInfo& info) {
+  protocol::ProductEntry entry{.product = info.id, .root = {}, .filters = {}};
+  if (!info.roots.empty()) entry.root.partId = info.roots.front();
+  if (const OpenProduct* loaded = session.products.FindLoaded(info))
+    entry.root = MakeTreeNode(*loaded, loaded->FindPart(loaded->Data().roots.front()).value(), nullptr);
+  else if (const auto root = session.store.LoadRoot(info.id))
+    entry.root = MakeRootNode(root.Value(), info.state);
+  if (const auto filters = session.store.LoadFilters(info.id))
+    for (const ConfigurationFilter& filter : filters.Value()) entry.filters.push_back(filter.name);
   return entry;
+}
+
+// At most so many bytes of names and identifiers stand in one page: written, a byte takes three at the most, and the
+// numbers beside them the rest of the largest text.
+constexpr std::size_t kPageBytes = protocol::kMaxTextBytes / 8;
+
+std::size_t BytesOf(const protocol::TreeNode& node) {
+  return node.instanceId.size() + node.partId.size() + node.name.size() + node.revision.size();
+}
+
+std::size_t BytesOf(const protocol::Occurrence& occurrence) {
+  std::size_t bytes = BytesOf(occurrence.node);
+  for (const std::string& element : occurrence.instancePath) bytes += element.size();
+  return bytes;
+}
+
+// Adds an entry to a page that has room for it; the first one always fits.
+template <class T>
+bool AddToPage(std::vector<T>& page, std::size_t& bytes, T entry) {
+  bytes += BytesOf(entry);
+  if (!page.empty() && bytes > kPageBytes) return false;
+  page.push_back(std::move(entry));
+  return true;
 }
 
 protocol::Occurrence MakeOccurrence(const OpenProduct& product, const FoundOccurrence& found) {
@@ -56,7 +98,7 @@ protocol::TreeNode MakeTreeNode(const OpenProduct& product, std::uint32_t index,
           .quantity = instance == nullptr ? 1 : ToInt(instance->quantity),
           .hasChildren = !product.InstancesIn(index).empty(),
           .computedStatus = product.ComputedStatus(part.id),
-          .mass = KnownMass(product, part)};
+          .mass = KnownMass(part, product.ResultOf(part.id))};
 }
 
 Result<std::string> GetProducts(Session& session, std::string_view request) {
@@ -65,11 +107,7 @@ Result<std::string> GetProducts(Session& session, std::string_view request) {
   const auto infos = session.store.Products();
   if (!infos) return infos.Failure();
   protocol::ProductList list;
-  for (const ProductInfo& info : infos.Value()) {
-    const auto product = session.products.Open(info.id);
-    if (!product) return product.Failure();
-    list.products.push_back(MakeEntry(*product.Value()));
-  }
+  for (const ProductInfo& info : infos.Value()) list.products.push_back(MakeEntry(session, info));
   return protocol::WriteProductList(list);
 }
 
@@ -85,9 +123,11 @@ Result<std::string> GetChildren(Session& session, std::string_view text) {
   const auto first = std::min<std::size_t>(static_cast<std::size_t>(request.Value().first), instances.size());
   const auto count = std::min<std::size_t>(static_cast<std::size_t>(request.Value().limit), instances.size() - first);
   protocol::TreeNodes reply{request.Value().partId, ToInt(std::ssize(instances)), request.Value().first, {}};
+  std::size_t bytes = 0;
   for (std::uint32_t instance : instances.subspan(first, count))
-    reply.nodes.push_back(MakeTreeNode(*product.Value(), product.Value()->ChildOf(instance),
-                                       &product.Value()->InstanceAt(instance)));
+    if (!AddToPage(reply.nodes, bytes, MakeTreeNode(*product.Value(), product.Value()->ChildOf(instance),
+                                                    &product.Value()->InstanceAt(instance))))
+      break;
   return protocol::WriteTreeNodes(reply);
 }
 
@@ -99,7 +139,12 @@ Result<std::string> SearchTree(Session& session, std::string_view text) {
   const auto found =
       SearchOccurrences(*product.Value(), request.Value().text, static_cast<std::size_t>(request.Value().limit));
   protocol::SearchReply reply{found.cut, {}};
-  for (const FoundOccurrence& hit : found.hits) reply.hits.push_back(MakeOccurrence(*product.Value(), hit));
+  std::size_t bytes = 0;
+  for (const FoundOccurrence& hit : found.hits)
+    if (!AddToPage(reply.hits, bytes, MakeOccurrence(*product.Value(), hit))) {
+      reply.cut = true;
+      break;
+    }
   return protocol::WriteSearchReply(reply);
 }
 

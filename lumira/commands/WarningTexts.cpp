@@ -1,5 +1,7 @@
 #include "lumira/commands/WarningTexts.h"
 
+#include <cstdint>
+
 #include "protocol/Numbers.h"
 
 namespace lumira {
@@ -25,8 +27,9 @@ constexpr WarningText kTexts[] = {
     {WarningKind::ZeroMass, Severity::Warning, "part has a mass of zero, so that there is no centre of gravity",
      "parts add up to a mass of zero, so that there is no centre of gravity"},
     {WarningKind::WithoutBounds, Severity::Warning,
-     "part has no limits of the mass and counts with one standard deviation in the limits of the total",
-     "parts have no limits of the mass and count with one standard deviation in the limits of the total"},
+     "part has no limits of the mass; in the limits of the total it counts with its standard deviation, if it has one",
+     "parts have no limits of the mass; in the limits of the total they count with their standard deviations, if they "
+     "have any"},
     {WarningKind::ReplacesChildren, Severity::Information,
      "assembly counts with mass data of its own instead of what is below it",
      "assemblies count with mass data of their own instead of what is below them"},
@@ -43,6 +46,12 @@ const WarningText& TextOf(WarningKind kind) {
   return kTexts[0];
 }
 
+// As a whole number, as long as people would read it as one.
+std::string Count(double occurrences) {
+  if (occurrences >= 1e15) return protocol::FormatNumber(occurrences);
+  return std::to_string(static_cast<std::int64_t>(occurrences));
+}
+
 std::string Examples(const Warning& warning) {
   std::string list;
   for (const std::string& id : warning.examples) list += (list.empty() ? " (" : ", ") + id;
@@ -54,7 +63,7 @@ std::string Examples(const Warning& warning) {
 
 protocol::Warning ToWarning(const Warning& warning) {
   const WarningText& text = TextOf(warning.kind);
-  std::string sentence = protocol::FormatNumber(warning.occurrences) + " " +
+  std::string sentence = Count(warning.occurrences) + " " +
                          (warning.occurrences == 1 ? text.one : text.many);
   if (warning.mass != 0) sentence += ", " + protocol::FormatNumber(warning.mass) + " kg in all";
   return {text.severity, sentence + Examples(warning)};

@@ -34,8 +34,14 @@ TEST_F(ComputedDeviations, CountOneStandardDeviationForAPartWithoutLimitsAmongPa
   EXPECT_EQ(top.lowerDeviation, 5);
   EXPECT_EQ(top.upperDeviation, 6);
   const auto warnings = Warnings();
-  EXPECT_EQ(warnings.back().text, "1 part has no limits of the mass and counts with one standard deviation in the limits "
-                                  "of the total (b)");
+  EXPECT_EQ(warnings.back().text, "1 part has no limits of the mass; in the limits of the total it counts with its "
+                                  "standard deviation, if it has one (b)");
+}
+
+TEST_F(ComputedDeviations, CountNothingForAPartWithNeitherLimitsNorAStandardDeviation) {
+  const protocol::MassType top = TopOf("a,10,,1,2\nb,20,,,\n");
+  EXPECT_EQ(top.lowerDeviation, 1);
+  EXPECT_EQ(top.upperDeviation, 2);
 }
 
 TEST_F(ComputedDeviations, ChangePlacesForANegativeMass) {

@@ -141,5 +141,13 @@ TEST_F(PartDataCommand, RefusesARequestThatNamesNothingOrSomethingUnknown) {
             "LumiraError: there is no part \"nobody\" in product \"top\"");
 }
 
+TEST_F(PartDataCommand, RefusesAConfigurationFilterThatTheProductHasNot) {
+  ImportBoxes();
+  ASSERT_TRUE(store->SaveFilter("top", {"Kit", {}}).Ok());
+  EXPECT_EQ(PartData({.partId = "top", .filter = "0|Kit"}).filter, "0|Kit");
+  EXPECT_EQ(Run("WBGetPartData", protocol::WritePartDataRequest({.partId = "top", .filter = "0|Nobody"})),
+            "LumiraError: there is no configuration filter \"Nobody\" in product \"top\"");
+}
+
 }  // namespace
 }  // namespace lumira::test

@@ -61,7 +61,7 @@ TEST_F(ServerCommands, ReportProgressOfLongWork) {
   std::vector<std::string> steps;
   Server watched(*store, [&](std::string_view what, std::size_t, std::size_t) { steps.emplace_back(what); });
   watched.Run("WBComputeNymValues", "1|top|");
-  EXPECT_EQ(steps, (std::vector<std::string>{"Loading the product", "Computing"}));
+  EXPECT_EQ(steps, (std::vector<std::string>{"Loading the product", "Computing", "Computing"}));
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 
 #include "ServerFixture.h"
@@ -11,6 +12,13 @@ class TreeCommands : public ServerFixture {
  protected:
   protocol::TreeNodes Children(const protocol::ChildrenRequest& request) {
     return protocol::ReadTreeNodes(Run("LumGetChildren", protocol::WriteChildrenRequest(request))).Value();
+  }
+
+  std::vector<std::string> ProductNames() {
+    std::vector<std::string> names;
+    const protocol::ProductList list = protocol::ReadProductList(Run("LumGetProducts")).Value();
+    for (const protocol::ProductEntry& entry : list.products) names.push_back(entry.product);
+    return names;
   }
 
   protocol::SearchReply Search(const std::string& text, int limit = 100) {
@@ -39,6 +47,62 @@ TEST_F(TreeCommands, ListProductsWithRootAndFilters) {
   EXPECT_EQ(list.products[0].root.instanceId, "");
   EXPECT_TRUE(list.products[0].root.hasChildren);
   EXPECT_THAT(list.products[0].filters, ElementsAre("Kit"));
+}
+
+TEST_F(TreeCommands, ListProductsWithoutReadingThem) {
+  ImportBoxes();
+  int loads = 0;
+  Server listened(*store, [&](std::string_view, std::size_t, std::size_t) { ++loads; });
+  listened.Run("LumGetProducts", "");
+  EXPECT_EQ(loads, 0);
+  listened.Run("LumGetChildren", "ChildrenRequest/1|top|0|10|end");
+  EXPECT_GT(loads, 0);
+}
+
+TEST_F(TreeCommands, ListAProductThatCannotBeOpenedBesideTheOthers) {
+  ImportBoxes();
+  Import("parent,child\nother,thing\n", "part,name\nthing,Thing\n");
+  SQLite::Database damaged(file, SQLite::OPEN_READWRITE);
+  damaged.exec("UPDATE instances SET r_11 = 2 WHERE instance = 'left'");
+  EXPECT_TRUE(protocol::IsErrorReply(Run("LumGetChildren", "ChildrenRequest/1|top|0|10|end")));
+  EXPECT_THAT(ProductNames(), ElementsAre("other", "top"));
+  damaged.exec("UPDATE parts SET name = CAST(x'ff' AS TEXT) WHERE part = 'top'");
+  EXPECT_THAT(ProductNames(), ElementsAre("other", "top"));
+  EXPECT_EQ(Children({.partId = "other"}).nodes.size(), 1u);
+}
+
+TEST_F(TreeCommands, TellTheSameOfARootBeforeAndAfterItsProductIsRead) {
+  ImportBoxes();
+  Compute("top");
+  ChangeMass("bolt", 3);
+  for (const auto expected : {protocol::MassTypeStatus::OutOfDate, protocol::MassTypeStatus::Defined}) {
+    if (expected == protocol::MassTypeStatus::Defined) Compute("top");
+    Restart();
+    const std::string before = Run("LumGetProducts");
+    Children({.partId = "top"});
+    EXPECT_EQ(Run("LumGetProducts"), before);
+    EXPECT_EQ(protocol::ReadProductList(before).Value().products[0].root.computedStatus, expected);
+  }
+}
+
+TEST_F(TreeCommands, CutAPageThatWouldNotFitInAText) {
+  auto product = Product{"wide", {}, {}, {"root"}};
+  product.parts.emplace_back().id = "root";
+  for (int i = 0; i < 30; ++i) {
+    Part& part = product.parts.emplace_back();
+    part.id = "p" + std::to_string(i);
+    part.name = std::string(300'000, '|');
+    product.instances.push_back({"i" + std::to_string(i), "root", part.id, 1, {}});
+  }
+  ASSERT_TRUE(store->AddProduct(product, Existing::Refuse).Ok());
+  // 27 names of 300 000 bytes fit in eight mebibytes, 28 do not.
+  EXPECT_EQ(Children({.partId = "root"}).total, 30);
+  EXPECT_EQ(Children({.partId = "root"}).nodes.size(), 27u);
+  EXPECT_EQ(Children({.partId = "root", .first = 27}).nodes.size(), 3u);
+  const auto found =
+      protocol::ReadSearchReply(Run("LumSearchTree", protocol::WriteSearchRequest({"wide", "p", 100}))).Value();
+  EXPECT_EQ(found.hits.size(), 27u);
+  EXPECT_TRUE(found.cut);
 }
 
 TEST_F(TreeCommands, GiveChildrenInTheOrderOfTheTable) {

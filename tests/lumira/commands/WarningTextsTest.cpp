@@ -15,6 +15,12 @@ TEST(WarningTexts, CountAndNameExamples) {
   EXPECT_EQ(ToWarning({WarningKind::NegativeMass, 2, 0, {"a", "b"}}).text, "2 parts have a negative mass (a, b)");
 }
 
+TEST(WarningTexts, CountInWholeNumbers) {
+  EXPECT_EQ(ToWarning({WarningKind::NegativeMass, 1e9, 0, {}}).text, "1000000000 parts have a negative mass");
+  EXPECT_EQ(ToWarning({WarningKind::NegativeMass, 100000, 0, {}}).text, "100000 parts have a negative mass");
+  EXPECT_EQ(ToWarning({WarningKind::NegativeMass, 1e30, 0, {}}).text, "1e+30 parts have a negative mass");
+}
+
 TEST(WarningTexts, SayHowMuchMassIsConcerned) {
   EXPECT_EQ(ToWarning({WarningKind::WithoutInertia, 2, 12.5, {}}).text,
             "2 parts have no inertia of their own and count as point masses, 12.5 kg in all");
