@@ -4,7 +4,9 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <algorithm>
+#include <cstdlib>
 #include <iostream>
+#include <optional>
 
 #include "desktop/app/Folders.h"
 #include "desktop/app/HeadlessRun.h"
@@ -20,7 +22,7 @@ constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;  ///< also: no display
 
 struct Options {
-  QString headlessFolder;  ///< empty: with a display
+  std::optional<QString> headlessFolder;  ///< none: with a display
   QString product;         ///< empty: the last one, or the sample
 };
 
@@ -46,6 +48,16 @@ bool ChoosePlatform(int argc, char** argv) {
   return needsNone || HasDisplay();
 }
 
+constexpr const char* kNoDisplay = "\"korvo --headless <folder>\" does the main job without one\n";
+
+/// Qt ends the program with advice on its installation when the display that the environment names cannot be opened.
+/// This says what is the matter instead; it stands until windows can be made.
+void SayThatTheDisplayIsDead(QtMsgType type, const QMessageLogContext&, const QString& message) {
+  if (type != QtFatalMsg) return;
+  std::cerr << "korvo: the display cannot be opened; " << kNoDisplay << "Qt says: " << message.toStdString() << "\n";
+  std::_Exit(kWrongUsage);
+}
+
 Options ReadCommandLine(const QApplication& application) {
   QCommandLineParser parser;
   parser.setApplicationDescription(
@@ -60,6 +72,11 @@ Options ReadCommandLine(const QApplication& application) {
   parser.process(application);
   if (parser.positionalArguments().size() > 1) {
     std::cerr << "korvo: only one product can be open; --help tells more\n";
+    std::exit(kWrongUsage);
+  }
+  if (!parser.isSet(headless)) return {std::nullopt, parser.positionalArguments().value(0)};
+  if (parser.value(headless).isEmpty()) {
+    std::cerr << "korvo: --headless needs the name of a folder; --help tells more\n";
     std::exit(kWrongUsage);
   }
   return {parser.value(headless), parser.positionalArguments().value(0)};
@@ -80,8 +97,14 @@ bool FindCatalogues(Tell tell) {
 }
 
 /// Catalogue lines that could not be read, and catalogues that are not there.
-void TellOfCatalogueProblems() {
-  for (const KorUnicodeString& problem : KorMsgCatalog::Problems()) std::cerr << "korvo: " << problem << "\n";
+void TellOfCatalogueProblems(Tell tell) {
+  QStringList problems;
+  for (const KorUnicodeString& problem : KorMsgCatalog::Problems()) {
+    std::cerr << "korvo: " << problem << "\n";
+    problems << QString::fromStdString(problem.Utf8());
+  }
+  if (tell == Tell::InABoxToo && !problems.isEmpty())
+    QMessageBox::warning(nullptr, "Korvo Weight & Balance", "Some texts are missing:\n\n" + problems.join('\n'));
 }
 
 int RunHeadless(const QString& folder) {
@@ -89,7 +112,7 @@ int RunHeadless(const QString& folder) {
   desktop::HeadlessRun run(folder);
   const auto done = run.Run();
   for (const KorDlgMessage& message : run.Messages()) std::cerr << message.title << ": " << message.text << "\n";
-  TellOfCatalogueProblems();
+  TellOfCatalogueProblems(Tell::OnStandardError);
   if (done) return 0;
   std::cerr << "korvo: " << done.Failure().message << "\n";
   return kFailed;
@@ -114,7 +137,7 @@ int RunDesktop(const QString& product) {
   desktop::MainWindow window(settings, backend);
   window.show();
   OpenAtStart(window, settings, product);
-  TellOfCatalogueProblems();
+  TellOfCatalogueProblems(Tell::InABoxToo);
   const int code = QApplication::exec();
   KorApplicationFrame::SetBackend(nullptr);
   return code;
@@ -124,17 +147,19 @@ int RunDesktop(const QString& product) {
 
 int main(int argc, char** argv) {
   if (!ChoosePlatform(argc, argv)) {
-    std::cerr << "korvo: there is no display; \"korvo --headless <folder>\" does the main job without one\n";
+    std::cerr << "korvo: there is no display; " << kNoDisplay;
     return kWrongUsage;
   }
+  const QtMessageHandler usual = qInstallMessageHandler(SayThatTheDisplayIsDead);
   QApplication application(argc, argv);
+  qInstallMessageHandler(usual);
   QApplication::setOrganizationName("korvo");
   QApplication::setApplicationName("korvo");
   QApplication::setApplicationDisplayName("Korvo Weight & Balance");
   QApplication::setApplicationVersion(KORVO_VERSION);
   QApplication::setWindowIcon(desktop::icons::Application());
   const Options options = ReadCommandLine(application);
-  const bool headless = !options.headlessFolder.isEmpty();
+  const bool headless = options.headlessFolder.has_value();
   if (!FindCatalogues(headless ? Tell::OnStandardError : Tell::InABoxToo)) return kFailed;
-  return headless ? RunHeadless(options.headlessFolder) : RunDesktop(options.product);
+  return headless ? RunHeadless(*options.headlessFolder) : RunDesktop(options.product);
 }

@@ -161,3 +161,17 @@ TEST(Run, TheDesktopItselfSaysSoToo) {
   EXPECT_EQ(WEXITSTATUS(status), 2);
   EXPECT_NE(FileText(said).find("--headless"), std::string::npos) << FileText(said);
 }
+
+TEST(Run, SaysHowToGoOnWhenTheDisplayIsDead) {
+  const fs::path said = fs::path(testing::TempDir()) / "korvo-said-dead";
+  const std::string command = std::string("env -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM DISPLAY=:4711 ") + KORVO_PROGRAM +
+                              " > '" + said.string() + "' 2>&1";
+  const int status = std::system(command.c_str());
+  EXPECT_EQ(WEXITSTATUS(status), 2);
+  EXPECT_NE(FileText(said).find("--headless"), std::string::npos) << FileText(said);
+}
+
+TEST(Run, RefusesAHeadlessFolderWithoutAName) {
+  const std::string command = std::string(KORVO_PROGRAM) + " --headless '' > /dev/null 2>&1";
+  EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 2);
+}
