@@ -114,9 +114,11 @@ Item FromMassType(const MassTypeData& type) {
 Item FromShape(const Geometry& shape, double density) {
   Item item;
   item.mass = density * shape.volume;
-  item.cg = shape.centroid;
-  item.inertia = density * shape.unitInertia;
-  item.massKnown = item.cgKnown = item.inertiaKnown = true;
+  item.cg = shape.centroid.value_or(Vec3{});
+  item.inertia = density * shape.unitInertia.value_or(InertiaTensor{});
+  item.massKnown = true;
+  item.cgKnown = shape.centroid.has_value();
+  item.inertiaKnown = item.cgKnown && shape.unitInertia.has_value();
   return item;
 }
 
@@ -133,8 +135,9 @@ Result<OwnData> ResolveOwnData(const Part& part, const MassTypeChoice& choice) {
   }
   const auto density = EffectiveDensity(part);
   if (!active || !part.geometry || !density) return OwnData{};
-  const Item item = FromShape(*part.geometry, *density);
+  Item item = FromShape(*part.geometry, *density);
   if (auto bad = Check({part, nullptr}, item)) return *bad;
+  ZeroUnknown(item);
   return OwnData{item, false};
 }
 

@@ -11,6 +11,7 @@
 #include "lumira/import/StructureChecks.h"
 #include "lumira/import/StructureTable.h"
 #include "lumira/model/Identifier.h"
+#include "lumira/store/ProductRules.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
@@ -51,14 +52,14 @@ class Assembly {
   void ReadTables() {
     Report(_options.progress, "Reading the mass table", 0, 0);
     _massTable = CsvTable::Read(_tables.mass, _options.limits, _log);
-    _mass = ReadMassTable(_massTable, _log);
+    _mass = ReadMassTable(_massTable, _log, _options.progress);
     Report(_options.progress, "Reading the structure table", 0, 0);
     if (_tables.structure) {
       _structureTable = CsvTable::Read(*_tables.structure, _options.limits, _log);
-      _structure = ReadStructure(_structureTable, StructureForm::OwnTable, _log);
+      _structure = ReadStructure(_structureTable, StructureForm::OwnTable, _log, _options.progress);
       NameLeftOut(_structureTable, _structure.usedColumns);
     } else {
-      _structure = ReadStructure(_massTable, StructureForm::InMassTable, _log);
+      _structure = ReadStructure(_massTable, StructureForm::InMassTable, _log, _options.progress);
       if (!_structure.hasParentColumn && !_log.HasErrors())
         _log.Error({_massTable.Name(), _massTable.HeaderLine(), 0, {}},
                    "there is no column \"parent\" and no structure table", ErrorKind::BadText);
@@ -134,10 +135,12 @@ class Assembly {
                                                   List(_product.roots));
   }
 
+  // A shape is data together with a density only.
   void WarnOfLeavesWithoutData() {
     std::vector<std::string> empty;
     for (const Part& part : _product.parts)
-      if (!_parents.contains(part.id) && part.massTypes.empty() && !part.geometry) empty.push_back(part.id);
+      if (!_parents.contains(part.id) && part.massTypes.empty() && !(part.geometry && EffectiveDensity(part)))
+        empty.push_back(part.id);
     if (!empty.empty())
       _log.Warning({_massTable.Name(), 0, 0, {}},
                    std::to_string(empty.size()) + " parts have neither children nor mass data: " + List(empty));
@@ -164,6 +167,7 @@ class Assembly {
 
 // What `AddProduct` would refuse.
 Result<void> CheckRoom(Store& store, const Product& product, Existing existing) {
+  if (auto good = CheckProduct(product); !good) return good;
   const auto products = store.Products();
   if (!products) return products.Failure();
   for (const ProductInfo& info : products.Value())

@@ -83,9 +83,10 @@ class MassReading {
  public:
   MassReading(const CsvTable& table, ImportLog& log) : _columns(table, kColumns, log), _log(log) {}
 
-  MassRows Run() {
+  MassRows Run(const Progress& progress) {
     CheckSignColumn();
-    for (std::size_t row = 0; row < _columns.Table().RowCount(); ++row) ReadRow(row);
+    if (_columns.HasRequired())
+      _columns.EachRow("Reading mass data", progress, [this](std::size_t row) { ReadRow(row); });
     _columns.AddFound(_result.usedColumns);
     return std::move(_result);
   }
@@ -128,7 +129,10 @@ class MassReading {
       part.densityPriority =
           _columns.Choice(row, Priority, kPriorities) == 0 ? DensityPriority::CadFirst : DensityPriority::WbFirst;
     part.standardPart |= _columns.Flag(row, Standard);
-    if (const auto geometry = ReadGeometry(row)) Set(row, Volume, part.geometry, *geometry);
+    if (const auto geometry = ReadGeometry(row)) {
+      Set(row, Volume, part.geometry, *geometry);
+      Warn(row, part.id, FindShapeProblems(*geometry, TensorRounding(row, ShapeIxx)));
+    }
   }
 
   template <class T>
@@ -155,10 +159,15 @@ class MassReading {
 
   std::optional<Geometry> ReadGeometry(std::size_t row) {
     const auto volume = _columns.Number(row, Volume);
-    if (!volume) return std::nullopt;
+    const auto centroid = ReadVector(row, CentroidX);
+    const auto inertia = ReadTensor(row, ShapeIxx);
+    if (!volume) {
+      if (centroid) _columns.LeftOut(row, CentroidX, "there is no volume, the centroid is left out");
+      if (inertia) _columns.LeftOut(row, ShapeIxx, "there is no volume, the inertia of the shape is left out");
+      return std::nullopt;
+    }
     if (*volume < 0) _columns.Error(row, Volume, "a volume may not be negative");
-    return Geometry{*volume, ReadVector(row, CentroidX).value_or(Vec3{}),
-                    ReadTensor(row, ShapeIxx).value_or(InertiaTensor{})};
+    return Geometry{*volume, centroid, inertia};
   }
 
   // Three columns together: none when all are empty; one or two of them are an error.
@@ -206,7 +215,10 @@ class MassReading {
     type.properties.inertia = ReadInertia(row, type);
     const bool isEmpty = type.properties == MassProperties{} && !type.bounds && type.deviations == Deviations{};
     // A row may be there for the part's material or shape alone.
-    if (isEmpty && _columns.Text(row, MassType).empty()) return;
+    if (isEmpty && _columns.Text(row, MassType).empty()) {
+      if (_columns.Flag(row, Active)) _columns.LeftOut(row, Active, "the row has no mass data that could be active");
+      return;
+    }
     if (FindMassType(part, type.name))
       return _columns.RowError(row, "part " + Quoted(part.id) + " has the mass type " + Quoted(type.name) + " twice");
     CheckPhysics(row, part.id, type.properties);
@@ -274,15 +286,31 @@ class MassReading {
   }
 
   void CheckPhysics(std::size_t row, const std::string& part, const MassProperties& properties) {
-    const auto r = [&](std::size_t i) { return _columns.Rounding(row, Ixx + i); };
-    InertiaTensor rounding{r(0), r(1), r(2), r(3), r(4), r(5)};
-    // A shift from the origin takes a difference of large figures, whose rounding then shows.
-    if (_columns.Choice(row, InertiaAbout, kInertiaPoints) == 1 && properties.mass && properties.cg) {
-      const double shift = 1e-6 * std::abs(*properties.mass) * Dot(*properties.cg, *properties.cg);
-      rounding = rounding + InertiaTensor{shift, shift, shift, 0, 0, 0};
-    }
-    for (const std::string& problem : FindPhysicalProblems(properties, rounding))
+    InertiaTensor rounding = TensorRounding(row, Ixx);
+    if (_columns.Choice(row, InertiaAbout, kInertiaPoints) == 1 && properties.mass && properties.cg)
+      rounding = rounding + ShiftRounding(row, *properties.mass, *properties.cg);
+    Warn(row, part, FindPhysicalProblems(properties, rounding));
+  }
+
+  void Warn(std::size_t row, const std::string& part, const std::vector<std::string>& problems) {
+    for (const std::string& problem : problems)
       _log.Warning(_columns.RowPlace(row), "part " + Quoted(part) + ": " + problem);
+  }
+
+  InertiaTensor TensorRounding(std::size_t row, std::size_t first) const {
+    const auto r = [&](std::size_t i) { return _columns.Rounding(row, first + i); };
+    return {r(0), r(1), r(2), r(3), r(4), r(5)};
+  }
+
+  // A shift from the origin takes a difference of large figures, whose rounding then shows. With the mass m ± dm and
+  // each coordinate c ± dc, an element of the shift is off by no more than its amount at m + dm and c + dc less its
+  // amount at m and c.
+  InertiaTensor ShiftRounding(std::size_t row, double mass, const Vec3& cg) const {
+    const auto amount = [](double m, const Vec3& c) { return m * WithProductsNegated(PointInertia(c)); };
+    const auto r = [&](std::size_t i) { return _columns.Rounding(row, CgX + i); };
+    const double m = std::abs(mass);
+    const Vec3 c{std::abs(cg.x), std::abs(cg.y), std::abs(cg.z)};
+    return amount(m + _columns.Rounding(row, Mass), c + Vec3{r(0), r(1), r(2)}) - amount(m, c);
   }
 
   TableColumns _columns;
@@ -293,6 +321,8 @@ class MassReading {
 
 }  // namespace
 
-MassRows ReadMassTable(const CsvTable& table, ImportLog& log) { return MassReading(table, log).Run(); }
+MassRows ReadMassTable(const CsvTable& table, ImportLog& log, const Progress& progress) {
+  return MassReading(table, log).Run(progress);
+}
 
 }  // namespace lumira

@@ -7,6 +7,7 @@
 #include "lumira/import/CsvTable.h"
 #include "lumira/import/ImportLog.h"
 #include "lumira/model/Part.h"
+#include "lumira/model/Progress.h"
 
 namespace lumira {
 
@@ -24,7 +25,7 @@ struct MassRows {
 
 /// Reads the parts with their mass types. A row is one mass type of a part; what belongs to the part itself (name,
 /// material, shape) may stand on any of its rows, but not differently on two. A part has the computed mass type
-/// active unless a row says otherwise.
-MassRows ReadMassTable(const CsvTable& table, ImportLog& log);
+/// active unless a row says otherwise. A table without a needed column has no parts.
+MassRows ReadMassTable(const CsvTable& table, ImportLog& log, const Progress& progress = {});
 
 }  // namespace lumira

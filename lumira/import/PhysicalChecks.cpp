@@ -46,28 +46,44 @@ double MovedBy(const InertiaTensor& e) {
   return std::max({e.xx + e.xy + e.xz, e.xy + e.yy + e.yz, e.xz + e.yz + e.zz});
 }
 
-std::string MomentsText(const std::array<double, 3>& moments) {
+std::string MomentsText(const std::array<double, 3>& moments, const char* unit) {
   return protocol::FormatNumber(moments[0]) + ", " + protocol::FormatNumber(moments[1]) + ", " +
-         protocol::FormatNumber(moments[2]) + " kg m2";
+         protocol::FormatNumber(moments[2]) + " " + unit;
 }
 
 bool IsZero(const InertiaTensor& t) { return t == InertiaTensor{}; }
+
+void CheckMoments(const InertiaTensor& inertia, const InertiaTensor& rounding, const char* unit,
+                  std::vector<std::string>& problems) {
+  const auto moments = PrincipalMoments(inertia);
+  const double tolerance = MovedBy(rounding) + 1e-12 * std::abs(moments[2]);  // and the arithmetic above
+  if (moments[0] < -tolerance)
+    problems.push_back("the inertia is not positive: its principal moments are " + MomentsText(moments, unit));
+  else if (moments[0] + moments[1] < moments[2] - 3 * tolerance)
+    problems.push_back("the principal moments of inertia break the triangle inequality: " + MomentsText(moments, unit) +
+                       "; no body has these");
+}
 
 }  // namespace
 
 std::vector<std::string> FindPhysicalProblems(const MassProperties& properties, const InertiaTensor& rounding) {
   std::vector<std::string> problems;
-  if (!properties.inertia || IsZero(*properties.inertia)) return problems;
-  const double mass = properties.mass.value_or(1);
-  if (mass == 0) return {"the mass is zero, but there is inertia"};
+  const auto& [mass, cg, inertia] = properties;
+  if (!inertia || IsZero(*inertia)) return problems;
+  if (mass == 0.0) return {"the mass is zero, but there is inertia"};
+  if (!mass) problems.push_back("there is inertia but no mass, so it does not count");
+  if (mass && !cg) problems.push_back("there is inertia but no centre of gravity, so it does not count");
+  CheckMoments((mass.value_or(1) < 0 ? -1.0 : 1.0) * *inertia, rounding, "kg m2", problems);
+  return problems;
+}
 
-  const auto moments = PrincipalMoments((mass < 0 ? -1.0 : 1.0) * *properties.inertia);
-  const double tolerance = MovedBy(rounding) + 1e-12 * std::abs(moments[2]);  // and the arithmetic above
-  if (moments[0] < -tolerance)
-    problems.push_back("the inertia is not positive: its principal moments are " + MomentsText(moments));
-  else if (moments[0] + moments[1] < moments[2] - 3 * tolerance)
-    problems.push_back("the principal moments of inertia break the triangle inequality: " + MomentsText(moments) +
-                       "; no body has these");
+std::vector<std::string> FindShapeProblems(const Geometry& shape, const InertiaTensor& rounding) {
+  std::vector<std::string> problems;
+  const auto& [volume, centroid, inertia] = shape;
+  if (!inertia || IsZero(*inertia)) return problems;
+  if (volume == 0) return {"the volume is zero, but the shape has inertia"};
+  if (!centroid) problems.push_back("the shape has inertia but no centroid, so it does not count");
+  CheckMoments(*inertia, rounding, "m5", problems);
   return problems;
 }
 

@@ -38,11 +38,12 @@ constexpr std::array kOwnTable = {
     ColumnRule{"tilt z", Quantity::Angle},
 };
 
-// The same columns, but the part of the row is the child and the parent may be absent.
+// The same columns, but the part of the row is the child and the parent may be absent. That a part is missing is for
+// the reading of the mass data to say.
 constexpr auto kInMassTable = [] {
   auto rules = kOwnTable;
   rules[Parent].presence = Presence::Optional;
-  rules[Child].name = "part";
+  rules[Child] = {"part"};
   return rules;
 }();
 
@@ -51,12 +52,12 @@ class StructureReading {
   StructureReading(const CsvTable& table, StructureForm form, ImportLog& log)
       : _columns(table, form == StructureForm::OwnTable ? kOwnTable : kInMassTable, log), _form(form) {}
 
-  StructureRows Run() {
+  StructureRows Run(const Progress& progress) {
     StructureRows result;
     _columns.AddFound(result.usedColumns);
     result.hasParentColumn = _columns.Has(Parent);
-    const bool placesParts = _form == StructureForm::OwnTable || result.hasParentColumn;
-    for (std::size_t row = 0; placesParts && row < _columns.Table().RowCount(); ++row) ReadRow(row);
+    if (_columns.Has(Parent) && _columns.Has(Child))
+      _columns.EachRow("Reading the structure", progress, [this](std::size_t row) { ReadRow(row); });
     NameTheNameless();
     result.rows = std::move(_rows);
     return result;
@@ -142,8 +143,8 @@ class StructureReading {
 
 }  // namespace
 
-StructureRows ReadStructure(const CsvTable& table, StructureForm form, ImportLog& log) {
-  return StructureReading(table, form, log).Run();
+StructureRows ReadStructure(const CsvTable& table, StructureForm form, ImportLog& log, const Progress& progress) {
+  return StructureReading(table, form, log).Run(progress);
 }
 
 }  // namespace lumira

@@ -7,6 +7,7 @@
 #include "lumira/import/CsvTable.h"
 #include "lumira/import/ImportLog.h"
 #include "lumira/model/Instance.h"
+#include "lumira/model/Progress.h"
 
 namespace lumira {
 
@@ -27,7 +28,7 @@ struct StructureRows {
 };
 
 /// Reads the instances: parent, child, instance, quantity, translation, and a rotation as nine coefficients or as
-/// three tilts. Instances without an identifier get one: the child, a dot and a number.
-StructureRows ReadStructure(const CsvTable& table, StructureForm form, ImportLog& log);
+/// three tilts. A table without a needed column has no rows. Instances without an identifier get one: the child, a dot and a number.
+StructureRows ReadStructure(const CsvTable& table, StructureForm form, ImportLog& log, const Progress& progress = {});
 
 }  // namespace lumira

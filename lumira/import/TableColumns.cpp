@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <charconv>
 #include <cmath>
 #include <utility>
 
@@ -34,6 +35,32 @@ std::pair<std::string, std::optional<std::string_view>> SplitTitle(std::string_v
   return {Lower(Trimmed(title.substr(0, open))), Trimmed(title.substr(open + 1, title.size() - open - 2))};
 }
 
+// Numbers and exponents may have a plus, which the parser does not take; only one sign.
+std::string_view WithoutPlus(std::string_view text) {
+  const bool hasPlus = text.starts_with('+') && text.find_first_of("+-", 1) != 1;
+  return hasPlus ? text.substr(1) : text;
+}
+
+// Whether a text that is no finite number is one so close to zero that none stands for it, such as 1e-400.
+bool IsTooSmall(std::string_view text) {
+  long double wide = 0;  // reaches far enough to tell most small numbers from large ones
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, wide);
+  if (stop != end || error == std::errc::invalid_argument) return false;
+  if (error == std::errc::result_out_of_range) return text.find("e-") != text.npos || text.find("E-") != text.npos;
+  return std::abs(wide) < 1;
+}
+
+std::string NotANumber(std::string_view text) {
+  if (IsTooSmall(WithoutPlus(text))) return Quoted(text) + " is too small; the least number above 0 is about 5e-324";
+  const bool comma = text.find(',') != text.npos;
+  return Quoted(text) + " is not a finite number" + (comma ? "; a decimal point expected" : "");
+}
+
+// A full turn, rounded up so that 360 deg and its usual roundings in rad pass. More is most often a slip, and the sine
+// of a huge angle is noise.
+constexpr double kMaxAngle = 6.2832;  // rad
+
 }  // namespace
 
 TableColumns::TableColumns(const CsvTable& table, std::span<const ColumnRule> rules, ImportLog& log)
@@ -62,6 +89,12 @@ void TableColumns::Find(std::size_t rule) {
                "there is no column " + Quoted(wanted.name), ErrorKind::BadText);
 }
 
+bool TableColumns::HasRequired() const {
+  for (std::size_t rule = 0; rule < _rules.size(); ++rule)
+    if (_rules[rule].presence == Presence::Required && !_columns[rule]) return false;
+  return true;
+}
+
 std::optional<double> TableColumns::UnitOf(std::size_t rule, std::size_t position, std::string_view unit) {
   const Quantity quantity = _rules[rule].quantity;
   const Place place{_table.Name(), _table.HeaderLine(), position + 1, _table.Title(position)};
@@ -86,6 +119,10 @@ void TableColumns::Error(std::size_t row, std::size_t column, std::string_view t
   _log.Error(PlaceOf(row, column), text);
 }
 
+void TableColumns::LeftOut(std::size_t row, std::size_t column, std::string_view text) const {
+  _log.LeftOut(PlaceOf(row, column), text);
+}
+
 void TableColumns::RowError(std::size_t row, std::string_view text) const { _log.Error(RowPlace(row), text); }
 
 std::string_view TableColumns::Text(std::size_t row, std::size_t column) const {
@@ -103,16 +140,17 @@ std::optional<std::string> TableColumns::Identifier(std::size_t row, std::size_t
 std::optional<double> TableColumns::Number(std::size_t row, std::size_t column) const {
   const std::string_view text = Text(row, column);
   if (text.empty()) return std::nullopt;
-  const auto number = protocol::ParseNumber(text.starts_with('+') ? text.substr(1) : text);
-  if (!number) {
-    const bool comma = text.find(',') != text.npos;
-    Error(row, column, Quoted(text) + " is not a finite number" + (comma ? "; a decimal point expected" : ""));
+  const auto refuse = [&](const std::string& reason) -> std::optional<double> {
+    Error(row, column, reason);
     return std::nullopt;
-  }
+  };
+  const auto number = protocol::ParseNumber(WithoutPlus(text));
+  if (!number) return refuse(NotANumber(text));
   const double si = *number * _columns[column]->si;
-  if (std::isfinite(si)) return si;
-  Error(row, column, Quoted(text) + " is too large");
-  return std::nullopt;
+  if (!std::isfinite(si)) return refuse(Quoted(text) + " is too large");
+  if (_rules[column].quantity == Quantity::Angle && std::abs(si) > kMaxAngle)
+    return refuse(Quoted(text) + " is more than a full turn (360 deg, 6.2832 rad)");
+  return si;
 }
 
 long long TableColumns::Count(std::size_t row, std::size_t column) const {
@@ -144,11 +182,11 @@ bool TableColumns::Flag(std::size_t row, std::size_t column) const {
 }
 
 double TableColumns::Rounding(std::size_t row, std::size_t column) const {
-  const std::string_view text = Text(row, column);
+  const std::string_view text = WithoutPlus(Text(row, column));
   if (protocol::ParseNumber(text).value_or(0) == 0) return 0;
   const std::size_t exponentAt = text.find_first_of("eE");
   const std::size_t point = text.find('.');
-  const auto exponent = exponentAt == text.npos ? 0 : protocol::ParseInteger(text.substr(exponentAt + 1)).value_or(0);
+  const auto exponent = exponentAt == text.npos ? 0 : protocol::ParseInteger(WithoutPlus(text.substr(exponentAt + 1))).value_or(0);
   const std::size_t digitsEnd = std::min(exponentAt, text.size());
   const auto decimals = point == text.npos ? 0 : static_cast<long long>(digitsEnd - point - 1);
   return 0.5 * std::pow(10.0, static_cast<double>(exponent - decimals)) * _columns[column]->si;

@@ -11,6 +11,7 @@
 #include "lumira/import/CsvTable.h"
 #include "lumira/import/ImportLog.h"
 #include "lumira/import/Units.h"
+#include "lumira/model/Progress.h"
 
 namespace lumira {
 
@@ -31,13 +32,26 @@ class TableColumns {
 
   bool Has(std::size_t column) const { return _columns[column].has_value(); }
 
+  /// Every column that must be there is. Without one, no row can be read; the log has said so once.
+  bool HasRequired() const;
+
+  /// Calls `read` with each row from 0 on, and tells the progress now and then.
+  template <class Read>
+  void EachRow(std::string_view what, const Progress& progress, Read&& read) const {
+    constexpr std::size_t kBetweenReports = 16'384;
+    for (std::size_t row = 0; row < _table.RowCount(); ++row) {
+      if (row % kBetweenReports == 0) Report(progress, what, row, _table.RowCount());
+      read(row);
+    }
+  }
+
   /// The cell as it stands; empty when the table has no such column.
   std::string_view Text(std::size_t row, std::size_t column) const;
 
   /// An identifier (lumira/model/Identifier.h). None after an error.
   std::optional<std::string> Identifier(std::size_t row, std::size_t column) const;
 
-  /// The number in SI units; none for an empty cell and after an error.
+  /// The number in SI units; none for an empty cell and after an error. An angle is at most a full turn either way.
   std::optional<double> Number(std::size_t row, std::size_t column) const;
 
   /// A whole number of 1 or more; 1 for an empty cell.
@@ -51,6 +65,7 @@ class TableColumns {
 
   void Error(std::size_t row, std::size_t column, std::string_view text) const;
   void RowError(std::size_t row, std::string_view text) const;
+  void LeftOut(std::size_t row, std::size_t column, std::string_view text) const;
   Place RowPlace(std::size_t row) const { return {_table.Name(), _table.Line(row), 0, {}}; }
 
   /// How much the number of a cell may be off by rounding: half a unit of the last digit written, SI.

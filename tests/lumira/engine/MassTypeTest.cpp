@@ -7,7 +7,7 @@ namespace {
 
 Part Block(std::string id) {  // a cube of 2 m, its centre at (1, 1, 1)
   Part part = Plain(std::move(id));
-  part.geometry = Geometry{8.0, {1, 1, 1}, {16.0 / 3, 16.0 / 3, 16.0 / 3}};
+  part.geometry = Geometry{8.0, Vec3{1, 1, 1}, InertiaTensor{16.0 / 3, 16.0 / 3, 16.0 / 3, 0, 0, 0}};
   return part;
 }
 
@@ -120,6 +120,21 @@ TEST(MassTypes, TheShapeOfAPartWithChildrenIsNotAddedToThem) {
   product.parts[1].geometry = Block("").geometry;
   product.parts[1].density = 1000.0;
   EXPECT_EQ(*ResultOf(product, "root").mass, 87.0);
+}
+
+TEST(MassTypes, AShapeWithoutCentroidOrInertiaHasNoneOfThem) {
+  auto product = Nested();
+  product.parts[2].geometry->unitInertia.reset();
+  auto coverage = ResultOf(product, "block").coverage;
+  EXPECT_EQ(coverage.withoutCg, 0.0);
+  EXPECT_EQ(coverage.withoutInertia, 1.0);
+  product.parts[2].geometry = Geometry{8.0, {}, InertiaTensor{1, 1, 1, 0, 0, 0}};
+  const auto result = ResultOf(product, "block");
+  EXPECT_EQ(*result.mass, 80.0);
+  EXPECT_FALSE(result.cg.has_value());
+  EXPECT_EQ(result.coverage.withoutCg, 1.0);
+  EXPECT_EQ(result.coverage.massWithoutCg, 80.0);
+  EXPECT_EQ(result.coverage.massWithInertia, 0.0);
 }
 
 TEST(MassTypes, AStandardPartKnownByItsMassAloneCountsInTheMassOnly) {

@@ -73,7 +73,7 @@ TEST(Warnings, AnAssemblyThatCountsWithItsOwnDataHidesWhatIsBelowIt) {
 
 TEST(Warnings, AShapeThatIsNotAddedToTheChildrenIsTold) {
   auto product = Under({Weighed("a", {4.0, Vec3{}, kUnit})});
-  product.parts[0].geometry = Geometry{1.0, {}, {}};
+  product.parts[0].geometry = Geometry{1.0, Vec3{}, InertiaTensor{}};
   product.parts[0].density = 1.0;
   EXPECT_THAT(WarningsOf(product), ElementsAre(Warning{WarningKind::ShapeNotAdded, 1.0, 0.0, {"root"}}));
   EXPECT_THAT(WarningsOf(product, "a"), IsEmpty());

@@ -30,13 +30,29 @@ TEST(ImportErrors, AreCountedAboveAHundred) {
 }
 
 TEST(ImportErrors, OfNumbersThatAreNotFinite) {
-  for (const char* number : {"nan", "NaN", "inf", "-inf", "1e999", "--1", "0x10", "1 2", "1/2"})
+  for (const char* number : {"nan", "NaN", "inf", "-inf", "1e999", "--1", "+-5", "-+5", "++5", "+", "0x10", "1 2", "1/2"})
     EXPECT_EQ(MassErrors("part,mass [kg]\na," + std::string(number) + "\n"),
               "m.csv, line 2, column 2 (mass [kg]): \"" + std::string(number) + "\" is not a finite number");
 }
 
 TEST(ImportErrors, OfNumbersThatOverflowInSiUnits) {
   EXPECT_EQ(MassErrors("part,mass [t]\na,1e308\n"), "m.csv, line 2, column 2 (mass [t]): \"1e308\" is too large");
+}
+
+TEST(ImportErrors, OfNumbersThatAreTooSmall) {
+  for (const char* number : {"1e-400", "-1E-400", "+1e-400", "1e-99999"})
+    EXPECT_EQ(MassErrors("part,mass [kg]\na," + std::string(number) + "\n"),
+              "m.csv, line 2, column 2 (mass [kg]): \"" + std::string(number) +
+                  "\" is too small; the least number above 0 is about 5e-324");
+  EXPECT_EQ(MassErrors("part,mass [kg]\na,5e-324\n"), "imported");
+}
+
+TEST(ImportErrors, OfAnglesBeyondAFullTurn) {
+  EXPECT_EQ(StructureErrors("parent,child,tilt y [rad]\ntop,a,1e308\n"),
+            "s.csv, line 2, column 3 (tilt y [rad]): \"1e308\" is more than a full turn (360 deg, 6.2832 rad)");
+  EXPECT_EQ(StructureErrors("parent,child,tilt y [deg]\ntop,a,-361\n"),
+            "s.csv, line 2, column 3 (tilt y [deg]): \"-361\" is more than a full turn (360 deg, 6.2832 rad)");
+  EXPECT_EQ(StructureErrors("parent,child,tilt y [deg],tilt z [rad]\ntop,a,-360,6.2832\n"), "imported");
 }
 
 TEST(ImportErrors, OfDecimalCommasSayThatAPointIsExpected) {
@@ -54,8 +70,10 @@ TEST(ImportErrors, OfUnits) {
 }
 
 TEST(ImportErrors, OfColumnsThatAreMissingOrTwice) {
-  EXPECT_EQ(MassErrors("mass [kg]\n1\n"), "m.csv, line 1: there is no column \"part\"\n"
-                                          "m.csv, line 2, column 1 (mass [kg]): is empty, an identifier expected");
+  EXPECT_EQ(MassErrors("mass [kg]\n1\nx\n"), "m.csv, line 1: there is no column \"part\"") << "and no word of the rows";
+  EXPECT_EQ(StructureErrors("parent,quantity\ntop,0\n"), "s.csv, line 1: there is no column \"child\"");
+  const auto single = ReadProductTables({std::nullopt, {"m.csv", "parent,mass [kg]\n,1\ntop,2\n"}}, {});
+  EXPECT_EQ(single.Failure().message, "m.csv, line 1: there is no column \"part\"");
   EXPECT_EQ(MassErrors("part,mass [kg],mass [g]\na,1,1\n"),
             "m.csv, line 1, column 3 (mass [g]): there is a column of this name already");
 }

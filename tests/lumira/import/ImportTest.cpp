@@ -167,7 +167,7 @@ TEST(Import, TakesMaterialAndShape) {
   EXPECT_EQ(a.cadDensity, 8500);
   EXPECT_EQ(a.densityPriority, DensityPriority::WbFirst);
   EXPECT_TRUE(a.standardPart);
-  EXPECT_EQ(a.geometry, (Geometry{0.5, {1, 2, 3}, {4, 5, 6, 0, 0, 0}}));
+  EXPECT_EQ(a.geometry, (Geometry{0.5, Vec3{1, 2, 3}, InertiaTensor{4, 5, 6, 0, 0, 0}}));
   EXPECT_TRUE(a.massTypes.empty());
 }
 
@@ -204,8 +204,9 @@ TEST(Import, WarnsOfLeavesWithoutData) {
 }
 
 TEST(Import, WarnsOfPhysicsAndTakesTheDataAllTheSame) {
-  const auto imported = ReadTables(kTwoChildren, "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2]\n"
-                                                 "a,0,1,1,1\nb,1,1.0,1.0,3.0\n");
+  const auto imported = ReadTables(kTwoChildren, "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],"
+                                                 "cg x [m],cg y [m],cg z [m]\n"
+                                                 "a,0,1,1,1,0,0,0\nb,1,1.0,1.0,3.0,0,0,0\n");
   ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
   EXPECT_THAT(imported.Value().report.warnings,
               ElementsAre("m.csv, line 2: part \"a\": the mass is zero, but there is inertia",
@@ -216,10 +217,93 @@ TEST(Import, WarnsOfPhysicsAndTakesTheDataAllTheSame) {
 
 TEST(Import, DoesNotWarnOfAThinPlateWhoseFiguresAreRounded) {
   // Two thirds and a third of a plate, rounded to two digits: 0.67 + 0.33 < 1.01.
-  const auto imported = ReadTables(kTwoChildren, "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2]\n"
-                                                 "a,1,0.67,0.33,1.01\nb,1,0.6700,0.3300,1.0100\n");
+  const auto imported = ReadTables(kTwoChildren, "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],"
+                                                 "cg x [m],cg y [m],cg z [m]\n"
+                                                 "a,1,0.67,0.33,1.01,0,0,0\nb,1,0.6700,0.3300,1.0100,0,0,0\n");
   ASSERT_EQ(imported.Value().report.warnings.size(), 1u);
   EXPECT_NE(imported.Value().report.warnings[0].find("part \"b\""), std::string::npos);
+}
+
+TEST(Import, TakesThePlusOfAnExponentIntoAccountWhenItAllowsForRounding) {
+  // The digits of the thin plate above, in grams times square metres.
+  const auto imported = ReadTables(kTwoChildren, "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],"
+                                                 "cg x [m],cg y [m],cg z [m]\n"
+                                                 "a,1,+0.67e+3,0.33e+3,1.01e+3,0,0,0\nb,1,,,,,,\n");
+  ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
+  EXPECT_THAT(imported.Value().report.warnings, ElementsAre());
+}
+
+TEST(Import, AllowsForTheRoundingOfMassAndCentreWhenItShiftsFromTheOrigin) {
+  // A ball of 1 kg whose centre is 10 m away. The moment about x has no shift; 0.3 about the centre. The others lost
+  // 0.1 of their 100.3 to the rounding of the centre, of which one digit is given at a and four at b.
+  const auto imported = ReadTables(kTwoChildren, "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],"
+                                                 "cg x [m],cg y [m],cg z [m],inertia about\n"
+                                                 "a,1.0000,0.3,100.0,100.3,10.0,0,0,origin\n"
+                                                 "b,1.0000,0.3000,99.9000,100.3000,10.0000,0,0,origin\n");
+  ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
+  EXPECT_THAT(imported.Value().report.warnings,
+              ElementsAre(testing::StartsWith("m.csv, line 3: part \"b\": the inertia is not positive")));
+}
+
+TEST(Import, WarnsOfInertiaThatDoesNotCount) {
+  const auto imported = ReadTables(kTwoChildren, "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2]\n"
+                                                 "a,,1,1,1\nb,1,1,1,1\n");
+  ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
+  EXPECT_THAT(imported.Value().report.warnings,
+              ElementsAre("m.csv, line 2: part \"a\": there is inertia but no mass, so it does not count",
+                          "m.csv, line 3: part \"b\": there is inertia but no centre of gravity, so it does not count"));
+}
+
+constexpr char kShapes[] = "part,density [kg/m3],volume [m3],centroid x [m],centroid y [m],centroid z [m],shape ixx [m5],"
+                           "shape iyy [m5],shape izz [m5]\n";
+
+TEST(Import, DoesNotInventWhatAShapeLacks) {
+  const auto imported = ReadTables(kTwoChildren, std::string(kShapes) + "a,1,8,,,,,,\nb,1,8,0,0,0,,,\n");
+  ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
+  EXPECT_EQ(PartOf(imported.Value(), "a").geometry, (Geometry{8, {}, {}}));
+  EXPECT_EQ(PartOf(imported.Value(), "b").geometry, (Geometry{8, Vec3{0, 0, 0}, {}}));
+}
+
+TEST(Import, WarnsOfShapesThatNoBodyHas) {
+  const auto imported = ReadTables("parent,child\ntop,a\ntop,b\ntop,c\n",
+                                   std::string(kShapes) + "a,1,8,0,0,0,-1,1,1\nb,1,8,,,,1,1,1\nc,1,0,0,0,0,1,1,1\n");
+  ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
+  EXPECT_THAT(imported.Value().report.warnings,
+              ElementsAre("m.csv, line 2: part \"a\": the inertia is not positive: its principal moments are -1, 1, 1 m5",
+                          "m.csv, line 3: part \"b\": the shape has inertia but no centroid, so it does not count",
+                          "m.csv, line 4: part \"c\": the volume is zero, but the shape has inertia"));
+}
+
+TEST(Import, NamesAShapeWithoutVolumeAndAnActiveRowWithoutDataAsLeftOut) {
+  const auto imported = ReadTables(
+      "parent,child\ntop,a\n",
+      "part,centroid x [m],centroid y [m],centroid z [m],shape ixx [m5],shape iyy [m5],shape izz [m5],active\n"
+      "a,1,2,3,4,5,6,yes\n");
+  ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
+  EXPECT_THAT(imported.Value().report.leftOut,
+              ElementsAre("m.csv, line 2, column 2 (centroid x [m]): there is no volume, the centroid is left out",
+                          "m.csv, line 2, column 5 (shape ixx [m5]): there is no volume, the inertia of the shape is left out",
+                          "m.csv, line 2, column 8 (active): the row has no mass data that could be active"));
+  EXPECT_FALSE(PartOf(imported.Value(), "a").geometry);
+}
+
+TEST(Import, WarnsOfALeafWithAShapeButNoDensity) {
+  const auto imported = ReadTables(kTwoChildren, "part,density [kg/m3],volume [m3]\na,,1\nb,7,1\n");
+  EXPECT_THAT(imported.Value().report.warnings,
+              ElementsAre("m.csv: 1 parts have neither children nor mass data: \"a\""));
+}
+
+TEST(Import, TellsHowFarItIsInRows) {
+  std::string mass = "part,mass type,mass [kg]\n";
+  for (int i = 0; i < 20'000; ++i) mass += "a,T" + std::to_string(i) + ",1\n";
+  std::vector<std::string> heard;
+  ImportOptions options;
+  options.progress = [&](std::string_view what, std::size_t done, std::size_t total) {
+    if (total > 0) heard.push_back(std::string(what) + " " + std::to_string(done) + "/" + std::to_string(total));
+  };
+  ASSERT_TRUE(ReadTables("parent,child\ntop,a\n", mass, options).Ok());
+  EXPECT_THAT(heard, ElementsAre("Reading mass data 0/20000", "Reading mass data 16384/20000",
+                                 "Reading the structure 0/1"));
 }
 
 }  // namespace

@@ -48,6 +48,14 @@ TEST_P(StoreContract, GivesBackAProductAsItWas) {
   EXPECT_EQ(Sorted(loaded.Value()), Sorted(SampleProduct()));
 }
 
+TEST_P(StoreContract, GivesBackAShapeWithoutCentroidOrInertia) {
+  Product product = SampleProduct();
+  product.parts[1].geometry = Geometry{0.1, {}, InertiaTensor{4, 5, 6, 7, 8, 9}};
+  product.parts[2].geometry = Geometry{0.2, Vec3{0, 0, 0}, {}};
+  ASSERT_TRUE(store->AddProduct(product, Existing::Refuse).Ok());
+  EXPECT_EQ(Sorted(Reopened().LoadProduct("PRC").Value()), Sorted(product));
+}
+
 TEST_P(StoreContract, ListsItsProductsByName) {
   ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
   Part other;
