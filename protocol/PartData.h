@@ -121,7 +121,7 @@ struct ComputeOptions {
 struct ComputeReply {
   std::string partId;
   MassType computed;
-  /// About the part's origin, in its axes; there when masses are known but no centre (they add up to zero).
+  /// About the part's origin, in its axes; there when masses with known centres add up to zero.
   std::optional<Vector> firstMoment;      ///< kg·m
   std::optional<Tensor> inertiaAtOrigin;  ///< kg·m²
 };

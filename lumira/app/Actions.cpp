@@ -9,6 +9,7 @@
 #include "lumira/store/SqliteStore.h"
 #include "protocol/Codec.h"
 #include "protocol/Constants.h"
+#include "protocol/Limits.h"
 #include "protocol/Numbers.h"
 
 namespace lumira {
@@ -90,23 +91,8 @@ class TreePrinter {
   TreePrinter(OpenServer& server, int depth, const Console& console)
       : _server(server), _depth(depth), _console(console) {}
 
-  Result<void> Print(const protocol::TreeNode& node, int level) {
-    if (_lines++ >= kMostLines) return {};
-    PrintLine(node, level);
-    if (!node.hasChildren || level >= _depth) return {};
-    return PrintChildren(node.partId, level + 1);
-  }
-
-  Result<void> PrintChildren(const std::string& part, int level) {
-    for (protocol::ChildrenRequest request{part, 0, 1'000};; request.first += request.limit) {
-      const auto page = _server.Ask(protocol::kCommandChildren, protocol::WriteChildrenRequest(request),
-                                    protocol::ReadTreeNodes);
-      if (!page) return page.Failure();
-      for (const protocol::TreeNode& node : page.Value().nodes)
-        if (const auto printed = Print(node, level); !printed) return printed;
-      if (request.first + request.limit >= page.Value().total || _lines > kMostLines) return {};
-    }
-  }
+  // The node and what is below it, down to the depth. `indent` is that of the node.
+  Result<void> Print(const protocol::TreeNode& node, int indent) { return Print(node, indent, _depth); }
 
   void Finish() {
     if (_lines > kMostLines)
@@ -117,8 +103,27 @@ class TreePrinter {
   static constexpr int kMostLines = 10'000;
 
  private:
-  void PrintLine(const protocol::TreeNode& node, int level) {
-    _console.out << std::string(2 * static_cast<std::size_t>(level), ' ') << node.partId;
+  Result<void> Print(const protocol::TreeNode& node, int indent, int depth) {
+    if (_lines++ >= kMostLines) return {};
+    PrintLine(node, indent);
+    if (!node.hasChildren || depth <= 0) return {};
+    return PrintChildren(node.partId, indent + 1, depth - 1);
+  }
+
+  Result<void> PrintChildren(const std::string& part, int indent, int depth) {
+    for (protocol::ChildrenRequest request{part, 0, 1'000};;) {
+      const auto page = _server.Ask(protocol::kCommandChildren, protocol::WriteChildrenRequest(request),
+                                    protocol::ReadTreeNodes);
+      if (!page) return page.Failure();
+      for (const protocol::TreeNode& node : page.Value().nodes)
+        if (const auto printed = Print(node, indent, depth); !printed) return printed;
+      request.first += static_cast<int>(page.Value().nodes.size());
+      if (request.first >= page.Value().total || page.Value().nodes.empty() || _lines > kMostLines) return {};
+    }
+  }
+
+  void PrintLine(const protocol::TreeNode& node, int indent) {
+    _console.out << std::string(2 * static_cast<std::size_t>(indent), ' ') << node.partId;
     if (!node.name.empty() && node.name != node.partId) _console.out << " \"" << node.name << '"';
     if (!node.revision.empty()) _console.out << " revision " << node.revision;
     if (node.quantity != 1) _console.out << " x" << node.quantity;
@@ -143,6 +148,28 @@ Result<void> PrintProducts(OpenServer& server, TreePrinter& printer, const Conso
   return {};
 }
 
+// The part as a line of a tree that begins with it. The search also finds what only contains the identifier; when
+// that is more than a reply holds, the line may be without the name.
+Result<protocol::TreeNode> AskNode(OpenServer& server, const std::string& part) {
+  const auto product = server.Data().ProductOfPart(part);
+  if (!product) return product.Failure();
+  const protocol::SearchRequest request{product.Value(), part, protocol::kMaxPageEntries};
+  const auto found = server.Ask(protocol::kCommandSearch, protocol::WriteSearchRequest(request),
+                                protocol::ReadSearchReply);
+  if (!found) return found.Failure();
+  protocol::TreeNode node{.partId = part, .hasChildren = true};
+  for (const protocol::Occurrence& hit : found.Value().hits)
+    if (hit.node.partId == part) node = hit.node;
+  node.quantity = 1;  // of the instance that was found, not of the part
+  return node;
+}
+
+Result<void> PrintPart(OpenServer& server, TreePrinter& printer, const std::string& part) {
+  const auto node = AskNode(server, part);
+  if (!node) return node.Failure();
+  return printer.Print(node.Value(), 0);
+}
+
 Result<protocol::PartData> AskPartData(OpenServer& server, const std::string& part) {
   protocol::PartDataRequest request;
   request.partId = part;
@@ -156,8 +183,10 @@ Placement ToPlacement(const std::vector<double>& numbers) {
   return placement;
 }
 
-// The reply leaves out the standard deviations of centre and inertia; the stored result has them.
-Result<ComputedValues> CollectValues(OpenServer& server, const protocol::PartData& data) {
+// The reply leaves out the standard deviations of centre and inertia; the stored result has them. Moments of masses
+// that cancel are in the reply only.
+Result<ComputedValues> CollectValues(OpenServer& server, const protocol::PartData& data,
+                                     const protocol::ComputeReply& reply) {
   const auto results = server.Data().LoadResults(data.configurationHandler);
   if (!results) return results.Failure();
   const auto result = std::find_if(results.Value().begin(), results.Value().end(),
@@ -165,9 +194,13 @@ Result<ComputedValues> CollectValues(OpenServer& server, const protocol::PartDat
   if (result == results.Value().end())
     return Error{ErrorKind::Internal, "the result of \"" + data.partId + "\" was not stored"};
   const protocol::MassType& computed = data.massTypes.front();
-  return ComputedValues{data.partId, result->computed.properties, computed.lowerDeviation, computed.upperDeviation,
+  ComputedValues values{data.partId, result->computed.properties, computed.lowerDeviation, computed.upperDeviation,
                         result->computed.deviations,
                         data.placement.empty() ? Placement{} : ToPlacement(data.placement)};
+  if (const auto& s = reply.firstMoment) values.firstMoment = Vec3{(*s)[0], (*s)[1], (*s)[2]};
+  if (const auto& j = reply.inertiaAtOrigin)
+    values.inertiaAtOrigin = InertiaTensor{(*j)[0], (*j)[1], (*j)[2], (*j)[3], (*j)[4], (*j)[5]};
+  return values;
 }
 
 void PrintFrame(const protocol::PartData& data, const Console& console) {
@@ -214,7 +247,7 @@ Result<void> Do(const TreeAction& action, const Console& console) {
   if (!server) return server.Failure();
   TreePrinter printer(server.Value(), action.depth, console);
   const auto printed = action.part.empty() ? PrintProducts(server.Value(), printer, console)
-                                           : printer.PrintChildren(action.part, 0);
+                                           : PrintPart(server.Value(), printer, action.part);
   ClearProgress(console);
   printer.Finish();
   return printed;
@@ -224,12 +257,13 @@ Result<void> Do(const ComputeAction& action, const Console& console) {
   auto server = OpenServer::On(action.file, console);
   if (!server) return server.Failure();
   const protocol::ComputeRequest request{.hasInstance = true, .partId = action.part, .options = {}};
-  const auto reply = server.Value().Execute(protocol::kCommandComputePart, protocol::WriteComputeRequest(request));
+  const auto reply = server.Value().Ask(protocol::kCommandComputePart, protocol::WriteComputeRequest(request),
+                                        protocol::ReadComputeReply);
   ClearProgress(console);
   if (!reply) return reply.Failure();
   const auto data = AskPartData(server.Value(), action.part);
   if (!data) return data.Failure();
-  const auto values = CollectValues(server.Value(), data.Value());
+  const auto values = CollectValues(server.Value(), data.Value(), reply.Value());
   if (!values) return values.Failure();
   PrintFrame(data.Value(), console);
   WriteValues(console.out, values.Value());

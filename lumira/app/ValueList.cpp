@@ -25,10 +25,10 @@ class Writer {
     _out << _prefix << '.' << name << " = " << digits << '\n';
   }
 
-  void Vector(const std::string& name, const Vec3& v) {
-    Value(name + "_x_m", v.x);
-    Value(name + "_y_m", v.y);
-    Value(name + "_z_m", v.z);
+  void Vector(const std::string& name, const Vec3& v, const std::string& unit = "m") {
+    Value(name + "_x_" + unit, v.x);
+    Value(name + "_y_" + unit, v.y);
+    Value(name + "_z_" + unit, v.z);
   }
 
   void Tensor(const std::string& name, const InertiaTensor& i) {
@@ -56,6 +56,8 @@ void WriteValues(std::ostream& out, const ComputedValues& values) {
   if (mass && cg && inertia)
     writer.Tensor("inertia_ref", ShiftedFromCg(Rotated(*inertia, values.placement.rotation), *mass,
                                                values.placement * *cg));
+  if (values.firstMoment) writer.Vector("first_moment", *values.firstMoment, "kgm");
+  if (values.inertiaAtOrigin) writer.Tensor("inertia_origin", *values.inertiaAtOrigin);
   if (values.lowerDeviation != 0 || values.upperDeviation != 0) {
     writer.Value("mass_lower_deviation_kg", values.lowerDeviation);
     writer.Value("mass_upper_deviation_kg", values.upperDeviation);

@@ -70,8 +70,11 @@ Result<void> KeepResult(Session& session, OpenProduct& product, const std::strin
 
 protocol::ComputeReply MakeReply(const std::string& partId, const MassResult& result) {
   protocol::ComputeReply reply{partId, ToWire(ToMassType(result), protocol::MassTypeStatus::Defined), {}, {}};
-  // Masses that cancel have no centre to refer to, but what they bring into a larger sum is known.
-  if (result.mass && !result.cg) {
+  // Masses that cancel have no centre to refer to, but what they bring into a larger sum is known. Masses of which no
+  // single centre is known bring nothing that could be told.
+  const Coverage& coverage = result.coverage;
+  const bool someCentreIsKnown = coverage.withoutMass + coverage.withoutCg < coverage.items;
+  if (!result.cg && someCentreIsKnown) {
     const auto& [s, j] = std::pair(result.firstMoment, result.inertiaAtOrigin);
     reply.firstMoment = {s.x, s.y, s.z};
     reply.inertiaAtOrigin = {j.xx, j.yy, j.zz, j.xy, j.xz, j.yz};

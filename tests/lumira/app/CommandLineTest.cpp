@@ -172,6 +172,18 @@ TEST_F(CommandLine, PrintsWarningsOfAComputationOnTheErrors) {
                              "(a)\n");
 }
 
+TEST_F(CommandLine, PrintsMomentsOfMassesThatCancel) {
+  Lumira({"init", file});
+  const std::string mass = folder + "/cancel.csv";
+  std::ofstream(mass) << "part,parent,mass [kg],cg x [m],cg y [m],cg z [m]\ntop,,,,,\na,top,5,0,0,0\nb,top,-5,1,0,0\n";
+  Lumira({"import", file, "--mass", mass});
+  const std::string out = Lumira({"compute", file, "top"}).out;
+  EXPECT_EQ(Value(out, "top.mass_kg"), 0);
+  EXPECT_EQ(Value(out, "top.first_moment_x_kgm"), -5);
+  EXPECT_EQ(Value(out, "top.inertia_origin_yy_kgm2"), -5);
+  EXPECT_EQ(out.find("top.cg_x_m"), std::string::npos);
+}
+
 TEST_F(CommandLine, PrintsTheTree) {
   Lumira({"init", file});
   ImportSample();
@@ -179,9 +191,23 @@ TEST_F(CommandLine, PrintsTheTree) {
   EXPECT_THAT(tree.out, StartsWith("Product \"IEA15\"\n  RNA \"Rotor-nacelle assembly\"\n    nacelle \"Nacelle\"\n"));
   EXPECT_THAT(tree.out, HasSubstr("\n          generator_rotor \"Generator rotor\"  130349.2496292837 kg\n"));
   EXPECT_EQ(Lumira({"tree", file, "generator"}).out,
-            "generator_rotor \"Generator rotor\"  130349.2496292837 kg\n"
-            "generator_stator \"Generator stator\"  238490.157522527 kg\n");
-  EXPECT_EQ(Lumira({"tree", file, "--depth", "1"}).out, "Product \"IEA15\"\n  RNA \"Rotor-nacelle assembly\"\n");
+            "generator \"Generator\"\n"
+            "  generator_rotor \"Generator rotor\"  130349.2496292837 kg\n"
+            "  generator_stator \"Generator stator\"  238490.157522527 kg\n");
+}
+
+TEST_F(CommandLine, PrintsAsManyLevelsBelowAPartAsBelowARoot) {
+  Lumira({"init", file});
+  ImportSample();
+  const std::string leaf = "generator_rotor \"Generator rotor\"  130349.2496292837 kg\n";
+  EXPECT_EQ(Lumira({"tree", file, "--depth", "0"}).out, "Product \"IEA15\"\n  RNA \"Rotor-nacelle assembly\"\n");
+  EXPECT_EQ(Lumira({"tree", file, "RNA", "--depth", "0"}).out, "RNA \"Rotor-nacelle assembly\"\n");
+  EXPECT_THAT(Lumira({"tree", file, "--depth", "1"}).out, HasSubstr("\n    nacelle \"Nacelle\"\n"));
+  EXPECT_EQ(Lumira({"tree", file, "--depth", "1"}).out.find("\n      "), std::string::npos);
+  EXPECT_THAT(Lumira({"tree", file, "RNA", "--depth", "1"}).out, HasSubstr("\n  nacelle \"Nacelle\"\n"));
+  EXPECT_EQ(Lumira({"tree", file, "RNA", "--depth", "1"}).out.find("\n    "), std::string::npos);
+  EXPECT_EQ(Lumira({"tree", file, "generator_rotor"}).out, leaf);
+  EXPECT_EQ(Lumira({"tree", file, "nobody"}).code, kRefused);
 }
 
 TEST_F(CommandLine, RunsServerCommands) {

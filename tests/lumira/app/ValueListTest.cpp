@@ -50,6 +50,17 @@ TEST(ValueList, WritesTheDeviationsThatAreKnown) {
   EXPECT_THAT(Written(values), HasSubstr("a.sd_inertia_cg_xz_kgm2 = 7\n"));
 }
 
+TEST(ValueList, WritesMomentsWhereThereIsNoCentre) {
+  ComputedValues values = Values("a");
+  values.properties.mass = 0;
+  values.firstMoment = Vec3{1, 2, 3};
+  values.inertiaAtOrigin = InertiaTensor{4, 5, 6, 7, 8, 9};
+  EXPECT_EQ(Written(values),
+            "a.mass_kg = 0\na.first_moment_x_kgm = 1\na.first_moment_y_kgm = 2\na.first_moment_z_kgm = 3\n"
+            "a.inertia_origin_xx_kgm2 = 4\na.inertia_origin_yy_kgm2 = 5\na.inertia_origin_zz_kgm2 = 6\n"
+            "a.inertia_origin_xy_kgm2 = 7\na.inertia_origin_xz_kgm2 = 8\na.inertia_origin_yz_kgm2 = 9\n");
+}
+
 TEST(ValueList, RefersToTheFrameOfThePlacement) {
   ComputedValues values = Values("a");
   // 2 kg at 1 m along the part's x; the part stands at z = 3 m, turned so that its x is the frame's y.

@@ -160,6 +160,15 @@ TEST_F(ComputeCommand, TellsNoMomentsBesideACentre) {
   EXPECT_FALSE(reply.inertiaAtOrigin.has_value());
 }
 
+TEST_F(ComputeCommand, TellsNoMomentsWhereNoCentreIsKnownAtAll) {
+  Import("parent,child\ntop,a\ntop,b\n", "part,mass [kg]\na,5\n");
+  for (const char* part : {"top", "a", "b"}) {
+    const auto reply = protocol::ReadComputeReply(Run("WBComputeNymValues", "1|" + std::string(part) + "|")).Value();
+    EXPECT_FALSE(reply.firstMoment.has_value()) << part;
+    EXPECT_FALSE(reply.inertiaAtOrigin.has_value()) << part;
+  }
+}
+
 TEST_F(ComputeCommand, QuotesAndShortensThePartThatItCannotFind) {
   EXPECT_EQ(Run("WBComputeNymValues", "1|a\nb|"), "LumiraError: there is no part \"a\\x0Ab\"");
   EXPECT_LT(Run("WBComputeNymValues", "1|" + std::string(100'000, 'x') + "|").size(), 120u);
