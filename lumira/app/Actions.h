@@ -30,8 +30,8 @@ struct ImportAction {
 
 struct TreeAction {
   std::string file;
-  std::string part;   ///< empty: every product from its root
-  int depth = 1'000;  ///< levels below the part
+  std::string part;   ///< the first line; empty: every product from its root
+  int depth = 1'000;  ///< levels below the first part
 };
 
 struct ComputeAction {

@@ -84,9 +84,9 @@ class Parser {
   }
 
   void AddTree() {
-    CLI::App* command = Add("tree", "Prints products, or what is below a part.", _tree);
+    CLI::App* command = Add("tree", "Prints products, or a part and what is below it.", _tree);
     command->add_option("PART", _tree.part, "The part to start at; else the root of every product");
-    command->add_option("--depth", _tree.depth, "How many levels to print")->check(CLI::Range(0, 1'000'000));
+    command->add_option("--depth", _tree.depth, "How many levels to print below the part or the root; 0: none")->check(CLI::Range(0, 1'000'000));
   }
 
   void AddCompute() {
