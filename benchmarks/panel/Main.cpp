@@ -55,7 +55,8 @@ std::unique_ptr<lumira::Store> SampleStore(const std::filesystem::path& file) {
 
 /// A panel on a part of the server, shown by the recording toolkit.
 struct OpenPanel {
-  explicit OpenPanel(const KorUnicodeString& partText) : buffer(LumWBAllDataBuffer_var::Adopt(new LumWBAllDataBuffer)) {
+  explicit OpenPanel(const KorUnicodeString& partText)
+      : buffer(LumWBAllDataBuffer_var::Adopt(new LumWBAllDataBuffer)) {
     if (Failed(buffer->SetAllData(partText, true))) std::abort();
     panel = std::make_unique<KorWBNymMainPanel>(buffer.Get());
     panel->Attach(&backend);
@@ -88,13 +89,16 @@ std::vector<Row> MeasureAll(lumira::Server& server) {
   protocol::ComputeRequest anew{true, "Above_yaw", {}};
   anew.options.reuseStoredResults = false;
   const std::string compute = protocol::WriteComputeRequest(anew);
-  rows.push_back(RowOf("server: compute request to reply", Times(kRuns, [&] {
-                         KeepAlive(server.Run(protocol::kCommandComputePart, compute));
-                       })));
+  rows.push_back(RowOf("server: compute request to reply",
+                       Times(kRuns, [&] { KeepAlive(server.Run(protocol::kCommandComputePart, compute)); })));
   const double serving = rows.back().median;
   auto& button = open.panel->Find<KorDlgPushButton>("Frame238.ComputeButton");
   rows.push_back(RowOf("panel: compute pressed to refreshed panel",
-                       Times(kRuns, [&] { if (!button.Press()) std::abort(); }), serving));
+                       Times(kRuns,
+                             [&] {
+                               if (!button.Press()) std::abort();
+                             }),
+                       serving));
   return rows;
 }
 

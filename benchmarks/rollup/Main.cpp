@@ -140,7 +140,8 @@ int main(int count, char** arguments) {
   }
   const double triad = TriadBytesPerSecond();
   char meaning[96];
-  std::snprintf(meaning, sizeof meaning, "time in multiples of the memory triad for the same bytes (%.1f GB/s, one thread)",
+  std::snprintf(meaning, sizeof meaning,
+                "time in multiples of the memory triad for the same bytes (%.1f GB/s, one thread)",
                 triad * 1e-9);
   return Finish({meaning, MeasureAll(triad, small)}, json);
 }

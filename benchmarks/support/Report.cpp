@@ -18,9 +18,11 @@ Row RowOf(std::string name, std::vector<double> times, double base, double targe
 
 void PrintTable(const Report& report) {
   std::printf("ratio: %s\n\n", report.ratioMeaning.c_str());
-  std::printf("%-58s %10s %10s %10s %8s %10s\n", "", "median ms", "best ms", "worst ms", "ratio", "target ms");
+  std::printf("%-58s %10s %10s %10s %8s %10s\n", "", "median ms", "best ms", "worst ms", "ratio",
+              "target ms");
   for (const Row& row : report.rows) {
-    std::printf("%-58s %10.3f %10.3f %10.3f", row.name.c_str(), row.median * 1e3, row.best * 1e3, row.worst * 1e3);
+    std::printf("%-58s %10.3f %10.3f %10.3f", row.name.c_str(), row.median * 1e3, row.best * 1e3,
+                row.worst * 1e3);
     row.base > 0.0 ? std::printf(" %8.2f", Ratio(row)) : std::printf(" %8s", "");
     if (row.target > 0.0)
       std::printf(" %10.3f %s", row.target * 1e3, row.median <= row.target ? "met" : "MISSED");

@@ -9,7 +9,8 @@ class KOR_FRAMEWORK_API KorApplicationFrame {
   /// The main window; parent of dialogs that have none. Never null.
   static KorDlgDialog* GetMainWindow();
 
-  /// The toolkit that shows boxes; null: none, and boxes are answered as if closed. Must outlive its use here.
+  /// The toolkit that shows boxes; null: none, and boxes are answered as if closed. Must outlive its use
+  /// here.
   static void SetBackend(KorDlgBackend* backend);
   static KorDlgBackend* GetBackend();
 

@@ -16,7 +16,7 @@ struct KorDlgMessage {
   KorUnicodeString text;
   unsigned flags = 0;
 
-  static constexpr unsigned kError = 0x10000000;       ///< errors and warnings
+  static constexpr unsigned kError = 0x10000000;  ///< errors and warnings
   static constexpr unsigned kInformation = 0x8000000;
 };
 

@@ -11,10 +11,9 @@ bool KorDlgPushButton::Press() {
 }
 
 std::span<const KorDlgProperty> KorDlgCheckable::Properties() const {
-  static constexpr std::array kProperties{KorDlgProperty::Title,       KorDlgProperty::Help,
-                                          KorDlgProperty::Sensitivity, KorDlgProperty::Visibility,
-                                          KorDlgProperty::Grid,        KorDlgProperty::Marking,
-                                          KorDlgProperty::Checked};
+  static constexpr std::array kProperties{
+      KorDlgProperty::Title, KorDlgProperty::Help,    KorDlgProperty::Sensitivity, KorDlgProperty::Visibility,
+      KorDlgProperty::Grid,  KorDlgProperty::Marking, KorDlgProperty::Checked};
   return kProperties;
 }
 

@@ -4,7 +4,8 @@
 
 class KOR_FRAMEWORK_API KorDlgCheckButton : public KorDlgCheckable {
  public:
-  KorDlgCheckButton(KorDlgObject* parent, const char* name, unsigned style) : KorDlgCheckable(parent, name, style) {}
+  KorDlgCheckButton(KorDlgObject* parent, const char* name, unsigned style)
+      : KorDlgCheckable(parent, name, style) {}
   KorDlgKind Kind() const override { return KorDlgKind::CheckButton; }
 
   void SetState(KorCheckState state, KorNotify notify = KorNotify::Silent);

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-/// Whether a setter tells the subscribers. With `Send` it always does, changed or not: panels rely on it to put
-/// themselves in line.
+/// Whether a setter tells the subscribers. With `Send` it always does, changed or not: panels rely on it to
+/// put themselves in line.
 enum class KorNotify { Silent, Send };
 
 enum class KorSensitivity : int { Enabled = 8, Disabled = 16 };
@@ -24,9 +24,9 @@ constexpr KorCheckState KorCheckedIf(bool condition) {
 namespace KorDlgStyle {
 inline constexpr unsigned kNone = 0;
 // frames
-inline constexpr unsigned kTitledFrame = 0x1;       ///< a group with border and title
-inline constexpr unsigned kBorderedFrame = 0x40001; ///< a border without a title
-inline constexpr unsigned kPlainFrame = 0x80001;    ///< groups its children and shows nothing of its own
+inline constexpr unsigned kTitledFrame = 0x1;        ///< a group with border and title
+inline constexpr unsigned kBorderedFrame = 0x40001;  ///< a border without a title
+inline constexpr unsigned kPlainFrame = 0x80001;     ///< groups its children and shows nothing of its own
 // tab pages
 inline constexpr unsigned kPage = 0x1;
 // editors and labels
@@ -35,11 +35,11 @@ inline constexpr unsigned kNumberEditor = 0x20000;  ///< holds one number
 // combos, lists, spinners
 inline constexpr unsigned kDropDown = 0x40000;
 inline constexpr unsigned kMultiSelection = 0x40000;
-inline constexpr unsigned kTextSpinner = 0x80000;   ///< browses texts
+inline constexpr unsigned kTextSpinner = 0x80000;  ///< browses texts
 // dialogs
-inline constexpr unsigned kPanelDialog = 0x4000;    ///< no buttons of the framework's own
+inline constexpr unsigned kPanelDialog = 0x4000;  ///< no buttons of the framework's own
 inline constexpr unsigned kOkCancelDialog = 0x2000001;
-inline constexpr unsigned kListDialog = 0x10000201; ///< resizable, one Close button of the framework's own
+inline constexpr unsigned kListDialog = 0x10000201;  ///< resizable, one Close button of the framework's own
 }  // namespace KorDlgStyle
 
 /// Sides on which a widget follows its grid cell.
@@ -62,15 +62,35 @@ struct KorDlgGrid {
 };
 
 enum class KorDlgKind {
-  Dialog, TabContainer, TabPage, Frame, Label, Editor, Combo, MultiList, RadioButton, CheckButton, PushButton, Spinner
+  Dialog,
+  TabContainer,
+  TabPage,
+  Frame,
+  Label,
+  Editor,
+  Combo,
+  MultiList,
+  RadioButton,
+  CheckButton,
+  PushButton,
+  Spinner
 };
 
 /// What of a widget's state changed. Each kind has the first six; KorDlgObject::Properties() lists them all.
 enum class KorDlgProperty {
-  Title, Help, Sensitivity, Visibility, Grid, Marking,
-  Text, TextSelection, TextWidth,  // editors, spinners
-  Lines, Selection,                // combos, lists; Selection also pages of a tab container
-  Checked,                         // radio and check buttons
-  Arrows,                          // spinners
-  Columns, Rows,                   // lists
+  Title,
+  Help,
+  Sensitivity,
+  Visibility,
+  Grid,
+  Marking,
+  Text,
+  TextSelection,
+  TextWidth,  // editors, spinners
+  Lines,
+  Selection,  // combos, lists; Selection also pages of a tab container
+  Checked,    // radio and check buttons
+  Arrows,     // spinners
+  Columns,
+  Rows,  // lists
 };

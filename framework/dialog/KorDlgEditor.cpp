@@ -6,9 +6,9 @@
 
 std::span<const KorDlgProperty> KorDlgEditor::Properties() const {
   static constexpr std::array kProperties{
-      KorDlgProperty::Title, KorDlgProperty::Help,    KorDlgProperty::Sensitivity, KorDlgProperty::Visibility,
-      KorDlgProperty::Grid,  KorDlgProperty::Marking, KorDlgProperty::TextWidth,   KorDlgProperty::Text,
-      KorDlgProperty::TextSelection};
+      KorDlgProperty::Title,      KorDlgProperty::Help, KorDlgProperty::Sensitivity,
+      KorDlgProperty::Visibility, KorDlgProperty::Grid, KorDlgProperty::Marking,
+      KorDlgProperty::TextWidth,  KorDlgProperty::Text, KorDlgProperty::TextSelection};
   return kProperties;
 }
 

@@ -2,7 +2,8 @@
 
 #include "framework/dialog/KorDlgObject.h"
 
-/// A line of text. With style kReadOnly it can be read and selected only; with kNumberEditor it holds a number.
+/// A line of text. With style kReadOnly it can be read and selected only; with kNumberEditor it holds a
+/// number.
 class KOR_FRAMEWORK_API KorDlgEditor : public KorDlgObject {
  public:
   KorDlgEditor(KorDlgObject* parent, const char* name, unsigned style) : KorDlgObject(parent, name, style) {}

@@ -5,9 +5,9 @@
 
 std::span<const KorDlgProperty> KorDlgMultiList::Properties() const {
   static constexpr std::array kProperties{
-      KorDlgProperty::Title,   KorDlgProperty::Help, KorDlgProperty::Sensitivity,
+      KorDlgProperty::Title,      KorDlgProperty::Help, KorDlgProperty::Sensitivity,
       KorDlgProperty::Visibility, KorDlgProperty::Grid, KorDlgProperty::Marking,
-      KorDlgProperty::Columns, KorDlgProperty::Rows, KorDlgProperty::Selection};
+      KorDlgProperty::Columns,    KorDlgProperty::Rows, KorDlgProperty::Selection};
   return kProperties;
 }
 

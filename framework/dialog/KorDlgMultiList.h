@@ -6,7 +6,8 @@
 /// block. Rows and columns count from 0.
 class KOR_FRAMEWORK_API KorDlgMultiList : public KorDlgObject {
  public:
-  KorDlgMultiList(KorDlgObject* parent, const char* name, unsigned style) : KorDlgObject(parent, name, style) {}
+  KorDlgMultiList(KorDlgObject* parent, const char* name, unsigned style)
+      : KorDlgObject(parent, name, style) {}
   KorDlgKind Kind() const override { return KorDlgKind::MultiList; }
   std::span<const KorDlgProperty> Properties() const override;
 

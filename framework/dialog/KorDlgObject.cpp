@@ -96,8 +96,9 @@ KorDlgObject& KorDlgObject::operator=(const KorDlgObject& other) {
 KorDlgObject::~KorDlgObject() = default;
 
 std::span<const KorDlgProperty> KorDlgObject::Properties() const {
-  static constexpr std::array kCommon{KorDlgProperty::Title,      KorDlgProperty::Help, KorDlgProperty::Sensitivity,
-                                      KorDlgProperty::Visibility, KorDlgProperty::Grid, KorDlgProperty::Marking};
+  static constexpr std::array kCommon{KorDlgProperty::Title,       KorDlgProperty::Help,
+                                      KorDlgProperty::Sensitivity, KorDlgProperty::Visibility,
+                                      KorDlgProperty::Grid,        KorDlgProperty::Marking};
   return kCommon;
 }
 
@@ -143,7 +144,8 @@ void KorDlgObject::LoadTexts() {
   const KorString path = Path();
   const KorString key = path.empty() ? KorString() : path + ".";
   if (!_titleSetByCode) Assign(_title, dialog->CatalogueText(key + "Title"), KorDlgProperty::Title);
-  if (!_shortHelpSetByCode) Assign(_shortHelp, dialog->CatalogueText(key + "ShortHelp"), KorDlgProperty::Help);
+  if (!_shortHelpSetByCode)
+    Assign(_shortHelp, dialog->CatalogueText(key + "ShortHelp"), KorDlgProperty::Help);
 }
 
 void KorDlgObject::LoadTextsBelow() {
@@ -174,7 +176,9 @@ void KorDlgObject::SetGrid(const KorDlgGrid& grid) {
 
 void KorDlgObject::ResetAttachment() { Assign(_attached, false, KorDlgProperty::Grid); }
 
-void KorDlgObject::SetMarking(const KorUnicodeString& reason) { Assign(_marking, reason, KorDlgProperty::Marking); }
+void KorDlgObject::SetMarking(const KorUnicodeString& reason) {
+  Assign(_marking, reason, KorDlgProperty::Marking);
+}
 
 void KorDlgObject::Subscribe(KorEvent event, Handler handler, KorCommandClientData data) {
   _subscriptions.push_back({event, std::move(handler), data});
@@ -236,7 +240,8 @@ void KorDlgObject::Replay(KorDlgBackend& backend) {
 }
 
 void KorDlgObject::NotifyDestroyed(KorDlgBackend& backend) {
-  for (auto child = _children.rbegin(); child != _children.rend(); ++child) (*child)->NotifyDestroyed(backend);
+  for (auto child = _children.rbegin(); child != _children.rend(); ++child)
+    (*child)->NotifyDestroyed(backend);
   _announced = false;
   backend.Destroyed(*this);
 }

@@ -21,13 +21,14 @@ class KorDlgUnknownPath : public std::logic_error {
 
 /// A widget: its whole state, whatever toolkit shows it.
 ///
-/// A widget owns its children. Sensitivity and visibility are a widget's own; a disabled or hidden parent makes
-/// its children unreachable without changing theirs. Setters tell the backend of the dialog, if there is one,
-/// what changed. Verbs (in the derived classes) are what a user can do; on a widget that is not reachable
-/// they do nothing and report to the observer of unreachable verbs.
+/// A widget owns its children. Sensitivity and visibility are a widget's own; a disabled or hidden parent
+/// makes its children unreachable without changing theirs. Setters tell the backend of the dialog, if there
+/// is one, what changed. Verbs (in the derived classes) are what a user can do; on a widget that is not
+/// reachable they do nothing and report to the observer of unreachable verbs.
 class KOR_FRAMEWORK_API KorDlgObject : public KorCommand {
  public:
-  using Handler = std::function<void(KorCommand* sender, KorNotification* notification, KorCommandClientData data)>;
+  using Handler =
+      std::function<void(KorCommand* sender, KorNotification* notification, KorCommandClientData data)>;
 
   ~KorDlgObject() override;
 
@@ -88,16 +89,18 @@ class KOR_FRAMEWORK_API KorDlgObject : public KorCommand {
   const KorUnicodeString& GetMarking() const { return _marking; }
 
   /// Calls `handler` at each `event` of this widget, in the order of subscription. The caller sees to it that
-  /// what the handler captures outlives this widget. A handler may subscribe further ones; it may not destroy the
-  /// widget that sends.
+  /// what the handler captures outlives this widget. A handler may subscribe further ones; it may not destroy
+  /// the widget that sends.
   void Subscribe(KorEvent event, Handler handler, KorCommandClientData data = nullptr);
   template <class Target>
   void Subscribe(KorEvent event, Target* target,
                  void (Target::*method)(KorCommand*, KorNotification*, KorCommandClientData),
                  KorCommandClientData data = nullptr) {
-    Subscribe(event, Handler([target, method](KorCommand* sender, KorNotification* what, KorCommandClientData with) {
+    Subscribe(event,
+              Handler([target, method](KorCommand* sender, KorNotification* what, KorCommandClientData with) {
                 (target->*method)(sender, what, with);
-              }), data);
+              }),
+              data);
   }
   int SubscriptionCount(KorEvent event) const;
 
@@ -127,7 +130,8 @@ class KOR_FRAMEWORK_API KorDlgObject : public KorCommand {
   bool CanAct(const char* verb) const;
   void Report(const char* verb) const;
 
-  /// Texts of this widget from the dialog's catalogue; called when it is created and when the language changes.
+  /// Texts of this widget from the dialog's catalogue; called when it is created and when the language
+  /// changes.
   virtual void LoadTexts();
 
   /// Whether this widget lets the user see that child; a tab container shows one page at a time.

@@ -4,7 +4,8 @@
 
 class KOR_FRAMEWORK_API KorDlgPushButton : public KorDlgObject {
  public:
-  KorDlgPushButton(KorDlgObject* parent, const char* name, unsigned style) : KorDlgObject(parent, name, style) {}
+  KorDlgPushButton(KorDlgObject* parent, const char* name, unsigned style)
+      : KorDlgObject(parent, name, style) {}
   KorDlgKind Kind() const override { return KorDlgKind::PushButton; }
 
   /// Verb. Sends PushActivate.

@@ -5,7 +5,8 @@
 /// One of several choices. Radio buttons that share a parent exclude each other.
 class KOR_FRAMEWORK_API KorDlgRadioButton : public KorDlgCheckable {
  public:
-  KorDlgRadioButton(KorDlgObject* parent, const char* name, unsigned style) : KorDlgCheckable(parent, name, style) {}
+  KorDlgRadioButton(KorDlgObject* parent, const char* name, unsigned style)
+      : KorDlgCheckable(parent, name, style) {}
   KorDlgKind Kind() const override { return KorDlgKind::RadioButton; }
 
   /// Checking it unchecks the others of the same parent. With notification each other one that changed sends

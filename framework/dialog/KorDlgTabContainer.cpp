@@ -3,10 +3,9 @@
 #include <array>
 
 std::span<const KorDlgProperty> KorDlgTabContainer::Properties() const {
-  static constexpr std::array kProperties{KorDlgProperty::Title,       KorDlgProperty::Help,
-                                          KorDlgProperty::Sensitivity, KorDlgProperty::Visibility,
-                                          KorDlgProperty::Grid,        KorDlgProperty::Marking,
-                                          KorDlgProperty::Selection};
+  static constexpr std::array kProperties{
+      KorDlgProperty::Title, KorDlgProperty::Help,    KorDlgProperty::Sensitivity, KorDlgProperty::Visibility,
+      KorDlgProperty::Grid,  KorDlgProperty::Marking, KorDlgProperty::Selection};
   return kProperties;
 }
 

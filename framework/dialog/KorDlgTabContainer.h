@@ -5,7 +5,8 @@
 /// Pages of which one is in front. The first page is in front at the start.
 class KOR_FRAMEWORK_API KorDlgTabContainer : public KorDlgObject {
  public:
-  KorDlgTabContainer(KorDlgObject* parent, const char* name, unsigned style) : KorDlgObject(parent, name, style) {}
+  KorDlgTabContainer(KorDlgObject* parent, const char* name, unsigned style)
+      : KorDlgObject(parent, name, style) {}
   KorDlgKind Kind() const override { return KorDlgKind::TabContainer; }
   std::span<const KorDlgProperty> Properties() const override;
 

@@ -119,7 +119,9 @@ KorUnicodeString KorMsgCatalog::BuildMessage(const KorString& catalogue, const K
   return PutIn(text ? *text : fallback, parameters, parameterCount);
 }
 
-bool KorMsgCatalog::Has(const KorString& catalogue, const KorString& key) { return Lookup(catalogue, key) != nullptr; }
+bool KorMsgCatalog::Has(const KorString& catalogue, const KorString& key) {
+  return Lookup(catalogue, key) != nullptr;
+}
 
 void KorMsgCatalog::SetFolder(const KorString& folder) {
   Catalogues().folder = folder;
@@ -132,7 +134,8 @@ KorString KorMsgCatalog::GetFolder() { return Catalogues().folder; }
 HRESULT KorMsgCatalog::SetLanguage(const KorString& language) {
   std::error_code ignored;
   if (language.empty()) return E_FAIL;
-  if (language != kEnglish && !fs::is_directory(fs::path(Catalogues().folder) / language, ignored)) return E_FAIL;
+  if (language != kEnglish && !fs::is_directory(fs::path(Catalogues().folder) / language, ignored))
+    return E_FAIL;
   Catalogues().language = language;
   return S_OK;
 }

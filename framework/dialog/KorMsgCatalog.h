@@ -9,9 +9,9 @@
 
 /// Message catalogues: `<folder>/<language>/<catalogue>.txt`, UTF-8, a `key = "text"` on each line.
 ///
-/// A key that holds blanks or quotes stands in quotes itself. In texts \" \\ and \n are escapes, "{1}" to "{9}" stand for
-/// the parameters. Empty lines and lines that open with '#' are passed over. A key that the current language does not
-/// have is taken from English, then from the default of the call.
+/// A key that holds blanks or quotes stands in quotes itself. In texts \" \\ and \n are escapes, "{1}" to
+/// "{9}" stand for the parameters. Empty lines and lines that open with '#' are passed over. A key that the
+/// current language does not have is taken from English, then from the default of the call.
 class KOR_FRAMEWORK_API KorMsgCatalog {
  public:
   /// The text of `key` in `catalogue` with its parameters put in; `fallback`, with the same parameters, when

@@ -50,7 +50,8 @@ void KorWBNymMainPanel::RefreshActiveDocument() {
 }
 
 bool KorWBNymMainPanel::AreDocumentsInUse() const {
-  return Pdm().AreOldDocumentsUsed() && _activeDocId != kNoDocumentId && _activeDocId != KorLumWBCSCommonDefinitions::ExceptionFlag;
+  return Pdm().AreOldDocumentsUsed() && _activeDocId != kNoDocumentId &&
+         _activeDocId != KorLumWBCSCommonDefinitions::ExceptionFlag;
 }
 
 void KorWBNymMainPanel::CheckForMissingDocuments() {

@@ -37,8 +37,8 @@ std::optional<KorWBNymNavMassValues> KorWBNymMainPanel::ShownDistribution() cons
   return KorWBNymNavMassValues::ReadEach(*_dataBuffer, shownType);
 }
 
-/// Shows computed values again, as the results page has them; what is not computed, or stands in custom axes that
-/// cannot be used, stays as it is.
+/// Shows computed values again, as the results page has them; what is not computed, or stands in custom axes
+/// that cannot be used, stays as it is.
 HRESULT KorWBNymMainPanel::ShowComputed(HRESULT (KorWBNymMainPanel::*show)(const KorWBNymNavMassValues&)) {
   if (!IsComputedDefined()) return S_OK;
   ResultsView view;

@@ -29,7 +29,8 @@ bool KorWBNymNavServerChannel::ShowError(const KorUnicodeString& reply, KorDlgDi
 }
 
 const char* KorWBNymNavServerChannel::TitleOfWarnings(const KorUnicodeString& warnings) const {
-  // The text that makes a warning an error. Every text holds an empty one: without a catalogue all are errors.
+  // The text that makes a warning an error. Every text holds an empty one: without a catalogue all are
+  // errors.
   const KorUnicodeString mark = _messages.Text("WBWarnings001.Message");
   const bool holdsError = warnings.SearchSubString(mark) >= 0;
   return holdsError ? "WBErrors001.Title" : "WBWarnings001.Title";

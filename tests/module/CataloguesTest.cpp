@@ -32,10 +32,14 @@ bool ShowsATitle(const KorDlgObject& widget) {
     case KorDlgKind::Label:
     case KorDlgKind::RadioButton:
     case KorDlgKind::CheckButton:
-    case KorDlgKind::PushButton: return !IsBlankOnPurpose(widget);
-    case KorDlgKind::TabPage: return true;
-    case KorDlgKind::Frame: return widget.Style() == KorDlgStyle::kTitledFrame;
-    default: return false;
+    case KorDlgKind::PushButton:
+      return !IsBlankOnPurpose(widget);
+    case KorDlgKind::TabPage:
+      return true;
+    case KorDlgKind::Frame:
+      return widget.Style() == KorDlgStyle::kTitledFrame;
+    default:
+      return false;
   }
 }
 
@@ -102,7 +106,8 @@ TEST_F(Catalogues, NoKeyIsUnused) {
 TEST_F(Catalogues, EveryOtherLanguageHasOnlyKeysThatEnglishHas) {
   const std::set<std::string> english = KeysOf("en");
   for (const KorString& language : KorMsgCatalog::Languages())
-    for (const std::string& key : KeysOf(language.c_str())) EXPECT_TRUE(english.contains(key)) << language << ": " << key;
+    for (const std::string& key : KeysOf(language.c_str()))
+      EXPECT_TRUE(english.contains(key)) << language << ": " << key;
 }
 
 TEST_F(Catalogues, AnotherLanguageFallsBackToEnglishWhereItHasNoText) {

@@ -39,10 +39,12 @@ class Compute : public PanelTest {
   }
   /// Everything that the user sees of the results.
   std::string Screen() {
-    std::string screen = Masses() + CG() + Moments() + Products() + MTMoments() + MTProducts() + SelectedPage();
+    std::string screen =
+        Masses() + CG() + Moments() + Products() + MTMoments() + MTProducts() + SelectedPage();
     for (const char* lamp : {"FlagRedLabel[1]", "FlagGreenLabel[1]", "FlagRedLabel[2]", "FlagGreenLabel[2]"})
       screen += IsShown(lamp) ? " shown" : " hidden";
-    for (const char* frame : {"InertiaModeFrame", "ReferenceModeFrame"}) screen += IsEnabled(frame) ? " on" : " off";
+    for (const char* frame : {"InertiaModeFrame", "ReferenceModeFrame"})
+      screen += IsEnabled(frame) ? " on" : " off";
     return screen;
   }
 };
@@ -52,8 +54,8 @@ class Compute : public PanelTest {
 TEST_F(Compute, SendsInstanceFlagPartAndTheBuffersText) {
   Open(SamplePart());
   ComputeWith(kReply);
-  EXPECT_THAT(Server().Requests(),
-              ElementsAre(ScriptedServer::Request{kCommand, "1|P-100|ComputeOptions/1|0%7CNo Filter|0|0|Steel|end"}));
+  EXPECT_THAT(Server().Requests(), ElementsAre(ScriptedServer::Request{
+                                       kCommand, "1|P-100|ComputeOptions/1|0%7CNo Filter|0|0|Steel|end"}));
 }
 
 TEST_F(Compute, OfAPartWithoutAnInstanceSendsAZero) {
@@ -112,7 +114,8 @@ TEST_F(Compute, WritesRequestAndReplyToTheStandardOutput) {
   ComputeWith(kReply);
   EXPECT_THAT(Output(), HasSubstr("String to send to the server for compute : "
                                   "1|P-100|ComputeOptions/1|0%7CNo Filter|0|0|Steel|end"));
-  EXPECT_THAT(Output(), HasSubstr(std::string("\n\nSERVER ANSWER FOR NYMCOMPUTEVALUES : ") + kReply + "\n\n"));
+  EXPECT_THAT(Output(),
+              HasSubstr(std::string("\n\nSERVER ANSWER FOR NYMCOMPUTEVALUES : ") + kReply + "\n\n"));
   EXPECT_THAT(Output(), Not(HasSubstr("Failed")));
 }
 
@@ -232,7 +235,8 @@ TEST_F(Compute, WithoutWarningsShowsNoMessage) {
 TEST_F(Compute, ShowsTheServersWarningsAndGoesOn) {
   Open(SamplePart());
   Server().SetPendingWarnings("PendingWarnings/1|1|1|2 parts have no mass|end");
-  Boxes().ExpectMessage({"KorWBNymMainPanel", CatalogueText("WBWarnings001.Title"), "2 parts have no mass", kErrorFlags});
+  Boxes().ExpectMessage(
+      {"KorWBNymMainPanel", CatalogueText("WBWarnings001.Title"), "2 parts have no mass", kErrorFlags});
   ComputeWith(kReply);
   EXPECT_EQ(Text("MassEditor"), "3 kg");
   EXPECT_TRUE(IsShown("FlagGreenLabel[1]"));
@@ -241,7 +245,8 @@ TEST_F(Compute, ShowsTheServersWarningsAndGoesOn) {
 TEST_F(Compute, WarningsThatHoldAnErrorAreTitledAsErrors) {
   Open(SamplePart());
   Server().SetPendingWarnings("PendingWarnings/1|2|1|first|2|second|end");
-  Boxes().ExpectMessage({"KorWBNymMainPanel", CatalogueText("WBErrors001.Title"), "first\nsecond", kErrorFlags});
+  Boxes().ExpectMessage(
+      {"KorWBNymMainPanel", CatalogueText("WBErrors001.Title"), "first\nsecond", kErrorFlags});
   ComputeWith(kReply);
   EXPECT_NE(CatalogueText("WBErrors001.Title"), CatalogueText("WBWarnings001.Title"));
 }
@@ -263,7 +268,8 @@ TEST_F(Compute, AnErrorIsShownOverTheMainWindowAndNothingChanges) {
 
 TEST_F(Compute, AReplyThatIsExactlyTheErrorHeaderShowsAnEmptyText) {
   Open(SamplePart());
-  Boxes().ExpectMessage({KorApplicationFrame::GetMainWindow()->Name(), CatalogueText("ServerError.Title"), "", kErrorFlags});
+  Boxes().ExpectMessage(
+      {KorApplicationFrame::GetMainWindow()->Name(), CatalogueText("ServerError.Title"), "", kErrorFlags});
   ComputeWith("LumiraError: ");
 }
 
@@ -324,8 +330,8 @@ TEST_F(Compute, WithoutAServerTheEmptyReplyIsRefused) {
   KorPdmClient::SetTransport(nullptr);
   auto unread = BufferOf(SamplePart());
   unread->SetComputedData("", true);
-  Boxes().ExpectMessage({"KorWBNymMainPanel", CatalogueText("ServerError.Title"), unread->GetLastRefusal().Utf8(),
-                         kErrorFlags});
+  Boxes().ExpectMessage({"KorWBNymMainPanel", CatalogueText("ServerError.Title"),
+                         unread->GetLastRefusal().Utf8(), kErrorFlags});
   Press("ComputeButton");
   EXPECT_EQ(Screen(), screen);
 }
@@ -340,9 +346,10 @@ class ComputeInCustomFrame : public Compute {
     Check("CustomReferenceButton");
     TypeCustomFrame(texts);
     for (const char* editor : kTwelveEditors)
-      Widget(editor).Subscribe(KorEvent::EditorModify, [this, editor](KorCommand*, KorNotification*, KorCommandClientData) {
-        rewritten.push_back(editor);
-      });
+      Widget(editor).Subscribe(KorEvent::EditorModify,
+                               [this, editor](KorCommand*, KorNotification*, KorCommandClientData) {
+                                 rewritten.push_back(editor);
+                               });
   }
   void ExpectRefusedFrame() {
     Boxes().ExpectMessage({"KorWBNymMainPanel", CatalogueText("KorWBNymMainPanel.CustomModeEmptyValue.Title"),

@@ -40,7 +40,8 @@ TEST_F(EmptyBuffer, TakesTheResultsOfThePartBeforeAway) {
 
 TEST_F(EmptyBuffer, SurvivesEveryModeAndPage) {
   Open(Empty());
-  for (const char* mode : {"ReferenceButton", "RootProductButton", "CustomReferenceButton", "CGButton", "CurrentPartButton"})
+  for (const char* mode :
+       {"ReferenceButton", "RootProductButton", "CustomReferenceButton", "CGButton", "CurrentPartButton"})
     Check(mode);
   for (const char* page : {"TabPage003", "TabPage004", "TabPage005", "TabPage002"}) PickPage(page);
 }

@@ -78,7 +78,8 @@ TEST_F(FilterState, BeforeAnyChoiceThereIsNoFilterAndEveryInstanceIsValid) {
   EXPECT_EQ(Panel::GetFilter("ROOT"), "0|No Filter");
   EXPECT_EQ(Panel::GetDisplayFilter("ROOT"), "No Filter");
   EXPECT_TRUE(Panel::IsValid("ROOT", "I1", "P1", "A", 0, ""));
-  EXPECT_EQ(Panel::GetFilter(""), "0|No Filter") << "the empty product is the chosen one, and still nothing was chosen";
+  EXPECT_EQ(Panel::GetFilter(""), "0|No Filter")
+      << "the empty product is the chosen one, and still nothing was chosen";
   EXPECT_EQ(Panel::GetDisplayFilter(""), "No Filter");
 }
 

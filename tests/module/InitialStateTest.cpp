@@ -8,12 +8,14 @@ using testing::UnorderedElementsAreArray;
 namespace {
 
 constexpr const char* kDisabledAtFirst[] = {
-    "ActiveMassCombo", "MTMassEditor",   "MTCGxEditor", "MTCGyEditor",      "MTCGzEditor",      "MTIxxEditor",
-    "MTIyyEditor",     "MTIzzEditor",    "MTIyzEditor", "MTIxzEditor",      "MTIxyEditor",      "DensityEditor",
-    "WBMaterialEditor", "FirstCombo",    "SecondCombo", "TypeCombo",        "UpperValueEditor", "LowerValueEditor",
-    "ValueTypeCombo",  "SaveButton",     "DeleteButton", "CustomRefModeFrame"};
-constexpr const char* kDisabledDocuments[] = {"ActiveDocLatestButton", "ActiveDocUsrSelButton", "ActiveDocsCombo",
-                                              "ChangeActiveDocButton", "ApplyActiveDocButton",  "CancelActiveDocButton"};
+    "ActiveMassCombo", "MTMassEditor",      "MTCGxEditor",      "MTCGyEditor",    "MTCGzEditor",
+    "MTIxxEditor",     "MTIyyEditor",       "MTIzzEditor",      "MTIyzEditor",    "MTIxzEditor",
+    "MTIxyEditor",     "DensityEditor",     "WBMaterialEditor", "FirstCombo",     "SecondCombo",
+    "TypeCombo",       "UpperValueEditor",  "LowerValueEditor", "ValueTypeCombo", "SaveButton",
+    "DeleteButton",    "CustomRefModeFrame"};
+constexpr const char* kDisabledDocuments[] = {"ActiveDocLatestButton", "ActiveDocUsrSelButton",
+                                              "ActiveDocsCombo",       "ChangeActiveDocButton",
+                                              "ApplyActiveDocButton",  "CancelActiveDocButton"};
 
 void CollectDisabled(const KorDlgObject& parent, std::vector<std::string>& names) {
   for (const auto& child : parent.Children()) {

@@ -10,7 +10,8 @@ using testing::ElementsAre;
 
 namespace {
 
-// Name, kind and style (hexadecimal) of each widget in the order of creation, children indented below their parent.
+// Name, kind and style (hexadecimal) of each widget in the order of creation, children indented below their
+// parent.
 // "<spacer>" stands for a label with a blank title in "Frame231", whose name is free.
 constexpr const char* kHeader = R"(
 Frame012 Frame 40001
@@ -244,7 +245,8 @@ std::string ShownName(const KorDlgObject& widget) {
 void Describe(const KorDlgObject& parent, const std::string& indent, std::vector<std::string>& lines) {
   for (const auto& child : parent.Children()) {
     std::ostringstream line;
-    line << indent << ShownName(*child) << ' ' << KindName(child->Kind()) << ' ' << std::hex << child->Style();
+    line << indent << ShownName(*child) << ' ' << KindName(child->Kind()) << ' ' << std::hex
+         << child->Style();
     lines.push_back(line.str());
     Describe(*child, indent + "  ", lines);
   }
@@ -295,7 +297,8 @@ TEST_F(Layout, HintsAtTheFormOfDatesWhenAPropertyIsADate) {
 
 TEST_F(Layout, WithoutOldDocumentsHasFivePagesAndNoneForDocuments) {
   Open(SamplePartWithProperties());
-  EXPECT_THAT(Pages(), ElementsAre("TabPage002", "TabPage003", "TabPage004", "TabPage005", "TabPageAdditional"));
+  EXPECT_THAT(Pages(),
+              ElementsAre("TabPage002", "TabPage003", "TabPage004", "TabPage005", "TabPageAdditional"));
   for (const char* widget : {"TabPageDocuments", "ActiveDocsCombo", "DocumentsCombo", "ActiveDocLatestButton",
                              "ChangeActiveDocButton"})
     EXPECT_FALSE(Has(widget)) << widget;
@@ -303,7 +306,8 @@ TEST_F(Layout, WithoutOldDocumentsHasFivePagesAndNoneForDocuments) {
 
 TEST_F(Layout, WithDocumentsAndNoAdditionalPropertiesHasFivePages) {
   Open(SamplePartWithDocuments());
-  EXPECT_THAT(Pages(), ElementsAre("TabPage002", "TabPage003", "TabPage004", "TabPage005", "TabPageDocuments"));
+  EXPECT_THAT(Pages(),
+              ElementsAre("TabPage002", "TabPage003", "TabPage004", "TabPage005", "TabPageDocuments"));
 }
 
 TEST_F(Layout, WithoutEitherHasFourPages) {

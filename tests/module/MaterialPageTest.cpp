@@ -16,7 +16,9 @@ class MaterialPage : public PanelTest {
     return part;
   }
   std::string Shown() { return Text("MatStatNameSpinner") + ": " + Text("MatStatDensityEditor"); }
-  bool CanTurnUp() { return As<KorDlgSpinner>("MatStatNameSpinner").GetUpSensitivity() == KorSensitivity::Enabled; }
+  bool CanTurnUp() {
+    return As<KorDlgSpinner>("MatStatNameSpinner").GetUpSensitivity() == KorSensitivity::Enabled;
+  }
   bool CanTurnDown() {
     return As<KorDlgSpinner>("MatStatNameSpinner").GetDownSensitivity() == KorSensitivity::Enabled;
   }

@@ -145,7 +145,8 @@ TEST_F(ReferenceModeChoice, TheOthersHideItAndMoveTheCommandsUp) {
 TEST_F(ReferenceModeChoice, TheButtonThatBecameUncheckedDoesNothing) {
   Open(SamplePart());
   Check("CustomReferenceButton");
-  // Unchecking the custom reference tells its handler first; the frame goes because the root product was checked.
+  // Unchecking the custom reference tells its handler first; the frame goes because the root product was
+  // checked.
   As<KorDlgRadioButton>("CustomReferenceButton").SetState(KorCheckState::Unchecked, KorNotify::Send);
   EXPECT_TRUE(IsShown("CustomRefModeFrame"));
   EXPECT_TRUE(IsEnabled("CustomRefModeFrame"));

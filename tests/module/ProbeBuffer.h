@@ -27,10 +27,12 @@ class ProbeBuffer : public LumWBAllDataBuffer {
     return Outcome("GetComputedInfo", [&] { return LumWBAllDataBuffer::GetComputedInfo(text); });
   }
   HRESULT GetCalculationUpToDate(bool& upToDate) const override {
-    return Outcome("GetCalculationUpToDate", [&] { return LumWBAllDataBuffer::GetCalculationUpToDate(upToDate); });
+    return Outcome("GetCalculationUpToDate",
+                   [&] { return LumWBAllDataBuffer::GetCalculationUpToDate(upToDate); });
   }
   HRESULT SetCalculationUpToDate(bool upToDate) override {
-    return Outcome("SetCalculationUpToDate", [&] { return LumWBAllDataBuffer::SetCalculationUpToDate(upToDate); });
+    return Outcome("SetCalculationUpToDate",
+                   [&] { return LumWBAllDataBuffer::SetCalculationUpToDate(upToDate); });
   }
   HRESULT SetPreComputeSwitch(bool mayReuse) override {
     return Outcome(mayReuse ? "SetPreComputeSwitch(true)" : "SetPreComputeSwitch(false)",
@@ -59,16 +61,19 @@ class ProbeBuffer : public LumWBAllDataBuffer {
     return LumWBAllDataBuffer::GetMassTypeList();
   }
   HRESULT GetMassTypeDefined(const KorUnicodeString& massType, int& status) const override {
-    return Outcome("GetMassTypeDefined", [&] { return LumWBAllDataBuffer::GetMassTypeDefined(massType, status); });
+    return Outcome("GetMassTypeDefined",
+                   [&] { return LumWBAllDataBuffer::GetMassTypeDefined(massType, status); });
   }
   int GetMassTypeDefined(const KorUnicodeString& massType) const override {
     return LumWBAllDataBuffer::GetMassTypeDefined(massType);
   }
   HRESULT GetLowerDeviation(const KorUnicodeString& massType, double& deviation) const override {
-    return Outcome("GetLowerDeviation", [&] { return LumWBAllDataBuffer::GetLowerDeviation(massType, deviation); });
+    return Outcome("GetLowerDeviation",
+                   [&] { return LumWBAllDataBuffer::GetLowerDeviation(massType, deviation); });
   }
   HRESULT GetUpperDeviation(const KorUnicodeString& massType, double& deviation) const override {
-    return Outcome("GetUpperDeviation", [&] { return LumWBAllDataBuffer::GetUpperDeviation(massType, deviation); });
+    return Outcome("GetUpperDeviation",
+                   [&] { return LumWBAllDataBuffer::GetUpperDeviation(massType, deviation); });
   }
   std::vector<double> GetPlacement() const override {
     return placement ? *placement : LumWBAllDataBuffer::GetPlacement();

@@ -5,7 +5,8 @@
 
 #include "module/main_panel/KorWBNymMainPanel.h"
 
-/// The part panel with every handler replaced by one that writes down its name and the client data it was called with.
+/// The part panel with every handler replaced by one that writes down its name and the client data it was
+/// called with.
 ///
 /// The handlers stand in the order of the class. Nothing that the user does has any other effect.
 class ProbePanel : public KorWBNymMainPanel {
@@ -19,9 +20,9 @@ class ProbePanel : public KorWBNymMainPanel {
   };
   std::vector<Call> calls;
 
-#define KORVO_PROBE(handler)                                                                         \
-  void handler(KorCommand* sender, KorNotification*, KorCommandClientData data) override {           \
-    calls.push_back({#handler, sender, data});                                                       \
+#define KORVO_PROBE(handler)                                                               \
+  void handler(KorCommand* sender, KorNotification*, KorCommandClientData data) override { \
+    calls.push_back({#handler, sender, data});                                             \
   }
   KORVO_PROBE(OnTypeComboModifyNotification)
   KORVO_PROBE(OnFirstComboModifyNotification)

@@ -31,8 +31,13 @@ class MoodyServer : public KorPdmTransport {
   explicit MoodyServer(std::mt19937& dice) : _dice(dice) { KorPdmClient::SetTransport(this); }
   ~MoodyServer() override { KorPdmClient::SetTransport(nullptr); }
   std::string Run(const std::string&, const std::string&) override {
-    static const std::string kGood = "ComputeReply/1|P-100|Computed|1|3|0.5|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0|end";
-    const std::string replies[] = {kGood, kGood, "LumiraError: no", "PendingWarnings/1|1|2|bad|end", "",
+    static const std::string kGood =
+        "ComputeReply/1|P-100|Computed|1|3|0.5|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0|end";
+    const std::string replies[] = {kGood,
+                                   kGood,
+                                   "LumiraError: no",
+                                   "PendingWarnings/1|1|2|bad|end",
+                                   "",
                                    kGood.substr(0, _dice() % kGood.size())};
     return replies[_dice() % std::size(replies)];
   }

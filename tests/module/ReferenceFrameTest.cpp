@@ -1,5 +1,3 @@
-#include "module/shared/KorWBNymNavReferenceFrame.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -11,6 +9,7 @@
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorMsgCatalog.h"
 #include "framework/knowledge/KorUnitSystems.h"
+#include "module/shared/KorWBNymNavReferenceFrame.h"
 #include "tests/module/PanelTest.h"
 #include "tests/support/TemporaryCatalogues.h"
 
@@ -21,7 +20,8 @@ struct FrameDialog : KorDlgDialog {
   FrameDialog() : KorDlgDialog(nullptr, "FrameDialog", 0) {
     for (std::size_t i = 0; i < editors.size(); ++i) {
       editors[i] = Add<KorDlgEditor>(("E" + std::to_string(i)).c_str());
-      editors[i]->Subscribe(KorEvent::EditorModify, [this](KorCommand*, KorNotification*, KorCommandClientData) { ++told; });
+      editors[i]->Subscribe(KorEvent::EditorModify,
+                            [this](KorCommand*, KorNotification*, KorCommandClientData) { ++told; });
     }
     SetVisibility(KorVisibility::Shown);
   }
@@ -34,7 +34,8 @@ struct FrameDialog : KorDlgDialog {
     return texts;
   }
   KorWBNymNavReferenceFrame Frame() const {
-    return {std::span<KorDlgEditor* const, 3>(editors.data(), 3), std::span<KorDlgEditor* const, 9>(editors.data() + 3, 9)};
+    return {std::span<KorDlgEditor* const, 3>(editors.data(), 3),
+            std::span<KorDlgEditor* const, 9>(editors.data() + 3, 9)};
   }
   std::array<KorDlgEditor*, 12> editors{};
   int told = 0;
@@ -93,7 +94,8 @@ TEST_F(ReferenceFrame, TheFormOfTheOtherPanelsWritesEachNumberBack) {
   dialog.Frame().GetCustomRefModeValues(point, axes);
   const std::unique_ptr<KorMathPoint> ownedPoint(point);
   const std::unique_ptr<KorMath3x3Matrix> ownedAxes(axes);
-  EXPECT_THAT(dialog.Texts(), testing::ElementsAre("1.5", "0", "0", "1", "0", "0", "0", "1", "0", "0", "0", "1"));
+  EXPECT_THAT(dialog.Texts(),
+              testing::ElementsAre("1.5", "0", "0", "1", "0", "0", "0", "1", "0", "0", "0", "1"));
   ASSERT_NE(point, nullptr);
   ASSERT_NE(axes, nullptr);
   EXPECT_EQ(*point, KorMathPoint(1.5, 0, 0));
@@ -140,15 +142,17 @@ TEST_F(ReferenceFrame, ParallelAxesAreSingular) {
 }
 
 TEST_F(ReferenceFrame, AxesWhoseInverseOverflowsCannotBeInverted) {
-  EXPECT_EQ(KorWBNymNavReferenceFrame::Check(KorMath3x3Matrix(1e-320, 0, 0, 0, 1, 0, 0, 0, 1)), Verdict::NotInvertible);
+  EXPECT_EQ(KorWBNymNavReferenceFrame::Check(KorMath3x3Matrix(1e-320, 0, 0, 0, 1, 0, 0, 0, 1)),
+            Verdict::NotInvertible);
 }
 
 /// The check of the group and report panels with the message that it shows.
 struct ReferenceFrameReport : ReferenceFrame {
   ReferenceFrameReport() {
-    catalogues.Write("en", "Catalogue",
-                     "InertiaReferenceAxis001.Title = \"title one\"\nInertiaReferenceAxis001.Message = \"message one\"\n"
-                     "InertiaReferenceAxis002.Title = \"title two\"\nInertiaReferenceAxis002.Message = \"message two\"\n");
+    catalogues.Write(
+        "en", "Catalogue",
+        "InertiaReferenceAxis001.Title = \"title one\"\nInertiaReferenceAxis001.Message = \"message one\"\n"
+        "InertiaReferenceAxis002.Title = \"title two\"\nInertiaReferenceAxis002.Message = \"message two\"\n");
     KorApplicationFrame::SetBackend(&backend);
   }
   ~ReferenceFrameReport() override { KorApplicationFrame::SetBackend(nullptr); }

@@ -16,33 +16,35 @@ struct View {
 std::ostream& operator<<(std::ostream& out, const View& view) { return out << view.name; }
 
 // The part: 2 kg at c = (0.1, 0.2, 0.3) m; tensor rows (10, -1, -2), (-1, 20, -3), (-2, -3, 30) about c.
-// The root product: turned by 90° about z, (x, y) -> (-y, x), and moved by (1, 2, 3) m: c = (0.8, 2.1, 3.3) m, tensor rows
+// The root product: turned by 90° about z, (x, y) -> (-y, x), and moved by (1, 2, 3) m: c = (0.8, 2.1, 3.3)
+// m, tensor rows
 //   (20, 1, 3), (1, 10, -2), (3, -2, 30).
-// The custom frame: point p = (0.1, 0.2, 0.3) m, axes A = (1, 0, 0), (0, 0, 1), (0, -1, 0): reference A·p = (0.1, 0.3, -0.2) m,
+// The custom frame: point p = (0.1, 0.2, 0.3) m, axes A = (1, 0, 0), (0, 0, 1), (0, -1, 0): reference A·p =
+// (0.1, 0.3, -0.2) m,
 //   A·c = (0.8, 3.3, -2.1) m, tensor A⁻¹·M·A with rows (20, -3, 1), (-3, 30, 2), (1, 2, 10).
 // About the reference: I + m·(|d|²·E − d·dᵀ), d from the centre of gravity to the reference.
 constexpr View kMillimetres[] = {
-    {"CurrentPartAtCG", "CurrentPartButton", "CGButton", "100 mm, 200 mm, 300 mm", "10 kg·m², 20 kg·m², 30 kg·m²",
-     "1 kg·m², 2 kg·m², 3 kg·m²"},
+    {"CurrentPartAtCG", "CurrentPartButton", "CGButton", "100 mm, 200 mm, 300 mm",
+     "10 kg·m², 20 kg·m², 30 kg·m²", "1 kg·m², 2 kg·m², 3 kg·m²"},
     {"CurrentPartAtReference", "CurrentPartButton", "ReferenceButton", "100 mm, 200 mm, 300 mm",
      "10.26 kg·m², 20.2 kg·m², 30.1 kg·m²", "1.04 kg·m², 2.06 kg·m², 3.12 kg·m²"},
-    {"RootProductAtCG", "RootProductButton", "CGButton", "800 mm, 2100 mm, 3300 mm", "20 kg·m², 10 kg·m², 30 kg·m²",
-     "-1 kg·m², -3 kg·m², 2 kg·m²"},
+    {"RootProductAtCG", "RootProductButton", "CGButton", "800 mm, 2100 mm, 3300 mm",
+     "20 kg·m², 10 kg·m², 30 kg·m²", "-1 kg·m², -3 kg·m², 2 kg·m²"},
     {"RootProductAtReference", "RootProductButton", "ReferenceButton", "800 mm, 2100 mm, 3300 mm",
      "50.6 kg·m², 33.06 kg·m², 40.1 kg·m²", "2.36 kg·m², 2.28 kg·m², 15.86 kg·m²"},
-    {"CustomAtCG", "CustomReferenceButton", "CGButton", "700 mm, 3000 mm, -1900 mm", "20 kg·m², 30 kg·m², 10 kg·m²",
-     "3 kg·m², -1 kg·m², -2 kg·m²"},
+    {"CustomAtCG", "CustomReferenceButton", "CGButton", "700 mm, 3000 mm, -1900 mm",
+     "20 kg·m², 30 kg·m², 10 kg·m²", "3 kg·m², -1 kg·m², -2 kg·m²"},
     {"CustomAtReference", "CustomReferenceButton", "ReferenceButton", "700 mm, 3000 mm, -1900 mm",
      "45.22 kg·m², 38.2 kg·m², 28.98 kg·m²", "7.2 kg·m², -3.66 kg·m², -13.4 kg·m²"},
 };
 
 constexpr View kSi[] = {
-    {"CurrentPartAtCG", "CurrentPartButton", "CGButton", "0.1 m, 0.2 m, 0.3 m", "10 kg·m², 20 kg·m², 30 kg·m²",
-     "1 kg·m², 2 kg·m², 3 kg·m²"},
+    {"CurrentPartAtCG", "CurrentPartButton", "CGButton", "0.1 m, 0.2 m, 0.3 m",
+     "10 kg·m², 20 kg·m², 30 kg·m²", "1 kg·m², 2 kg·m², 3 kg·m²"},
     {"CurrentPartAtReference", "CurrentPartButton", "ReferenceButton", "0.1 m, 0.2 m, 0.3 m",
      "10.26 kg·m², 20.2 kg·m², 30.1 kg·m²", "1.04 kg·m², 2.06 kg·m², 3.12 kg·m²"},
-    {"RootProductAtCG", "RootProductButton", "CGButton", "0.8 m, 2.1 m, 3.3 m", "20 kg·m², 10 kg·m², 30 kg·m²",
-     "-1 kg·m², -3 kg·m², 2 kg·m²"},
+    {"RootProductAtCG", "RootProductButton", "CGButton", "0.8 m, 2.1 m, 3.3 m",
+     "20 kg·m², 10 kg·m², 30 kg·m²", "-1 kg·m², -3 kg·m², 2 kg·m²"},
     {"RootProductAtReference", "RootProductButton", "ReferenceButton", "0.8 m, 2.1 m, 3.3 m",
      "50.6 kg·m², 33.06 kg·m², 40.1 kg·m²", "2.36 kg·m², 2.28 kg·m², 15.86 kg·m²"},
     {"CustomAtCG", "CustomReferenceButton", "CGButton", "0.7 m, 3 m, -1.9 m", "20 kg·m², 30 kg·m², 10 kg·m²",
@@ -59,12 +61,14 @@ constexpr View kImperial[] = {
     {"RootProductAtCG", "RootProductButton", "CGButton", "31.49606299 in, 82.67716535 in, 129.9212598 in",
      "68343.43796 lb·in², 34171.71898 lb·in², 102515.1569 lb·in²",
      "-3417.171898 lb·in², -10251.51569 lb·in², 6834.343796 lb·in²"},
-    {"RootProductAtReference", "RootProductButton", "ReferenceButton", "31.49606299 in, 82.67716535 in, 129.9212598 in",
+    {"RootProductAtReference", "RootProductButton", "ReferenceButton",
+     "31.49606299 in, 82.67716535 in, 129.9212598 in",
      "172908.898 lb·in², 112971.703 lb·in², 137028.5931 lb·in²",
      "8064.52568 lb·in², 7791.151928 lb·in², 54196.34631 lb·in²"},
 };
 
-/// Brings the sample part, open, into the mode of `view`; the custom point is typed in the current length unit.
+/// Brings the sample part, open, into the mode of `view`; the custom point is typed in the current length
+/// unit.
 class ReferenceModes : public PanelTest, public testing::WithParamInterface<View> {
  protected:
   void Choose(const View& view, const char* px, const char* py, const char* pz) {

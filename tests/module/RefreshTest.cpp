@@ -158,7 +158,8 @@ TEST_F(Refresh, ASpecificRevisionUsedBeforeIsTheOneShown) {
   EXPECT_FALSE(IsChecked("ActiveDocLatestButton"));
   EXPECT_EQ(Text("Act"), "D-7 B");
   const std::string trace = TraceOfRefresh();
-  EXPECT_THAT(trace, HasSubstr("There's a value for the active doc id - default to the \"selected rev\" button"));
+  EXPECT_THAT(trace,
+              HasSubstr("There's a value for the active doc id - default to the \"selected rev\" button"));
   EXPECT_THAT(trace, HasSubstr("Setting act to D-7 B"));
 }
 

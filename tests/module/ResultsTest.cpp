@@ -139,8 +139,7 @@ TEST_F(Results, WithAMagnitudeThatHasNoUnitsNothingChanges) {
   Open(SamplePart());
   ChangeComputed();
   KorCkeParmDictionary dictionary;
-  dictionary.AddMagnitude(
-      KorCkeMagnitude_var::Adopt(new KorCkeMagnitude("MASS", {})));
+  dictionary.AddMagnitude(KorCkeMagnitude_var::Adopt(new KorCkeMagnitude("MASS", {})));
   KorCkeGlobalFunctions::SetParmDictionary(&dictionary);
   EXPECT_EQ(Panel().RefreshResultsTab(), E_FAIL);
   KorCkeGlobalFunctions::RestoreParmDictionary();
@@ -178,7 +177,8 @@ TEST_F(Results, ReadOnlyEditorsCannotBeTypedInto) {
 
 TEST_F(Results, ATensorUnderTheLabelActiveGoesToTheResultsOnly) {
   Open(SamplePart());
-  EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(KorMath3x3Matrix(1, -4, -5, -4, 2, -6, -5, -6, 3), "Active"), S_OK);
+  EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(KorMath3x3Matrix(1, -4, -5, -4, 2, -6, -5, -6, 3), "Active"),
+            S_OK);
   EXPECT_EQ(Moments(), "1 kg·m², 2 kg·m², 3 kg·m²");
   EXPECT_EQ(Products(), "4 kg·m², 5 kg·m², 6 kg·m²");
   EXPECT_NE(MTMoments(), "1 kg·m², 2 kg·m², 3 kg·m²");
@@ -213,7 +213,8 @@ TEST_F(Results, TheirRefreshAlsoWritesTheComputedTensorToTheMassTypesOnPurpose) 
 TEST_F(Results, WithoutTheInertiaMagnitudeATensorIsNotShown) {
   Open(SamplePart());
   const DictionaryWithout inertia("INERTIAMOMENT");
-  EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(KorMath3x3Matrix(1, 0, 0, 0, 1, 0, 0, 0, 1), "Active"), E_FAIL);
+  EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(KorMath3x3Matrix(1, 0, 0, 0, 1, 0, 0, 0, 1), "Active"),
+            E_FAIL);
   ExpectOldResults();
 }
 
@@ -234,7 +235,8 @@ TEST_F(Results, LengthsAreShownAgainInTheCurrentUnitOnBothPages) {
   SetUnit("LENGTH", "METER");
   EXPECT_EQ(Panel().RefreshLengthUnits(), S_OK);
   EXPECT_EQ(CG(), "0.1 m, 0.2 m, 0.3 m");
-  EXPECT_EQ(Text("MTCGxEditor") + ", " + Text("MTCGyEditor") + ", " + Text("MTCGzEditor"), "0.1 m, 0.2 m, 0.3 m");
+  EXPECT_EQ(Text("MTCGxEditor") + ", " + Text("MTCGyEditor") + ", " + Text("MTCGzEditor"),
+            "0.1 m, 0.2 m, 0.3 m");
 }
 
 TEST_F(Results, MomentsAreShownAgainInTheCurrentUnitOnBothPages) {
@@ -256,7 +258,9 @@ TEST_F(Results, TheDensityIsShownAgainInTheCurrentUnit) {
 
 TEST_F(Results, TheDensityAloneIsShownWithoutTheConversionOfTheReferenceUnitOnPurpose) {
   Open(SamplePart());
-  const auto unit = [](const char* symbol) { return KorCkeUnit_var::Adopt(new KorCkeUnit("BIG", symbol, 1000)); };
+  const auto unit = [](const char* symbol) {
+    return KorCkeUnit_var::Adopt(new KorCkeUnit("BIG", symbol, 1000));
+  };
   KorCkeParmDictionary dictionary;  // of magnitudes whose first unit converts
   dictionary.AddMagnitude(KorCkeMagnitude_var::Adopt(new KorCkeMagnitude("DENSITY", {unit("D")})));
   dictionary.AddMagnitude(KorCkeMagnitude_var::Adopt(new KorCkeMagnitude("MASS", {unit("M")})));

@@ -1,11 +1,10 @@
-#include "module/shared/KorWBNymNavServerChannel.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "framework/dialog/KorApplicationFrame.h"
 #include "framework/dialog/KorDlgDialog.h"
 #include "framework/pdm/KorPdmClient.h"
+#include "module/shared/KorWBNymNavServerChannel.h"
 #include "tests/support/RecordingBackend.h"
 #include "tests/support/ScriptedServer.h"
 #include "tests/support/TemporaryCatalogues.h"

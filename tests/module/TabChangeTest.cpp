@@ -20,7 +20,8 @@ TEST_F(TabChange, HoldsForEveryPageAfterTheFirst) {
   protocol::PartData part = SamplePartWithDocuments();
   part.propertiesRequested = true;
   Open(part);
-  for (const char* page : {"TabPage003", "TabPage004", "TabPage005", "TabPageDocuments", "TabPageAdditional"}) {
+  for (const char* page :
+       {"TabPage003", "TabPage004", "TabPage005", "TabPageDocuments", "TabPageAdditional"}) {
     PickPage("TabPage002");
     EXPECT_TRUE(IsEnabled("InertiaModeFrame")) << page;
     PickPage(page);

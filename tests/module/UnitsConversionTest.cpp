@@ -1,11 +1,10 @@
-#include "module/shared/KorWBNymNavUnitsConversion.h"
-
 #include <gtest/gtest.h>
 
 #include <limits>
 
 #include "framework/knowledge/KorCkeParmDictionary.h"
 #include "framework/knowledge/KorUnitSystems.h"
+#include "module/shared/KorWBNymNavUnitsConversion.h"
 
 namespace {
 
@@ -58,7 +57,8 @@ TEST_F(UnitsConversion, NamesTheOtherEvents) {
 }
 
 TEST_F(UnitsConversion, HasNoEventForANumberThatIsNoType) {
-  for (const int type : {0, 5, -1, 1000}) EXPECT_EQ(KorWBNymNavUnitsConversion::GetChangedEvent(type), nullptr) << type;
+  for (const int type : {0, 5, -1, 1000})
+    EXPECT_EQ(KorWBNymNavUnitsConversion::GetChangedEvent(type), nullptr) << type;
 }
 
 TEST_F(UnitsConversion, LeavesALengthAsItIsOnPurpose) {
@@ -76,16 +76,17 @@ TEST_F(UnitsConversion, LeavesAValueOfEveryTypeAsItIsWhateverUnitIsCurrent) {
 }
 
 TEST_F(UnitsConversion, HasAnEmptySymbolForEveryType) {
-  for (const int type : {1, 2, 3, 4, 0, 9})
-    EXPECT_TRUE(manager.Symbol(type).IsEmpty()) << type;
+  for (const int type : {1, 2, 3, 4, 0, 9}) EXPECT_TRUE(manager.Symbol(type).IsEmpty()) << type;
 }
 
 TEST_F(UnitsConversion, KnowsTheStorageUnitsInTheOrderOfTheTypes) {
-  EXPECT_EQ(NamesOf(manager.StorageUnits()), (std::vector<KorString>{"KG__M3", "METER", "KILOGRAM", "KG_M2"}));
+  EXPECT_EQ(NamesOf(manager.StorageUnits()),
+            (std::vector<KorString>{"KG__M3", "METER", "KILOGRAM", "KG_M2"}));
 }
 
 TEST_F(UnitsConversion, KnowsTheMagnitudesInTheOrderOfTheTypes) {
-  EXPECT_EQ(NamesOf(manager.Magnitudes()), (std::vector<KorString>{"DENSITY", "LENGTH", "MASS", "INERTIAMOMENT"}));
+  EXPECT_EQ(NamesOf(manager.Magnitudes()),
+            (std::vector<KorString>{"DENSITY", "LENGTH", "MASS", "INERTIAMOMENT"}));
 }
 
 TEST_F(UnitsConversion, KeepsTheUnitsThatWereCurrentWhenItWasBuilt) {

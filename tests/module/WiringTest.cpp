@@ -13,10 +13,11 @@
 
 namespace {
 
-constexpr KorEvent kAllEvents[] = {
-    KorEvent::PushActivate, KorEvent::RadioModify, KorEvent::CheckModify, KorEvent::ComboSelect, KorEvent::EditorModify,
-    KorEvent::FocusIn,      KorEvent::FocusOut,    KorEvent::SpinnerUp,   KorEvent::SpinnerDown, KorEvent::SpinnerModify,
-    KorEvent::ListSelect,   KorEvent::TabSelect,   KorEvent::DialogOK,    KorEvent::DialogCancel, KorEvent::WindowClose};
+constexpr KorEvent kAllEvents[] = {KorEvent::PushActivate,  KorEvent::RadioModify,  KorEvent::CheckModify,
+                                   KorEvent::ComboSelect,   KorEvent::EditorModify, KorEvent::FocusIn,
+                                   KorEvent::FocusOut,      KorEvent::SpinnerUp,    KorEvent::SpinnerDown,
+                                   KorEvent::SpinnerModify, KorEvent::ListSelect,   KorEvent::TabSelect,
+                                   KorEvent::DialogOK,      KorEvent::DialogCancel, KorEvent::WindowClose};
 
 /// Which part has the subscription.
 enum class When { Always, WithDocuments, WithProperties, WithoutInstance };
@@ -72,7 +73,8 @@ constexpr Row kRows[] = {
 /// How many rows say that this widget is subscribed to this event, among those that hold for the part.
 int ExpectedCount(const std::string& widget, KorEvent event, const std::set<When>& holds) {
   int count = 0;
-  for (const Row& row : kRows) count += widget == row.widget && event == row.event && holds.contains(row.when);
+  for (const Row& row : kRows)
+    count += widget == row.widget && event == row.event && holds.contains(row.when);
   return count;
 }
 
@@ -85,14 +87,30 @@ void ExpectSubscriptions(const KorDlgObject& widget, const std::set<When>& holds
 
 void Raise(KorDlgObject& widget, KorEvent event) {
   switch (event) {
-    case KorEvent::PushActivate: dynamic_cast<KorDlgPushButton&>(widget).Press(); return;
-    case KorEvent::CheckModify: dynamic_cast<KorDlgCheckButton&>(widget).Toggle(); return;
-    case KorEvent::EditorModify: dynamic_cast<KorDlgEditor&>(widget).Type("typed"); return;
-    case KorEvent::FocusIn: widget.EnterFocus(); return;
-    case KorEvent::FocusOut: widget.LeaveFocus(); return;
-    case KorEvent::SpinnerUp: dynamic_cast<KorDlgSpinner&>(widget).TurnUp(); return;
-    case KorEvent::SpinnerDown: dynamic_cast<KorDlgSpinner&>(widget).TurnDown(); return;
-    case KorEvent::TabSelect: dynamic_cast<KorDlgTabContainer&>(widget).Pick(1); return;
+    case KorEvent::PushActivate:
+      dynamic_cast<KorDlgPushButton&>(widget).Press();
+      return;
+    case KorEvent::CheckModify:
+      dynamic_cast<KorDlgCheckButton&>(widget).Toggle();
+      return;
+    case KorEvent::EditorModify:
+      dynamic_cast<KorDlgEditor&>(widget).Type("typed");
+      return;
+    case KorEvent::FocusIn:
+      widget.EnterFocus();
+      return;
+    case KorEvent::FocusOut:
+      widget.LeaveFocus();
+      return;
+    case KorEvent::SpinnerUp:
+      dynamic_cast<KorDlgSpinner&>(widget).TurnUp();
+      return;
+    case KorEvent::SpinnerDown:
+      dynamic_cast<KorDlgSpinner&>(widget).TurnDown();
+      return;
+    case KorEvent::TabSelect:
+      dynamic_cast<KorDlgTabContainer&>(widget).Pick(1);
+      return;
     case KorEvent::ComboSelect: {
       auto& combo = dynamic_cast<KorDlgCombo&>(widget);
       if (combo.GetLineCount() == 0) combo.SetLine("only");
@@ -102,11 +120,13 @@ void Raise(KorDlgObject& widget, KorEvent event) {
     case KorEvent::RadioModify: {
       auto& radio = dynamic_cast<KorDlgRadioButton&>(widget);
       for (const auto& sibling : radio.Parent()->Children())
-        if (auto* other = dynamic_cast<KorDlgRadioButton*>(sibling.get())) other->SetState(KorCheckState::Unchecked);
+        if (auto* other = dynamic_cast<KorDlgRadioButton*>(sibling.get()))
+          other->SetState(KorCheckState::Unchecked);
       radio.Check();
       return;
     }
-    default: FAIL() << "no verb raises the event";
+    default:
+      FAIL() << "no verb raises the event";
   }
 }
 
@@ -147,10 +167,17 @@ class Wiring : public PanelTest {
     EXPECT_EQ(call.handler, row.handler) << row.widget;
     EXPECT_EQ(call.sender, &widget) << row.widget;
     switch (row.data) {
-      case Data::None: break;
-      case Data::Button: EXPECT_EQ(call.data, static_cast<void*>(&widget)) << row.widget; break;
-      case Data::One: EXPECT_EQ(KorClientNumber(call.data), 1) << row.widget; break;
-      case Data::Two: EXPECT_EQ(KorClientNumber(call.data), 2) << row.widget; break;
+      case Data::None:
+        break;
+      case Data::Button:
+        EXPECT_EQ(call.data, static_cast<void*>(&widget)) << row.widget;
+        break;
+      case Data::One:
+        EXPECT_EQ(KorClientNumber(call.data), 1) << row.widget;
+        break;
+      case Data::Two:
+        EXPECT_EQ(KorClientNumber(call.data), 2) << row.widget;
+        break;
     }
   }
 };
@@ -179,7 +206,8 @@ TEST_F(Wiring, SubscribesTheHandlersOfEveryPageThatThereIs) {
   part.propertiesRequested = true;
   part.hasInstance = false;
   Open(part);
-  ExpectSubscriptions(Panel(), {When::Always, When::WithDocuments, When::WithProperties, When::WithoutInstance});
+  ExpectSubscriptions(Panel(),
+                      {When::Always, When::WithDocuments, When::WithProperties, When::WithoutInstance});
 }
 
 TEST_F(Wiring, TheReferenceButtonTellsOfBeingUncheckedToo) {
@@ -198,7 +226,8 @@ TEST_F(Wiring, TheCloseButtonIsLeftToTheHost) {
   EXPECT_TRUE(Probe().calls.empty());
 }
 
-/// Place of a virtual operation in the class's table: with this compiler's rules a pointer to it holds its offset.
+/// Place of a virtual operation in the class's table: with this compiler's rules a pointer to it holds its
+/// offset.
 template <class Method>
 std::ptrdiff_t TablePlace(Method method) {
   std::ptrdiff_t place = 0;
@@ -239,7 +268,8 @@ TEST_F(Wiring, TheHandlersStandInTheClassInTheOrderThatDerivedPanelsRelyOn) {
       TablePlace(&P::OnPropertyNameComboChange),
   };
   for (std::size_t i = 1; i < places.size(); ++i)
-    EXPECT_EQ(places[i] - places[i - 1], static_cast<std::ptrdiff_t>(sizeof(void*))) << "behind handler " << i;
+    EXPECT_EQ(places[i] - places[i - 1], static_cast<std::ptrdiff_t>(sizeof(void*)))
+        << "behind handler " << i;
 }
 
 }  // namespace

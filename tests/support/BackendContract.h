@@ -10,7 +10,8 @@
 #include "tests/support/SampleDialog.h"
 #include "tests/support/ShownBackend.h"
 
-/// What every toolkit must do, run on each of them. A test program includes this header in one source file and writes
+/// What every toolkit must do, run on each of them. A test program includes this header in one source file
+/// and writes
 ///   INSTANTIATE_TEST_SUITE_P(Recording, BackendContract, testing::Values(BackendMaker(...)));
 using BackendMaker = std::function<std::unique_ptr<ShownBackend>()>;
 
@@ -215,7 +216,8 @@ TEST_P(BackendContract, EnteredTextArrivesOnceBetweenTheFocusEvents) {
   seen->Enter(*dialog->nameEditor, "Gear");
   EXPECT_EQ(dialog->nameEditor->GetText(), "Gear");
   EXPECT_EQ(seen->Text(*dialog->nameEditor), "Gear");
-  EXPECT_THAT(dialog->Heard(), ElementsAre("NameEditor FocusIn", "NameEditor EditorModify", "NameEditor FocusOut"));
+  EXPECT_THAT(dialog->Heard(),
+              ElementsAre("NameEditor FocusIn", "NameEditor EditorModify", "NameEditor FocusOut"));
 }
 
 TEST_P(BackendContract, EnteringTheSameTextModifiesNothing) {
@@ -230,17 +232,18 @@ TEST_P(BackendContract, AReadOnlyEditorTakesNoText) {
 }
 
 TEST_P(BackendContract, ShowsWhatAHandlerMadeOfTheEnteredText) {
-  dialog->nameEditor->Subscribe(KorEvent::EditorModify, [this](KorCommand*, KorNotification*, KorCommandClientData) {
-    dialog->nameEditor->SetText("5");
-  });
+  dialog->nameEditor->Subscribe(
+      KorEvent::EditorModify,
+      [this](KorCommand*, KorNotification*, KorCommandClientData) { dialog->nameEditor->SetText("5"); });
   seen->Enter(*dialog->nameEditor, "2+3");
   EXPECT_EQ(seen->Text(*dialog->nameEditor), "5");
 }
 
 TEST_P(BackendContract, ShowsThatAHandlerDisabledTheButtonThatCalledIt) {
-  dialog->applyButton->Subscribe(KorEvent::PushActivate, [this](KorCommand*, KorNotification*, KorCommandClientData) {
-    dialog->applyButton->SetSensitivity(KorSensitivity::Disabled);
-  });
+  dialog->applyButton->Subscribe(KorEvent::PushActivate,
+                                 [this](KorCommand*, KorNotification*, KorCommandClientData) {
+                                   dialog->applyButton->SetSensitivity(KorSensitivity::Disabled);
+                                 });
   seen->Click(*dialog->applyButton);
   EXPECT_FALSE(seen->Enabled(*dialog->applyButton));
   seen->Click(*dialog->applyButton);

@@ -18,8 +18,8 @@ std::optional<Entry> Take(std::deque<Entry>& script) {
 }  // namespace
 
 std::ostream& operator<<(std::ostream& out, const ShownMessage& message) {
-  return out << "message titled \"" << message.title << "\" with text \"" << message.text << "\", flags hex " << std::hex
-             << message.flags << std::dec << ", parent \"" << message.parent << '"';
+  return out << "message titled \"" << message.title << "\" with text \"" << message.text << "\", flags hex "
+             << std::hex << message.flags << std::dec << ", parent \"" << message.parent << '"';
 }
 
 BoxScript::~BoxScript() {
@@ -39,8 +39,8 @@ void BoxScript::ExpectFileRequest(std::string title, std::optional<std::string> 
 }
 
 void BoxScript::Show(const KorDlgMessage& message) {
-  _messages.push_back({message.parent ? message.parent->Name() : "", message.title.Utf8(), message.text.Utf8(),
-                       message.flags});
+  _messages.push_back({message.parent ? message.parent->Name() : "", message.title.Utf8(),
+                       message.text.Utf8(), message.flags});
   if (const auto expected = Take(_expectedMessages))
     EXPECT_EQ(_messages.back(), *expected);
   else

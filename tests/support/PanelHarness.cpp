@@ -40,10 +40,12 @@ std::string IndexedPath(const KorDlgObject& widget) {
   return full.substr(full.find(": ") + 2);
 }
 
-void CollectEndingWith(const KorDlgObject& parent, const std::string& name, std::vector<KorDlgObject*>& found) {
+void CollectEndingWith(const KorDlgObject& parent, const std::string& name,
+                       std::vector<KorDlgObject*>& found) {
   for (const auto& child : parent.Children()) {
     const std::string path = "." + IndexedPath(*child);
-    if (path.ends_with("." + name) || ("." + child->Path()).ends_with("." + name)) found.push_back(child.get());
+    if (path.ends_with("." + name) || ("." + child->Path()).ends_with("." + name))
+      found.push_back(child.get());
     CollectEndingWith(*child, name, found);
   }
 }
@@ -112,7 +114,8 @@ KorDlgObject& PanelHarness::Widget(const std::string& name) {
   std::vector<KorDlgObject*> found;
   CollectEndingWith(*_panel, name, found);
   if (found.empty()) return _panel->Find(name);  // says what there is
-  if (found.size() > 1) throw std::logic_error("\"" + name + "\" is the name of several widgets of the panel.");
+  if (found.size() > 1)
+    throw std::logic_error("\"" + name + "\" is the name of several widgets of the panel.");
   return *found.front();
 }
 
@@ -149,7 +152,9 @@ std::string PanelHarness::Joined(std::initializer_list<const char*> editors) {
   return text;
 }
 
-std::string PanelHarness::Masses() { return Joined({"MassEditor", "LowerDeviationEditor", "UpperDeviationEditor"}); }
+std::string PanelHarness::Masses() {
+  return Joined({"MassEditor", "LowerDeviationEditor", "UpperDeviationEditor"});
+}
 std::string PanelHarness::CG() { return Joined({"CGxEditor", "CGyEditor", "CGzEditor"}); }
 std::string PanelHarness::Moments() { return Joined({"IxxEditor", "IyyEditor", "IzzEditor"}); }
 std::string PanelHarness::Products() { return Joined({"IxyEditor", "IxzEditor", "IyzEditor"}); }

@@ -15,12 +15,14 @@
 
 /// A user in front of the part panel, in a test: no display, a server that answers from a script.
 ///
-/// `Open` makes the panel on a part and shows it; then the verbs do what a user can do and the questions answer what he
-/// sees. Any verb on a widget that he could not reach, any message that was not expected and any request that the
-/// script does not know fails the test; so does, at the end, a window that does not show the panel as it is.
+/// `Open` makes the panel on a part and shows it; then the verbs do what a user can do and the questions
+/// answer what he sees. Any verb on a widget that he could not reach, any message that was not expected and
+/// any request that the script does not know fails the test; so does, at the end, a window that does not show
+/// the panel as it is.
 ///
 /// Widgets are named by their path or by its last elements as far as these are unique ("MassEditor",
-/// "FrameStatus.FlagRedLabel[2]"). Lengths are shown in millimetres, the rest in SI, until a test chooses other units.
+/// "FrameStatus.FlagRedLabel[2]"). Lengths are shown in millimetres, the rest in SI, until a test chooses
+/// other units.
 class PanelHarness {
  public:
   using Maker = std::function<std::unique_ptr<KorWBNymMainPanel>(KorWBAllDataBuffer*)>;
@@ -72,7 +74,8 @@ class PanelHarness {
   bool IsChecked(const std::string& button);
   std::string SelectedLine(const std::string& combo);
   std::string SelectedPage();
-  /// The texts of the fifteen results editors, "mass -lower +upper", "x y z", "Ixx Iyy Izz" and "Ixy Ixz Iyz".
+  /// The texts of the fifteen results editors, "mass -lower +upper", "x y z", "Ixx Iyy Izz" and "Ixy Ixz
+  /// Iyz".
   std::string Masses();
   std::string CG();
   std::string Moments();

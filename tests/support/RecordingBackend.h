@@ -10,9 +10,9 @@
 /// A toolkit for tests. It shows nothing and remembers what a window would show.
 ///
 /// It learns of a property only when it is told that it changed: then it copies that property and nothing
-/// else. What was never announced stays unknown, so that a missing notification fails a test even when the widget's
-/// state is right. It also checks the order of what it is told: parents before children, each widget created
-/// before it changes, children destroyed before their parents.
+/// else. What was never announced stays unknown, so that a missing notification fails a test even when the
+/// widget's state is right. It also checks the order of what it is told: parents before children, each widget
+/// created before it changes, children destroyed before their parents.
 class RecordingBackend : public KorDlgBackend {
  public:
   void Created(KorDlgObject& widget) override;

@@ -1,13 +1,13 @@
-#include "tests/support/RecordingBackend.h"
-
 #include <gtest/gtest-spi.h>
 
 #include "tests/support/BackendContract.h"
+#include "tests/support/RecordingBackend.h"
 #include "tests/support/RecordingShownBackend.h"
 #include "tests/support/ShownText.h"
 
-INSTANTIATE_TEST_SUITE_P(Recording, BackendContract,
-                         testing::Values(BackendMaker([] { return std::make_unique<RecordingShownBackend>(); })));
+INSTANTIATE_TEST_SUITE_P(Recording, BackendContract, testing::Values(BackendMaker([] {
+                           return std::make_unique<RecordingShownBackend>();
+                         })));
 
 namespace {
 
@@ -35,7 +35,8 @@ TEST(RecordingBackend, AMissingNotificationFailsTheTest) {
   backend.Created(dialog);
   for (const KorDlgProperty property : dialog.Properties())
     if (property != KorDlgProperty::Sensitivity) backend.Changed(dialog, property);
-  EXPECT_NONFATAL_FAILURE(backend.ExpectMirrorsDialog(dialog), "the window of Bare:  shows another Sensitivity");
+  EXPECT_NONFATAL_FAILURE(backend.ExpectMirrorsDialog(dialog),
+                          "the window of Bare:  shows another Sensitivity");
 }
 
 TEST(RecordingBackend, AChangeOfAWidgetThatWasNeverCreatedFailsTheTest) {
@@ -79,7 +80,8 @@ TEST(BoxScript, AnswersAndRecordsWhatIsExpected) {
   backend.Boxes().ExpectQuestion("Delete it?", 1);
   backend.Boxes().ExpectFileRequest("Open", "/a.csv");
   EXPECT_EQ(backend.Ask({nullptr, "Sure", "Delete it?", {"Yes", "No"}}), 1);
-  EXPECT_EQ(backend.ChooseFile({nullptr, "Open", "*.csv", KorDlgFileRequest::Mode::Open}), KorUnicodeString("/a.csv"));
+  EXPECT_EQ(backend.ChooseFile({nullptr, "Open", "*.csv", KorDlgFileRequest::Mode::Open}),
+            KorUnicodeString("/a.csv"));
   EXPECT_THAT(backend.Boxes().Messages(), ElementsAre(ShownMessage{"", "Title", "Text", 0x10000000}));
 }
 

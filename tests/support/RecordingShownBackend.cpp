@@ -37,7 +37,8 @@ std::vector<std::string> RecordingShownBackend::Rows(KorDlgMultiList& list) {
 
 std::vector<int> RecordingShownBackend::SelectedRows(KorDlgMultiList& list) {
   std::vector<int> rows;
-  for (const std::string& row : Split(_backend.Shown(list, KorDlgProperty::Selection), ',')) rows.push_back(std::stoi(row));
+  for (const std::string& row : Split(_backend.Shown(list, KorDlgProperty::Selection), ','))
+    rows.push_back(std::stoi(row));
   return rows;
 }
 
@@ -69,12 +70,14 @@ void RecordingShownBackend::ClickTab(KorDlgTabContainer& tabs, int page) {
 }
 
 void RecordingShownBackend::ClickUp(KorDlgSpinner& spinner) {
-  if (_backend.SeemsUsable(spinner) && _backend.Shown(spinner, KorDlgProperty::Arrows).starts_with("up enabled"))
+  if (_backend.SeemsUsable(spinner) &&
+      _backend.Shown(spinner, KorDlgProperty::Arrows).starts_with("up enabled"))
     spinner.TurnUp();
 }
 
 void RecordingShownBackend::ClickDown(KorDlgSpinner& spinner) {
-  if (_backend.SeemsUsable(spinner) && _backend.Shown(spinner, KorDlgProperty::Arrows).ends_with("down enabled"))
+  if (_backend.SeemsUsable(spinner) &&
+      _backend.Shown(spinner, KorDlgProperty::Arrows).ends_with("down enabled"))
     spinner.TurnDown();
 }
 

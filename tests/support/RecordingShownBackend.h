@@ -13,9 +13,13 @@ class RecordingShownBackend : public ShownBackend {
   bool Enabled(KorDlgObject& widget) override { return _backend.SeemsEnabled(widget); }
   std::string Title(KorDlgObject& widget) override { return _backend.Shown(widget, KorDlgProperty::Title); }
   std::string Help(KorDlgObject& widget) override { return _backend.Shown(widget, KorDlgProperty::Help); }
-  std::string Marking(KorDlgObject& widget) override { return _backend.Shown(widget, KorDlgProperty::Marking); }
+  std::string Marking(KorDlgObject& widget) override {
+    return _backend.Shown(widget, KorDlgProperty::Marking);
+  }
   std::string Text(KorDlgObject& widget) override { return _backend.Shown(widget, KorDlgProperty::Text); }
-  bool Checked(KorDlgObject& widget) override { return _backend.Shown(widget, KorDlgProperty::Checked) == "checked"; }
+  bool Checked(KorDlgObject& widget) override {
+    return _backend.Shown(widget, KorDlgProperty::Checked) == "checked";
+  }
   std::vector<std::string> Lines(KorDlgCombo& combo) override;
   int Selected(KorDlgObject& comboOrTabs) override;
   std::vector<std::string> Rows(KorDlgMultiList& list) override;

@@ -108,9 +108,10 @@ class SampleDialog : public KorDlgDialog {
         {KorEvent::WindowClose, "WindowClose"},
     };
     for (const auto& one : kEvents)
-      widget.Subscribe(one.event, [this, &widget, what = one.name](KorCommand*, KorNotification*, KorCommandClientData) {
-        _heard.push_back(widget.Name() + " " + what);
-      });
+      widget.Subscribe(one.event,
+                       [this, &widget, what = one.name](KorCommand*, KorNotification*, KorCommandClientData) {
+                         _heard.push_back(widget.Name() + " " + what);
+                       });
     for (const auto& child : widget.Children()) Listen(*child);
   }
 

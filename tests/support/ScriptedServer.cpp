@@ -15,7 +15,8 @@ ScriptedServer::ScriptedServer() : _warnings(kNoWarnings) { KorPdmClient::SetTra
 
 ScriptedServer::~ScriptedServer() {
   KorPdmClient::SetTransport(nullptr);
-  for (const Exchange& exchange : _script) ADD_FAILURE() << "the server was never asked for " << exchange.command;
+  for (const Exchange& exchange : _script)
+    ADD_FAILURE() << "the server was never asked for " << exchange.command;
 }
 
 void ScriptedServer::Expect(std::string command, std::string reply) {

@@ -9,8 +9,8 @@
 /// A server that answers as a test wrote down beforehand, and records what it was asked.
 ///
 /// It connects itself to the PDM client for as long as it lives. A command that the script does not expect
-/// next fails the test, and so does one that is expected and never comes. The pending warnings stand outside the script: the
-/// server hands them out whenever it is asked for them, once.
+/// next fails the test, and so does one that is expected and never comes. The pending warnings stand outside
+/// the script: the server hands them out whenever it is asked for them, once.
 class ScriptedServer : public KorPdmTransport {
  public:
   struct Request {

@@ -1,5 +1,3 @@
-#include "tests/support/ScriptedServer.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
@@ -7,6 +5,7 @@
 #include <optional>
 
 #include "framework/pdm/KorPdmClient.h"
+#include "tests/support/ScriptedServer.h"
 
 namespace {
 

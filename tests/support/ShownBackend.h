@@ -13,9 +13,9 @@ class KorDlgTabContainer;
 
 /// A backend as its user sees it: what stands on the screen, and what hands can do there.
 ///
-/// The contract suite asks and acts through this; one implementation for each toolkit. What is asked for is what the
-/// toolkit's own widget shows, never what the framework's widget holds. An action is what the user's mouse and
-/// keyboard do, so on something that cannot be used it does nothing.
+/// The contract suite asks and acts through this; one implementation for each toolkit. What is asked for is
+/// what the toolkit's own widget shows, never what the framework's widget holds. An action is what the user's
+/// mouse and keyboard do, so on something that cannot be used it does nothing.
 class ShownBackend {
  public:
   virtual ~ShownBackend() = default;

@@ -14,8 +14,8 @@
 
 namespace {
 
-/// Longer lists are compared by their number of rows only: they report every cell that is set, and copying all
-/// rows each time would take quadratic time.
+/// Longer lists are compared by their number of rows only: they report every cell that is set, and copying
+/// all rows each time would take quadratic time.
 constexpr int kMostCopiedRows = 1000;
 
 const char* OnOff(KorSensitivity sensitivity) {
@@ -26,7 +26,8 @@ std::string GridText(const KorDlgObject& widget) {
   if (!widget.IsAttached()) return "not attached";
   const KorDlgGrid& grid = widget.GetGrid();
   return "row " + std::to_string(grid.row) + ", column " + std::to_string(grid.column) + ", " +
-         std::to_string(grid.rows) + "x" + std::to_string(grid.columns) + ", sides " + std::to_string(grid.attachment);
+         std::to_string(grid.rows) + "x" + std::to_string(grid.columns) + ", sides " +
+         std::to_string(grid.attachment);
 }
 
 std::string Numbers(const std::vector<int>& numbers) {
@@ -40,7 +41,8 @@ std::string ListText(const KorDlgMultiList& list, KorDlgProperty property) {
   if (property == KorDlgProperty::Columns) {
     for (int column = 0; column < list.GetColumnCount(); ++column) {
       const KorDlgMultiList::Column& one = list.GetColumn(column);
-      text += one.title.Utf8() + (one.shown ? "" : " (hidden)") + " width " + std::to_string(one.textWidth) + "\n";
+      text += one.title.Utf8() + (one.shown ? "" : " (hidden)") + " width " + std::to_string(one.textWidth) +
+              "\n";
     }
     return text + "showing " + std::to_string(list.GetVisibleColumnCount());
   }
@@ -69,7 +71,8 @@ std::string EditorText(const KorDlgEditor& editor, KorDlgProperty property) {
 
 std::string SpinnerText(const KorDlgSpinner& spinner, KorDlgProperty property) {
   if (property == KorDlgProperty::Text) return spinner.GetText().Utf8();
-  return std::string("up ") + OnOff(spinner.GetUpSensitivity()) + ", down " + OnOff(spinner.GetDownSensitivity());
+  return std::string("up ") + OnOff(spinner.GetUpSensitivity()) + ", down " +
+         OnOff(spinner.GetDownSensitivity());
 }
 
 std::string TextOfKind(const KorDlgObject& widget, KorDlgProperty property) {
@@ -79,7 +82,8 @@ std::string TextOfKind(const KorDlgObject& widget, KorDlgProperty property) {
   if (auto* editor = dynamic_cast<const KorDlgEditor*>(&widget)) return EditorText(*editor, property);
   if (auto* list = dynamic_cast<const KorDlgMultiList*>(&widget)) return ListText(*list, property);
   if (auto* spinner = dynamic_cast<const KorDlgSpinner*>(&widget)) return SpinnerText(*spinner, property);
-  if (auto* tabs = dynamic_cast<const KorDlgTabContainer*>(&widget)) return std::to_string(tabs->GetSelectedPage());
+  if (auto* tabs = dynamic_cast<const KorDlgTabContainer*>(&widget))
+    return std::to_string(tabs->GetSelectedPage());
   return "?";
 }
 
@@ -105,25 +109,34 @@ std::string IndexedPath(const KorDlgObject& widget) {
 
 std::string ShownText(const KorDlgObject& widget, KorDlgProperty property) {
   switch (property) {
-    case KorDlgProperty::Title: return widget.GetTitle().Utf8();
-    case KorDlgProperty::Help: return widget.GetShortHelp().Utf8();
-    case KorDlgProperty::Sensitivity: return OnOff(widget.GetSensitivity());
-    case KorDlgProperty::Visibility: return widget.IsShown() ? "shown" : "hidden";
-    case KorDlgProperty::Grid: return GridText(widget);
-    case KorDlgProperty::Marking: return widget.GetMarking().Utf8();
-    default: return TextOfKind(widget, property);
+    case KorDlgProperty::Title:
+      return widget.GetTitle().Utf8();
+    case KorDlgProperty::Help:
+      return widget.GetShortHelp().Utf8();
+    case KorDlgProperty::Sensitivity:
+      return OnOff(widget.GetSensitivity());
+    case KorDlgProperty::Visibility:
+      return widget.IsShown() ? "shown" : "hidden";
+    case KorDlgProperty::Grid:
+      return GridText(widget);
+    case KorDlgProperty::Marking:
+      return widget.GetMarking().Utf8();
+    default:
+      return TextOfKind(widget, property);
   }
 }
 
 const char* PropertyName(KorDlgProperty property) {
-  static constexpr std::array kNames{"Title", "Help",  "Sensitivity", "Visibility", "Grid",    "Marking", "Text", "TextSelection",
-                                     "TextWidth", "Lines", "Selection",   "Checked",    "Arrows", "Columns", "Rows"};
+  static constexpr std::array kNames{"Title",     "Help",    "Sensitivity",   "Visibility", "Grid",
+                                     "Marking",   "Text",    "TextSelection", "TextWidth",  "Lines",
+                                     "Selection", "Checked", "Arrows",        "Columns",    "Rows"};
   return kNames.at(static_cast<std::size_t>(property));
 }
 
 const char* KindName(KorDlgKind kind) {
-  static constexpr std::array kNames{"Dialog", "TabContainer", "TabPage",     "Frame",       "Label",      "Editor",
-                                     "Combo",  "MultiList",    "RadioButton", "CheckButton", "PushButton", "Spinner"};
+  static constexpr std::array kNames{"Dialog",      "TabContainer", "TabPage",    "Frame",
+                                     "Label",       "Editor",       "Combo",      "MultiList",
+                                     "RadioButton", "CheckButton",  "PushButton", "Spinner"};
   return kNames.at(static_cast<std::size_t>(kind));
 }
 

@@ -13,7 +13,8 @@ class TemporaryCatalogues {
  public:
   TemporaryCatalogues() : _before(KorMsgCatalog::GetFolder()) {
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    _folder = std::filesystem::path(testing::TempDir()) / (std::string("catalogues-") + test->test_suite_name() + "-" + test->name());
+    _folder = std::filesystem::path(testing::TempDir()) /
+              (std::string("catalogues-") + test->test_suite_name() + "-" + test->name());
     std::filesystem::remove_all(_folder);
     std::filesystem::create_directories(_folder);
     KorMsgCatalog::SetFolder(_folder.string());

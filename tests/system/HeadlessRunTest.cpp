@@ -41,7 +41,8 @@ class HeadlessRun : public testing::Test {
     fs::create_directories(s_folder);
     const std::string command = "XDG_DATA_HOME='" + (s_folder / "data").string() + "' XDG_CONFIG_HOME='" +
                                 (s_folder / "config").string() + "' " + KORVO_PROGRAM + " --headless '" +
-                                (s_folder / "out").string() + "' > '" + (s_folder / "log").string() + "' 2>&1";
+                                (s_folder / "out").string() + "' > '" + (s_folder / "log").string() +
+                                "' 2>&1";
     s_exitStatus = std::system(command.c_str());
     ReadValues();
   }
@@ -60,7 +61,8 @@ class HeadlessRun : public testing::Test {
   static void ExpectTensor(const std::string& prefix, const std::array<double, 6>& published) {
     const double trace = published[0] + published[1] + published[2];
     for (std::size_t i = 0; i < 6; ++i)
-      EXPECT_NEAR(Value(prefix + kElements[i] + "_kgm2"), published[i], 1e-12 * trace) << prefix << kElements[i];
+      EXPECT_NEAR(Value(prefix + kElements[i] + "_kgm2"), published[i], 1e-12 * trace)
+          << prefix << kElements[i];
   }
 
   static void ExpectPoint(const std::string& part, const std::array<double, 3>& published) {
@@ -102,8 +104,8 @@ TEST_F(HeadlessRun, EndsWellAndLeavesItsPictures) {
 TEST_F(HeadlessRun, ReproducesThePublishedRowOfTheWholeAboveTheYawBearing) {
   EXPECT_NEAR(Value("above_yaw.mass_kg"), 644856.548088461, 1e-12 * 644856.548088461);
   ExpectPoint("above_yaw", {-5.124694874749737, -0.146481697382938, 4.314502124176699});
-  ExpectTensor("above_yaw.inertia_cg_", {9474045.437011357, 10608608.72268249, 10536262.58048209, 484077.0468450342,
-                                         2197871.805292473, -236144.6819962184});
+  ExpectTensor("above_yaw.inertia_cg_", {9474045.437011357, 10608608.72268249, 10536262.58048209,
+                                         484077.0468450342, 2197871.805292473, -236144.6819962184});
   ExpectTensor("above_yaw.inertia_ref_", {21491840.63823167, 39548110.82965133, 27485642.71525947,
                                           1.746229827404022e-10, 16455976.97605734, 171401.8154877078});
 }
@@ -146,8 +148,8 @@ TEST_F(HeadlessRun, GivesTheFiguresThatTheServersProgramGives) {
 
 TEST(Run, SaysHowToGoOnWithoutADisplay) {
   const fs::path said = fs::path(testing::TempDir()) / "korvo-run-said";
-  const std::string command = std::string("env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ") + KORVO_SOURCE_DIR +
-                              "/run > '" + said.string() + "' 2>&1";
+  const std::string command = std::string("env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ") +
+                              KORVO_SOURCE_DIR + "/run > '" + said.string() + "' 2>&1";
   const int status = std::system(command.c_str());
   EXPECT_EQ(WEXITSTATUS(status), 2);
   EXPECT_NE(FileText(said).find("./run --headless DIR"), std::string::npos) << FileText(said);
@@ -155,8 +157,8 @@ TEST(Run, SaysHowToGoOnWithoutADisplay) {
 
 TEST(Run, TheDesktopItselfSaysSoToo) {
   const fs::path said = fs::path(testing::TempDir()) / "korvo-said";
-  const std::string command = std::string("env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ") + KORVO_PROGRAM +
-                              " > '" + said.string() + "' 2>&1";
+  const std::string command = std::string("env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ") +
+                              KORVO_PROGRAM + " > '" + said.string() + "' 2>&1";
   const int status = std::system(command.c_str());
   EXPECT_EQ(WEXITSTATUS(status), 2);
   EXPECT_NE(FileText(said).find("--headless"), std::string::npos) << FileText(said);
@@ -164,8 +166,8 @@ TEST(Run, TheDesktopItselfSaysSoToo) {
 
 TEST(Run, SaysHowToGoOnWhenTheDisplayIsDead) {
   const fs::path said = fs::path(testing::TempDir()) / "korvo-said-dead";
-  const std::string command = std::string("env -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM DISPLAY=:4711 ") + KORVO_PROGRAM +
-                              " > '" + said.string() + "' 2>&1";
+  const std::string command = std::string("env -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM DISPLAY=:4711 ") +
+                              KORVO_PROGRAM + " > '" + said.string() + "' 2>&1";
   const int status = std::system(command.c_str());
   EXPECT_EQ(WEXITSTATUS(status), 2);
   EXPECT_NE(FileText(said).find("--headless"), std::string::npos) << FileText(said);

@@ -80,10 +80,11 @@ TEST_F(RadioButton, UncheckingLeavesNoneChecked) {
 }
 
 TEST_F(RadioButton, EveryHandlerSeesTheFinalStates) {
-  dialog.leftRadio->Subscribe(KorEvent::RadioModify, [this](KorCommand*, KorNotification*, KorCommandClientData) {
-    EXPECT_FALSE(dialog.leftRadio->IsChecked());
-    EXPECT_TRUE(dialog.rightRadio->IsChecked()) << "the other is in place before the first handler runs";
-  });
+  dialog.leftRadio->Subscribe(
+      KorEvent::RadioModify, [this](KorCommand*, KorNotification*, KorCommandClientData) {
+        EXPECT_FALSE(dialog.leftRadio->IsChecked());
+        EXPECT_TRUE(dialog.rightRadio->IsChecked()) << "the other is in place before the first handler runs";
+      });
   dialog.rightRadio->SetState(KorCheckState::Checked, KorNotify::Send);
 }
 

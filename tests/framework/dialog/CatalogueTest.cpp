@@ -31,12 +31,16 @@ TEST_F(Catalogue, PassesOverEmptyLinesCommentsAndLineEndsOfWindows) {
 }
 
 TEST_F(Catalogue, ReadsEscapes) {
-  catalogues.Write("en", "Panel", R"(A = "say \"no\" to C:\\temp\nand go")" "\n");
+  catalogues.Write("en", "Panel",
+                   R"(A = "say \"no\" to C:\\temp\nand go")"
+                   "\n");
   EXPECT_EQ(Text("A"), "say \"no\" to C:\\temp\nand go");
 }
 
 TEST_F(Catalogue, KeysWithBlanksOrQuotesStandInQuotes) {
-  catalogues.Write("en", "Panel", R"("Hint for \"Date\" type.Title" = "Year first")" "\n");
+  catalogues.Write("en", "Panel",
+                   R"("Hint for \"Date\" type.Title" = "Year first")"
+                   "\n");
   EXPECT_EQ(Text("Hint for \"Date\" type.Title"), "Year first");
 }
 
@@ -100,15 +104,16 @@ TEST_F(Catalogue, AnEmptyLanguageIsRefused) {
 }
 
 TEST_F(Catalogue, ALineThatCannotBeReadIsNamedByFileAndLineAndTheOthersAreKept) {
-  const std::string file =
-      catalogues.Write("en", "Panel", "A = \"1\"\nno equals sign\nB = \"unended\nC = bare\nD = \"2\" rest\nE = \"3\"\n = \"4\"\n");
+  const std::string file = catalogues.Write(
+      "en", "Panel",
+      "A = \"1\"\nno equals sign\nB = \"unended\nC = bare\nD = \"2\" rest\nE = \"3\"\n = \"4\"\n");
   EXPECT_EQ(Text("A"), "1");
   EXPECT_EQ(Text("E"), "3");
   EXPECT_FALSE(KorMsgCatalog::Has("Panel", "D"));
   ASSERT_EQ(KorMsgCatalog::Problems().size(), 5u);
   for (const char* line : {":2:", ":3:", ":4:", ":5:", ":7:"})
-    EXPECT_THAT(KorMsgCatalog::Problems(), testing::Contains(testing::Property(
-                                               &KorUnicodeString::Utf8, HasSubstr(file + line))));
+    EXPECT_THAT(KorMsgCatalog::Problems(),
+                testing::Contains(testing::Property(&KorUnicodeString::Utf8, HasSubstr(file + line))));
 }
 
 TEST_F(Catalogue, AKeyThatStandsTwiceIsNamedAsAProblem) {
@@ -146,7 +151,9 @@ TEST_F(Catalogue, AnotherFolderIsReadAfresh) {
 }
 
 TEST_F(Catalogue, AByteOrderMarkAtTheFrontOfAFileIsPassedOver) {
-  catalogues.Write("en", "Panel", "\xEF\xBB\xBF" "A = \"1\"\n");
+  catalogues.Write("en", "Panel",
+                   "\xEF\xBB\xBF"
+                   "A = \"1\"\n");
   EXPECT_EQ(Text("A"), "1");
 }
 

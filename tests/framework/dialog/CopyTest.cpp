@@ -1,7 +1,7 @@
-#include <type_traits>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <type_traits>
 
 #include "tests/support/RecordingBackend.h"
 #include "tests/support/SampleDialog.h"

@@ -1,8 +1,7 @@
-#include "framework/dialog/KorDlgDialog.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "framework/dialog/KorDlgDialog.h"
 #include "framework/dialog/KorDlgFrame.h"
 #include "framework/dialog/KorDlgLabel.h"
 #include "tests/support/RecordingBackend.h"
@@ -34,7 +33,8 @@ TEST(Dialog, AttachingTellsOfParentsBeforeTheirChildren) {
   RecordingBackend backend;
   SmallDialog dialog;
   dialog.Attach(&backend);
-  EXPECT_THAT(Lifetimes(backend), ElementsAre("created Small", "created A", "created A1", "created B", "created B1"));
+  EXPECT_THAT(Lifetimes(backend),
+              ElementsAre("created Small", "created A", "created A1", "created B", "created B1"));
   dialog.Detach();
 }
 
@@ -53,7 +53,8 @@ TEST(Dialog, DetachingTellsOfChildrenBeforeTheirParents) {
   dialog.Attach(&backend);
   backend.ClearLog();
   dialog.Detach();
-  EXPECT_THAT(backend.Log(), ElementsAre("destroyed B1", "destroyed B", "destroyed A1", "destroyed A", "destroyed Small"));
+  EXPECT_THAT(backend.Log(),
+              ElementsAre("destroyed B1", "destroyed B", "destroyed A1", "destroyed A", "destroyed Small"));
   EXPECT_EQ(backend.WidgetCount(), 0u);
 }
 

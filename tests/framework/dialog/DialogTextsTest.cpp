@@ -4,8 +4,8 @@
 #include "framework/dialog/KorDlgDialog.h"
 #include "framework/dialog/KorDlgFrame.h"
 #include "framework/dialog/KorDlgLabel.h"
-#include "tests/support/TemporaryCatalogues.h"
 #include "tests/support/RecordingBackend.h"
+#include "tests/support/TemporaryCatalogues.h"
 
 namespace {
 
@@ -29,7 +29,9 @@ struct DialogTexts : testing::Test {
 };
 
 TEST_F(DialogTexts, ComeFromTheCatalogueByTheWidgetsPath) {
-  catalogues.Write("en", "Derived", "Title = \"Weights\"\nFrame.MassLabel.Title = \"Mass\"\nFrame.MassLabel.ShortHelp = \"kg\"\n");
+  catalogues.Write(
+      "en", "Derived",
+      "Title = \"Weights\"\nFrame.MassLabel.Title = \"Mass\"\nFrame.MassLabel.ShortHelp = \"kg\"\n");
   catalogues.Write("en", "Base", "");
   TextDialog dialog;
   dialog.ReloadTexts();

@@ -76,8 +76,8 @@ TEST_F(Editor, ATextThatIsNoNumberReadsAsZero) {
 }
 
 TEST_F(Editor, ShowsANumberSoThatItReadsBackExactly) {
-  for (const double value : {0.1, 1.0 / 3.0, -1e-300, 1e22, 123456789.123456789, std::numeric_limits<double>::max(),
-                             std::numeric_limits<double>::denorm_min()}) {
+  for (const double value : {0.1, 1.0 / 3.0, -1e-300, 1e22, 123456789.123456789,
+                             std::numeric_limits<double>::max(), std::numeric_limits<double>::denorm_min()}) {
     editor.SetValue(value);
     EXPECT_EQ(editor.GetValue(), value) << editor.GetText();
   }

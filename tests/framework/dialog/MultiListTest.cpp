@@ -27,7 +27,8 @@ struct MultiList : testing::Test {
     std::string text;
     for (int row = 0; row < list.GetLineCount(); ++row)
       for (int column = 0; column < list.GetColumnCount(); ++column)
-        text += std::string(list.GetColumnItem(column, row)) + (column + 1 < list.GetColumnCount() ? "|" : "\n");
+        text +=
+            std::string(list.GetColumnItem(column, row)) + (column + 1 < list.GetColumnCount() ? "|" : "\n");
     return text;
   }
 
@@ -146,7 +147,8 @@ TEST_F(MultiList, AMillionRowsKeepTheirTexts) {
 TEST_F(MultiList, NeighbouringCellsOfAColumnStandInOneBlockOfMemory) {
   dialog.Detach();
   list.ClearLines();
-  for (int row = 0; row < 1000; ++row) list.SetColumnItem(0, "a text that is too long for a small string", row);
+  for (int row = 0; row < 1000; ++row)
+    list.SetColumnItem(0, "a text that is too long for a small string", row);
   for (int row = 1; row < 1000; ++row) {
     const std::string_view above = list.GetColumnItem(0, row - 1);
     ASSERT_EQ(list.GetColumnItem(0, row).data(), above.data() + above.size());

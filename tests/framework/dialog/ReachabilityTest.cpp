@@ -78,12 +78,13 @@ TEST_F(Reachability, NoVerbActsOnAnUnreachableWidgetAndEachIsReported) {
   EXPECT_FALSE(dialog.PressOK());
   EXPECT_FALSE(dialog.PressCancel());
   EXPECT_FALSE(dialog.CloseWindow());
-  EXPECT_THAT(unreachable.Verbs(),
-              ElementsAre("Press on ApplyButton", "Type on NameEditor", "Pick on ColourCombo", "Pick on ColourCombo",
-                          "Toggle on FinishCheck", "Check on RightRadio", "TurnUp on SizeSpinner",
-                          "TurnDown on SizeSpinner", "Pick on Tabs", "PickLines on List", "EnterFocus on NameEditor",
-                          "LeaveFocus on NameEditor", "PressOK on SampleDialog", "PressCancel on SampleDialog",
-                          "CloseWindow on SampleDialog"));
+  EXPECT_THAT(
+      unreachable.Verbs(),
+      ElementsAre("Press on ApplyButton", "Type on NameEditor", "Pick on ColourCombo", "Pick on ColourCombo",
+                  "Toggle on FinishCheck", "Check on RightRadio", "TurnUp on SizeSpinner",
+                  "TurnDown on SizeSpinner", "Pick on Tabs", "PickLines on List", "EnterFocus on NameEditor",
+                  "LeaveFocus on NameEditor", "PressOK on SampleDialog", "PressCancel on SampleDialog",
+                  "CloseWindow on SampleDialog"));
   EXPECT_THAT(dialog.Heard(), IsEmpty());
   EXPECT_EQ(dialog.nameEditor->GetText(), "Rotor");
   EXPECT_EQ(dialog.colourCombo->GetSelect(), 1);

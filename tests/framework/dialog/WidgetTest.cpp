@@ -27,7 +27,8 @@ struct Widget : testing::Test {
 };
 
 TEST_F(Widget, StartsEnabledAndShownInTheGridPlaceItWasGiven) {
-  auto* button = dialog.form->Add<KorDlgPushButton>("New", 5, KorDlgGrid{.row = 3, .column = 2, .columns = 4});
+  auto* button =
+      dialog.form->Add<KorDlgPushButton>("New", 5, KorDlgGrid{.row = 3, .column = 2, .columns = 4});
   EXPECT_TRUE(button->IsEnabled());
   EXPECT_TRUE(button->IsShown());
   EXPECT_TRUE(button->IsAttached());
@@ -49,9 +50,9 @@ TEST_F(Widget, ChildrenStandInTheOrderOfTheirCreation) {
 TEST_F(Widget, HandlersAreCalledInTheOrderOfSubscription) {
   std::vector<int> called;
   for (int i : {1, 2, 3})
-    dialog.applyButton->Subscribe(KorEvent::PushActivate, [&called, i](KorCommand*, KorNotification*, KorCommandClientData) {
-      called.push_back(i);
-    });
+    dialog.applyButton->Subscribe(
+        KorEvent::PushActivate,
+        [&called, i](KorCommand*, KorNotification*, KorCommandClientData) { called.push_back(i); });
   dialog.applyButton->Press();
   EXPECT_THAT(called, ElementsAre(1, 2, 3));
 }
@@ -89,11 +90,12 @@ TEST_F(Widget, CountsSubscriptionsByEvent) {
 
 TEST_F(Widget, AHandlerMaySubscribeFurtherHandlers) {
   int late = 0;
-  dialog.applyButton->Subscribe(KorEvent::PushActivate, [&](KorCommand*, KorNotification*, KorCommandClientData) {
-    for (int i = 0; i < 50; ++i)
-      dialog.applyButton->Subscribe(KorEvent::FocusIn,
-                                    [&late](KorCommand*, KorNotification*, KorCommandClientData) { ++late; });
-  });
+  dialog.applyButton->Subscribe(
+      KorEvent::PushActivate, [&](KorCommand*, KorNotification*, KorCommandClientData) {
+        for (int i = 0; i < 50; ++i)
+          dialog.applyButton->Subscribe(
+              KorEvent::FocusIn, [&late](KorCommand*, KorNotification*, KorCommandClientData) { ++late; });
+      });
   dialog.applyButton->Press();
   dialog.applyButton->EnterFocus();
   EXPECT_EQ(late, 50);
@@ -101,9 +103,10 @@ TEST_F(Widget, AHandlerMaySubscribeFurtherHandlers) {
 
 TEST_F(Widget, AHandlerMayNotifyAgain) {
   int presses = 0;
-  dialog.applyButton->Subscribe(KorEvent::PushActivate, [&](KorCommand*, KorNotification*, KorCommandClientData) {
-    if (++presses < 3) dialog.applyButton->Press();
-  });
+  dialog.applyButton->Subscribe(KorEvent::PushActivate,
+                                [&](KorCommand*, KorNotification*, KorCommandClientData) {
+                                  if (++presses < 3) dialog.applyButton->Press();
+                                });
   dialog.applyButton->Press();
   EXPECT_EQ(presses, 3);
 }
@@ -163,9 +166,10 @@ TEST_F(Widget, EveryKindNamesItsProperties) {
     const auto all = widget.Properties();
     return std::find(all.begin(), all.end(), property) != all.end();
   };
-  for (KorDlgObject* widget : std::initializer_list<KorDlgObject*>{dialog.form, dialog.nameLabel, dialog.nameEditor, dialog.colourCombo,
-                               dialog.applyButton, dialog.finishCheck, dialog.sizeSpinner, dialog.leftRadio, dialog.tabs,
-                               dialog.firstPage, dialog.list, &dialog})
+  for (KorDlgObject* widget : std::initializer_list<KorDlgObject*>{
+           dialog.form, dialog.nameLabel, dialog.nameEditor, dialog.colourCombo, dialog.applyButton,
+           dialog.finishCheck, dialog.sizeSpinner, dialog.leftRadio, dialog.tabs, dialog.firstPage,
+           dialog.list, &dialog})
     for (const auto property : {KorDlgProperty::Title, KorDlgProperty::Help, KorDlgProperty::Sensitivity,
                                 KorDlgProperty::Visibility, KorDlgProperty::Grid, KorDlgProperty::Marking})
       EXPECT_TRUE(has(*widget, property)) << widget->Name();
