@@ -122,8 +122,8 @@ struct ComputeReply {
   std::string partId;
   MassType computed;
   /// About the part's origin, in its axes; there when masses with known centres add up to zero.
-  std::optional<Vector> firstMoment;      ///< kg·m
-  std::optional<Tensor> inertiaAtOrigin;  ///< kg·m²
+  std::optional<Vector> firstMoment = {};      ///< kg·m
+  std::optional<Tensor> inertiaAtOrigin = {};  ///< kg·m²
 };
 
 }  // namespace protocol

@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "lumira/model/Identifier.h"
 #include "protocol/Limits.h"
 #include "protocol/Utf8.h"
 
@@ -18,20 +19,10 @@ using protocol::ErrorKind;
 using protocol::Quoted;
 using protocol::Result;
 
-bool IsControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }
-
-const char* Problem(std::string_view id) {
-  if (id.empty()) return "is empty";
-  if (id.find('|') != id.npos) return "holds \"|\", which an identifier may not";
-  if (std::any_of(id.begin(), id.end(), IsControl)) return "holds a control character, which an identifier may not";
-  if (protocol::FindInvalidUtf8(id)) return "is not UTF-8";
-  return nullptr;
-}
-
 Result<void> CheckIdentifier(const char* whose, std::string_view id) {
-  const char* problem = Problem(id);
-  if (problem == nullptr) return {};
-  return Error{ErrorKind::BadValue, "the identifier " + Quoted(id) + " of " + whose + " " + problem};
+  const auto problem = FindIdentifierProblem(id);
+  if (!problem) return {};
+  return Error{ErrorKind::BadValue, "identifier of " + std::string(whose) + ": " + *problem};
 }
 
 Result<void> CheckIdentifiers(const Product& product) {

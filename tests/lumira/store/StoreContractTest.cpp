@@ -100,7 +100,7 @@ TEST_P(StoreContract, SaysWhichIdentifierItRefuses) {
   Product product = SampleProduct();
   product.id = "a\tb";
   EXPECT_EQ(store->AddProduct(product, Existing::Refuse).Failure().message,
-            "the identifier \"a\\x09b\" of the product holds a control character, which an identifier may not");
+            "identifier of the product: \"a\\x09b\" holds a control character, which an identifier may not");
 }
 
 Product Chain(int levels) {
