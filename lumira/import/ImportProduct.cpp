@@ -12,6 +12,7 @@
 #include "lumira/import/StructureTable.h"
 #include "lumira/model/Identifier.h"
 #include "lumira/store/ProductRules.h"
+#include "lumira/store/ProductRules.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
@@ -167,6 +168,7 @@ class Assembly {
 
 // What `AddProduct` would refuse.
 Result<void> CheckRoom(Store& store, const Product& product, Existing existing) {
+  if (auto good = CheckProduct(product); !good) return good;
   if (auto good = CheckProduct(product); !good) return good;
   const auto products = store.Products();
   if (!products) return products.Failure();

@@ -263,6 +263,15 @@ TEST_F(ImportIntoStore, RefusesInADryRunWhatItWouldRefuseToWrite) {
   EXPECT_TRUE(Import({.existing = Existing::Replace, .mode = ImportMode::DryRun}).Ok());
 }
 
+TEST_F(ImportIntoStore, RefusesAStructureThatIsTooDeepInADryRunAsWell) {
+  std::string structure = "parent,child\n";
+  for (int i = 0; i < 1001; ++i) structure += "p" + std::to_string(i) + ",p" + std::to_string(i + 1) + "\n";
+  const ImportTables tables{TableSource{"s.csv", structure}, TableSource{"m.csv", "part\np0\n"}};
+  for (const ImportMode mode : {ImportMode::DryRun, ImportMode::Write})
+    EXPECT_EQ(ImportProduct(*store, tables, {.mode = mode}).Failure().message,
+              "part \"p1001\" stands 1001 levels below the top, the limit is 1000");
+}
+
 TEST_F(ImportIntoStore, ReplacesAProductWhenAsked) {
   ASSERT_TRUE(Import({}).Ok());
   EXPECT_EQ(Import({}).Failure().kind, protocol::ErrorKind::Conflict);
