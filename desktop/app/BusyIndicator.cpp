@@ -18,7 +18,9 @@ QString BusyText(const KorUnicodeString& command) {
 
 }  // namespace
 
-BusyIndicator::BusyIndicator(QStatusBar* statusBar) : _statusBar(statusBar) { KorPdmClient::SetObserver(this); }
+BusyIndicator::BusyIndicator(QStatusBar* statusBar) : _statusBar(statusBar) {
+  KorPdmClient::SetObserver(this);
+}
 
 BusyIndicator::~BusyIndicator() { KorPdmClient::SetObserver(nullptr); }
 

@@ -14,7 +14,8 @@ protocol::Result<std::unique_ptr<EmbeddedTransport>> EmbeddedTransport::Open(con
       new EmbeddedTransport(file, std::move(store).Value(), std::move(progress)));
 }
 
-EmbeddedTransport::EmbeddedTransport(std::string file, std::unique_ptr<lumira::Store> store, lumira::Progress progress)
+EmbeddedTransport::EmbeddedTransport(std::string file, std::unique_ptr<lumira::Store> store,
+                                     lumira::Progress progress)
     : _file(std::move(file)), _store(std::move(store)), _server(*_store, std::move(progress)) {}
 
 std::string EmbeddedTransport::Run(const std::string& command, const std::string& request) {

@@ -7,8 +7,8 @@ namespace desktop {
 /// Where the program finds what comes with it, and where it keeps what it makes.
 class Folders {
  public:
-  /// The message catalogues: the environment variable KORVO_CATALOGUES, else beside the program or above it. Empty
-  /// when there are none.
+  /// The message catalogues: the environment variable KORVO_CATALOGUES, else beside the program or above it.
+  /// Empty when there are none.
   static QString Catalogues();
   /// The tables of the sample product, found the same way (KORVO_SAMPLES).
   static QString Samples();

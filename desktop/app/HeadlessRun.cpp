@@ -29,9 +29,9 @@ struct PageFile {
 };
 
 constexpr PageFile kPageFiles[] = {
-    {"TabPage002", "part-panel-results.png"},           {"TabPage003", "part-panel-mass-types.png"},
-    {"TabPage004", "part-panel-material.png"},          {"TabPage005", "part-panel-precision.png"},
-    {"TabPageDocuments", "part-panel-documents.png"},   {"TabPageAdditional", "part-panel-additional.png"},
+    {"TabPage002", "part-panel-results.png"},         {"TabPage003", "part-panel-mass-types.png"},
+    {"TabPage004", "part-panel-material.png"},        {"TabPage005", "part-panel-precision.png"},
+    {"TabPageDocuments", "part-panel-documents.png"}, {"TabPageAdditional", "part-panel-additional.png"},
 };
 
 /// A custom reference: a point and axes turned by a quarter about z.
@@ -41,17 +41,22 @@ struct EditorText {
 };
 
 constexpr EditorText kCustomReference[] = {
-    {"Frame033.CPxEditor", "1000"},          {"Frame033.CPyEditor", "0"},
-    {"Frame033.CPzEditor", "500"},           {"DirectionsFrame.XAxisxEditor", "0"},
-    {"DirectionsFrame.XAxisYEditor", "-1"},  {"DirectionsFrame.XAxisZEditor", "0"},
-    {"DirectionsFrame.YAxisXEditor", "1"},   {"DirectionsFrame.YAxisYEditor", "0"},
-    {"DirectionsFrame.YAxisZEditor", "0"},   {"DirectionsFrame.ZAxisXEditor", "0"},
-    {"DirectionsFrame.ZAxisYEditor", "0"},   {"DirectionsFrame.ZAxisZEditor", "1"},
+    {"Frame033.CPxEditor", "1000"},         {"Frame033.CPyEditor", "0"},
+    {"Frame033.CPzEditor", "500"},          {"DirectionsFrame.XAxisxEditor", "0"},
+    {"DirectionsFrame.XAxisYEditor", "-1"}, {"DirectionsFrame.XAxisZEditor", "0"},
+    {"DirectionsFrame.YAxisXEditor", "1"},  {"DirectionsFrame.YAxisYEditor", "0"},
+    {"DirectionsFrame.YAxisZEditor", "0"},  {"DirectionsFrame.ZAxisXEditor", "0"},
+    {"DirectionsFrame.ZAxisYEditor", "0"},  {"DirectionsFrame.ZAxisZEditor", "1"},
 };
 
 constexpr const char* kReferenceMode = "Frame250.AdditionalFrame2.ReferenceModeFrame.";
 
 Error Fail(const std::string& what) { return {ErrorKind::Internal, what}; }
+
+Error CannotWrite(const QString& path, const QString& reason) {
+  const QString message = QString("\"%1\" cannot be written").arg(path);
+  return {ErrorKind::Storage, (reason.isEmpty() ? message : message + ": " + reason).toStdString()};
+}
 
 Result<protocol::Occurrence> FindPart(const std::string& product, const std::string& part) {
   protocol::SearchRequest request;
@@ -67,7 +72,10 @@ Result<protocol::Occurrence> FindPart(const std::string& product, const std::str
 }  // namespace
 
 HeadlessRun::HeadlessRun(const QString& folder)
-    : _folder(folder), _settings(_scratch.filePath("settings.ini")), _backend(&_boxes), _window(_settings, _backend) {
+    : _folder(folder),
+      _settings(_scratch.filePath("settings.ini")),
+      _backend(&_boxes),
+      _window(_settings, _backend) {
   KorApplicationFrame::SetBackend(&_backend);
   _settings.ApplyUnits();
 }
@@ -78,7 +86,8 @@ HeadlessRun::~HeadlessRun() {
 }
 
 Result<void> HeadlessRun::Run() {
-  if (!QDir().mkpath(_folder)) return Error{ErrorKind::Storage, "the folder \"" + _folder.toStdString() + "\" cannot be made"};
+  if (!QDir().mkpath(_folder))
+    return Error{ErrorKind::Storage, "the folder \"" + _folder.toStdString() + "\" cannot be made"};
   if (auto done = OpenSample(); !done) return done;
   if (auto done = ComputeInPanel("Above_yaw"); !done) return done;
   _window.TreeView().expand(_window.TreeView().currentIndex());
@@ -94,9 +103,11 @@ Result<void> HeadlessRun::Run() {
 
 Result<void> HeadlessRun::OpenSample() {
   const QString samples = Folders::Samples();
-  if (samples.isEmpty()) return Error{ErrorKind::NotFound, "the folder \"samples\" with the sample product is missing"};
+  if (samples.isEmpty())
+    return Error{ErrorKind::NotFound, "the folder \"samples\" with the sample product is missing"};
   const QString file = _scratch.filePath("iea15.lumira");
-  if (const auto made = CreateSampleProduct(samples.toStdString(), file.toStdString()); !made) return made.Failure();
+  if (const auto made = CreateSampleProduct(samples.toStdString(), file.toStdString()); !made)
+    return made.Failure();
   _window.show();
   if (!_window.OpenProduct(file)) return Fail("the sample product cannot be opened");
   return {};
@@ -106,7 +117,8 @@ Result<void> HeadlessRun::ComputeInPanel(const std::string& part) {
   const std::string product = _window.Tree().ProductAt({});
   const auto place = FindPart(product, part);
   if (!place) return place.Failure();
-  if (!_window.Select(product, place.Value().instancePath)) return Fail("\"" + part + "\" cannot be selected");
+  if (!_window.Select(product, place.Value().instancePath))
+    return Fail("\"" + part + "\" cannot be selected");
   _window.ShowPartPanel();
   KorWBNymMainPanel* panel = _window.PartPanel().Panel();
   if (!panel) return Fail("the part panel did not open on \"" + part + "\"");
@@ -165,7 +177,7 @@ Result<void> HeadlessRun::Save(QWidget* window, const QString& file) {
   QApplication::processEvents();
   const QString path = QDir(_folder).filePath(file);
   if (window->grab().save(path, "PNG")) return {};
-  return Error{ErrorKind::Storage, "\"" + path.toStdString() + "\" cannot be written"};
+  return CannotWrite(path, {});
 }
 
 Result<void> HeadlessRun::SaveValues() {
@@ -173,7 +185,7 @@ Result<void> HeadlessRun::SaveValues() {
   QFile file(path);
   const QByteArray text = QByteArray::fromStdString(_values);
   if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush()) return {};
-  return Error{ErrorKind::Storage, "\"" + path.toStdString() + "\" cannot be written: " + file.errorString().toStdString()};
+  return CannotWrite(path, file.errorString());
 }
 
 }  // namespace desktop

@@ -7,8 +7,9 @@
 
 namespace desktop {
 
-/// The main job without a display: makes and opens the sample product, computes an assembly in the part panel by the
-/// verbs that a user's clicks end in, and leaves the screens as pictures and the values as text in a folder.
+/// The main job without a display: makes and opens the sample product, computes an assembly in the part panel
+/// by the verbs that a user's clicks end in, and leaves the screens as pictures and the values as text in a
+/// folder.
 class HeadlessRun {
  public:
   explicit HeadlessRun(const QString& folder);

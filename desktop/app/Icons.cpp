@@ -45,7 +45,8 @@ template <class Draw>
 QIcon Drawn(Draw draw) {
   QIcon icon;
   for (const int size : {16, 20, 24, 32, 40, 48, 64, 128})
-    for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected}) icon.addPixmap(DrawnAt(size, InkFor(mode), draw), mode);
+    for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected})
+      icon.addPixmap(DrawnAt(size, InkFor(mode), draw), mode);
   return icon;
 }
 
@@ -61,7 +62,8 @@ QIcon Kept(const char* name, Draw draw) {
 /// A box seen from above at an angle; (x, y) is the middle of its top edge, `r` half its width.
 void DrawBox(QPainter& painter, double x, double y, double r) {
   const double h = r / 2;
-  const QPolygonF outline({{x, y}, {x + r, y + h}, {x + r, y + h + r}, {x, y + r + 2 * h}, {x - r, y + h + r}, {x - r, y + h}});
+  const QPolygonF outline(
+      {{x, y}, {x + r, y + h}, {x + r, y + h + r}, {x, y + r + 2 * h}, {x - r, y + h + r}, {x - r, y + h}});
   painter.drawPolygon(outline);
   painter.drawPolyline(QPolygonF({{x - r, y + h}, {x, y + 2 * h}, {x + r, y + h}}));
   painter.drawLine(QPointF(x, y + 2 * h), QPointF(x, y + r + 2 * h));
@@ -112,7 +114,8 @@ QIcon PartPanel() {
 
 QIcon OpenProduct() {
   return Drawn([](QPainter& painter, const Ink&) {
-    painter.drawPolygon(QPolygonF({{1.2, 13.4}, {1.2, 3}, {5.6, 3}, {7.2, 4.8}, {13, 4.8}, {13, 7}, {4.2, 7}}));
+    painter.drawPolygon(
+        QPolygonF({{1.2, 13.4}, {1.2, 3}, {5.6, 3}, {7.2, 4.8}, {13, 4.8}, {13, 7}, {4.2, 7}}));
     painter.drawPolygon(QPolygonF({{1.2, 13.4}, {4.2, 7}, {15, 7}, {12.2, 13.4}}));
   });
 }
@@ -148,9 +151,8 @@ QIcon Find() {
 }
 
 QIcon Lamp(const QColor& colour) {
-  return Kept(qPrintable(colour.name()), [colour](QPainter& painter, const Ink&) {
-    PaintLamp(painter, QRectF(3, 3, 10, 10), colour);
-  });
+  return Kept(qPrintable(colour.name()),
+              [colour](QPainter& painter, const Ink&) { PaintLamp(painter, QRectF(3, 3, 10, 10), colour); });
 }
 
 }  // namespace desktop::icons

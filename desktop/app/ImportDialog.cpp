@@ -29,8 +29,8 @@ QStringList Lines(const char* headingKey, const std::vector<std::string>& texts)
 
 QString ReportOf(const lumira::ImportReport& report, lumira::ImportMode mode) {
   QStringList lines{Text(mode == lumira::ImportMode::Write ? "Import.Done" : "Import.Checked",
-                         {ToQt(report.product), QString::number(report.parts), QString::number(report.instances),
-                          QString::number(report.massTypes)})};
+                         {ToQt(report.product), QString::number(report.parts),
+                          QString::number(report.instances), QString::number(report.massTypes)})};
   lines << Lines("Import.LeftOut", report.leftOut) << Lines("Import.Warnings", report.warnings);
   return lines.join('\n');
 }
@@ -102,9 +102,12 @@ lumira::ImportOptions ImportDialog::Options(lumira::ImportMode mode) {
   lumira::ImportOptions options;
   options.product = _product->text().trimmed().toStdString();
   options.existing = _replace->isChecked() ? lumira::Existing::Replace : lumira::Existing::Refuse;
-  options.unknownParts = _leaveOut->isChecked() ? lumira::UnknownParts::LeaveOut : lumira::UnknownParts::Refuse;
+  options.unknownParts =
+      _leaveOut->isChecked() ? lumira::UnknownParts::LeaveOut : lumira::UnknownParts::Refuse;
   options.mode = mode;
-  options.progress = [this](std::string_view what, std::size_t done, std::size_t total) { ShowProgress(what, done, total); };
+  options.progress = [this](std::string_view what, std::size_t done, std::size_t total) {
+    ShowProgress(what, done, total);
+  };
   return options;
 }
 

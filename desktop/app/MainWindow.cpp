@@ -39,27 +39,27 @@ constexpr std::array kColumnWidths{46, 19, 13, 22, 16};
 
 }  // namespace
 
-/// One command: where it stands, how it looks, what it does. Its texts have the keys "Command.<name>.Title" and
-/// ".ShortHelp".
+/// One command: where it stands, how it looks, what it does. Its texts have the keys "Command.<name>.Title"
+/// and ".ShortHelp".
 struct MainWindow::CommandRow {
   const char* name;
   const char* menu;
-  QIcon (*icon)() = nullptr;
-  const char* keys = "";
-  OnToolbar onToolbar = OnToolbar::No;
+  QIcon (*icon)();   ///< null: none
+  const char* keys;  ///< empty: none
+  OnToolbar onToolbar;
   void (MainWindow::*run)();
 };
 
 const MainWindow::CommandRow MainWindow::kCommands[] = {
-    {.name = "OpenProduct", .menu = "Menu.File", .icon = icons::OpenProduct, .keys = "Ctrl+O", .onToolbar = OnToolbar::Yes, .run = &MainWindow::AskForProduct},
-    {.name = "NewProduct", .menu = "Menu.File", .keys = "Ctrl+N", .run = &MainWindow::AskForNewProduct},
-    {.name = "ImportTables", .menu = "Menu.File", .icon = icons::Import, .keys = "Ctrl+I", .onToolbar = OnToolbar::Yes, .run = &MainWindow::AskForTables},
-    {.name = "OpenSample", .menu = "Menu.File", .run = &MainWindow::OpenSampleCommand},
-    {.name = "Quit", .menu = "Menu.File", .keys = "Ctrl+Q", .run = &MainWindow::Quit},
-    {.name = "PartPanel", .menu = "Menu.Weight", .icon = icons::PartPanel, .keys = "Ctrl+P", .onToolbar = OnToolbar::Yes, .run = &MainWindow::ShowPartPanel},
-    {.name = "Find", .menu = "Menu.View", .icon = icons::Find, .keys = "Ctrl+F", .run = &MainWindow::FocusSearch},
-    {.name = "Units", .menu = "Menu.Settings", .icon = icons::Units, .keys = "Ctrl+U", .onToolbar = OnToolbar::Yes, .run = &MainWindow::AskForUnits},
-    {.name = "About", .menu = "Menu.Help", .run = &MainWindow::ShowAbout},
+    {"OpenProduct", "Menu.File", icons::OpenProduct, "Ctrl+O", OnToolbar::Yes, &MainWindow::AskForProduct},
+    {"NewProduct", "Menu.File", nullptr, "Ctrl+N", OnToolbar::No, &MainWindow::AskForNewProduct},
+    {"ImportTables", "Menu.File", icons::Import, "Ctrl+I", OnToolbar::Yes, &MainWindow::AskForTables},
+    {"OpenSample", "Menu.File", nullptr, "", OnToolbar::No, &MainWindow::OpenSampleCommand},
+    {"Quit", "Menu.File", nullptr, "Ctrl+Q", OnToolbar::No, &MainWindow::Quit},
+    {"PartPanel", "Menu.Weight", icons::PartPanel, "Ctrl+P", OnToolbar::Yes, &MainWindow::ShowPartPanel},
+    {"Find", "Menu.View", icons::Find, "Ctrl+F", OnToolbar::No, &MainWindow::FocusSearch},
+    {"Units", "Menu.Settings", icons::Units, "Ctrl+U", OnToolbar::Yes, &MainWindow::AskForUnits},
+    {"About", "Menu.Help", nullptr, "", OnToolbar::No, &MainWindow::ShowAbout},
 };
 
 MainWindow::MainWindow(Settings& settings, QtBackend& backend)
@@ -80,9 +80,11 @@ MainWindow::MainWindow(Settings& settings, QtBackend& backend)
   BuildStatusBar();
   _model->onError = [this](const protocol::Error& error) { ShowError("Error.Tree", error.message); };
   _busy.onEnded = [this](const KorUnicodeString& command) {
-    // The panel that sent it is not done with the reply: its own server calls come before those of the window.
+    // The panel that sent it is not done with the reply: its own server calls come before those of the
+    // window.
     if (command == KorUnicodeString(protocol::kCommandComputePart))
-      QMetaObject::invokeMethod(this, [this] { ValuesComputed(); }, Qt::QueuedConnection);
+      QMetaObject::invokeMethod(
+          this, [this] { ValuesComputed(); }, Qt::QueuedConnection);
   };
   resize(1180, 760);
   restoreGeometry(_settings.WindowState(kGeometryKey));
@@ -121,7 +123,8 @@ void MainWindow::BuildChoices() {
   _menus[kLanguageMenu] = Menu("Menu.Settings")->addMenu(QString());
   for (const char* menu : {kThemeMenu, kLanguageMenu}) _choices[menu] = new QActionGroup(this);
   for (const ThemeChoice theme : {ThemeChoice::System, ThemeChoice::Light, ThemeChoice::Dark})
-    AddChoice(_menus[kThemeMenu], QString::number(static_cast<int>(theme)), [this, theme] { ChooseTheme(theme); });
+    AddChoice(_menus[kThemeMenu], QString::number(static_cast<int>(theme)),
+              [this, theme] { ChooseTheme(theme); });
   for (const KorString& language : KorMsgCatalog::Languages())
     AddChoice(_menus[kLanguageMenu], QString::fromStdString(language),
               [this, language] { ChooseLanguage(QString::fromStdString(language)); });
@@ -144,7 +147,8 @@ void MainWindow::BuildCentre() {
   _tree->setExpandsOnDoubleClick(false);
   for (std::size_t i = 0; i < kColumnWidths.size(); ++i)
     _tree->setColumnWidth(static_cast<int>(i), kColumnWidths[i] * fontMetrics().averageCharWidth());
-  QObject::connect(_tree->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] { SelectionChanged(); });
+  QObject::connect(_tree->selectionModel(), &QItemSelectionModel::currentChanged, this,
+                   [this] { SelectionChanged(); });
   QObject::connect(_tree, &QTreeView::activated, this, [this] { ShowPartPanel(); });
 
   _search->product = [this] { return _model->ProductAt(_tree->currentIndex()); };
@@ -187,8 +191,9 @@ void MainWindow::ShowTexts() {
     QAction* action = _actions[row.name];
     const QString key = QString("Command.") + row.name;
     action->setText(Text(qPrintable(key + ".Title")));
-    action->setToolTip(Text(qPrintable(key + ".ShortHelp")) +
-                       (*row.keys ? " (" + action->shortcut().toString(QKeySequence::NativeText) + ")" : QString()));
+    action->setToolTip(
+        Text(qPrintable(key + ".ShortHelp")) +
+        (*row.keys ? " (" + action->shortcut().toString(QKeySequence::NativeText) + ")" : QString()));
     action->setStatusTip(Text(qPrintable(key + ".ShortHelp")));
     if (row.icon) action->setIcon(row.icon());
   }
@@ -231,7 +236,8 @@ void MainWindow::ShowStatus() {
 }
 
 QString MainWindow::ServerText() const {
-  return _session.IsOpen() ? Text("Status.Server", {ToQt(_session.Transport().Address())}) : Text("Status.NoServer");
+  return _session.IsOpen() ? Text("Status.Server", {ToQt(_session.Transport().Address())})
+                           : Text("Status.NoServer");
 }
 
 QString MainWindow::UnitSystemText() const {
@@ -246,7 +252,8 @@ QAction* MainWindow::Command(const std::string& name) const {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   _settings.SetWindowState(kGeometryKey, saveGeometry());
-  if (auto* splitter = findChild<QSplitter*>("MainSplitter")) _settings.SetWindowState(kSplitterKey, splitter->saveState());
+  if (auto* splitter = findChild<QSplitter*>("MainSplitter"))
+    _settings.SetWindowState(kSplitterKey, splitter->saveState());
   _partPanel.Close();
   QMainWindow::closeEvent(event);
 }

@@ -22,7 +22,8 @@ namespace desktop {
 class SearchBox;
 class SelectionPane;
 
-/// The main window: the product tree, what is selected, the commands, and a status bar with server and unit system.
+/// The main window: the product tree, what is selected, the commands, and a status bar with server and unit
+/// system.
 class MainWindow : public QMainWindow {
  public:
   /// Settings and backend must outlive the window.
@@ -105,8 +106,8 @@ class MainWindow : public QMainWindow {
   SearchBox* _search;
   QLabel* _server;
   QLabel* _units;
-  std::map<std::string, QMenu*> _menus;     ///< by the key of the title
-  std::map<std::string, QAction*> _actions; ///< by the name of the command
+  std::map<std::string, QMenu*> _menus;           ///< by the key of the title
+  std::map<std::string, QAction*> _actions;       ///< by the name of the command
   std::map<std::string, QActionGroup*> _choices;  ///< by the key of the menu
 };
 

@@ -87,7 +87,8 @@ void MainWindow::SelectionChanged() {
 }
 
 void MainWindow::ShowPartPanel() {
-  if (!_tree->currentIndex().isValid()) return ShowError("Error.Part", Text("Error.NothingSelected").toStdString());
+  if (!_tree->currentIndex().isValid())
+    return ShowError("Error.Part", Text("Error.NothingSelected").toStdString());
   if (const auto text = ShowSelection()) BindPartPanel(*text);
 }
 
@@ -116,7 +117,8 @@ std::optional<std::string> MainWindow::ShowSelection() {
 }
 
 void MainWindow::BindPartPanel(const std::string& partDataText) {
-  if (const auto shown = _partPanel.Show(partDataText); !shown) ShowError("Error.Part", shown.Failure().message);
+  if (const auto shown = _partPanel.Show(partDataText); !shown)
+    ShowError("Error.Part", shown.Failure().message);
 }
 
 void MainWindow::UnitsChanged() {

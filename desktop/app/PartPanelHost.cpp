@@ -37,7 +37,10 @@ protocol::Result<void> PartPanelHost::Show(const std::string& partDataText) {
 void PartPanelHost::Open() {
   _panel = std::make_unique<KorWBNymMainPanel>(_buffer.Get());
   // A notification may not destroy its sender: the panel goes when control is back in the event loop.
-  const auto close = [this](auto...) { QMetaObject::invokeMethod(this, [this] { Close(); }, Qt::QueuedConnection); };
+  const auto close = [this](auto...) {
+    QMetaObject::invokeMethod(
+        this, [this] { Close(); }, Qt::QueuedConnection);
+  };
   _panel->Find<KorDlgPushButton>("Frame238.CloseButton").Subscribe(KorEvent::PushActivate, close);
   _panel->Subscribe(KorEvent::WindowClose, close);
   _panel->Attach(&_backend);

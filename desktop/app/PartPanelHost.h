@@ -10,16 +10,17 @@
 
 namespace desktop {
 
-/// The command "part panel": puts the data of what is selected into a data buffer, opens the module's panel on it and
-/// binds it anew when something else is selected. Closing the panel, by its button or its window, destroys it.
+/// The command "part panel": puts the data of what is selected into a data buffer, opens the module's panel
+/// on it and binds it anew when something else is selected. Closing the panel, by its button or its window,
+/// destroys it.
 class PartPanelHost : public QObject {
  public:
   explicit PartPanelHost(QtBackend& backend);
   ~PartPanelHost() override;
 
   bool IsOpen() const { return _panel != nullptr; }
-  /// Opens the panel on a part's data as the server sent it, or binds it when it is open. On failure the panel stays
-  /// as it was.
+  /// Opens the panel on a part's data as the server sent it, or binds it when it is open. On failure the
+  /// panel stays as it was.
   protocol::Result<void> Show(const std::string& partDataText);
   void Close();
 

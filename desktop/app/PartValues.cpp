@@ -17,7 +17,8 @@ struct Element {
   int row, column;
 };
 
-constexpr Element kElements[] = {{"xx", 1, 1}, {"yy", 2, 2}, {"zz", 3, 3}, {"xy", 1, 2}, {"xz", 1, 3}, {"yz", 2, 3}};
+constexpr Element kElements[] = {{"xx", 1, 1}, {"yy", 2, 2}, {"zz", 3, 3},
+                                 {"xy", 1, 2}, {"xz", 1, 3}, {"yz", 2, 3}};
 
 std::string Line(const std::string& part, const std::string& quantity, double value) {
   std::array<char, 40> digits;
@@ -42,7 +43,8 @@ std::optional<PartValues> ReadPartValues(const LumWBAllDataBuffer& buffer) {
   PartValues values;
   const std::vector<double> placement = buffer.GetPlacement();
   std::array<double, 12> coefficients;
-  if (buffer.GetMassTypeDefined(computed) != KorWBAllDataBuffer::kDefined || placement.size() != coefficients.size() ||
+  if (buffer.GetMassTypeDefined(computed) != KorWBAllDataBuffer::kDefined ||
+      placement.size() != coefficients.size() ||
       Failed(buffer.GetMassTypeValues(computed, inertia, cg, values.mass)) || !inertia || !cg)
     return std::nullopt;
   std::copy(placement.begin(), placement.end(), coefficients.begin());
@@ -56,10 +58,12 @@ std::optional<PartValues> ReadPartValues(const LumWBAllDataBuffer& buffer) {
 
 std::string FormatPartValues(const std::string& part, const PartValues& values) {
   std::string name = part;
-  std::transform(name.begin(), name.end(), name.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  std::transform(name.begin(), name.end(), name.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
   return Line(name, "mass_kg", values.mass) + Line(name, "cg_x_m", values.cg.GetX()) +
          Line(name, "cg_y_m", values.cg.GetY()) + Line(name, "cg_z_m", values.cg.GetZ()) +
-         TensorLines(name, "inertia_cg", values.inertiaCg) + TensorLines(name, "inertia_ref", values.inertiaRef);
+         TensorLines(name, "inertia_cg", values.inertiaCg) +
+         TensorLines(name, "inertia_ref", values.inertiaRef);
 }
 
 }  // namespace desktop

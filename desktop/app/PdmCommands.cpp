@@ -15,14 +15,17 @@ Result<std::string> Run(std::string_view command, const std::string& request) {
   VARIANT sent, received;
   BuildVariant(KorUnicodeString(request), sent);
   if (Failed(RunServerCode(command, sent, received)))
-    return Error{ErrorKind::NotFound, "no product is open: the command \"" + std::string(command) + "\" was not sent"};
+    return Error{ErrorKind::NotFound,
+                 "no product is open: the command \"" + std::string(command) + "\" was not sent"};
   std::string reply = received.text.Utf8();
   if (!protocol::IsErrorReply(reply)) return reply;
-  return Error{ErrorKind::BadValue, reply.substr(reply.find(protocol::kErrorHeader) + protocol::kErrorHeader.size())};
+  return Error{ErrorKind::BadValue,
+               reply.substr(reply.find(protocol::kErrorHeader) + protocol::kErrorHeader.size())};
 }
 
 template <class Reply>
-Result<Reply> RunAndRead(std::string_view command, const std::string& request, Result<Reply> (*read)(std::string_view)) {
+Result<Reply> RunAndRead(std::string_view command, const std::string& request,
+                         Result<Reply> (*read)(std::string_view)) {
   const auto reply = Run(command, request);
   if (!reply) return reply.Failure();
   return read(reply.Value());
@@ -35,11 +38,13 @@ Result<protocol::ProductList> GetProducts() {
 }
 
 Result<protocol::TreeNodes> GetChildren(const protocol::ChildrenRequest& request) {
-  return RunAndRead(protocol::kCommandChildren, protocol::WriteChildrenRequest(request), protocol::ReadTreeNodes);
+  return RunAndRead(protocol::kCommandChildren, protocol::WriteChildrenRequest(request),
+                    protocol::ReadTreeNodes);
 }
 
 Result<protocol::SearchReply> SearchTree(const protocol::SearchRequest& request) {
-  return RunAndRead(protocol::kCommandSearch, protocol::WriteSearchRequest(request), protocol::ReadSearchReply);
+  return RunAndRead(protocol::kCommandSearch, protocol::WriteSearchRequest(request),
+                    protocol::ReadSearchReply);
 }
 
 Result<std::string> GetPartDataText(const protocol::PartDataRequest& request) {

@@ -4,8 +4,8 @@
 
 #include "protocol/Codec.h"
 
-/// The server commands that the desktop itself sends. Each fails with the server's message, with the reason why a reply
-/// cannot be read, or because no server is connected.
+/// The server commands that the desktop itself sends. Each fails with the server's message, with the reason
+/// why a reply cannot be read, or because no server is connected.
 namespace desktop {
 
 protocol::Result<protocol::ProductList> GetProducts();

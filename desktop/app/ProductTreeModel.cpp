@@ -26,12 +26,18 @@ QString NameOf(const protocol::TreeNode& line) { return ToQt(line.name.empty() ?
 
 QString CellText(const protocol::TreeNode& line, int column) {
   switch (column) {
-    case ProductTreeModel::Name: return NameOf(line);
-    case ProductTreeModel::Instance: return ToQt(line.instanceId);
-    case ProductTreeModel::Quantity: return QString::number(line.quantity);
-    case ProductTreeModel::Mass: return line.mass ? ShowMass(*line.mass) : QString();
-    case ProductTreeModel::Status: return StatusText(line.computedStatus);
-    default: return {};
+    case ProductTreeModel::Name:
+      return NameOf(line);
+    case ProductTreeModel::Instance:
+      return ToQt(line.instanceId);
+    case ProductTreeModel::Quantity:
+      return QString::number(line.quantity);
+    case ProductTreeModel::Mass:
+      return line.mass ? ShowMass(*line.mass) : QString();
+    case ProductTreeModel::Status:
+      return StatusText(line.computedStatus);
+    default:
+      return {};
   }
 }
 
@@ -54,7 +60,8 @@ struct ProductTreeModel::Node {
   std::vector<std::unique_ptr<Node>> children;
 };
 
-ProductTreeModel::ProductTreeModel(QObject* parent) : QAbstractItemModel(parent), _root(std::make_unique<Node>()) {
+ProductTreeModel::ProductTreeModel(QObject* parent)
+    : QAbstractItemModel(parent), _root(std::make_unique<Node>()) {
   _root->asked = true;
 }
 
@@ -101,8 +108,9 @@ void ProductTreeModel::RefreshBelow(Node& node) {
   if (!node.asked || node.children.empty()) return;
   const auto lines = AskForChildren(node);
   if (!lines) return;
-  const bool same = std::equal(lines->begin(), lines->end(), node.children.begin(), node.children.end(),
-                               [](const auto& line, const auto& child) { return IsSamePlace(line, child->line); });
+  const bool same =
+      std::equal(lines->begin(), lines->end(), node.children.begin(), node.children.end(),
+                 [](const auto& line, const auto& child) { return IsSamePlace(line, child->line); });
   if (!same) return Forget(node);
   for (std::size_t i = 0; i < lines->size(); ++i) node.children[i]->line = (*lines)[i];
   Q_EMIT dataChanged(IndexOf(*node.children.front()), IndexOf(*node.children.back()).siblingAtColumn(Status));
@@ -159,9 +167,11 @@ OccurrencePlace ProductTreeModel::PlaceAt(const QModelIndex& index) const {
   return place;
 }
 
-QModelIndex ProductTreeModel::IndexOf(const std::string& product, const std::vector<std::string>& instancePath) {
+QModelIndex ProductTreeModel::IndexOf(const std::string& product,
+                                      const std::vector<std::string>& instancePath) {
   const auto child = [](Node& parent, auto fits) -> Node* {
-    const auto found = std::find_if(parent.children.begin(), parent.children.end(), [&](const auto& one) { return fits(*one); });
+    const auto found = std::find_if(parent.children.begin(), parent.children.end(),
+                                    [&](const auto& one) { return fits(*one); });
     return found == parent.children.end() ? nullptr : found->get();
   };
   Node* node = child(*_root, [&](const Node& top) { return top.product == product; });
@@ -174,7 +184,9 @@ QModelIndex ProductTreeModel::IndexOf(const std::string& product, const std::vec
 }
 
 std::string ProductTreeModel::ProductAt(const QModelIndex& index) const {
-  const Node* node = index.isValid() ? &NodeAt(index) : _root->children.empty() ? nullptr : _root->children.front().get();
+  const Node* node = index.isValid()           ? &NodeAt(index)
+                     : _root->children.empty() ? nullptr
+                                               : _root->children.front().get();
   while (node && node->parent && node->parent->parent) node = node->parent;
   return node ? node->product : std::string();
 }
@@ -189,7 +201,8 @@ QModelIndex ProductTreeModel::IndexOf(const Node& node) const {
 
 QModelIndex ProductTreeModel::index(int row, int column, const QModelIndex& parent) const {
   const Node& node = NodeAt(parent);
-  if (row < 0 || row >= static_cast<int>(node.children.size()) || column < 0 || column >= ColumnCount) return {};
+  if (row < 0 || row >= static_cast<int>(node.children.size()) || column < 0 || column >= ColumnCount)
+    return {};
   if (parent.isValid() && parent.column() != 0) return {};
   return createIndex(row, column, node.children[static_cast<std::size_t>(row)].get());
 }
@@ -222,12 +235,17 @@ void ProductTreeModel::fetchMore(const QModelIndex& parent) {
 QVariant ProductTreeModel::data(const QModelIndex& index, int role) const {
   const protocol::TreeNode& line = NodeAt(index).line;
   switch (role) {
-    case Qt::DisplayRole: return CellText(line, index.column());
-    case Qt::DecorationRole: return CellIcon(line, index.column());
-    case Qt::ToolTipRole: return Text("Tree.Tip", {ToQt(line.partId), ToQt(line.revision), StatusText(line.computedStatus)});
+    case Qt::DisplayRole:
+      return CellText(line, index.column());
+    case Qt::DecorationRole:
+      return CellIcon(line, index.column());
+    case Qt::ToolTipRole:
+      return Text("Tree.Tip", {ToQt(line.partId), ToQt(line.revision), StatusText(line.computedStatus)});
     case Qt::TextAlignmentRole:
-      return IsNumber(index.column()) ? int(Qt::AlignRight | Qt::AlignVCenter) : int(Qt::AlignLeft | Qt::AlignVCenter);
-    default: return {};
+      return IsNumber(index.column()) ? int(Qt::AlignRight | Qt::AlignVCenter)
+                                      : int(Qt::AlignLeft | Qt::AlignVCenter);
+    default:
+      return {};
   }
 }
 

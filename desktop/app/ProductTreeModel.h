@@ -11,8 +11,8 @@
 
 namespace desktop {
 
-/// The products of the server as a tree of occurrences. The children of an occurrence are asked for when somebody looks
-/// at them.
+/// The products of the server as a tree of occurrences. The children of an occurrence are asked for when
+/// somebody looks at them.
 class ProductTreeModel : public QAbstractItemModel {
  public:
   enum Column { Name, Instance, Quantity, Mass, Status, ColumnCount };
@@ -25,8 +25,8 @@ class ProductTreeModel : public QAbstractItemModel {
 
   /// Forgets everything and shows the products of the server that is connected now.
   protocol::Result<void> Reload();
-  /// Asks again for the lines that are known, after something was computed. A part whose children are no longer the
-  /// same loses them; they are asked for anew.
+  /// Asks again for the lines that are known, after something was computed. A part whose children are no
+  /// longer the same loses them; they are asked for anew.
   void RefreshValues();
   /// Shows units and texts anew.
   void RefreshTexts();

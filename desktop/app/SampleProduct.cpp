@@ -19,7 +19,8 @@ Result<lumira::ImportReport> ImportSample(const fs::path& folder, const std::str
   if (!store) return store.Failure();
   lumira::ImportOptions options;
   options.product = "IEA15";
-  return lumira::ImportProduct(*store.Value(), {std::move(structure).Value(), std::move(mass).Value()}, options);
+  return lumira::ImportProduct(*store.Value(), {std::move(structure).Value(), std::move(mass).Value()},
+                               options);
 }
 
 }  // namespace
@@ -33,7 +34,8 @@ Result<lumira::ImportReport> CreateSampleProduct(const std::string& samplesFolde
   auto report = ImportSample(samplesFolder, making);
   if (report) fs::rename(making, file, error);
   if (report && error)
-    report = protocol::Error{protocol::ErrorKind::Storage, "\"" + file + "\" cannot be made: " + error.message()};
+    report =
+        protocol::Error{protocol::ErrorKind::Storage, "\"" + file + "\" cannot be made: " + error.message()};
   if (!report) fs::remove(making, error);
   return report;
 }

@@ -7,6 +7,7 @@
 namespace desktop {
 
 /// Makes a product file from the sample's tables; nothing is left behind when it fails.
-protocol::Result<lumira::ImportReport> CreateSampleProduct(const std::string& samplesFolder, const std::string& file);
+protocol::Result<lumira::ImportReport> CreateSampleProduct(const std::string& samplesFolder,
+                                                           const std::string& file);
 
 }  // namespace desktop

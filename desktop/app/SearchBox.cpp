@@ -47,7 +47,9 @@ SearchBox::SearchBox(QWidget* parent)
   pause->setSingleShot(true);
   pause->setInterval(kTypingPause);
   QObject::connect(_edit, &QLineEdit::textEdited, pause, qOverload<>(&QTimer::start));
-  QObject::connect(_edit, &QLineEdit::textChanged, this, [this](const QString& text) { if (text.isEmpty()) Clear(); });
+  QObject::connect(_edit, &QLineEdit::textChanged, this, [this](const QString& text) {
+    if (text.isEmpty()) Clear();
+  });
   QObject::connect(pause, &QTimer::timeout, this, [this] { Search(); });
   QObject::connect(_list, &QTreeWidget::itemActivated, this, [this] { PickCurrent(); });
   QObject::connect(_list, &QTreeWidget::itemClicked, this, [this] { PickCurrent(); });
@@ -83,7 +85,8 @@ void SearchBox::ShowReply() {
   _list->clear();
   QList<QTreeWidgetItem*> items;
   for (const protocol::Occurrence& hit : _reply.hits) {
-    auto* item = new QTreeWidgetItem({ToQt(hit.node.name.empty() ? hit.node.partId : hit.node.name), PathText(hit)});
+    auto* item =
+        new QTreeWidgetItem({ToQt(hit.node.name.empty() ? hit.node.partId : hit.node.name), PathText(hit)});
     item->setIcon(0, hit.node.hasChildren ? icons::Assembly() : icons::Part());
     items << item;
   }
@@ -91,7 +94,9 @@ void SearchBox::ShowReply() {
   _list->resizeColumnToContents(0);
   _list->setVisible(!items.isEmpty());
   FitHeight();
-  ShowSummary(Text(_reply.cut ? "Search.Cut" : items.isEmpty() ? "Search.None" : "Search.Found",
+  ShowSummary(Text(_reply.cut        ? "Search.Cut"
+                   : items.isEmpty() ? "Search.None"
+                                     : "Search.Found",
                    {QString::number(items.size())}));
 }
 
@@ -123,11 +128,18 @@ void SearchBox::PickCurrent() {
 bool SearchBox::eventFilter(QObject* watched, QEvent* event) {
   if (watched != _edit || event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
   switch (static_cast<QKeyEvent*>(event)->key()) {
-    case Qt::Key_Escape: _edit->clear(); return true;
+    case Qt::Key_Escape:
+      _edit->clear();
+      return true;
     case Qt::Key_Return:
-    case Qt::Key_Enter: PickFirst(); return true;
-    case Qt::Key_Down: EnterList(); return true;
-    default: return QWidget::eventFilter(watched, event);
+    case Qt::Key_Enter:
+      PickFirst();
+      return true;
+    case Qt::Key_Down:
+      EnterList();
+      return true;
+    default:
+      return QWidget::eventFilter(watched, event);
   }
 }
 

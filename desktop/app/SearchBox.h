@@ -12,7 +12,8 @@ class QTreeWidget;
 
 namespace desktop {
 
-/// A line to search the product with and, below it, the occurrences found. Escape empties and closes the list.
+/// A line to search the product with and, below it, the occurrences found. Escape empties and closes the
+/// list.
 class SearchBox : public QWidget {
  public:
   explicit SearchBox(QWidget* parent = nullptr);

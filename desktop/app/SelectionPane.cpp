@@ -61,10 +61,12 @@ const Row kRows[] = {
     {"Selection.Path", Group::Part, PathText},
     {"Selection.Instance", Group::Part, [](const Shown& s) { return OrNone(s.place.node.instanceId); }},
     {"Selection.Revision", Group::Part, [](const Shown& s) { return OrNone(s.place.node.revision); }},
-    {"Selection.Quantity", Group::Part, [](const Shown& s) { return QString::number(s.place.node.quantity); }},
+    {"Selection.Quantity", Group::Part,
+     [](const Shown& s) { return QString::number(s.place.node.quantity); }},
     {"Selection.Active", Group::Part, [](const Shown& s) { return OrNone(s.data.activeMassType); }},
     {"Selection.Status", Group::Computed, [](const Shown& s) { return StatusText(s.computed.status); }},
-    {"Selection.Mass", Group::Computed, [](const Shown& s) { return s.computed.mass ? ShowMass(*s.computed.mass) : kNone; }},
+    {"Selection.Mass", Group::Computed,
+     [](const Shown& s) { return s.computed.mass ? ShowMass(*s.computed.mass) : kNone; }},
     {"Selection.CGx", Group::Computed, CgText<0>},
     {"Selection.CGy", Group::Computed, CgText<1>},
     {"Selection.CGz", Group::Computed, CgText<2>},
@@ -77,8 +79,9 @@ const Row kRows[] = {
 };
 
 protocol::MassType ComputedOf(const protocol::PartData& data) {
-  const auto found = std::find_if(data.massTypes.begin(), data.massTypes.end(),
-                                  [](const protocol::MassType& type) { return type.name == protocol::kComputed; });
+  const auto found =
+      std::find_if(data.massTypes.begin(), data.massTypes.end(),
+                   [](const protocol::MassType& type) { return type.name == protocol::kComputed; });
   return found == data.massTypes.end() ? protocol::MassType() : *found;
 }
 

@@ -9,11 +9,14 @@ constexpr const char* kRecentKey = "recentProducts";
 constexpr const char* kThemeKey = "theme";
 constexpr const char* kLanguageKey = "language";
 constexpr const char* kDigitsKey = "units/digits";
-QString UnitKey(const KorCkeMagnitude& magnitude) { return "units/" + QString::fromStdString(magnitude.Name()); }
+QString UnitKey(const KorCkeMagnitude& magnitude) {
+  return "units/" + QString::fromStdString(magnitude.Name());
+}
 }  // namespace
 
 Settings::Settings(const QString& file)
-    : _settings(file.isEmpty() ? std::make_unique<QSettings>() : std::make_unique<QSettings>(file, QSettings::IniFormat)) {}
+    : _settings(file.isEmpty() ? std::make_unique<QSettings>()
+                               : std::make_unique<QSettings>(file, QSettings::IniFormat)) {}
 
 QStringList Settings::RecentProducts() const { return _settings->value(kRecentKey).toStringList(); }
 
@@ -43,7 +46,8 @@ void Settings::SetLanguage(const QString& language) { _settings->setValue(kLangu
 
 void Settings::ApplyUnits() const {
   KorApplyUnitSystem("Mixed");
-  KorCkeUnit::SetShownDigits(std::clamp(_settings->value(kDigitsKey, KorCkeUnit::GetShownDigits()).toInt(), 1, 17));
+  KorCkeUnit::SetShownDigits(
+      std::clamp(_settings->value(kDigitsKey, KorCkeUnit::GetShownDigits()).toInt(), 1, 17));
   for (KorCkeMagnitude_var magnitude : KorCkeGlobalFunctions::GetParmDictionary()->Magnitudes())
     magnitude->SetCurrentUnit(_settings->value(UnitKey(*magnitude)).toString().toStdString());
 }

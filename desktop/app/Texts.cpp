@@ -8,5 +8,6 @@
 QString desktop::Text(const char* key, const QStringList& parameters) {
   std::vector<KorUnicodeString> values;
   for (const QString& parameter : parameters) values.push_back(FromQt(parameter));
-  return ToQt(KorMsgCatalog::BuildMessage("KorvoDesktop", key, values.data(), static_cast<int>(values.size()), key));
+  return ToQt(
+      KorMsgCatalog::BuildMessage("KorvoDesktop", key, values.data(), static_cast<int>(values.size()), key));
 }

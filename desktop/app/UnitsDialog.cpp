@@ -35,7 +35,8 @@ const KorUnitChoice* ChoiceOf(const KorUnitSystem& system, const KorString& magn
 
 UnitsDialog::UnitsDialog(QWidget* parent) : QDialog(parent), _system(new QComboBox), _digits(new QSpinBox) {
   setWindowTitle(Text("Units.Title"));
-  for (const KorUnitSystem& system : KorGetUnitSystems()) _system->addItem(Text(qPrintable(QString("Units.") + system.name)));
+  for (const KorUnitSystem& system : KorGetUnitSystems())
+    _system->addItem(Text(qPrintable(QString("Units.") + system.name)));
   _system->addItem(Text("Units.Own"));
   _digits->setRange(1, 17);
   _digits->setValue(KorCkeUnit::GetShownDigits());
@@ -82,7 +83,8 @@ void UnitsDialog::ChooseSystem(int index) {
   const auto systems = KorGetUnitSystems();
   if (index < 0 || index >= static_cast<int>(systems.size())) return;
   for (const MagnitudeRow& row : _rows)
-    if (const KorUnitChoice* choice = ChoiceOf(systems[static_cast<std::size_t>(index)], row.magnitude->Name()))
+    if (const KorUnitChoice* choice =
+            ChoiceOf(systems[static_cast<std::size_t>(index)], row.magnitude->Name()))
       row.unit->setCurrentIndex(row.unit->findData(QString(choice->unit)));
 }
 

@@ -10,7 +10,8 @@ class QSpinBox;
 
 namespace desktop {
 
-/// The unit in which each magnitude is shown, by system or one by one, and the digits shown. Takes effect with OK.
+/// The unit in which each magnitude is shown, by system or one by one, and the digits shown. Takes effect
+/// with OK.
 class UnitsDialog : public QDialog {
  public:
   explicit UnitsDialog(QWidget* parent = nullptr);

@@ -23,11 +23,12 @@ constexpr int kWrongUsage = 2;  ///< also: no display
 
 struct Options {
   std::optional<QString> headlessFolder;  ///< none: with a display
-  QString product;         ///< empty: the last one, or the sample
+  QString product;                        ///< empty: the last one, or the sample
 };
 
 bool HasArgument(int argc, char** argv, const char* start) {
-  return std::any_of(argv + 1, argv + argc, [start](const char* one) { return QString(one).startsWith(start); });
+  return std::any_of(argv + 1, argv + argc,
+                     [start](const char* one) { return QString(one).startsWith(start); });
 }
 
 /// Whether Qt can open windows here; it would end the program without a word on how to go on.
@@ -39,22 +40,25 @@ bool HasDisplay() {
 #endif
 }
 
-/// Chooses the platform that needs no display where none is wanted; false when one is wanted and there is none.
+/// Chooses the platform that needs no display where none is wanted; false when one is wanted and there is
+/// none.
 bool ChoosePlatform(int argc, char** argv) {
   if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || HasArgument(argc, argv, "-platform")) return true;
   const bool needsNone = HasArgument(argc, argv, "--headless") || HasArgument(argc, argv, "--help") ||
-                         HasArgument(argc, argv, "-h") || HasArgument(argc, argv, "-v") || HasArgument(argc, argv, "--version");
+                         HasArgument(argc, argv, "-h") || HasArgument(argc, argv, "-v") ||
+                         HasArgument(argc, argv, "--version");
   if (needsNone) qputenv("QT_QPA_PLATFORM", "offscreen");
   return needsNone || HasDisplay();
 }
 
 constexpr const char* kNoDisplay = "\"korvo --headless <folder>\" does the main job without one\n";
 
-/// Qt ends the program with advice on its installation when the display that the environment names cannot be opened.
-/// This says what is the matter instead; it stands until windows can be made.
+/// Qt ends the program with advice on its installation when the display that the environment names cannot be
+/// opened. This says what is the matter instead; it stands until windows can be made.
 void SayThatTheDisplayIsDead(QtMsgType type, const QMessageLogContext&, const QString& message) {
   if (type != QtFatalMsg) return;
-  std::cerr << "korvo: the display cannot be opened; " << kNoDisplay << "Qt says: " << message.toStdString() << "\n";
+  std::cerr << "korvo: the display cannot be opened; " << kNoDisplay << "Qt says: " << message.toStdString()
+            << "\n";
   std::_Exit(kWrongUsage);
 }
 
@@ -66,9 +70,11 @@ Options ReadCommandLine(const QApplication& application) {
   parser.addHelpOption();
   parser.addVersionOption();
   const QCommandLineOption headless(
-      "headless", "Open the sample, compute it, leave pictures and values in <folder>; needs no display.", "folder");
+      "headless", "Open the sample, compute it, leave pictures and values in <folder>; needs no display.",
+      "folder");
   parser.addOption(headless);
-  parser.addPositionalArgument("product", "The product file to open; without one the last opened, else the sample.", "[product]");
+  parser.addPositionalArgument(
+      "product", "The product file to open; without one the last opened, else the sample.", "[product]");
   parser.process(application);
   if (parser.positionalArguments().size() > 1) {
     std::cerr << "korvo: only one product can be open; --help tells more\n";
@@ -89,8 +95,9 @@ bool FindCatalogues(Tell tell) {
   const QString folder = desktop::Folders::Catalogues();
   KorMsgCatalog::SetFolder(folder.toStdString());
   if (!folder.isEmpty()) return true;
-  const QString message = "The folder \"catalogues\" with the program's texts is missing beside the program and above "
-                          "it. The environment variable KORVO_CATALOGUES can name it.";
+  const QString message =
+      "The folder \"catalogues\" with the program's texts is missing beside the program and above "
+      "it. The environment variable KORVO_CATALOGUES can name it.";
   std::cerr << "korvo: " << message.toStdString() << "\n";
   if (tell == Tell::InABoxToo) QMessageBox::critical(nullptr, "Korvo Weight & Balance", message);
   return false;
@@ -104,14 +111,16 @@ void TellOfCatalogueProblems(Tell tell) {
     problems << QString::fromStdString(problem.Utf8());
   }
   if (tell == Tell::InABoxToo && !problems.isEmpty())
-    QMessageBox::warning(nullptr, "Korvo Weight & Balance", "Some texts are missing:\n\n" + problems.join('\n'));
+    QMessageBox::warning(nullptr, "Korvo Weight & Balance",
+                         "Some texts are missing:\n\n" + problems.join('\n'));
 }
 
 int RunHeadless(const QString& folder) {
   desktop::Theme::Apply(desktop::ThemeChoice::Light);
   desktop::HeadlessRun run(folder);
   const auto done = run.Run();
-  for (const KorDlgMessage& message : run.Messages()) std::cerr << message.title << ": " << message.text << "\n";
+  for (const KorDlgMessage& message : run.Messages())
+    std::cerr << message.title << ": " << message.text << "\n";
   TellOfCatalogueProblems(Tell::OnStandardError);
   if (done) return 0;
   std::cerr << "korvo: " << done.Failure().message << "\n";
@@ -124,7 +133,8 @@ void OpenAtStart(desktop::MainWindow& window, const desktop::Settings& settings,
     return;
   }
   const QStringList recent = settings.RecentProducts();
-  if (recent.isEmpty() || !QFileInfo::exists(recent.front()) || !window.OpenProduct(recent.front())) window.OpenSample();
+  if (recent.isEmpty() || !QFileInfo::exists(recent.front()) || !window.OpenProduct(recent.front()))
+    window.OpenSample();
 }
 
 int RunDesktop(const QString& product) {

@@ -9,8 +9,8 @@ namespace desktop {
 
 /// Boxes without a screen: answered from a script and recorded.
 ///
-/// Each list of answers is used up from the front. A question or file chooser that the script does not expect is
-/// answered as if closed and counted as unexpected.
+/// Each list of answers is used up from the front. A question or file chooser that the script does not expect
+/// is answered as if closed and counted as unexpected.
 class HeadlessBoxes : public Boxes {
  public:
   std::deque<std::optional<int>> answers;

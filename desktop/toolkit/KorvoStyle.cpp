@@ -10,7 +10,8 @@
 namespace desktop {
 namespace {
 
-/// Whether the element is the panel of an editor of its own (not one inside a combo or spin box) that is read only.
+/// Whether the element is the panel of an editor of its own (not one inside a combo or spin box) that is read
+/// only.
 bool IsReadOnlyPanel(QStyle::PrimitiveElement element, const QStyleOption& option, const QWidget* widget) {
   if (element != QStyle::PE_PanelLineEdit || !(option.state & QStyle::State_ReadOnly)) return false;
   const QWidget* parent = widget ? widget->parentWidget() : nullptr;
@@ -47,7 +48,8 @@ bool IsPlainFrame(QStyle::PrimitiveElement element, const QWidget* widget) {
   return element == QStyle::PE_Frame && widget && widget->metaObject() == &QFrame::staticMetaObject;
 }
 
-/// Elements whose outline Fusion takes from the window's colour, darkened: on a dark window nobody would see it.
+/// Elements whose outline Fusion takes from the window's colour, darkened: on a dark window nobody would see
+/// it.
 bool HasOutline(QStyle::PrimitiveElement element) {
   return element == QStyle::PE_IndicatorRadioButton || element == QStyle::PE_IndicatorCheckBox ||
          element == QStyle::PE_PanelLineEdit || element == QStyle::PE_FrameLineEdit;
@@ -56,7 +58,8 @@ bool HasOutline(QStyle::PrimitiveElement element) {
 /// The palette with a window colour that gives a visible outline; as it is on a light window.
 QPalette WithVisibleOutline(QPalette palette) {
   constexpr int kDark = 128;
-  if (palette.color(QPalette::Window).lightness() < kDark) palette.setColor(QPalette::Window, Tint(palette, 0.55));
+  if (palette.color(QPalette::Window).lightness() < kDark)
+    palette.setColor(QPalette::Window, Tint(palette, 0.55));
   return palette;
 }
 
@@ -65,7 +68,8 @@ QPalette WithVisibleOutline(QPalette palette) {
 void KorvoStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
   if (IsReadOnlyPanel(element, *option, widget)) return DrawReadOnlyPanel(*option, *painter);
-  if (IsPlainFrame(element, widget)) return DrawBox(*option, *painter, Tint(option->palette, 0.16), Qt::NoBrush);
+  if (IsPlainFrame(element, widget))
+    return DrawBox(*option, *painter, Tint(option->palette, 0.16), Qt::NoBrush);
   if (!HasOutline(element)) return QProxyStyle::drawPrimitive(element, option, painter, widget);
   if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option)) {
     QStyleOptionFrame outlined(*frame);

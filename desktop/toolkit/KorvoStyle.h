@@ -4,8 +4,8 @@
 
 namespace desktop {
 
-/// Qt's Fusion style, with editors that can only be read told apart from those that can be typed into, light borders of
-/// frames, and outlines that can be seen on a dark ground.
+/// Qt's Fusion style, with editors that can only be read told apart from those that can be typed into, light
+/// borders of frames, and outlines that can be seen on a dark ground.
 class KorvoStyle : public QProxyStyle {
  public:
   KorvoStyle() : QProxyStyle("Fusion") {}

@@ -11,7 +11,8 @@ namespace {
 bool IsLabel(const KorDlgObject& widget) { return widget.Kind() == KorDlgKind::Label; }
 
 bool IsInput(const KorDlgObject& widget) {
-  constexpr std::array kInputs{KorDlgKind::Editor, KorDlgKind::Combo, KorDlgKind::Spinner, KorDlgKind::MultiList};
+  constexpr std::array kInputs{KorDlgKind::Editor, KorDlgKind::Combo, KorDlgKind::Spinner,
+                               KorDlgKind::MultiList};
   return std::find(kInputs.begin(), kInputs.end(), widget.Kind()) != kInputs.end();
 }
 
@@ -19,7 +20,8 @@ bool IsInput(const KorDlgObject& widget) {
 QString Stem(const KorDlgObject& widget) {
   const QString name = QString::fromStdString(widget.Name()).toLower();
   for (const char* kind : {"label", "editor", "combo", "spinner"})
-    if (name.endsWith(kind)) return name.chopped(static_cast<qsizetype>(std::char_traits<char>::length(kind)));
+    if (name.endsWith(kind))
+      return name.chopped(static_cast<qsizetype>(std::char_traits<char>::length(kind)));
   return name;
 }
 
@@ -41,7 +43,8 @@ QtView* FirstFree(QtBackend& backend, const KorDlgObject& widget, Use use) {
 /// The sibling created right before an input, when it is a label without a partner.
 QtView* LabelBefore(QtBackend& backend, const KorDlgObject& input) {
   const auto& siblings = input.Parent()->Children();
-  const auto own = std::find_if(siblings.begin(), siblings.end(), [&](const auto& one) { return one.get() == &input; });
+  const auto own =
+      std::find_if(siblings.begin(), siblings.end(), [&](const auto& one) { return one.get() == &input; });
   if (own == siblings.begin() || own == siblings.end() || !IsLabel(**std::prev(own))) return nullptr;
   QtView* view = backend.ViewOf(**std::prev(own));
   return view && !view->Partner() ? view : nullptr;

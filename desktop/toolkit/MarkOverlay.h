@@ -4,7 +4,8 @@
 
 namespace desktop {
 
-/// A red frame over a widget that holds something unusable. Lets the mouse through, follows the widget's size.
+/// A red frame over a widget that holds something unusable. Lets the mouse through, follows the widget's
+/// size.
 class MarkOverlay : public QWidget {
  public:
   enum class State { Off, On };

@@ -9,7 +9,8 @@ namespace desktop {
 /// The item model over a multi-column list: reads its cells when they are asked for and copies none.
 class MultiListModel : public QAbstractTableModel {
  public:
-  explicit MultiListModel(const KorDlgMultiList& list, QObject* parent) : QAbstractTableModel(parent), _list(list) {}
+  explicit MultiListModel(const KorDlgMultiList& list, QObject* parent)
+      : QAbstractTableModel(parent), _list(list) {}
 
   /// Takes in that titles or number of columns have changed.
   void ColumnsChanged();
@@ -23,7 +24,7 @@ class MultiListModel : public QAbstractTableModel {
 
  private:
   const KorDlgMultiList& _list;
-  int _rows = 0;     ///< as last told to the views
+  int _rows = 0;  ///< as last told to the views
   int _columns = 0;
 };
 

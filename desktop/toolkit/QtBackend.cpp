@@ -37,7 +37,8 @@ void QtBackend::CommitEdits() {
 }
 
 QtView* QtBackend::PendingEdit() const {
-  const auto found = std::find_if(_views.begin(), _views.end(), [](const auto& one) { return one.second->HasPendingEdit(); });
+  const auto found = std::find_if(_views.begin(), _views.end(),
+                                  [](const auto& one) { return one.second->HasPendingEdit(); });
   return found == _views.end() ? nullptr : found->second.get();
 }
 

@@ -16,7 +16,8 @@ bool Has(int attachment, int sides) { return (attachment & sides) == sides; }
 /// Whether the widget, or one in it, shows more when it is higher.
 bool UsesHeight(const KorDlgObject& widget) {
   if (widget.Kind() == KorDlgKind::MultiList || widget.Kind() == KorDlgKind::TabContainer) return true;
-  return std::any_of(widget.Children().begin(), widget.Children().end(), [](const auto& child) { return UsesHeight(*child); });
+  return std::any_of(widget.Children().begin(), widget.Children().end(),
+                     [](const auto& child) { return UsesHeight(*child); });
 }
 }  // namespace
 
@@ -50,7 +51,8 @@ void QtGrid::Place(const QtView& child) {
 void QtGrid::Put(QWidget* child, const KorDlgGrid& place) {
   if (StandsAt(child, place)) return;
   _layout->removeWidget(child);
-  _layout->addWidget(child, place.row, place.column, place.rows, place.columns, AlignmentOf(place.attachment));
+  _layout->addWidget(child, place.row, place.column, place.rows, place.columns,
+                     AlignmentOf(place.attachment));
 }
 
 bool QtGrid::StandsAt(QWidget* child, const KorDlgGrid& place) const {

@@ -8,8 +8,8 @@ namespace desktop {
 
 class QtView;
 
-/// The grid of a widget's children in Qt. Spare height goes to the rows with something that can use it (lists, tab
-/// containers); without any it gathers below the last row.
+/// The grid of a widget's children in Qt. Spare height goes to the rows with something that can use it
+/// (lists, tab containers); without any it gathers below the last row.
 class QtGrid {
  public:
   enum class Margins { None, Frame };

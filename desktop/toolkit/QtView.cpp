@@ -13,8 +13,8 @@ QtView::QtView(QtBackend& backend, KorDlgObject& model, QWidget* qt)
 
 QtView::~QtView() {
   if (!_qt) return;
-  // Not hidden here: that would move the focus to a widget whose view is still there, and tell a dialog that is
-  // being destroyed of it.
+  // Not hidden here: that would move the focus to a widget whose view is still there, and tell a dialog that
+  // is being destroyed of it.
   _qt->disconnect(this);
   _qt->deleteLater();
 }
@@ -23,13 +23,20 @@ void QtView::Place(QtView&) {}
 
 void QtView::Show(KorDlgProperty property) {
   switch (property) {
-    case KorDlgProperty::Title: return ShowTitle();
-    case KorDlgProperty::Help: return ShowHelp();
-    case KorDlgProperty::Marking: return ShowMarking();
-    case KorDlgProperty::Sensitivity: return ShowSensitivity();
-    case KorDlgProperty::Visibility: return ShowVisibility();
-    case KorDlgProperty::Grid: return ShowGrid();
-    default: return;
+    case KorDlgProperty::Title:
+      return ShowTitle();
+    case KorDlgProperty::Help:
+      return ShowHelp();
+    case KorDlgProperty::Marking:
+      return ShowMarking();
+    case KorDlgProperty::Sensitivity:
+      return ShowSensitivity();
+    case KorDlgProperty::Visibility:
+      return ShowVisibility();
+    case KorDlgProperty::Grid:
+      return ShowGrid();
+    default:
+      return;
   }
 }
 
@@ -52,7 +59,9 @@ void QtView::ShowHelp() {
   QStringList lines{marking, help.isEmpty() ? help : help + HelpSuffix()};
   lines.removeAll(QString());
   // As rich text a tooltip is wrapped; plain, a long help would be one line as wide as the screen.
-  _qt->setToolTip(lines.isEmpty() ? QString() : "<qt>" + lines.join('\n').toHtmlEscaped().replace('\n', "<br>") + "</qt>");
+  _qt->setToolTip(lines.isEmpty()
+                      ? QString()
+                      : "<qt>" + lines.join('\n').toHtmlEscaped().replace('\n', "<br>") + "</qt>");
 }
 
 void QtView::ShowMarking() {

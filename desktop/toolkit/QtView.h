@@ -12,10 +12,10 @@ class QtBackend;
 
 /// What shows one widget of the framework in Qt.
 ///
-/// It keeps no state of its own: Show reads the widget and passes over what Qt shows already, and what the user
-/// does goes to the widget's verbs. Whatever comes of a verb, Qt then shows what the widget holds.
-/// Qt's widget goes with the view, but not before control is back in the event loop: the view may be asked to
-/// go from within an action of its own.
+/// It keeps no state of its own: Show reads the widget and passes over what Qt shows already, and what the
+/// user does goes to the widget's verbs. Whatever comes of a verb, Qt then shows what the widget holds. Qt's
+/// widget goes with the view, but not before control is back in the event loop: the view may be asked to go
+/// from within an action of its own.
 class QtView : public QObject {
  public:
   ~QtView() override;

@@ -118,7 +118,8 @@ TEST_F(ActionTest, NoEditorHasTheFocusWhenADialogOpens) {
 }
 
 TEST_F(ActionTest, ADisabledWidgetHearsNothing) {
-  for (KorDlgObject* widget : std::initializer_list<KorDlgObject*>{dialog.compute, dialog.root, dialog.standard})
+  for (KorDlgObject* widget :
+       std::initializer_list<KorDlgObject*>{dialog.compute, dialog.root, dialog.standard})
     widget->SetSensitivity(KorSensitivity::Disabled);
   Record(dialog.compute, KorEvent::PushActivate);
   Record(dialog.root, KorEvent::RadioModify);

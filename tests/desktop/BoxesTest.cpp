@@ -26,7 +26,8 @@ class BoxesTest : public ::testing::Test {
 };
 
 TEST_F(BoxesTest, HeadlessRecordTheMessagesShown) {
-  KorApplicationFrame::ShowMessage({.title = "Server", .text = "No such part.", .flags = KorDlgMessage::kError});
+  KorApplicationFrame::ShowMessage(
+      {.title = "Server", .text = "No such part.", .flags = KorDlgMessage::kError});
   ASSERT_EQ(boxes.Messages().size(), 1u);
   EXPECT_EQ(boxes.Messages()[0].text, "No such part.");
 }

@@ -10,7 +10,8 @@ class EditingTest : public QtBackendTest {
  protected:
   void SetUp() override {
     QtBackendTest::SetUp();
-    dialog.nameEditor->Subscribe(KorEvent::EditorModify, [this](auto...) { log.push_back(dialog.nameEditor->GetText().Utf8()); });
+    dialog.nameEditor->Subscribe(KorEvent::EditorModify,
+                                 [this](auto...) { log.push_back(dialog.nameEditor->GetText().Utf8()); });
     dialog.compute->Subscribe(KorEvent::PushActivate, [this](auto...) { log.push_back("Compute"); });
     Open();
     In<QLineEdit>(dialog.nameEditor)->setFocus();
@@ -60,7 +61,8 @@ TEST_F(EditingTest, AnEditThatDisablesTheButtonKeepsItFromBeingPressed) {
 }
 
 TEST_F(EditingTest, AHandlerThatSetsTheTextHasTheLastWord) {
-  dialog.nameEditor->Subscribe(KorEvent::EditorModify, [this](auto...) { dialog.nameEditor->SetText("cover"); });
+  dialog.nameEditor->Subscribe(KorEvent::EditorModify,
+                               [this](auto...) { dialog.nameEditor->SetText("cover"); });
   QTest::keyClicks(In<QLineEdit>(dialog.nameEditor), "nose");
   QTest::keyClick(In<QLineEdit>(dialog.nameEditor), Qt::Key_Return);
   EXPECT_EQ(In<QLineEdit>(dialog.nameEditor)->text(), "cover");

@@ -16,8 +16,9 @@ TEST_F(QtBackendTest, TabWalksTheWidgetsInTheOrderOfTheirCreation) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   }
   // A group of radio buttons is one stop, at the button that is checked; the third stop is the tab bar.
-  EXPECT_EQ(walked, (std::vector<QString>{"NameEditor", "MassEditor", "qt_tabwidget_tabbar", "KindCombo", "OwnButton",
-                                          "StandardButton", "MaterialSpinner", "AxisEditor", "ComputeButton"}));
+  EXPECT_EQ(walked,
+            (std::vector<QString>{"NameEditor", "MassEditor", "qt_tabwidget_tabbar", "KindCombo", "OwnButton",
+                                  "StandardButton", "MaterialSpinner", "AxisEditor", "ComputeButton"}));
 }
 
 TEST_F(QtBackendTest, ArrowKeysMoveTheCheckInAGroupOfRadioButtons) {

@@ -30,7 +30,8 @@ TEST_F(MultiListTest, ShowsTitlesAndCellsOfTheList) {
 }
 
 TEST_F(MultiListTest, ObeysTheRulesOfItemModelsWhileRowsComeAndGo) {
-  const QAbstractItemModelTester tester(table->model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+  const QAbstractItemModelTester tester(table->model(),
+                                        QAbstractItemModelTester::FailureReportingMode::Fatal);
   for (int row = 2; row < 50; ++row) dialog.list->SetColumnItem(0, "part", row);
   backend.Settle();
   EXPECT_EQ(table->model()->rowCount(), 50);

@@ -70,7 +70,9 @@ TEST_F(QtBackendTest, ShowsAReadOnlyEditorAsTextThatCanBeSelectedAndNotTypedInto
 
 TEST_F(QtBackendTest, ShowsReadOnlyAndEditableEditorsOnDifferentGrounds) {
   Open();
-  const auto ground = [](QWidget* editor) { return editor->grab().toImage().pixelColor(editor->width() - 6, 6); };
+  const auto ground = [](QWidget* editor) {
+    return editor->grab().toImage().pixelColor(editor->width() - 6, 6);
+  };
   EXPECT_NE(ground(In<QLineEdit>(dialog.massEditor)), ground(In<QLineEdit>(dialog.nameEditor)));
 }
 

@@ -58,7 +58,8 @@ DialogView::~DialogView() {
 
 void DialogView::AddButtons() {
   QDialogButtonBox::StandardButtons standard;
-  if (Model().Style() == KorDlgStyle::kOkCancelDialog) standard = QDialogButtonBox::Ok | QDialogButtonBox::Cancel;
+  if (Model().Style() == KorDlgStyle::kOkCancelDialog)
+    standard = QDialogButtonBox::Ok | QDialogButtonBox::Cancel;
   if (Model().Style() == KorDlgStyle::kListDialog) standard = QDialogButtonBox::Close;
   if (!standard) return;
   auto* buttons = new QDialogButtonBox(standard, Qt());

@@ -11,8 +11,8 @@ class QDialogButtonBox;
 
 namespace desktop {
 
-/// The window of a dialog. Its close button, Escape and the buttons of its style only tell the dialog: whether it
-/// closes is decided there.
+/// The window of a dialog. Its close button, Escape and the buttons of its style only tell the dialog:
+/// whether it closes is decided there.
 class DialogWindow : public QDialog {
  public:
   explicit DialogWindow(QWidget* parent) : QDialog(parent) {}

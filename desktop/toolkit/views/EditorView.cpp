@@ -25,10 +25,14 @@ EditorView::EditorView(QtBackend& backend, KorDlgObject& model, QWidget* parent)
 
 void EditorView::Show(KorDlgProperty property) {
   switch (property) {
-    case KorDlgProperty::Text: return ShowText();
-    case KorDlgProperty::TextSelection: return ShowTextSelection();
-    case KorDlgProperty::TextWidth: return ShowTextWidth();
-    default: return QtView::Show(property);
+    case KorDlgProperty::Text:
+      return ShowText();
+    case KorDlgProperty::TextSelection:
+      return ShowTextSelection();
+    case KorDlgProperty::TextWidth:
+      return ShowTextWidth();
+    default:
+      return QtView::Show(property);
   }
 }
 

@@ -19,7 +19,8 @@ QWidget* MakeFrame(unsigned style, QWidget* parent) {
 
 FrameView::FrameView(QtBackend& backend, KorDlgObject& model, QWidget* parent)
     : QtViewOf(backend, model, MakeFrame(model.Style(), parent)),
-      _grid(Qt(), model.Style() == KorDlgStyle::kPlainFrame ? QtGrid::Margins::None : QtGrid::Margins::Frame) {}
+      _grid(Qt(),
+            model.Style() == KorDlgStyle::kPlainFrame ? QtGrid::Margins::None : QtGrid::Margins::Frame) {}
 
 void FrameView::ShowTitle() {
   if (auto* group = qobject_cast<QGroupBox*>(Qt())) group->setTitle(Literal(Model().GetTitle()));

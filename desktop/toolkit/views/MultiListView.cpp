@@ -46,13 +46,17 @@ MultiListView::~MultiListView() {
 
 void MultiListView::Show(KorDlgProperty property) {
   switch (property) {
-    case KorDlgProperty::Columns: return ShowColumns();
+    case KorDlgProperty::Columns:
+      return ShowColumns();
     case KorDlgProperty::Rows:
     case KorDlgProperty::Selection:
-      if (!_settleQueued) QMetaObject::invokeMethod(this, [this] { Settle(); }, Qt::QueuedConnection);
+      if (!_settleQueued)
+        QMetaObject::invokeMethod(
+            this, [this] { Settle(); }, Qt::QueuedConnection);
       _settleQueued = true;
       return;
-    default: return QtView::Show(property);
+    default:
+      return QtView::Show(property);
   }
 }
 

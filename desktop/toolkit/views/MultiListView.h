@@ -7,8 +7,8 @@
 
 namespace desktop {
 
-/// A multi-column list. A list is filled cell by cell: changes of rows and selection are taken in together, when control
-/// is back in the event loop.
+/// A multi-column list. A list is filled cell by cell: changes of rows and selection are taken in together,
+/// when control is back in the event loop.
 class MultiListView : public QtViewOf<KorDlgMultiList, QTableView> {
  public:
   MultiListView(QtBackend& backend, KorDlgObject& model, QWidget* parent);

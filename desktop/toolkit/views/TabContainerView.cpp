@@ -32,8 +32,8 @@ void TabContainerView::Show(KorDlgProperty property) {
 }
 
 void TabContainerView::ShowPages() {
-  // Qt brings another tab to the front when the current one is disabled or hidden; which page is in front is the
-  // container's to say, so that comes last and its tab stays enabled.
+  // Qt brings another tab to the front when the current one is disabled or hidden; which page is in front is
+  // the container's to say, so that comes last and its tab stays enabled.
   const QSignalBlocker quiet(Qt());
   for (int i = 0; KorDlgTabPage* page = Model().GetPage(i); ++i) ShowTab(*page);
 }

@@ -12,7 +12,8 @@ TabPageView::TabPageView(QtBackend& backend, KorDlgObject& model, QWidget* paren
 
 void TabPageView::Show(KorDlgProperty property) {
   if (property == KorDlgProperty::Marking) return QtView::Show(property);
-  if (auto* container = dynamic_cast<TabContainerView*>(Backend().ParentView(Model()))) container->ShowPages();
+  if (auto* container = dynamic_cast<TabContainerView*>(Backend().ParentView(Model())))
+    container->ShowPages();
 }
 
 }  // namespace desktop

@@ -1,9 +1,8 @@
 #include <QStatusBar>
 
-#include "tests/desktop/app/WindowHarness.h"
-
 #include "desktop/app/PdmCommands.h"
 #include "tests/desktop/app/ScriptedTransport.h"
+#include "tests/desktop/app/WindowHarness.h"
 
 namespace desktop::test {
 namespace {

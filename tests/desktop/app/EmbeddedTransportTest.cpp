@@ -1,10 +1,9 @@
-#include "desktop/app/EmbeddedTransport.h"
-
 #include <gtest/gtest.h>
 
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "desktop/app/EmbeddedTransport.h"
 #include "desktop/app/SampleProduct.h"
 #include "protocol/ErrorReply.h"
 

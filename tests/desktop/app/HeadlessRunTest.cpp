@@ -1,9 +1,9 @@
-#include "desktop/app/HeadlessRun.h"
-
 #include <gtest/gtest.h>
 
 #include <QFile>
 #include <QTemporaryDir>
+
+#include "desktop/app/HeadlessRun.h"
 
 namespace desktop::test {
 namespace {

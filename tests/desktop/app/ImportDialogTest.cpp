@@ -1,10 +1,9 @@
-#include "desktop/app/ImportDialog.h"
-
 #include <QCheckBox>
 #include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "desktop/app/ImportDialog.h"
 #include "lumira/store/SqliteStore.h"
 #include "tests/desktop/app/WindowHarness.h"
 
@@ -27,7 +26,8 @@ class ImportDialogTest : public WindowTest {
     return file.fileName();
   }
   void FillIn(ImportDialog& dialog) const {
-    dialog.StructureEdit()->setText(Table("structure.csv", "parent,child,instance,x [m]\ncar,wheel,wheel.1,2\n"));
+    dialog.StructureEdit()->setText(
+        Table("structure.csv", "parent,child,instance,x [m]\ncar,wheel,wheel.1,2\n"));
     dialog.MassEdit()->setText(Table("mass.csv", "part,mass [kg]\nwheel,20\n"));
   }
   std::size_t ProductCount() const { return store->Products().Value().size(); }
@@ -39,7 +39,8 @@ TEST_F(ImportDialogTest, CheckReportsAndWritesNothing) {
   ImportDialog dialog(*store);
   FillIn(dialog);
   dialog.CheckButton()->click();
-  EXPECT_TRUE(dialog.ReportText().contains("Product car can be imported: 2 parts, 1 instances")) << dialog.ReportText().toStdString();
+  EXPECT_TRUE(dialog.ReportText().contains("Product car can be imported: 2 parts, 1 instances"))
+      << dialog.ReportText().toStdString();
   EXPECT_EQ(ProductCount(), 0u);
   EXPECT_FALSE(dialog.HasImported());
 }

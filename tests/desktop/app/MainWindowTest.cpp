@@ -1,10 +1,11 @@
+#include <sqlite3.h>
+
 #include <QAction>
 #include <QFile>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeView>
-#include <sqlite3.h>
 
 #include "desktop/app/SearchBox.h"
 #include "desktop/app/SelectionPane.h"
@@ -36,7 +37,8 @@ TEST_F(WindowTest, SelectsNothingUnderAPathThatDoesNotExist) {
 TEST_F(WindowTest, ThePaneShowsWhatIsSelected) {
   Select({"nacelle.1", "yaw.1"});
   EXPECT_EQ(window.Selection().ValueText("Selection.Part"), "yaw");
-  EXPECT_EQ(window.Selection().ValueText("Selection.Path"), QString::fromUtf8("Rotor-nacelle assembly \u203a Nacelle \u203a Yaw system"));
+  EXPECT_EQ(window.Selection().ValueText("Selection.Path"),
+            QString::fromUtf8("Rotor-nacelle assembly \u203a Nacelle \u203a Yaw system"));
   EXPECT_EQ(window.Selection().ValueText("Selection.Status"), "not computed");
   EXPECT_EQ(window.Selection().ValueText("Selection.Mass"), QString::fromUtf8("\u2013"));
 }
@@ -63,7 +65,8 @@ TEST_F(WindowTest, AProductWithALostTableGivesAMessageAndLeavesTheOpenOneOpen) {
   ASSERT_TRUE(QFile::copy(File(), lost));
   sqlite3* database = nullptr;
   ASSERT_EQ(sqlite3_open(lost.toStdString().c_str(), &database), SQLITE_OK);
-  EXPECT_EQ(sqlite3_exec(database, "PRAGMA foreign_keys = OFF; DROP TABLE parts", nullptr, nullptr, nullptr), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(database, "PRAGMA foreign_keys = OFF; DROP TABLE parts", nullptr, nullptr, nullptr),
+            SQLITE_OK);
   sqlite3_close(database);
   EXPECT_FALSE(window.OpenProduct(lost));
   EXPECT_NE(OnlyMessage().find("lost.lumira"), std::string::npos);
@@ -100,7 +103,8 @@ TEST_F(WindowTest, ANewProductFileDoesNotReplaceAnOldOne) {
 TEST_F(WindowTest, ALanguageChangesTheTextsOfTheWindow) {
   ASSERT_TRUE(window.ChooseLanguage("de"));
   EXPECT_EQ(window.Command("Units")->text(), QString::fromUtf8("Einheiten\u2026"));
-  EXPECT_EQ(window.Tree().headerData(ProductTreeModel::Mass, Qt::Horizontal, Qt::DisplayRole).toString(), "Masse");
+  EXPECT_EQ(window.Tree().headerData(ProductTreeModel::Mass, Qt::Horizontal, Qt::DisplayRole).toString(),
+            "Masse");
 }
 
 TEST_F(WindowTest, ALanguageThatThereIsNotLeavesTheOldOne) {
@@ -114,7 +118,8 @@ TEST_F(WindowTest, UnitsChangeWhatTreeAndPaneShow) {
   EXPECT_EQ(window.UnitSystemText(), "Units: Imperial");
   Select({"nacelle.1", "Above_yaw.1", "platform.1"});
   // 48672 kg / 0.45359237 = 107303.39225...
-  EXPECT_EQ(window.TreeView().currentIndex().siblingAtColumn(ProductTreeModel::Mass).data().toString(), "107303.3923 lb");
+  EXPECT_EQ(window.TreeView().currentIndex().siblingAtColumn(ProductTreeModel::Mass).data().toString(),
+            "107303.3923 lb");
 }
 
 TEST_F(WindowTest, AThemeChangesThePalette) {
@@ -133,7 +138,8 @@ TEST_F(WindowTest, ControlFLeadsToTheSearch) {
 TEST_F(WindowTest, EachCommandHasATextAndAHelpInEachLanguage) {
   for (const char* language : {"en", "de"}) {
     ASSERT_TRUE(window.ChooseLanguage(language));
-    for (const char* name : {"NewProduct", "OpenProduct", "ImportTables", "OpenSample", "Quit", "PartPanel", "Find", "Units", "About"}) {
+    for (const char* name : {"NewProduct", "OpenProduct", "ImportTables", "OpenSample", "Quit", "PartPanel",
+                             "Find", "Units", "About"}) {
       ASSERT_NE(window.Command(name), nullptr) << name;
       EXPECT_FALSE(window.Command(name)->text().startsWith("Command.")) << name;
       EXPECT_FALSE(window.Command(name)->statusTip().startsWith("Command.")) << name;

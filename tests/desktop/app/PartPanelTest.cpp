@@ -48,8 +48,10 @@ TEST_F(PartPanelTest, F5ComputesAndShowsTheResult) {
   QTest::keyClick(PanelWindow(), Qt::Key_F5);
   EXPECT_EQ(ShownMass(), "644856.5481 kg");
   EXPECT_EQ(ShownText(std::string(kResults) + "CenterOfGravityFrame.CGxEditor"), "-5124.694875 mm");
-  EXPECT_EQ(ShownText(std::string(kResults) + "MomentOfInertiaFrame.IyyEditor"), QString::fromUtf8("10608608.72 kg\u00b7m\u00b2"));
-  EXPECT_EQ(ShownText(std::string(kResults) + "ProductOfInertiaFrame.IxzEditor"), QString::fromUtf8("-2197871.805 kg\u00b7m\u00b2"));
+  EXPECT_EQ(ShownText(std::string(kResults) + "MomentOfInertiaFrame.IyyEditor"),
+            QString::fromUtf8("10608608.72 kg\u00b7m\u00b2"));
+  EXPECT_EQ(ShownText(std::string(kResults) + "ProductOfInertiaFrame.IxzEditor"),
+            QString::fromUtf8("-2197871.805 kg\u00b7m\u00b2"));
 }
 
 TEST_F(PartPanelTest, ComputingBringsTreeAndPaneUpToDate) {
@@ -147,7 +149,9 @@ TEST_F(PartPanelTest, TheCustomReferenceIsReachedTypedAndComputedByTheKeyboard) 
 }
 
 TEST_F(PartPanelTest, AnUnfilledCustomReferenceGivesAMessageAndComputesNothing) {
-  Panel().Find<KorDlgRadioButton>("Frame250.AdditionalFrame2.ReferenceModeFrame.CustomReferenceButton").Check();
+  Panel()
+      .Find<KorDlgRadioButton>("Frame250.AdditionalFrame2.ReferenceModeFrame.CustomReferenceButton")
+      .Check();
   QTest::keyClick(PanelWindow(), Qt::Key_F5);
   EXPECT_EQ(boxes.Messages().size(), 1u);
   EXPECT_EQ(ShownMass(), "...");
@@ -179,7 +183,9 @@ TEST_F(PartPanelTest, AServerErrorIsShownAndChangesNothing) {
   KorPdmTransport* server = KorPdmClient::GetTransport();
   class Refusing : public KorPdmTransport {
    public:
-    std::string Run(const std::string&, const std::string&) override { return "LumiraError: the disk is full"; }
+    std::string Run(const std::string&, const std::string&) override {
+      return "LumiraError: the disk is full";
+    }
     std::string Address() const override { return "refusing"; }
   } refusing;
   KorPdmClient::SetTransport(&refusing);

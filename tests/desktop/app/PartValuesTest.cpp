@@ -1,13 +1,13 @@
-#include "desktop/app/PartValues.h"
-
 #include <gtest/gtest.h>
 
+#include "desktop/app/PartValues.h"
 #include "protocol/Codec.h"
 
 namespace desktop::test {
 namespace {
 
-/// Two kilograms with the centre of gravity at x = 1 m of a part that is turned by 90° about z and moved by 2 m along y.
+/// Two kilograms with the centre of gravity at x = 1 m of a part that is turned by 90° about z and moved by 2
+/// m along y.
 protocol::PartData Turned() {
   protocol::PartData data;
   data.partId = "Arm";
@@ -63,7 +63,8 @@ TEST(PartValues, AreWrittenWithSeventeenDigitsUnderTheNameInLowerCase) {
   values.cg = KorMathPoint(-0.0, 1, 2);
   const std::string text = FormatPartValues("Above_yaw", values);
   EXPECT_EQ(text.substr(0, text.find("above_yaw.inertia")),
-            "above_yaw.mass_kg = 0.10000000000000001\nabove_yaw.cg_x_m = 0\nabove_yaw.cg_y_m = 1\nabove_yaw.cg_z_m = 2\n");
+            "above_yaw.mass_kg = 0.10000000000000001\nabove_yaw.cg_x_m = 0\nabove_yaw.cg_y_m = "
+            "1\nabove_yaw.cg_z_m = 2\n");
   EXPECT_NE(text.find("above_yaw.inertia_ref_yz_kgm2 = 0\n"), std::string::npos);
 }
 

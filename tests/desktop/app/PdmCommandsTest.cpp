@@ -1,7 +1,6 @@
-#include "desktop/app/PdmCommands.h"
-
 #include <gtest/gtest.h>
 
+#include "desktop/app/PdmCommands.h"
 #include "tests/desktop/app/ScriptedTransport.h"
 
 namespace desktop::test {

@@ -1,10 +1,9 @@
-#include "desktop/app/ProductTreeModel.h"
-
 #include <gtest/gtest.h>
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 
+#include "desktop/app/ProductTreeModel.h"
 #include "protocol/Codec.h"
 #include "tests/desktop/app/ScriptedTransport.h"
 
@@ -27,7 +26,9 @@ class ProductTreeModelTest : public ::testing::Test {
     children["R"] = {Line("W.1", "W", true), Line("W.2", "W", true), Line("T.1", "T", false)};
     children["W"] = {Line("rib.1", "rib", false)};
     children["R"][2].mass = 12.5;
-    server.answer = [this](const std::string& command, const std::string& request) { return Answer(command, request); };
+    server.answer = [this](const std::string& command, const std::string& request) {
+      return Answer(command, request);
+    };
     model.onError = [this](const protocol::Error& error) { errors.push_back(error.message); };
     ASSERT_TRUE(model.Reload().Ok());
   }
@@ -40,7 +41,8 @@ class ProductTreeModelTest : public ::testing::Test {
     const auto& all = children[request.Value().partId];
     protocol::TreeNodes page{request.Value().partId, static_cast<int>(all.size()), request.Value().first, {}};
     const int most = std::min(request.Value().limit, serverLimit);
-    for (int i = page.first; i < page.total && i < page.first + most; ++i) page.nodes.push_back(all[static_cast<std::size_t>(i)]);
+    for (int i = page.first; i < page.total && i < page.first + most; ++i)
+      page.nodes.push_back(all[static_cast<std::size_t>(i)]);
     return protocol::WriteTreeNodes(page);
   }
 

@@ -1,9 +1,8 @@
-#include "desktop/app/SearchBox.h"
-
 #include <QLineEdit>
 #include <QTest>
 #include <QTreeWidget>
 
+#include "desktop/app/SearchBox.h"
 #include "tests/desktop/app/WindowHarness.h"
 
 namespace desktop::test {

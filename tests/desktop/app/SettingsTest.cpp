@@ -1,9 +1,8 @@
-#include "desktop/app/Settings.h"
-
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
 
+#include "desktop/app/Settings.h"
 #include "framework/knowledge/KorUnitSystems.h"
 
 namespace desktop::test {

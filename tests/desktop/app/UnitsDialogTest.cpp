@@ -1,9 +1,9 @@
-#include "desktop/app/UnitsDialog.h"
-
 #include <gtest/gtest.h>
 
 #include <QComboBox>
 #include <QSpinBox>
+
+#include "desktop/app/UnitsDialog.h"
 
 namespace desktop::test {
 namespace {

@@ -26,7 +26,7 @@ class DemoDialog : public KorDlgDialog {
   KorDlgFrame* header;
   KorDlgLabel* nameLabel;
   KorDlgEditor* nameEditor;
-  KorDlgEditor* massEditor;     ///< read only
+  KorDlgEditor* massEditor;  ///< read only
   KorDlgLabel* redLamp;
   KorDlgTabContainer* tabs;
   KorDlgTabPage* inputs;

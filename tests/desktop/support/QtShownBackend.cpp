@@ -40,10 +40,13 @@ std::string QtShownBackend::Title(KorDlgObject& widget) {
   return qt.windowTitle().toStdString();
 }
 
-std::string QtShownBackend::Help(KorDlgObject& widget) { return Qt(widget).accessibleDescription().toStdString(); }
+std::string QtShownBackend::Help(KorDlgObject& widget) {
+  return Qt(widget).accessibleDescription().toStdString();
+}
 
 std::string QtShownBackend::Marking(KorDlgObject& widget) {
-  return MarkOverlay::IsShownOn(Qt(widget)) ? Qt(widget).accessibleDescription().toStdString() : std::string();
+  return MarkOverlay::IsShownOn(Qt(widget)) ? Qt(widget).accessibleDescription().toStdString()
+                                            : std::string();
 }
 
 std::string QtShownBackend::Text(KorDlgObject& widget) {
@@ -81,7 +84,8 @@ std::vector<std::string> QtShownBackend::Rows(KorDlgMultiList& list) {
 std::vector<int> QtShownBackend::SelectedRows(KorDlgMultiList& list) {
   _backend.Settle();
   std::vector<int> rows;
-  for (const QModelIndex& index : As<QTableView>(list).selectionModel()->selectedRows()) rows.push_back(index.row());
+  for (const QModelIndex& index : As<QTableView>(list).selectionModel()->selectedRows())
+    rows.push_back(index.row());
   std::sort(rows.begin(), rows.end());
   return rows;
 }
