@@ -78,11 +78,11 @@ void DialogView::ShowTitle() { Qt()->setWindowTitle(ToQt(Model().GetTitle())); }
 
 void DialogView::ShowVisibility() {
   if (Qt()->isHidden() != Model().IsShown()) return;
+  // No widget has the focus until the user goes to one; the first Tab leads to the first.
+  if (Model().IsShown()) Qt()->setFocus();
   if (Model().IsShown()) SettleLayouts(*Qt());
   Qt()->setVisible(Model().IsShown());
   if (!Model().IsShown()) return;
-  // No widget has the focus until the user goes to one; the first Tab leads to the first.
-  Qt()->setFocus(Qt::ActiveWindowFocusReason);
   Qt()->raise();
   Qt()->activateWindow();
 }

@@ -47,6 +47,12 @@ void EditorView::CommitEdit() {
 }
 
 bool EditorView::eventFilter(QObject* watched, QEvent* event) {
+  // Qt would take the selection back from an editor without the focus: what is selected is the widget's to
+  // say.
+  if (event->type() == QEvent::WindowActivate && !Qt()->hasFocus()) {
+    Qt()->update();
+    return true;
+  }
   if (event->type() == QEvent::FocusIn) FocusCame();
   if (event->type() == QEvent::FocusOut) {
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();

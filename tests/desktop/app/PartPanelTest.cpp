@@ -44,6 +44,14 @@ TEST_F(PartPanelTest, OpensOnWhatIsSelected) {
   EXPECT_EQ(ShownMass(), "...");
 }
 
+TEST_F(PartPanelTest, TheSelectionIsSelectedBehindTheProduct) {
+  auto* selection = On<QLineEdit>("Frame012.SelectionEditor");
+  EXPECT_EQ(selection->selectedText(), "Above_yaw/nacelle.1/Above_yaw.1");
+  QTest::keyClick(PanelWindow(), Qt::Key_F5);
+  RunPendingEvents();
+  EXPECT_EQ(selection->selectedText(), "Above_yaw/nacelle.1/Above_yaw.1");
+}
+
 TEST_F(PartPanelTest, F5ComputesAndShowsTheResult) {
   QTest::keyClick(PanelWindow(), Qt::Key_F5);
   EXPECT_EQ(ShownMass(), "644856.5481 kg");
