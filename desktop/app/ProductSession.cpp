@@ -9,14 +9,15 @@ namespace desktop {
 namespace {
 
 /// The reply, or the failure that it tells of.
-protocol::Result<std::string> Ask(EmbeddedTransport& server, std::string_view command, const std::string& request) {
+protocol::Result<std::string> Ask(EmbeddedTransport& server, std::string_view command,
+                                  const std::string& request) {
   std::string reply = server.Run(std::string(command), request);
   if (!protocol::IsErrorReply(reply)) return reply;
   return protocol::Error{protocol::ErrorKind::Storage, reply.substr(protocol::kErrorHeader.size())};
 }
 
-/// A file may open and still be damaged inside. It is of use when it is empty, or when at least one of its products
-/// can be shown.
+/// A file may open and still be damaged inside. It is of use when it is empty, or when at least one of its
+/// products can be shown.
 protocol::Result<void> CheckContent(EmbeddedTransport& server) {
   const auto reply = Ask(server, protocol::kCommandProducts, "");
   if (!reply) return reply.Failure();
