@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -111,7 +113,8 @@ int main(int count, char** arguments) {
     return 2;
   }
   KorMsgCatalog::SetFolder(std::string(KORVO_SOURCE_DIR) + "/catalogues");
-  const std::filesystem::path file = std::filesystem::temp_directory_path() / "korvo-bench-panel.lumira";
+  const std::filesystem::path file =
+      std::filesystem::temp_directory_path() / ("korvo-bench-panel-" + std::to_string(getpid()) + ".lumira");
   const std::unique_ptr<lumira::Store> store = SampleStore(file);
   lumira::Server server(*store);
   Embedded transport(server);

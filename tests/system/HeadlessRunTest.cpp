@@ -1,4 +1,5 @@
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -9,6 +10,7 @@
 #include <fstream>
 #include <map>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 
 #include "gtest/gtest.h"
@@ -32,13 +34,18 @@ Values ValuesIn(const fs::path& file) {
   return values;
 }
 
+/// A folder of this process alone: several of these tests run at once, each in a process of its own.
+fs::path OwnFolder() {
+  std::string name = (fs::path(testing::TempDir()) / "korvo-system-XXXXXX").string();
+  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder: " + name);
+  return name;
+}
+
 /// Runs the desktop once without a display and keeps what it left.
 class HeadlessRun : public testing::Test {
  protected:
   static void SetUpTestSuite() {
-    s_folder = fs::path(testing::TempDir()) / "korvo-headless-run";
-    fs::remove_all(s_folder);
-    fs::create_directories(s_folder);
+    s_folder = OwnFolder();
     const std::string command = "XDG_DATA_HOME='" + (s_folder / "data").string() + "' XDG_CONFIG_HOME='" +
                                 (s_folder / "config").string() + "' " + KORVO_PROGRAM + " --headless '" +
                                 (s_folder / "out").string() + "' > '" + (s_folder / "log").string() +
@@ -46,6 +53,8 @@ class HeadlessRun : public testing::Test {
     s_exitStatus = std::system(command.c_str());
     ReadValues();
   }
+
+  static void TearDownTestSuite() { fs::remove_all(s_folder); }
 
   static void ReadValues() { s_values = ValuesIn(s_folder / "out" / "values.txt"); }
 
@@ -90,6 +99,15 @@ std::string FileText(const fs::path& file) {
   text << in.rdbuf();
   return text.str();
 }
+
+/// A start of a program that is refused, and what was said.
+class Run : public testing::Test {
+ protected:
+  ~Run() override { fs::remove_all(folder); }
+
+  const fs::path folder = OwnFolder();
+  const fs::path said = folder / "said";
+};
 
 }  // namespace
 
@@ -146,8 +164,7 @@ TEST_F(HeadlessRun, GivesTheFiguresThatTheServersProgramGives) {
   }
 }
 
-TEST(Run, SaysHowToGoOnWithoutADisplay) {
-  const fs::path said = fs::path(testing::TempDir()) / "korvo-run-said";
+TEST_F(Run, SaysHowToGoOnWithoutADisplay) {
   const std::string command = std::string("env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ") +
                               KORVO_SOURCE_DIR + "/run > '" + said.string() + "' 2>&1";
   const int status = std::system(command.c_str());
@@ -155,8 +172,7 @@ TEST(Run, SaysHowToGoOnWithoutADisplay) {
   EXPECT_NE(FileText(said).find("./run --headless DIR"), std::string::npos) << FileText(said);
 }
 
-TEST(Run, TheDesktopItselfSaysSoToo) {
-  const fs::path said = fs::path(testing::TempDir()) / "korvo-said";
+TEST_F(Run, TheDesktopItselfSaysSoToo) {
   const std::string command = std::string("env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ") +
                               KORVO_PROGRAM + " > '" + said.string() + "' 2>&1";
   const int status = std::system(command.c_str());
@@ -164,8 +180,7 @@ TEST(Run, TheDesktopItselfSaysSoToo) {
   EXPECT_NE(FileText(said).find("--headless"), std::string::npos) << FileText(said);
 }
 
-TEST(Run, SaysHowToGoOnWhenTheDisplayIsDead) {
-  const fs::path said = fs::path(testing::TempDir()) / "korvo-said-dead";
+TEST_F(Run, SaysHowToGoOnWhenTheDisplayIsDead) {
   const std::string command = std::string("env -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM DISPLAY=:4711 ") +
                               KORVO_PROGRAM + " > '" + said.string() + "' 2>&1";
   const int status = std::system(command.c_str());
@@ -173,7 +188,7 @@ TEST(Run, SaysHowToGoOnWhenTheDisplayIsDead) {
   EXPECT_NE(FileText(said).find("--headless"), std::string::npos) << FileText(said);
 }
 
-TEST(Run, RefusesAHeadlessFolderWithoutAName) {
+TEST_F(Run, RefusesAHeadlessFolderWithoutAName) {
   const std::string command = std::string(KORVO_PROGRAM) + " --headless '' > /dev/null 2>&1";
   EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 2);
 }
