@@ -27,8 +27,8 @@ Result<X> ReadForm(std::string_view text) {
 }
 
 Error BadField(int number, std::string_view name, const std::string& reason) {
-  return {ErrorKind::BadText, "ComputeRequest: field " + std::to_string(number) + " (" + std::string(name) +
-                                  "): " + reason};
+  return {ErrorKind::BadText,
+          "ComputeRequest: field " + std::to_string(number) + " (" + std::string(name) + "): " + reason};
 }
 
 }  // namespace
@@ -81,9 +81,11 @@ Result<ComputeRequest> ReadComputeRequest(std::string_view text) {
   if (afterPart == text.npos) return BadField(3, "options", "is missing");
   if (afterPart == 0) return BadField(2, "partId", "is empty");
   if (afterPart > kMaxFieldBytes)
-    return BadField(2, "partId", Quoted(text.substr(0, afterPart)) + " longer than " + std::to_string(kMaxFieldBytes) +
-                                     " bytes");
-  ComputeRequest request{.hasInstance = flag == "1", .partId = std::string(text.substr(0, afterPart)), .options = {}};
+    return BadField(
+        2, "partId",
+        Quoted(text.substr(0, afterPart)) + " longer than " + std::to_string(kMaxFieldBytes) + " bytes");
+  ComputeRequest request{
+      .hasInstance = flag == "1", .partId = std::string(text.substr(0, afterPart)), .options = {}};
 
   // The panel sends the request even when it could not write the options.
   const std::string_view options = text.substr(afterPart + 1);

@@ -20,7 +20,8 @@ bool IsControl(char c) {
 
 std::string ProblemOfText(std::string_view text) {
   if (text.size() > kMaxTextBytes)
-    return "the text has " + std::to_string(text.size()) + " bytes, the limit is " + std::to_string(kMaxTextBytes);
+    return "the text has " + std::to_string(text.size()) + " bytes, the limit is " +
+           std::to_string(kMaxTextBytes);
   if (const auto bad = FindInvalidUtf8(text))
     return "byte " + std::to_string(*bad + 1) + " is not well-formed UTF-8";
   return {};
@@ -38,7 +39,8 @@ void FieldReader::ReadHead() {
   if (!head) return;
   const std::size_t slash = head->find('/');
   if (head->substr(0, slash) != _head.name || slash == std::string_view::npos)
-    return Refuse("form", *head, "is not \"" + std::string(_head.name) + "/" + std::string(_head.version) + "\"");
+    return Refuse("form", *head,
+                  "is not \"" + std::string(_head.name) + "/" + std::string(_head.version) + "\"");
   if (head->substr(slash + 1) != _head.version)
     Fail(ErrorKind::Unsupported, "version " + Quoted(head->substr(slash + 1)) +
                                      " is not known here, version " + std::string(_head.version) + " is");
@@ -90,8 +92,8 @@ void FieldReader::Field(std::string_view name, int& value, IntRange range) {
   if (!field) return;
   const auto number = ParseInteger(*field);
   if (!number || *number < range.from || *number > range.to)
-    return Refuse(name, *field, "is not an integer from " + std::to_string(range.from) + " to " +
-                                    std::to_string(range.to));
+    return Refuse(name, *field,
+                  "is not an integer from " + std::to_string(range.from) + " to " + std::to_string(range.to));
   value = static_cast<int>(*number);
 }
 
@@ -105,13 +107,15 @@ void FieldReader::Field(std::string_view name, bool& value) {
 std::size_t FieldReader::Count(std::string_view name, ListRule rule) {
   const auto field = Take(name);
   if (!field) return 0;
-  // Every entry takes at least one separator, so what is left bounds the count before any memory is asked for.
+  // Every entry takes at least one separator, so what is left bounds the count before any memory is asked
+  // for.
   const auto left = static_cast<long long>(_rest.size()) + 1;
   const auto most = static_cast<long long>(rule.most);
   const auto count = ParseInteger(*field);
   if (!count || *count < 0 || *count > most || *count % static_cast<long long>(rule.group) != 0) {
-    Refuse(name, *field, "is not a number of entries up to " + std::to_string(most) +
-                             (rule.group > 1 ? " in groups of " + std::to_string(rule.group) : ""));
+    Refuse(name, *field,
+           "is not a number of entries up to " + std::to_string(most) +
+               (rule.group > 1 ? " in groups of " + std::to_string(rule.group) : ""));
     return 0;
   }
   if (*count <= left) return static_cast<std::size_t>(*count);
@@ -123,12 +127,13 @@ void FieldReader::Finish() {
   const auto mark = Take("end");
   if (!mark) return;
   if (*mark != kEndMark) return Refuse("end", *mark, "stands where the text should end with \"end\"");
-  if (!_atEnd) Fail(ErrorKind::BadText, "there is more text after field " + std::to_string(_number) + " (end)");
+  if (!_atEnd)
+    Fail(ErrorKind::BadText, "there is more text after field " + std::to_string(_number) + " (end)");
 }
 
 void FieldReader::Refuse(std::string_view name, std::string_view value, std::string_view expected) {
-  Fail(ErrorKind::BadText, "field " + std::to_string(_number) + " (" + _place + std::string(name) + "): " +
-                               Quoted(value) + " " + std::string(expected));
+  Fail(ErrorKind::BadText, "field " + std::to_string(_number) + " (" + _place + std::string(name) +
+                               "): " + Quoted(value) + " " + std::string(expected));
 }
 
 void FieldReader::Fail(ErrorKind kind, std::string_view reason) {

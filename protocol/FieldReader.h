@@ -17,8 +17,8 @@ namespace protocol {
 /// Why a text cannot be any form: too long, or not well-formed UTF-8. Empty when it can.
 std::string ProblemOfText(std::string_view text);
 
-/// Reads the fields of a form one after the other. The first thing that is wrong is kept as the failure; every
-/// later call does nothing, so a table of fields needs no checks in between.
+/// Reads the fields of a form one after the other. The first thing that is wrong is kept as the failure;
+/// every later call does nothing, so a table of fields needs no checks in between.
 class FieldReader {
  public:
   /// Checks size, well-formed UTF-8 and the head. `text` must outlive the reader.
@@ -30,7 +30,7 @@ class FieldReader {
   void Field(std::string_view name, bool& value);
 
   template <class E>
-    requires std::is_enum_v<E>
+  requires std::is_enum_v<E>
   void Field(std::string_view name, E& value, E last) {
     int number = 0;
     Field(name, number, {0, static_cast<int>(last)});
@@ -57,7 +57,7 @@ class FieldReader {
   }
 
   template <class T>
-    requires requires { &Form<T>::template Fields<FieldReader, T>; }
+  requires requires { &Form<T>::template Fields<FieldReader, T>; }
   void Field(std::string_view name, T& value) {
     const std::size_t outer = _place.size();
     if (!name.empty()) _place.append(name).append(".");
@@ -65,7 +65,8 @@ class FieldReader {
     _place.resize(outer);
   }
 
-  /// Whether fields stand before the end mark that a text may leave out. The argument matters to the writer only.
+  /// Whether fields stand before the end mark that a text may leave out. The argument matters to the writer
+  /// only.
   bool HasMore(bool /*present*/ = true) const { return !_failure && !_atEnd && _rest != kEndMark; }
 
   /// Reads the end mark and checks that nothing follows.
@@ -88,10 +89,10 @@ class FieldReader {
   void Fail(ErrorKind kind, std::string_view reason);
 
   FormHead _head;
-  std::string_view _rest;      ///< what follows the last separator
-  bool _atEnd = false;         ///< no field is left in `_rest`
-  int _number = 0;             ///< of the field taken last, from 1
-  std::string _place;          ///< names of the enclosing fields, each with a dot
+  std::string_view _rest;  ///< what follows the last separator
+  bool _atEnd = false;     ///< no field is left in `_rest`
+  int _number = 0;         ///< of the field taken last, from 1
+  std::string _place;      ///< names of the enclosing fields, each with a dot
   std::optional<Error> _failure;
 };
 

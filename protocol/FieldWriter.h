@@ -24,10 +24,8 @@ class FieldWriter {
   void Field(std::string_view name, bool value);
 
   template <class E>
-    requires std::is_enum_v<E>
-  void Field(std::string_view name, E value, E /*last*/) {
-    Field(name, static_cast<int>(value));
-  }
+  requires std::is_enum_v<E>
+  void Field(std::string_view name, E value, E /*last*/) { Field(name, static_cast<int>(value)); }
 
   template <class T>
   void Field(std::string_view name, const std::optional<T>& value) {
@@ -49,10 +47,8 @@ class FieldWriter {
   }
 
   template <class T>
-    requires requires { &Form<T>::template Fields<FieldWriter, const T>; }
-  void Field(std::string_view, const T& value) {
-    Form<T>::Fields(*this, value);
-  }
+  requires requires { &Form<T>::template Fields<FieldWriter, const T>; }
+  void Field(std::string_view, const T& value) { Form<T>::Fields(*this, value); }
 
   /// Whether the fields that follow, which a text may leave out, are written.
   bool HasMore(bool present) const { return present; }

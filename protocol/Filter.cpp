@@ -26,7 +26,8 @@ class RowReader {
     if (_failure) return {};
     ++_number;
     if (_atEnd) {
-      _failure = BadFilter("field " + std::to_string(_number) + " (" + _row + std::string(name) + ") is missing");
+      _failure =
+          BadFilter("field " + std::to_string(_number) + " (" + _row + std::string(name) + ") is missing");
       return {};
     }
     const std::size_t separator = _rest.find('|');
@@ -40,9 +41,10 @@ class RowReader {
     const std::string field = Text(name);
     if (_failure) return 0;
     const auto count = ParseInteger(field);
-    if (count && *count >= 0 && *count <= static_cast<long long>(most)) return static_cast<std::size_t>(*count);
-    _failure = BadFilter("field " + std::to_string(_number) + " (" + _row + std::string(name) + "): " +
-                         Quoted(field) + " is not a number from 0 to " + std::to_string(most));
+    if (count && *count >= 0 && *count <= static_cast<long long>(most))
+      return static_cast<std::size_t>(*count);
+    _failure = BadFilter("field " + std::to_string(_number) + " (" + _row + std::string(name) +
+                         "): " + Quoted(field) + " is not a number from 0 to " + std::to_string(most));
     return 0;
   }
 
@@ -57,7 +59,8 @@ class RowReader {
 
   std::optional<Error> Finish() {
     if (!_failure && !_atEnd)
-      _failure = BadFilter("there is more text after field " + std::to_string(_number) + ", the last of the rows");
+      _failure =
+          BadFilter("there is more text after field " + std::to_string(_number) + ", the last of the rows");
     return _failure;
   }
 
@@ -88,8 +91,8 @@ bool Separable(const FilterRow& row) {
 }
 
 std::string RowText(const FilterRow& row) {
-  std::string text = "|" + row.instanceId + "|" + row.partId + "|" + row.partVersion + "|" +
-                     std::to_string(row.path.size());
+  std::string text =
+      "|" + row.instanceId + "|" + row.partId + "|" + row.partVersion + "|" + std::to_string(row.path.size());
   for (const std::string& element : row.path) text += "|" + element;
   return text;
 }
@@ -105,7 +108,8 @@ Result<std::string> WriteFilter(const Filter& filter) {
   std::string text = std::string(kUser) + "|" + std::to_string(filter.rows.size());
   for (std::size_t i = 0; i < filter.rows.size(); ++i) {
     if (!Separable(filter.rows[i]))
-      return Error{ErrorKind::BadValue, "Filter: row " + std::to_string(i + 1) + " holds a \"|\" in an element"};
+      return Error{ErrorKind::BadValue,
+                   "Filter: row " + std::to_string(i + 1) + " holds a \"|\" in an element"};
     text += RowText(filter.rows[i]);
   }
   return text;

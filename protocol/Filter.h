@@ -18,7 +18,8 @@ struct FilterRow {
   bool operator==(const FilterRow&) const = default;
 };
 
-/// Which instances a request is about: those that a named configuration filter lets pass, or a list of instances.
+/// Which instances a request is about: those that a named configuration filter lets pass, or a list of
+/// instances.
 struct Filter {
   enum class Kind { Configuration, User };
 

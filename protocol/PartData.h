@@ -25,13 +25,13 @@ enum class MassTypeStatus : int {
 struct MassType {
   std::string name;
   MassTypeStatus status = MassTypeStatus::Undefined;
-  std::optional<double> mass;     ///< kg
-  std::optional<Vector> cg;       ///< m
-  std::optional<Tensor> inertia;  ///< kg·m² about the centre of gravity
-  double lowerDeviation = 0;      ///< kg, how far below `mass` the true mass may lie
-  double upperDeviation = 0;      ///< kg, how far above
-  int precisionType = 0;          ///< 0: bounds of the mass type, 1: bounds typed by the user
-  int precisionValueType = 0;     ///< 0: relative (fractions), 1: absolute (kg)
+  std::optional<double> mass;         ///< kg
+  std::optional<Vector> cg;           ///< m
+  std::optional<Tensor> inertia;      ///< kg·m² about the centre of gravity
+  double lowerDeviation = 0;          ///< kg, how far below `mass` the true mass may lie
+  double upperDeviation = 0;          ///< kg, how far above
+  int precisionType = 0;              ///< 0: bounds of the mass type, 1: bounds typed by the user
+  int precisionValueType = 0;         ///< 0: relative (fractions), 1: absolute (kg)
   double lowerPrecision = 0;          ///< typed by the user; fraction or kg
   double upperPrecision = 0;          ///< typed by the user; fraction or kg
   double massTypeLowerPrecision = 0;  ///< comes with the mass type; fraction or kg
@@ -67,10 +67,10 @@ struct ExtraProperty {
 
 /// The active document and the revisions to choose from.
 struct Documents {
-  bool used = false;              ///< whether document revisions may be used at all
-  std::string activeId = "0";     ///< "0": no document attached
+  bool used = false;           ///< whether document revisions may be used at all
+  std::string activeId = "0";  ///< "0": no document attached
   std::string activeVersion;
-  int autoMode = 0;               ///< 0: most recent revision, 1: attached revision
+  int autoMode = 0;  ///< 0: most recent revision, 1: attached revision
   bool usedSpecificRevisionBefore = false;
   std::string attachedVersion;
   std::vector<DocumentRevision> revisions;
@@ -80,40 +80,40 @@ struct Documents {
 struct Material {
   std::string name;
   std::optional<double> density;
-  int densityPriority = 0;        ///< 1: the CAD material's density comes first, 0: the typed one
+  int densityPriority = 0;  ///< 1: the CAD material's density comes first, 0: the typed one
   std::string referenceName;
   std::optional<double> referenceDensity;
-  std::string appliedOn;          ///< on the instance or on the reference
+  std::string appliedOn;  ///< on the instance or on the reference
   std::vector<MaterialStatistic> statistics;
 };
 
 /// All weight-and-balance data of one part, as the server sends it and as a save sends it back.
 struct PartData {
   std::string partId;
-  std::string instancePath;          ///< of the selected instance, elements joined by "|"; empty when there is none
+  std::string instancePath;  ///< of the selected instance, elements joined by "|"; empty when there is none
   std::string configurationHandler;  ///< product root and filter that the part was read under
   std::string filter = "0|No Filter";
-  bool hasInstance = false;          ///< the selected object has an instance in the PDM
-  bool computed = false;             ///< the computed values are up to date
-  bool persisted = false;            ///< the values are stored in the PDM
+  bool hasInstance = false;  ///< the selected object has an instance in the PDM
+  bool computed = false;     ///< the computed values are up to date
+  bool persisted = false;    ///< the values are stored in the PDM
   bool standardPart = false;
-  bool referenceInertiaMode = false; ///< inertia at the reference point rather than at the centre of gravity
+  bool referenceInertiaMode = false;  ///< inertia at the reference point rather than at the centre of gravity
   std::string activeMassType;
   std::vector<MassType> massTypes;
-  std::vector<double> placement;     ///< in the root product: 9 rotation coefficients by rows, then 3 lengths, m
+  std::vector<double> placement;  ///< in the root product: 9 rotation coefficients by rows, then 3 lengths, m
   Material material;
   Documents documents;
   bool propertiesRequested = false;
-  std::string dateFormat;            ///< of date properties, such as "YYYY-MM-DD"
+  std::string dateFormat;  ///< of date properties, such as "YYYY-MM-DD"
   std::vector<ExtraProperty> properties;
-  std::string stateToken;            ///< which stored state this was read from; a save sends it back
+  std::string stateToken;  ///< which stored state this was read from; a save sends it back
 };
 
 /// What a compute request says beyond the part: the third field of "WBComputeNymValues".
 struct ComputeOptions {
   std::string filter = "0|No Filter";
   bool referenceInertiaMode = false;
-  bool reuseStoredResults = true;    ///< false: compute anew even when the stored result is up to date
+  bool reuseStoredResults = true;  ///< false: compute anew even when the stored result is up to date
   std::string materialName;
 };
 

@@ -9,13 +9,13 @@ namespace protocol {
 
 /// Why something could not be done. The kind decides exit codes and retries; the message is for people.
 enum class ErrorKind {
-  BadText,    ///< a request, reply or table that cannot be read
-  BadValue,   ///< readable, but outside what is allowed
-  NotFound,   ///< an unknown part, product, command or file
-  Conflict,   ///< somebody else changed it, or the structure forbids it (a cycle)
-  Storage,    ///< the database or disk refused: damaged, read-only, locked, full, of a newer version
-  Unsupported,///< a version or feature that this program does not know
-  Internal,   ///< a broken promise of our own code
+  BadText,      ///< a request, reply or table that cannot be read
+  BadValue,     ///< readable, but outside what is allowed
+  NotFound,     ///< an unknown part, product, command or file
+  Conflict,     ///< somebody else changed it, or the structure forbids it (a cycle)
+  Storage,      ///< the database or disk refused: damaged, read-only, locked, full, of a newer version
+  Unsupported,  ///< a version or feature that this program does not know
+  Internal,     ///< a broken promise of our own code
 };
 
 /// One failure. `message` carries the value, the place (file, line, column or field) and the limit.

@@ -14,7 +14,7 @@ struct TreeNode {
   std::string partId = {};
   std::string name = {};
   std::string revision = {};
-  int quantity = 1;        ///< coincident copies that the instance stands for
+  int quantity = 1;  ///< coincident copies that the instance stands for
   bool hasChildren = false;
   MassTypeStatus computedStatus = MassTypeStatus::Undefined;
   std::optional<double> mass = {};  ///< kg, of the active mass type; of one copy
@@ -42,7 +42,8 @@ struct ProductList {
 
 /// One place in a product where a part is used.
 struct Occurrence {
-  std::vector<std::string> instancePath = {};  ///< instance identifiers from the root part down; empty for the root
+  std::vector<std::string> instancePath =
+      {};  ///< instance identifiers from the root part down; empty for the root
   TreeNode node = {};
 };
 

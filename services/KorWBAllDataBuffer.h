@@ -87,8 +87,8 @@ class KOR_SERVICES_API KorWBAllDataBuffer : public KorBaseUnknown {
 
   /// kNotDefined (also for an unknown mass type), kDefined or kOutOfDate.
   virtual int GetMassTypeDefined(const KorUnicodeString& massType) const;
-  /// The same with a status: E_FAIL, with `status` left alone, for an unknown mass type. The computed mass type is
-  /// never unknown: a buffer that does not list it has not computed it (kNotDefined).
+  /// The same with a status: E_FAIL, with `status` left alone, for an unknown mass type. The computed mass
+  /// type is never unknown: a buffer that does not list it has not computed it (kNotDefined).
   virtual HRESULT GetMassTypeDefined(const KorUnicodeString& massType, int& status) const;
   /// Marks a mass type as carrying values or not. The values themselves stay as they are.
   virtual HRESULT SetMassTypeDefined(const KorUnicodeString& massType, bool defined);

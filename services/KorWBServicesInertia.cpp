@@ -1,6 +1,6 @@
-#include "services/KorWBServices.h"
-
 #include <array>
+
+#include "services/KorWBServices.h"
 
 void KorWBServices::ConvertInertiaMatrix(KorMath3x3Matrix& inertia, double mass,
                                          const KorMathPoint& fromPoint, const KorMathPoint& toPoint,

@@ -13,7 +13,7 @@
 #include "framework/pdm/KorPdmClient.h"
 #include "lumira/commands/Server.h"
 #include "lumira/import/ImportProduct.h"
-#include "lumira/store/SqliteStore.h"
+#include "lumira/store/OpenSqliteStore.h"
 #include "protocol/Codec.h"
 #include "protocol/Constants.h"
 #include "tests/support/PanelHarness.h"

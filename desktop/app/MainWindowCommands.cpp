@@ -14,7 +14,7 @@
 #include "desktop/toolkit/QtText.h"
 #include "framework/dialog/KorApplicationFrame.h"
 #include "framework/dialog/KorMsgCatalog.h"
-#include "lumira/store/SqliteStore.h"
+#include "lumira/store/OpenSqliteStore.h"
 
 namespace desktop {
 

@@ -2,36 +2,22 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
-#include <cstdio>
 
 #include "framework/math/KorMathTransformation.h"
+#include "protocol/ValueLines.h"
 #include "services/KorLumWBCSCommonDefinitions.h"
 #include "services/KorWBServices.h"
 
 namespace desktop {
 namespace {
 
-struct Element {
-  const char* name;
-  int row, column;
-};
-
-constexpr Element kElements[] = {{"xx", 1, 1}, {"yy", 2, 2}, {"zz", 3, 3},
-                                 {"xy", 1, 2}, {"xz", 1, 3}, {"yz", 2, 3}};
-
-std::string Line(const std::string& part, const std::string& quantity, double value) {
-  std::array<char, 40> digits;
-  // A negative zero says nothing that a zero does not.
-  std::snprintf(digits.data(), digits.size(), "%.17g", value == 0 ? 0.0 : value);
-  return part + "." + quantity + " = " + digits.data() + "\n";
+std::array<double, 3> Elements(const KorMathPoint& point) {
+  return {point.GetX(), point.GetY(), point.GetZ()};
 }
 
-std::string TensorLines(const std::string& part, const std::string& name, const KorMath3x3Matrix& tensor) {
-  std::string lines;
-  for (const Element& element : kElements)
-    lines += Line(part, name + "_" + element.name + "_kgm2", tensor.GetCoef(element.row, element.column));
-  return lines;
+std::array<double, 6> Elements(const KorMath3x3Matrix& tensor) {
+  return {tensor.GetCoef(1, 1), tensor.GetCoef(2, 2), tensor.GetCoef(3, 3),
+          tensor.GetCoef(1, 2), tensor.GetCoef(1, 3), tensor.GetCoef(2, 3)};
 }
 
 }  // namespace
@@ -57,13 +43,12 @@ std::optional<PartValues> ReadPartValues(const LumWBAllDataBuffer& buffer) {
 }
 
 std::string FormatPartValues(const std::string& part, const PartValues& values) {
-  std::string name = part;
-  std::transform(name.begin(), name.end(), name.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return Line(name, "mass_kg", values.mass) + Line(name, "cg_x_m", values.cg.GetX()) +
-         Line(name, "cg_y_m", values.cg.GetY()) + Line(name, "cg_z_m", values.cg.GetZ()) +
-         TensorLines(name, "inertia_cg", values.inertiaCg) +
-         TensorLines(name, "inertia_ref", values.inertiaRef);
+  protocol::ValueLines lines(part);
+  lines.Value("mass_kg", values.mass);
+  lines.Vector("cg", Elements(values.cg));
+  lines.Tensor("inertia_cg", Elements(values.inertiaCg));
+  lines.Tensor("inertia_ref", Elements(values.inertiaRef));
+  return lines.Text();
 }
 
 }  // namespace desktop

@@ -19,8 +19,7 @@ struct PartValues {
 /// Nothing when the buffer has no up-to-date computed values, or no place in a product.
 std::optional<PartValues> ReadPartValues(const LumWBAllDataBuffer& buffer);
 
-/// A line `part.quantity = value` for each quantity, with 17 significant digits; the part's name in lower
-/// case.
+/// A line `part.quantity = value` for each quantity, as protocol::ValueLines writes them.
 std::string FormatPartValues(const std::string& part, const PartValues& values);
 
 }  // namespace desktop

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "lumira/store/SqliteStore.h"
+#include "lumira/store/OpenSqliteStore.h"
 
 namespace desktop {
 namespace {

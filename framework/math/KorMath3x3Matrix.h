@@ -10,8 +10,8 @@ class KOR_FRAMEWORK_API KorMath3x3Matrix {
  public:
   /// The zero matrix.
   constexpr KorMath3x3Matrix() = default;
-  constexpr KorMath3x3Matrix(double a11, double a12, double a13, double a21, double a22, double a23, double a31,
-                             double a32, double a33)
+  constexpr KorMath3x3Matrix(double a11, double a12, double a13, double a21, double a22, double a23,
+                             double a31, double a32, double a33)
       : _a{a11, a12, a13, a21, a22, a23, a31, a32, a33} {}
   static constexpr KorMath3x3Matrix Identity() { return {1, 0, 0, 0, 1, 0, 0, 0, 1}; }
 

@@ -14,7 +14,8 @@ KOR_FRAMEWORK_API HRESULT BuildVariant(const char* text, VARIANT& variant);
 KOR_FRAMEWORK_API HRESULT ConvertVariant(const VARIANT& variant, KorUnicodeString& text);
 
 /// Runs a command on the server and waits. E_FAIL, with `reply` left alone, when there is no transport.
-KOR_FRAMEWORK_API HRESULT RunServerCode(const KorUnicodeString& command, const VARIANT& request, VARIANT& reply);
+KOR_FRAMEWORK_API HRESULT RunServerCode(const KorUnicodeString& command, const VARIANT& request,
+                                        VARIANT& reply);
 
 /// Which server the client speaks to.
 class KOR_FRAMEWORK_API KorPdmClient {

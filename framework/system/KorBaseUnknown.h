@@ -29,16 +29,27 @@ class KorVar {
  public:
   KorVar() = default;
   /// Takes a reference of its own.
-  KorVar(T* object) : _object(object) { if (_object) _object->AddRef(); }
+  KorVar(T* object) : _object(object) {
+    if (_object) _object->AddRef();
+  }
   template <class Other>
   KorVar(const KorVar<Other>& other) : KorVar(other.Get()) {}
   KorVar(const KorVar& other) : KorVar(other._object) {}
   KorVar(KorVar&& other) noexcept : _object(std::exchange(other._object, nullptr)) {}
-  KorVar& operator=(KorVar other) noexcept { std::swap(_object, other._object); return *this; }
-  ~KorVar() { if (_object) _object->Release(); }
+  KorVar& operator=(KorVar other) noexcept {
+    std::swap(_object, other._object);
+    return *this;
+  }
+  ~KorVar() {
+    if (_object) _object->Release();
+  }
 
   /// Takes over the reference that the caller holds (of a newly made object).
-  static KorVar Adopt(T* object) { KorVar handle; handle._object = object; return handle; }
+  static KorVar Adopt(T* object) {
+    KorVar handle;
+    handle._object = object;
+    return handle;
+  }
 
   T* Get() const { return _object; }
   T* operator->() const { return _object; }

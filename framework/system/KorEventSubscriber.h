@@ -23,7 +23,8 @@ inline int KorClientNumber(KorCommandClientData data) {
 class KOR_FRAMEWORK_API KorEventSubscriber {
  public:
   /// What a callback gets: the publisher, the event's name and the client data of the registration.
-  using Method = std::function<void(KorEventSubscriber* publisher, const char* event, KorCommandClientData data)>;
+  using Method =
+      std::function<void(KorEventSubscriber* publisher, const char* event, KorCommandClientData data)>;
 
   KorEventSubscriber();
   /// A copy publishes to nobody and is subscribed to nothing.
@@ -32,16 +33,16 @@ class KOR_FRAMEWORK_API KorEventSubscriber {
   virtual ~KorEventSubscriber();
 
   /// Calls `method` of this subscriber whenever `publisher` publishes `event`.
-  void AddCallback(KorEventSubscriber* publisher, const char* event, Method method, KorCommandClientData data = nullptr);
+  void AddCallback(KorEventSubscriber* publisher, const char* event, Method method,
+                   KorCommandClientData data = nullptr);
   template <class Target>
   void AddCallback(KorEventSubscriber* publisher, const char* event,
                    void (Target::*method)(KorEventSubscriber*, const char*, KorCommandClientData),
                    KorCommandClientData data = nullptr) {
     auto* target = static_cast<Target*>(this);
     AddCallback(publisher, event,
-                Method([target, method](KorEventSubscriber* from, const char* name, KorCommandClientData with) {
-                  (target->*method)(from, name, with);
-                }),
+                Method([target, method](KorEventSubscriber* from, const char* name,
+                                        KorCommandClientData with) { (target->*method)(from, name, with); }),
                 data);
   }
   /// Forgets every callback that this subscriber holds on `publisher`.

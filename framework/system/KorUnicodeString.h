@@ -29,8 +29,13 @@ class KOR_FRAMEWORK_API KorUnicodeString {
   int GetLengthInChar() const;
 
   void Append(const KorUnicodeString& text) { _utf8 += text._utf8; }
-  KorUnicodeString& operator+=(const KorUnicodeString& text) { Append(text); return *this; }
-  friend KorUnicodeString operator+(KorUnicodeString left, const KorUnicodeString& right) { return left += right; }
+  KorUnicodeString& operator+=(const KorUnicodeString& text) {
+    Append(text);
+    return *this;
+  }
+  friend KorUnicodeString operator+(KorUnicodeString left, const KorUnicodeString& right) {
+    return left += right;
+  }
 
   /// Non-zero when both texts are equal, zero when they differ.
   int Compare(const KorUnicodeString& other) const { return _utf8 == other._utf8; }
@@ -47,14 +52,14 @@ class KOR_FRAMEWORK_API KorUnicodeString {
   /// The letters a to z in upper case; other characters stay.
   KorUnicodeString ToUpper() const;
 
-  /// Reads a real number; the formats ("%le", "%lf", "%lg") all read the same. Leading blanks are skipped, what follows
-  /// the number is ignored, '.' is the decimal separator in every locale. Returns 1, or 0 with `number` left alone:
-  /// also for infinities, not-a-number and what does not fit a double.
+  /// Reads a real number; the formats ("%le", "%lf", "%lg") all read the same. Leading blanks are skipped,
+  /// what follows the number is ignored, '.' is the decimal separator in every locale. Returns 1, or 0 with
+  /// `number` left alone: also for infinities, not-a-number and what does not fit a double.
   int ConvertToNum(double* number, const char* format = "%le") const;
   /// Reads an integer ("%d"). Returns 1, or 0 with `number` left alone (also when it does not fit).
   int ConvertToNum(int* number, const char* format = "%d") const;
-  /// Replaces the text by the number printed with a printf format: "%g", "%le" or "%lf", with a precision up to 100 if
-  /// wanted ("%.10g"), and "%d" for integers. '.' is the decimal separator in every locale.
+  /// Replaces the text by the number printed with a printf format: "%g", "%le" or "%lf", with a precision up
+  /// to 100 if wanted ("%.10g"), and "%d" for integers. '.' is the decimal separator in every locale.
   void BuildFromNum(double number, const char* format = "%g");
   void BuildFromNum(int number, const char* format = "%d");
 

@@ -6,7 +6,7 @@
 
 #include "lumira/app/ValueList.h"
 #include "lumira/commands/Server.h"
-#include "lumira/store/SqliteStore.h"
+#include "lumira/store/OpenSqliteStore.h"
 #include "protocol/Codec.h"
 #include "protocol/Constants.h"
 #include "protocol/Limits.h"
@@ -50,7 +50,8 @@ class OpenServer {
 
   // Runs a command and reads its reply.
   template <class Reply>
-  Result<Reply> Ask(std::string_view command, const std::string& request, Result<Reply> (*read)(std::string_view)) {
+  Result<Reply> Ask(std::string_view command, const std::string& request,
+                    Result<Reply> (*read)(std::string_view)) {
     const auto reply = Execute(command, request);
     if (!reply) return reply.Failure();
     return read(reply.Value());
@@ -68,9 +69,9 @@ void WriteReport(const ImportReport& report, ImportMode mode, const Console& con
   for (const std::string& text : report.warnings) console.errors << "warning: " << text << '\n';
   for (const std::string& text : report.leftOut) console.errors << "left out: " << text << '\n';
   console.out << (mode == ImportMode::DryRun ? "Would import" : "Imported") << " product \"" << report.product
-              << "\": " << report.parts << " parts, " << report.instances << " instances, " << report.massTypes
-              << " mass types; " << report.warnings.size() << " warnings, " << report.leftOut.size()
-              << " things left out.\n";
+              << "\": " << report.parts << " parts, " << report.instances << " instances, "
+              << report.massTypes << " mass types; " << report.warnings.size() << " warnings, "
+              << report.leftOut.size() << " things left out.\n";
 }
 
 Result<ImportTables> ReadTables(const ImportAction& action) {
@@ -148,14 +149,14 @@ Result<void> PrintProducts(OpenServer& server, TreePrinter& printer, const Conso
   return {};
 }
 
-// The part as a line of a tree that begins with it. The search also finds what only contains the identifier; when
-// that is more than a reply holds, the line may be without the name.
+// The part as a line of a tree that begins with it. The search also finds what only contains the identifier;
+// when that is more than a reply holds, the line may be without the name.
 Result<protocol::TreeNode> AskNode(OpenServer& server, const std::string& part) {
   const auto product = server.Data().ProductOfPart(part);
   if (!product) return product.Failure();
   const protocol::SearchRequest request{product.Value(), part, protocol::kMaxPageEntries};
-  const auto found = server.Ask(protocol::kCommandSearch, protocol::WriteSearchRequest(request),
-                                protocol::ReadSearchReply);
+  const auto found =
+      server.Ask(protocol::kCommandSearch, protocol::WriteSearchRequest(request), protocol::ReadSearchReply);
   if (!found) return found.Failure();
   protocol::TreeNode node{.partId = part, .hasChildren = true};
   for (const protocol::Occurrence& hit : found.Value().hits)
@@ -173,7 +174,8 @@ Result<void> PrintPart(OpenServer& server, TreePrinter& printer, const std::stri
 Result<protocol::PartData> AskPartData(OpenServer& server, const std::string& part) {
   protocol::PartDataRequest request;
   request.partId = part;
-  return server.Ask(protocol::kCommandPartData, protocol::WritePartDataRequest(request), protocol::ReadPartData);
+  return server.Ask(protocol::kCommandPartData, protocol::WritePartDataRequest(request),
+                    protocol::ReadPartData);
 }
 
 Placement ToPlacement(const std::vector<double>& numbers) {
@@ -183,8 +185,8 @@ Placement ToPlacement(const std::vector<double>& numbers) {
   return placement;
 }
 
-// The reply leaves out the standard deviations of centre and inertia; the stored result has them. Moments of masses
-// that cancel are in the reply only.
+// The reply leaves out the standard deviations of centre and inertia; the stored result has them. Moments of
+// masses that cancel are in the reply only.
 Result<ComputedValues> CollectValues(OpenServer& server, const protocol::PartData& data,
                                      const protocol::ComputeReply& reply) {
   const auto results = server.Data().LoadResults(data.configurationHandler);
@@ -194,7 +196,10 @@ Result<ComputedValues> CollectValues(OpenServer& server, const protocol::PartDat
   if (result == results.Value().end())
     return Error{ErrorKind::Internal, "the result of \"" + data.partId + "\" was not stored"};
   const protocol::MassType& computed = data.massTypes.front();
-  ComputedValues values{data.partId, result->computed.properties, computed.lowerDeviation, computed.upperDeviation,
+  ComputedValues values{data.partId,
+                        result->computed.properties,
+                        computed.lowerDeviation,
+                        computed.upperDeviation,
                         result->computed.deviations,
                         data.placement.empty() ? Placement{} : ToPlacement(data.placement)};
   if (const auto& s = reply.firstMoment) values.firstMoment = Vec3{(*s)[0], (*s)[1], (*s)[2]};
@@ -214,8 +219,8 @@ Result<void> PrintWarnings(OpenServer& server, const Console& console) {
   const auto pending = server.Ask(protocol::kCommandPendingWarnings, {}, protocol::ReadPendingWarnings);
   if (!pending) return pending.Failure();
   for (const protocol::Warning& warning : pending.Value().warnings)
-    console.errors << (warning.severity == protocol::Severity::Information ? "note: " : "warning: ") << warning.text
-                   << '\n';
+    console.errors << (warning.severity == protocol::Severity::Information ? "note: " : "warning: ")
+                   << warning.text << '\n';
   return {};
 }
 

@@ -1,9 +1,8 @@
 #include "lumira/app/CommandLine.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <functional>
-
-#include <CLI/CLI.hpp>
 
 #include "lumira/import/Guarded.h"
 
@@ -69,12 +68,16 @@ class Parser {
 
   void AddImport() {
     CLI::App* command = Add("import", "Reads a product from tables: all of it, or nothing.", _import);
-    command->add_option("--structure", _import.structure,
-                        "Structure table: parent, child, placement. Without it the mass table has a column \"parent\"");
-    command->add_option("--mass", _import.mass, "Mass table: part, mass, centre of gravity, inertia")->required();
-    command->add_option("--product", _import.options.product, "Name of the product; else that of its top part");
+    command->add_option(
+        "--structure", _import.structure,
+        "Structure table: parent, child, placement. Without it the mass table has a column \"parent\"");
+    command->add_option("--mass", _import.mass, "Mass table: part, mass, centre of gravity, inertia")
+        ->required();
+    command->add_option("--product", _import.options.product,
+                        "Name of the product; else that of its top part");
     command->add_flag_callback(
-        "--dry-run", [this] { _import.options.mode = ImportMode::DryRun; }, "Checks everything and writes nothing");
+        "--dry-run", [this] { _import.options.mode = ImportMode::DryRun; },
+        "Checks everything and writes nothing");
     command->add_flag_callback(
         "--replace", [this] { _import.options.existing = Existing::Replace; },
         "Takes the place of a product of the same name");
@@ -86,11 +89,14 @@ class Parser {
   void AddTree() {
     CLI::App* command = Add("tree", "Prints products, or a part and what is below it.", _tree);
     command->add_option("PART", _tree.part, "The part to start at; else the root of every product");
-    command->add_option("--depth", _tree.depth, "How many levels to print below the part or the root; 0: none")->check(CLI::Range(0, 1'000'000));
+    command
+        ->add_option("--depth", _tree.depth, "How many levels to print below the part or the root; 0: none")
+        ->check(CLI::Range(0, 1'000'000));
   }
 
   void AddCompute() {
-    CLI::App* command = Add("compute", "Computes the mass properties of a part and prints them in SI units.", _compute);
+    CLI::App* command =
+        Add("compute", "Computes the mass properties of a part and prints them in SI units.", _compute);
     command->add_option("PART", _compute.part, "The part")->required();
   }
 
@@ -113,7 +119,8 @@ class Parser {
 }  // namespace
 
 int RunCommandLine(int argc, const char* const* argv, const Console& console) {
-  const Result<int> code = Guarded([&]() -> Result<int> { return Finish(Parser(console).Run(argc, argv), console); });
+  const Result<int> code =
+      Guarded([&]() -> Result<int> { return Finish(Parser(console).Run(argc, argv), console); });
   return code ? code.Value() : Fail(code.Failure(), console);
 }
 

@@ -1,71 +1,35 @@
 #include "lumira/app/ValueList.h"
 
-#include <cctype>
-#include <cstdio>
+#include "protocol/ValueLines.h"
 
 namespace lumira {
 namespace {
 
-std::string Prefix(std::string_view part) {
-  std::string prefix;
-  for (const char c : part) {
-    const auto byte = static_cast<unsigned char>(c);
-    prefix += std::isalnum(byte) != 0 || byte >= 0x80 ? static_cast<char>(std::tolower(byte)) : '_';
-  }
-  return prefix;
-}
-
-class Writer {
- public:
-  Writer(std::ostream& out, std::string_view part) : _out(out), _prefix(Prefix(part)) {}
-
-  void Value(const std::string& name, double value) {
-    char digits[40];
-    std::snprintf(digits, sizeof digits, "%.17g", value);
-    _out << _prefix << '.' << name << " = " << digits << '\n';
-  }
-
-  void Vector(const std::string& name, const Vec3& v, const std::string& unit = "m") {
-    Value(name + "_x_" + unit, v.x);
-    Value(name + "_y_" + unit, v.y);
-    Value(name + "_z_" + unit, v.z);
-  }
-
-  void Tensor(const std::string& name, const InertiaTensor& i) {
-    Value(name + "_xx_kgm2", i.xx);
-    Value(name + "_yy_kgm2", i.yy);
-    Value(name + "_zz_kgm2", i.zz);
-    Value(name + "_xy_kgm2", i.xy);
-    Value(name + "_xz_kgm2", i.xz);
-    Value(name + "_yz_kgm2", i.yz);
-  }
-
- private:
-  std::ostream& _out;
-  std::string _prefix;
-};
+std::array<double, 3> Elements(const Vec3& v) { return {v.x, v.y, v.z}; }
+std::array<double, 6> Elements(const InertiaTensor& i) { return {i.xx, i.yy, i.zz, i.xy, i.xz, i.yz}; }
 
 }  // namespace
 
 void WriteValues(std::ostream& out, const ComputedValues& values) {
-  Writer writer(out, values.part);
+  protocol::ValueLines lines(values.part);
   const auto& [mass, cg, inertia] = values.properties;
-  if (mass) writer.Value("mass_kg", *mass);
-  if (cg) writer.Vector("cg", values.placement * *cg);
-  if (inertia) writer.Tensor("inertia_cg", *inertia);
+  if (mass) lines.Value("mass_kg", *mass);
+  if (cg) lines.Vector("cg", Elements(values.placement * *cg));
+  if (inertia) lines.Tensor("inertia_cg", Elements(*inertia));
   if (mass && cg && inertia)
-    writer.Tensor("inertia_ref", ShiftedFromCg(Rotated(*inertia, values.placement.rotation), *mass,
-                                               values.placement * *cg));
-  if (values.firstMoment) writer.Vector("first_moment", *values.firstMoment, "kgm");
-  if (values.inertiaAtOrigin) writer.Tensor("inertia_origin", *values.inertiaAtOrigin);
+    lines.Tensor("inertia_ref", Elements(ShiftedFromCg(Rotated(*inertia, values.placement.rotation), *mass,
+                                                       values.placement * *cg)));
+  if (values.firstMoment) lines.Vector("first_moment", Elements(*values.firstMoment), "kgm");
+  if (values.inertiaAtOrigin) lines.Tensor("inertia_origin", Elements(*values.inertiaAtOrigin));
   if (values.lowerDeviation != 0 || values.upperDeviation != 0) {
-    writer.Value("mass_lower_deviation_kg", values.lowerDeviation);
-    writer.Value("mass_upper_deviation_kg", values.upperDeviation);
+    lines.Value("mass_lower_deviation_kg", values.lowerDeviation);
+    lines.Value("mass_upper_deviation_kg", values.upperDeviation);
   }
   const Deviations& sd = values.deviations;
-  if (sd.mass != 0) writer.Value("sd_mass_kg", sd.mass);
-  if (sd.cg != Vec3{}) writer.Vector("sd_cg", sd.cg);
-  if (sd.inertia != InertiaTensor{}) writer.Tensor("sd_inertia_cg", sd.inertia);
+  if (sd.mass != 0) lines.Value("sd_mass_kg", sd.mass);
+  if (sd.cg != Vec3{}) lines.Vector("sd_cg", Elements(sd.cg));
+  if (sd.inertia != InertiaTensor{}) lines.Tensor("sd_inertia_cg", Elements(sd.inertia));
+  out << lines.Text();
 }
 
 }  // namespace lumira

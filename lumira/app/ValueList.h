@@ -26,12 +26,11 @@ struct ComputedValues {
   std::optional<InertiaTensor> inertiaAtOrigin = std::nullopt;
 };
 
-/// Writes a line "name = value" for each quantity, in SI units with 17 significant digits. Names begin with the
-/// part in small letters. The centre of gravity (`cg`) is in the frame of the placement; `inertia_cg` is about it
-/// in the part's own axes; `inertia_ref` is about the origin of that frame, in its axes; `sd_` are standard
-/// deviations in the part's own frame. `first_moment` and `inertia_origin` are about the part's origin in its
-/// own axes. What is not known has no line; deviations that are all
-/// zero are not known.
+/// Writes a line "name = value" for each quantity, in SI units with 17 significant digits. Names begin with
+/// the part in small letters. The centre of gravity (`cg`) is in the frame of the placement; `inertia_cg` is
+/// about it in the part's own axes; `inertia_ref` is about the origin of that frame, in its axes; `sd_` are
+/// standard deviations in the part's own frame. `first_moment` and `inertia_origin` are about the part's
+/// origin in its own axes. What is not known has no line; deviations that are all zero are not known.
 void WriteValues(std::ostream& out, const ComputedValues& values);
 
 }  // namespace lumira

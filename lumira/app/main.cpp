@@ -1,6 +1,6 @@
-#include <iostream>
-
 #include <unistd.h>
+
+#include <iostream>
 
 #include "lumira/app/CommandLine.h"
 

@@ -70,8 +70,8 @@ Result<void> KeepResult(Session& session, OpenProduct& product, const std::strin
 
 protocol::ComputeReply MakeReply(const std::string& partId, const MassResult& result) {
   protocol::ComputeReply reply{partId, ToWire(ToMassType(result), protocol::MassTypeStatus::Defined), {}, {}};
-  // Masses that cancel have no centre to refer to, but what they bring into a larger sum is known. Masses of which no
-  // single centre is known bring nothing that could be told.
+  // Masses that cancel have no centre to refer to, but what they bring into a larger sum is known. Masses of
+  // which no single centre is known bring nothing that could be told.
   const Coverage& coverage = result.coverage;
   const bool someCentreIsKnown = coverage.withoutMass + coverage.withoutCg < coverage.items;
   if (!result.cg && someCentreIsKnown) {
@@ -114,7 +114,8 @@ Result<std::string> ComputePart(Session& session, std::string_view text) {
 }
 
 Result<std::string> GetPendingWarnings(Session& session, std::string_view request) {
-  if (!request.empty()) return Error{ErrorKind::BadText, "the request should be empty, it is " + protocol::Quoted(request)};
+  if (!request.empty())
+    return Error{ErrorKind::BadText, "the request should be empty, it is " + protocol::Quoted(request)};
   return protocol::WritePendingWarnings(std::exchange(session.pending, {}));
 }
 

@@ -6,9 +6,9 @@
 
 namespace lumira {
 
-/// A result of the engine as the computed mass type. Its bounds are there when any item has limits of its mass: the
-/// engine's worst case, which knows limits only, and on top of it one standard deviation of each item that has
-/// no limits but a standard deviation. An item with neither adds nothing.
+/// A result of the engine as the computed mass type. Its bounds are there when any item has limits of its
+/// mass: the engine's worst case, which knows limits only, and on top of it one standard deviation of each
+/// item that has no limits but a standard deviation. An item with neither adds nothing.
 inline MassTypeData ToMassType(const MassResult& result) {
   MassTypeData type{.name = std::string(kComputedMassType),
                     .properties = {result.mass, result.cg, result.inertiaAtCg},
@@ -21,8 +21,8 @@ inline MassTypeData ToMassType(const MassResult& result) {
   return type;
 }
 
-/// Mass data as it goes over the wire. The deviations of the mass are the bounds where there are any, else plus
-/// and minus the standard deviation, else 0.
+/// Mass data as it goes over the wire. The deviations of the mass are the bounds where there are any, else
+/// plus and minus the standard deviation, else 0.
 inline protocol::MassType ToWire(const MassTypeData& data, protocol::MassTypeStatus status) {
   protocol::MassType type;
   type.name = data.name;

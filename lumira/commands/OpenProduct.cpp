@@ -26,7 +26,8 @@ OpenProduct::OpenProduct(Product product, std::int64_t state, std::vector<Stored
       _computation(Computed(_product)) {
   _parts.reserve(_product.parts.size());
   _children.reserve(_product.instances.size());
-  for (std::uint32_t part = 0; part < _product.parts.size(); ++part) _parts.emplace(_product.parts[part].id, part);
+  for (std::uint32_t part = 0; part < _product.parts.size(); ++part)
+    _parts.emplace(_product.parts[part].id, part);
   // Every instance names parts of the product, or the roll-up above would have failed; then there is no tree.
   if (!_computation) return;
   std::vector<std::uint32_t> parents;
@@ -38,7 +39,8 @@ OpenProduct::OpenProduct(Product product, std::int64_t state, std::vector<Stored
   }
   std::partial_sum(_begin.begin(), _begin.end(), _begin.begin());
   auto next = _begin;
-  for (std::uint32_t instance = 0; instance < parents.size(); ++instance) _below[next[parents[instance]]++] = instance;
+  for (std::uint32_t instance = 0; instance < parents.size(); ++instance)
+    _below[next[parents[instance]]++] = instance;
   for (StoredResult& result : results) KeepResult(std::move(result));
 }
 
@@ -49,8 +51,8 @@ std::optional<std::uint32_t> OpenProduct::FindPart(std::string_view id) const {
 
 protocol::Result<std::uint32_t> OpenProduct::PartIndex(std::string_view id) const {
   if (const auto part = FindPart(id)) return *part;
-  return protocol::Error{protocol::ErrorKind::NotFound, "there is no part " + protocol::Quoted(id) + " in product " +
-                                                            protocol::Quoted(_product.id)};
+  return protocol::Error{protocol::ErrorKind::NotFound, "there is no part " + protocol::Quoted(id) +
+                                                            " in product " + protocol::Quoted(_product.id)};
 }
 
 std::span<const std::uint32_t> OpenProduct::InstancesIn(std::uint32_t part) const {
@@ -60,8 +62,9 @@ std::span<const std::uint32_t> OpenProduct::InstancesIn(std::uint32_t part) cons
 protocol::Result<const ConfigurationFilter*> OpenProduct::FilterNamed(std::string_view name) const {
   for (const ConfigurationFilter& filter : _filters)
     if (filter.name == name) return &filter;
-  return protocol::Error{protocol::ErrorKind::NotFound, "there is no configuration filter " + protocol::Quoted(name) +
-                                                            " in product " + protocol::Quoted(_product.id)};
+  return protocol::Error{protocol::ErrorKind::NotFound, "there is no configuration filter " +
+                                                            protocol::Quoted(name) + " in product " +
+                                                            protocol::Quoted(_product.id)};
 }
 
 const StoredResult* OpenProduct::ResultOf(std::string_view partId) const {

@@ -35,11 +35,13 @@ Result<Selection> Follow(OpenProduct& product, const std::vector<std::string>& p
   Selection selection{&product, product.FindPart(product.Data().roots.front()).value(), Placement{}};
   for (std::size_t i = 0; i < path.size(); ++i) {
     const auto instances = product.InstancesIn(selection.part);
-    const auto found = std::find_if(instances.begin(), instances.end(),
-                                    [&](std::uint32_t instance) { return product.InstanceAt(instance).id == path[i]; });
+    const auto found = std::find_if(instances.begin(), instances.end(), [&](std::uint32_t instance) {
+      return product.InstanceAt(instance).id == path[i];
+    });
     if (found == instances.end())
-      return Error{ErrorKind::NotFound, "element " + std::to_string(i + 1) + " of the instance path: there is no instance " +
-                                            Quoted(path[i]) + " in part " + Quoted(product.PartAt(selection.part).id)};
+      return Error{ErrorKind::NotFound, "element " + std::to_string(i + 1) +
+                                            " of the instance path: there is no instance " + Quoted(path[i]) +
+                                            " in part " + Quoted(product.PartAt(selection.part).id)};
     selection.part = product.ChildOf(*found);
     selection.placement = *selection.placement * product.InstanceAt(*found).placement;
   }
@@ -67,8 +69,8 @@ Result<Selection> Select(Session& session, const protocol::PartDataRequest& requ
   if (part.Value() == selection.Value().part) return selection;
   if (request.instancePath.empty()) return SelectAnywhere(*product.Value(), part.Value());
   return Error{ErrorKind::BadValue, "the instance path leads to part " +
-                                        Quoted(product.Value()->PartAt(selection.Value().part).id) + ", not to " +
-                                        Quoted(request.partId)};
+                                        Quoted(product.Value()->PartAt(selection.Value().part).id) +
+                                        ", not to " + Quoted(request.partId)};
 }
 
 std::vector<double> ToNumbers(const Placement& placement) {
@@ -97,14 +99,17 @@ void AddPrecision(protocol::MassType& type, const std::vector<Precision>& precis
 }
 
 // The computed mass type first, then those of the users.
-std::vector<protocol::MassType> MassTypesOf(const OpenProduct& product, const Part& part, const PartDetails& details) {
+std::vector<protocol::MassType> MassTypesOf(const OpenProduct& product, const Part& part,
+                                            const PartDetails& details) {
   std::vector<protocol::MassType> types;
   const StoredResult* result = product.ResultOf(part.id);
-  const MassTypeData none{.name = std::string(kComputedMassType), .properties = {}, .deviations = {}, .bounds = {}};
+  const MassTypeData none{
+      .name = std::string(kComputedMassType), .properties = {}, .deviations = {}, .bounds = {}};
   types.push_back(ToWire(result != nullptr ? result->computed : none, product.ComputedStatus(part.id)));
   for (const MassTypeData& data : part.massTypes) {
     const bool hasValues = data.properties != MassProperties{};
-    types.push_back(ToWire(data, hasValues ? protocol::MassTypeStatus::Defined : protocol::MassTypeStatus::Undefined));
+    types.push_back(
+        ToWire(data, hasValues ? protocol::MassTypeStatus::Defined : protocol::MassTypeStatus::Undefined));
   }
   for (protocol::MassType& type : types) AddPrecision(type, details.precisions);
   return types;
@@ -125,7 +130,8 @@ std::vector<protocol::MaterialStatistic> MaterialsBelow(const OpenProduct& produ
     const Part& part = product.PartAt(index);
     const bool cad = part.densityPriority == DensityPriority::CadFirst && part.cadDensity;
     const std::string& name = cad || part.material.empty() ? part.cadMaterial : part.material;
-    if (const auto density = EffectiveDensity(part); density && !name.empty()) materials.emplace(name, *density);
+    if (const auto density = EffectiveDensity(part); density && !name.empty())
+      materials.emplace(name, *density);
     for (std::uint32_t instance : product.InstancesIn(index)) next.push_back(product.ChildOf(instance));
   }
   std::vector<protocol::MaterialStatistic> statistics;
@@ -144,7 +150,8 @@ protocol::Material MaterialOf(const OpenProduct& product, std::uint32_t index, c
           .statistics = MaterialsBelow(product, index)};
 }
 
-PartData MakePartData(const Selection& selection, const protocol::PartDataRequest& request, const PartDetails& details) {
+PartData MakePartData(const Selection& selection, const protocol::PartDataRequest& request,
+                      const PartDetails& details) {
   const OpenProduct& product = *selection.product;
   const Part& part = product.PartAt(selection.part);
   PartData data;
@@ -155,7 +162,8 @@ PartData MakePartData(const Selection& selection, const protocol::PartDataReques
   data.hasInstance = true;  // whatever the server tells of is in the PDM
   data.massTypes = MassTypesOf(product, part, details);
   data.computed = data.massTypes.front().status == protocol::MassTypeStatus::Defined;
-  data.persisted = data.massTypes.front().status != protocol::MassTypeStatus::Undefined || !part.massTypes.empty();
+  data.persisted =
+      data.massTypes.front().status != protocol::MassTypeStatus::Undefined || !part.massTypes.empty();
   data.standardPart = part.standardPart;
   data.activeMassType = part.activeMassType;
   if (selection.placement) data.placement = ToNumbers(*selection.placement);
@@ -178,8 +186,10 @@ Result<std::string> GetPartData(Session& session, std::string_view text) {
   const auto selection = Select(session, request.Value());
   if (!selection) return selection.Failure();
   if (filter.Value().kind == protocol::Filter::Kind::Configuration && !filter.Value().LetsAllPass())
-    if (const auto named = selection.Value().product->FilterNamed(filter.Value().name); !named) return named.Failure();
-  const auto details = session.store.LoadDetails(selection.Value().product->PartAt(selection.Value().part).id);
+    if (const auto named = selection.Value().product->FilterNamed(filter.Value().name); !named)
+      return named.Failure();
+  const auto details =
+      session.store.LoadDetails(selection.Value().product->PartAt(selection.Value().part).id);
   if (!details) return details.Failure();
   return protocol::WritePartData(MakePartData(selection.Value(), request.Value(), details.Value()));
 }

@@ -42,8 +42,8 @@ Result<OpenProduct*> ProductCache::Load(const ProductInfo& info) {
   if (!filters) return filters.Failure();
   const std::size_t parts = product.Value().parts.size();
   Report(_progress, "Computing", 0, parts);
-  auto open = std::make_unique<OpenProduct>(std::move(product).Value(), info.state, std::move(results).Value(),
-                                            std::move(filters).Value());
+  auto open = std::make_unique<OpenProduct>(std::move(product).Value(), info.state,
+                                            std::move(results).Value(), std::move(filters).Value());
   Report(_progress, "Computing", parts, parts);
   // A structure that cannot be laid out cannot be walked through either. The import lets none in.
   if (!open->Computation()) return _store.Damage(open->Computation().Failure().message);

@@ -20,12 +20,9 @@ struct Command {
 };
 
 constexpr Command kCommands[] = {
-    {protocol::kCommandComputePart, ComputePart},
-    {protocol::kCommandPendingWarnings, GetPendingWarnings},
-    {protocol::kCommandPartData, GetPartData},
-    {protocol::kCommandProducts, GetProducts},
-    {protocol::kCommandChildren, GetChildren},
-    {protocol::kCommandSearch, SearchTree},
+    {protocol::kCommandComputePart, ComputePart}, {protocol::kCommandPendingWarnings, GetPendingWarnings},
+    {protocol::kCommandPartData, GetPartData},    {protocol::kCommandProducts, GetProducts},
+    {protocol::kCommandChildren, GetChildren},    {protocol::kCommandSearch, SearchTree},
 };
 
 Result<std::string> Handle(Session& session, std::string_view name, std::string_view request) {
@@ -46,7 +43,8 @@ Result<std::string> Server::Execute(std::string_view command, std::string_view r
   try {
     return Handle(*_session, command, request);
   } catch (const std::exception& exception) {
-    return protocol::Error{protocol::ErrorKind::Internal, std::string("the server failed: ") + exception.what()};
+    return protocol::Error{protocol::ErrorKind::Internal,
+                           std::string("the server failed: ") + exception.what()};
   }
 }
 

@@ -26,8 +26,8 @@ int ToInt(std::int64_t count) {
   return static_cast<int>(std::min<std::int64_t>(count, std::numeric_limits<int>::max()));
 }
 
-// The root of a product that is not loaded. Everything that its result depends on is in the product, so that the
-// result is up to date when the product has not changed at all. When it has, only loading could tell.
+// The root of a product that is not loaded. Everything that its result depends on is in the product, so that
+// the result is up to date when the product has not changed at all. When it has, only loading could tell.
 protocol::TreeNode MakeRootNode(const ProductRoot& root, std::int64_t state) {
   protocol::TreeNode node = {.partId = root.part.id,
                              .name = root.part.name,
@@ -53,8 +53,8 @@ protocol::ProductEntry MakeEntry(Session& session, const ProductInfo& info) {
   return entry;
 }
 
-// At most so many bytes of names and identifiers stand in one page: written, a byte takes three at the most, and the
-// numbers beside them the rest of the largest text.
+// At most so many bytes of names and identifiers stand in one page: written, a byte takes three at the most,
+// and the numbers beside them the rest of the largest text.
 constexpr std::size_t kPageBytes = protocol::kMaxTextBytes / 8;
 
 std::size_t BytesOf(const protocol::TreeNode& node) {
@@ -78,7 +78,8 @@ bool AddToPage(std::vector<T>& page, std::size_t& bytes, T entry) {
 
 protocol::Occurrence MakeOccurrence(const OpenProduct& product, const FoundOccurrence& found) {
   protocol::Occurrence occurrence;
-  for (std::uint32_t instance : found.instances) occurrence.instancePath.push_back(product.InstanceAt(instance).id);
+  for (std::uint32_t instance : found.instances)
+    occurrence.instancePath.push_back(product.InstanceAt(instance).id);
   if (found.instances.empty())
     occurrence.node = MakeTreeNode(product, found.root, nullptr);
   else
@@ -121,12 +122,14 @@ Result<std::string> GetChildren(Session& session, std::string_view text) {
 
   const auto instances = product.Value()->InstancesIn(part.Value());
   const auto first = std::min<std::size_t>(static_cast<std::size_t>(request.Value().first), instances.size());
-  const auto count = std::min<std::size_t>(static_cast<std::size_t>(request.Value().limit), instances.size() - first);
+  const auto count =
+      std::min<std::size_t>(static_cast<std::size_t>(request.Value().limit), instances.size() - first);
   protocol::TreeNodes reply{request.Value().partId, ToInt(std::ssize(instances)), request.Value().first, {}};
   std::size_t bytes = 0;
   for (std::uint32_t instance : instances.subspan(first, count))
-    if (!AddToPage(reply.nodes, bytes, MakeTreeNode(*product.Value(), product.Value()->ChildOf(instance),
-                                                    &product.Value()->InstanceAt(instance))))
+    if (!AddToPage(reply.nodes, bytes,
+                   MakeTreeNode(*product.Value(), product.Value()->ChildOf(instance),
+                                &product.Value()->InstanceAt(instance))))
       break;
   return protocol::WriteTreeNodes(reply);
 }
@@ -136,8 +139,8 @@ Result<std::string> SearchTree(Session& session, std::string_view text) {
   if (!request) return request.Failure();
   const auto product = session.products.Open(request.Value().product);
   if (!product) return product.Failure();
-  const auto found =
-      SearchOccurrences(*product.Value(), request.Value().text, static_cast<std::size_t>(request.Value().limit));
+  const auto found = SearchOccurrences(*product.Value(), request.Value().text,
+                                       static_cast<std::size_t>(request.Value().limit));
   protocol::SearchReply reply{found.cut, {}};
   std::size_t bytes = 0;
   for (const FoundOccurrence& hit : found.hits)

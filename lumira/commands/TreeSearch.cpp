@@ -14,7 +14,8 @@ bool Contains(std::string_view text, std::string_view lowerPiece) {
                      [](char a, char b) { return Lower(a) == b; }) != text.end();
 }
 
-// Walks down the tree from a root, but only into parts that have a hit below, so that every step leads to one.
+// Walks down the tree from a root, but only into parts that have a hit below, so that every step leads to
+// one.
 class Walk {
  public:
   using Wanted = std::function<bool(std::uint32_t part, const Instance* instance)>;
@@ -112,7 +113,9 @@ FoundOccurrences SearchOccurrences(const OpenProduct& product, std::string_view 
 }
 
 FoundOccurrences OccurrencesOf(const OpenProduct& product, std::uint32_t part, std::size_t limit) {
-  return Walk(product, [&](std::uint32_t found, const Instance*) { return found == part; }, limit).Run();
+  return Walk(
+             product, [&](std::uint32_t found, const Instance*) { return found == part; }, limit)
+      .Run();
 }
 
 }  // namespace lumira

@@ -19,16 +19,22 @@ using protocol::Severity;
 constexpr WarningText kTexts[] = {
     {WarningKind::WithoutMass, Severity::Warning, "part has no mass data and is left out",
      "parts have no mass data and are left out"},
-    {WarningKind::WithoutCg, Severity::Warning, "part has a mass but no centre of gravity and counts in the mass only",
+    {WarningKind::WithoutCg, Severity::Warning,
+     "part has a mass but no centre of gravity and counts in the mass only",
      "parts have a mass but no centre of gravity and count in the mass only"},
-    {WarningKind::WithoutInertia, Severity::Warning, "part has no inertia of its own and counts as a point mass",
+    {WarningKind::WithoutInertia, Severity::Warning,
+     "part has no inertia of its own and counts as a point mass",
      "parts have no inertia of their own and count as point masses"},
-    {WarningKind::NegativeMass, Severity::Information, "part has a negative mass", "parts have a negative mass"},
-    {WarningKind::ZeroMass, Severity::Warning, "part has a mass of zero, so that there is no centre of gravity",
+    {WarningKind::NegativeMass, Severity::Information, "part has a negative mass",
+     "parts have a negative mass"},
+    {WarningKind::ZeroMass, Severity::Warning,
+     "part has a mass of zero, so that there is no centre of gravity",
      "parts add up to a mass of zero, so that there is no centre of gravity"},
     {WarningKind::WithoutBounds, Severity::Warning,
-     "part has no limits of the mass; in the limits of the total it counts with its standard deviation, if it has one",
-     "parts have no limits of the mass; in the limits of the total they count with their standard deviations, if they "
+     "part has no limits of the mass; in the limits of the total it counts with its standard deviation, if "
+     "it has one",
+     "parts have no limits of the mass; in the limits of the total they count with their standard "
+     "deviations, if they "
      "have any"},
     {WarningKind::ReplacesChildren, Severity::Information,
      "assembly counts with mass data of its own instead of what is below it",
@@ -63,8 +69,7 @@ std::string Examples(const Warning& warning) {
 
 protocol::Warning ToWarning(const Warning& warning) {
   const WarningText& text = TextOf(warning.kind);
-  std::string sentence = Count(warning.occurrences) + " " +
-                         (warning.occurrences == 1 ? text.one : text.many);
+  std::string sentence = Count(warning.occurrences) + " " + (warning.occurrences == 1 ? text.one : text.many);
   if (warning.mass != 0) sentence += ", " + protocol::FormatNumber(warning.mass) + " kg in all";
   return {text.severity, sentence + Examples(warning)};
 }

@@ -43,8 +43,9 @@ struct OwnData {
 
 /// Picks the data of the chosen mass type. A user type counts when it has a mass. Otherwise, when the choice
 /// is the computed type, volume × density of the part's shape: mass, centroid as centre of gravity, density ×
-/// unit inertia, as far as the shape has these. Otherwise nothing is known. Fails (BadValue) on a number that is not finite, and on a
-/// deviation or bound below zero; the message names part, mass type, quantity and value.
+/// unit inertia, as far as the shape has these. Otherwise nothing is known. Fails (BadValue) on a number that
+/// is not finite, and on a deviation or bound below zero; the message names part, mass type, quantity and
+/// value.
 protocol::Result<OwnData> ResolveOwnData(const Part& part, const MassTypeChoice& choice);
 
 }  // namespace lumira

@@ -1,10 +1,10 @@
 #include "lumira/import/CsvTable.h"
 
+#include <csv.h>
+
 #include <algorithm>
 #include <array>
 #include <optional>
-
-#include <csv.h>
 
 #include "protocol/Utf8.h"
 
@@ -15,7 +15,8 @@ using protocol::ErrorKind;
 /// One run over a text. The parser is fed byte by byte, since it does not tell where a row begins.
 class CsvReading {
  public:
-  CsvReading(CsvTable& table, const TableLimits& limits, ImportLog& log) : _table(table), _limits(limits), _log(log) {
+  CsvReading(CsvTable& table, const TableLimits& limits, ImportLog& log)
+      : _table(table), _limits(limits), _log(log) {
     csv_init(&_parser, CSV_STRICT | CSV_STRICT_FINI);
   }
   ~CsvReading() { csv_free(&_parser); }
@@ -28,7 +29,8 @@ class CsvReading {
       const bool lineEnd = text[i] == '\n' || (text[i] == '\r' && text.substr(i + 1, 1) != "\n");
       if (_atRowStart && text[i] != '\n' && text[i] != '\r') StartRow();
       if (csv_parse(&_parser, &text[i], 1, OnCell, OnRowEnd, this) != 1)
-        Fail(_line, "a quote stands inside a cell that does not begin with one, or text follows a closing quote");
+        Fail(_line,
+             "a quote stands inside a cell that does not begin with one, or text follows a closing quote");
       if (lineEnd) ++_line;
     }
     if (!_failed && csv_fini(&_parser, OnCell, OnRowEnd, this) != 0)
@@ -108,18 +110,22 @@ namespace {
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 std::size_t LineAt(std::string_view text, std::size_t byte) {
-  return 1 + static_cast<std::size_t>(std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(byte), '\n'));
+  return 1 + static_cast<std::size_t>(
+                 std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(byte), '\n'));
 }
 
 // Why the text cannot be a table at all.
-std::optional<std::pair<std::size_t, std::string>> FindTextProblem(std::string_view text, const TableLimits& limits) {
+std::optional<std::pair<std::size_t, std::string>> FindTextProblem(std::string_view text,
+                                                                   const TableLimits& limits) {
   if (text.size() > limits.bytes)
-    return {{0, "has " + std::to_string(text.size()) + " bytes, the limit is " + std::to_string(limits.bytes)}};
+    return {
+        {0, "has " + std::to_string(text.size()) + " bytes, the limit is " + std::to_string(limits.bytes)}};
   if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"))
     return {{0, "is encoded as UTF-16; save it as UTF-8"}};
   if (const auto bad = protocol::FindInvalidUtf8(text))
     return {{LineAt(text, *bad), "holds a byte that is not UTF-8; save the file as UTF-8"}};
-  if (const auto zero = text.find('\0'); zero != text.npos) return {{LineAt(text, zero), "holds a zero byte"}};
+  if (const auto zero = text.find('\0'); zero != text.npos)
+    return {{LineAt(text, zero), "holds a zero byte"}};
   return std::nullopt;
 }
 
@@ -145,7 +151,8 @@ CsvTable CsvTable::Read(const TableSource& source, const TableLimits& limits, Im
   }
   const bool read = CsvReading(table, limits, log).Run(text, SeparatorOf(text));
   if (read && table._lines.empty())
-    log.Error({table._name, 0, 0, {}}, "is empty; a header row and at least one row expected", ErrorKind::BadText);
+    log.Error({table._name, 0, 0, {}}, "is empty; a header row and at least one row expected",
+              ErrorKind::BadText);
   else if (read && table.RowCount() == 0)
     log.Error({table._name, table.HeaderLine(), 0, {}}, "no row follows the header", ErrorKind::BadText);
   if (!read) table = CsvTable{};

@@ -15,7 +15,8 @@ namespace lumira {
 class CsvTable {
  public:
   /// Reads comma, semicolon or tab separated text (the header row decides), with quotes, in UTF-8.
-  /// What is wrong goes to the log; then the table is empty. Rows without any content are skipped and counted.
+  /// What is wrong goes to the log; then the table is empty. Rows without any content are skipped and
+  /// counted.
   static CsvTable Read(const TableSource& source, const TableLimits& limits, ImportLog& log);
 
   const std::string& Name() const { return _name; }
@@ -27,7 +28,9 @@ class CsvTable {
   std::size_t HeaderLine() const { return _lines.empty() ? 1 : _lines.front(); }
 
   /// The cell's text without blanks around it; empty when the cell is.
-  std::string_view Cell(std::size_t row, std::size_t column) const { return At((row + 1) * _columns + column); }
+  std::string_view Cell(std::size_t row, std::size_t column) const {
+    return At((row + 1) * _columns + column);
+  }
 
   /// Line of the text in which the row starts, from 1.
   std::size_t Line(std::size_t row) const { return _lines[row + 1]; }

@@ -8,8 +8,8 @@
 
 namespace lumira {
 
-/// Does a piece of work that answers a `protocol::Result`. What is thrown on the way becomes a failure of kind
-/// Internal, so that a want of memory ends with a message and not with the program.
+/// Does a piece of work that answers a `protocol::Result`. What is thrown on the way becomes a failure of
+/// kind Internal, so that a want of memory ends with a message and not with the program.
 template <class Work>
 auto Guarded(Work&& work) -> decltype(work()) {
   using protocol::Error;

@@ -3,7 +3,9 @@
 namespace lumira {
 namespace {
 
-std::string Line(const Place& place, std::string_view text) { return ToText(place).append(": ").append(text); }
+std::string Line(const Place& place, std::string_view text) {
+  return ToText(place).append(": ").append(text);
+}
 
 }  // namespace
 

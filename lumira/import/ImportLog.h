@@ -23,7 +23,8 @@ std::string ToText(const Place& place);
 /// Collects what is wrong with tables, so that a user learns of everything at once.
 class ImportLog {
  public:
-  void Error(const Place& place, std::string_view text, protocol::ErrorKind kind = protocol::ErrorKind::BadValue);
+  void Error(const Place& place, std::string_view text,
+             protocol::ErrorKind kind = protocol::ErrorKind::BadValue);
   void Warning(const Place& place, std::string_view text);
   void LeftOut(const Place& place, std::string_view text);
 

@@ -12,7 +12,6 @@
 #include "lumira/import/StructureTable.h"
 #include "lumira/model/Identifier.h"
 #include "lumira/store/ProductRules.h"
-#include "lumira/store/ProductRules.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
@@ -27,7 +26,8 @@ constexpr std::size_t kListed = 10;
 
 std::string List(const std::vector<std::string>& names) {
   std::string list;
-  for (std::size_t i = 0; i < std::min(names.size(), kListed); ++i) list += (i == 0 ? "" : ", ") + Quoted(names[i]);
+  for (std::size_t i = 0; i < std::min(names.size(), kListed); ++i)
+    list += (i == 0 ? "" : ", ") + Quoted(names[i]);
   return list + (names.size() > kListed ? ", ..." : "");
 }
 
@@ -37,7 +37,8 @@ class Assembly {
   Assembly(const ImportTables& tables, const ImportOptions& options) : _tables(tables), _options(options) {}
 
   Result<ImportedProduct> Run() {
-    if (const auto problem = ProblemOfTheName()) return Error{ErrorKind::BadValue, "name of the product: " + *problem};
+    if (const auto problem = ProblemOfTheName())
+      return Error{ErrorKind::BadValue, "name of the product: " + *problem};
     ReadTables();
     if (_log.HasErrors()) return _log.Failure();
     Report(_options.progress, "Checking the structure", 0, 0);
@@ -74,12 +75,15 @@ class Assembly {
     return _options.product.empty() ? std::nullopt : FindIdentifierProblem(_options.product);
   }
 
-  const std::string& StructureFile() const { return _tables.structure ? _tables.structure->name : _tables.mass.name; }
+  const std::string& StructureFile() const {
+    return _tables.structure ? _tables.structure->name : _tables.mass.name;
+  }
 
   void NameLeftOut(const CsvTable& table, const std::set<std::size_t>& used) {
     for (std::size_t column = 0; column < table.ColumnCount(); ++column)
       if (!used.contains(column))
-        _log.LeftOut({table.Name(), table.HeaderLine(), column + 1, table.Title(column)}, "the column is not known");
+        _log.LeftOut({table.Name(), table.HeaderLine(), column + 1, table.Title(column)},
+                     "the column is not known");
     if (table.BlankRows() > 0)
       _log.LeftOut({table.Name(), 0, 0, {}}, std::to_string(table.BlankRows()) + " blank rows");
   }
@@ -143,13 +147,14 @@ class Assembly {
       if (!_parents.contains(part.id) && part.massTypes.empty() && !(part.geometry && EffectiveDensity(part)))
         empty.push_back(part.id);
     if (!empty.empty())
-      _log.Warning({_massTable.Name(), 0, 0, {}},
-                   std::to_string(empty.size()) + " parts have neither children nor mass data: " + List(empty));
+      _log.Warning(
+          {_massTable.Name(), 0, 0, {}},
+          std::to_string(empty.size()) + " parts have neither children nor mass data: " + List(empty));
   }
 
   Result<ImportedProduct> Finish() {
-    ImportReport report{_product.id,   _product.parts.size(), _product.instances.size(), 0,
-                        _log.LeftOut(), _log.Warnings()};
+    ImportReport report{_product.id, _product.parts.size(), _product.instances.size(),
+                        0,           _log.LeftOut(),        _log.Warnings()};
     for (const Part& part : _product.parts) report.massTypes += part.massTypes.size();
     return ImportedProduct{std::move(_product), std::move(report)};
   }

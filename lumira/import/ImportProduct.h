@@ -18,7 +18,8 @@ enum class UnknownParts { Refuse, LeaveOut };
 enum class ImportMode { Write, DryRun };
 
 struct ImportOptions {
-  std::string product = {};  ///< identifier of the product (lumira/model/Identifier.h); empty: that of the root part
+  std::string product =
+      {};  ///< identifier of the product (lumira/model/Identifier.h); empty: that of the root part
   Existing existing = Existing::Refuse;
   UnknownParts unknownParts = UnknownParts::Refuse;
   ImportMode mode = ImportMode::Write;
@@ -37,13 +38,14 @@ struct ImportedProduct {
   ImportReport report;
 };
 
-/// Reads the tables into a product. On failure the message has one line for each error, with file, line, column
-/// and what was expected; the kind is BadText when a table cannot be read, BadValue otherwise, Internal when there
-/// is not enough memory. The name of the product must be an identifier.
+/// Reads the tables into a product. On failure the message has one line for each error, with file, line,
+/// column and what was expected; the kind is BadText when a table cannot be read, BadValue otherwise,
+/// Internal when there is not enough memory. The name of the product must be an identifier.
 protocol::Result<ImportedProduct> ReadProductTables(const ImportTables& tables, const ImportOptions& options);
 
-/// Reads the tables and adds the product to the store, all of it or nothing. A dry run does everything but write,
-/// and fails where writing would. Also fails as `Store::AddProduct` does.
-protocol::Result<ImportReport> ImportProduct(Store& store, const ImportTables& tables, const ImportOptions& options);
+/// Reads the tables and adds the product to the store, all of it or nothing. A dry run does everything but
+/// write, and fails where writing would. Also fails as `Store::AddProduct` does.
+protocol::Result<ImportReport> ImportProduct(Store& store, const ImportTables& tables,
+                                             const ImportOptions& options);
 
 }  // namespace lumira

@@ -11,9 +11,9 @@ struct ImportReport {
   std::string product;
   std::size_t parts = 0;
   std::size_t instances = 0;
-  std::size_t massTypes = 0;         ///< rows of mass data
-  std::vector<std::string> leftOut;  ///< columns and rows that were not taken, and why
-  std::vector<std::string> warnings; ///< what looks wrong but was taken
+  std::size_t massTypes = 0;          ///< rows of mass data
+  std::vector<std::string> leftOut;   ///< columns and rows that were not taken, and why
+  std::vector<std::string> warnings;  ///< what looks wrong but was taken
 };
 
 }  // namespace lumira

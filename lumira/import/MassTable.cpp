@@ -16,11 +16,32 @@ namespace {
 using protocol::Quoted;
 
 enum Column : std::size_t {
-  PartId, Name, Revision, MassType, Active, Mass, CgX,
-  Ixx = CgX + 3, Products = Ixx + 6, InertiaAbout, AxesTiltX,
-  SdMass = AxesTiltX + 3, SdCgX, SdIxx = SdCgX + 3, Lower = SdIxx + 6, Upper,
-  MaterialName, Density, CadMaterial, CadDensity, Priority, Standard,
-  Volume, CentroidX, ShapeIxx = CentroidX + 3, ColumnCount = ShapeIxx + 6
+  PartId,
+  Name,
+  Revision,
+  MassType,
+  Active,
+  Mass,
+  CgX,
+  Ixx = CgX + 3,
+  Products = Ixx + 6,
+  InertiaAbout,
+  AxesTiltX,
+  SdMass = AxesTiltX + 3,
+  SdCgX,
+  SdIxx = SdCgX + 3,
+  Lower = SdIxx + 6,
+  Upper,
+  MaterialName,
+  Density,
+  CadMaterial,
+  CadDensity,
+  Priority,
+  Standard,
+  Volume,
+  CentroidX,
+  ShapeIxx = CentroidX + 3,
+  ColumnCount = ShapeIxx + 6
 };
 
 constexpr std::array<ColumnRule, ColumnCount> kColumns = {{
@@ -96,10 +117,11 @@ class MassReading {
   void CheckSignColumn() {
     const bool hasProducts = _columns.Has(Ixx + 3) || _columns.Has(Ixx + 4) || _columns.Has(Ixx + 5);
     if (hasProducts && !_columns.Has(Products))
-      _log.Error({_columns.Table().Name(), _columns.Table().HeaderLine(), 0, {}},
-                 "there are products of inertia but no column \"products\" that says their sign: \"-\" for tensor "
-                 "elements, \"+\" for integrals",
-                 protocol::ErrorKind::BadText);
+      _log.Error(
+          {_columns.Table().Name(), _columns.Table().HeaderLine(), 0, {}},
+          "there are products of inertia but no column \"products\" that says their sign: \"-\" for tensor "
+          "elements, \"+\" for integrals",
+          protocol::ErrorKind::BadText);
   }
 
   void ReadRow(std::size_t row) {
@@ -126,8 +148,8 @@ class MassReading {
     SetDensity(row, Density, part.density);
     SetDensity(row, CadDensity, part.cadDensity);
     if (!_columns.Text(row, Priority).empty())
-      part.densityPriority =
-          _columns.Choice(row, Priority, kPriorities) == 0 ? DensityPriority::CadFirst : DensityPriority::WbFirst;
+      part.densityPriority = _columns.Choice(row, Priority, kPriorities) == 0 ? DensityPriority::CadFirst
+                                                                              : DensityPriority::WbFirst;
     part.standardPart |= _columns.Flag(row, Standard);
     if (const auto geometry = ReadGeometry(row)) {
       Set(row, Volume, part.geometry, *geometry);
@@ -146,7 +168,8 @@ class MassReading {
     const std::string text(_columns.Text(row, column));
     if (text.empty()) return;
     if (!member.empty() && member != text)
-      _columns.Error(row, column, Quoted(text) + " differs from " + Quoted(member) + " on another row of the same part");
+      _columns.Error(row, column,
+                     Quoted(text) + " differs from " + Quoted(member) + " on another row of the same part");
     member = text;
   }
 
@@ -163,7 +186,8 @@ class MassReading {
     const auto inertia = ReadTensor(row, ShapeIxx);
     if (!volume) {
       if (centroid) _columns.LeftOut(row, CentroidX, "there is no volume, the centroid is left out");
-      if (inertia) _columns.LeftOut(row, ShapeIxx, "there is no volume, the inertia of the shape is left out");
+      if (inertia)
+        _columns.LeftOut(row, ShapeIxx, "there is no volume, the inertia of the shape is left out");
       return std::nullopt;
     }
     if (*volume < 0) _columns.Error(row, Volume, "a volume may not be negative");
@@ -202,25 +226,30 @@ class MassReading {
       numbers[i] = number.value_or(0);
     }
     if (given != 0 && given != N)
-      _columns.RowError(row, "only " + std::to_string(given) + " of the " + std::to_string(N) + " numbers of the " +
-                                 what + " (from " + std::string(kColumns[first].name) + " on) are given");
+      _columns.RowError(row, "only " + std::to_string(given) + " of the " + std::to_string(N) +
+                                 " numbers of the " + what + " (from " + std::string(kColumns[first].name) +
+                                 " on) are given");
     return read == N ? std::optional(numbers) : std::nullopt;
   }
 
   void ReadMassType(std::size_t row, Part& part) {
-    MassTypeData type{.name = MassTypeName(row), .properties = {}, .deviations = {}, .bounds = ReadBounds(row)};
+    MassTypeData type{
+        .name = MassTypeName(row), .properties = {}, .deviations = {}, .bounds = ReadBounds(row)};
     type.properties.mass = _columns.Number(row, Mass);
     type.properties.cg = ReadVector(row, CgX);
     type.deviations = ReadDeviations(row);
     type.properties.inertia = ReadInertia(row, type);
-    const bool isEmpty = type.properties == MassProperties{} && !type.bounds && type.deviations == Deviations{};
+    const bool isEmpty =
+        type.properties == MassProperties{} && !type.bounds && type.deviations == Deviations{};
     // A row may be there for the part's material or shape alone.
     if (isEmpty && _columns.Text(row, MassType).empty()) {
-      if (_columns.Flag(row, Active)) _columns.LeftOut(row, Active, "the row has no mass data that could be active");
+      if (_columns.Flag(row, Active))
+        _columns.LeftOut(row, Active, "the row has no mass data that could be active");
       return;
     }
     if (FindMassType(part, type.name))
-      return _columns.RowError(row, "part " + Quoted(part.id) + " has the mass type " + Quoted(type.name) + " twice");
+      return _columns.RowError(
+          row, "part " + Quoted(part.id) + " has the mass type " + Quoted(type.name) + " twice");
     CheckPhysics(row, part.id, type.properties);
     if (_columns.Flag(row, Active)) MarkActive(row, part, type.name);
     ++_result.massTypes;
@@ -237,8 +266,9 @@ class MassReading {
 
   void MarkActive(std::size_t row, Part& part, const std::string& type) {
     if (part.activeMassType != kComputedMassType)
-      _columns.Error(row, Active, "part " + Quoted(part.id) + " has an active mass type already, " +
-                                      Quoted(part.activeMassType));
+      _columns.Error(
+          row, Active,
+          "part " + Quoted(part.id) + " has an active mass type already, " + Quoted(part.activeMassType));
     part.activeMassType = type;
   }
 
@@ -267,7 +297,8 @@ class MassReading {
     const Vec3 tilts = ReadTilts(_columns, row, AxesTiltX);
     const bool aboutOrigin = _columns.Choice(row, InertiaAbout, kInertiaPoints) == 1;
     if ((tilts != Vec3{} || aboutOrigin) && type.deviations.inertia != InertiaTensor{})
-      _columns.RowError(row, "standard deviations of inertia can only be given with inertia about the cg in part axes");
+      _columns.RowError(
+          row, "standard deviations of inertia can only be given with inertia about the cg in part axes");
     inertia = Rotated(*inertia, RotationFromTilts(tilts));
     if (!aboutOrigin) return inertia;
     if (type.properties.mass && type.properties.cg)
@@ -302,9 +333,9 @@ class MassReading {
     return {r(0), r(1), r(2), r(3), r(4), r(5)};
   }
 
-  // A shift from the origin takes a difference of large figures, whose rounding then shows. With the mass m ± dm and
-  // each coordinate c ± dc, an element of the shift is off by no more than its amount at m + dm and c + dc less its
-  // amount at m and c.
+  // A shift from the origin takes a difference of large figures, whose rounding then shows. With the mass m ±
+  // dm and each coordinate c ± dc, an element of the shift is off by no more than its amount at m + dm and c
+  // + dc less its amount at m and c.
   InertiaTensor ShiftRounding(std::size_t row, double mass, const Vec3& cg) const {
     const auto amount = [](double m, const Vec3& c) { return m * WithProductsNegated(PointInertia(c)); };
     const auto r = [&](std::size_t i) { return _columns.Rounding(row, CgX + i); };

@@ -23,9 +23,9 @@ struct MassRows {
   std::set<std::size_t> usedColumns;  ///< positions in the table
 };
 
-/// Reads the parts with their mass types. A row is one mass type of a part; what belongs to the part itself (name,
-/// material, shape) may stand on any of its rows, but not differently on two. A part has the computed mass type
-/// active unless a row says otherwise. A table without a needed column has no parts.
+/// Reads the parts with their mass types. A row is one mass type of a part; what belongs to the part itself
+/// (name, material, shape) may stand on any of its rows, but not differently on two. A part has the computed
+/// mass type active unless a row says otherwise. A table without a needed column has no parts.
 MassRows ReadMassTable(const CsvTable& table, ImportLog& log, const Progress& progress = {});
 
 }  // namespace lumira

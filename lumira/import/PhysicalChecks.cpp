@@ -25,8 +25,9 @@ void Turn(Matrix& a, std::size_t p, std::size_t q, std::size_t r) {
   a[r][q] = a[q][r] = s * arp + c * arq;
 }
 
-// Eigenvalues, ascending, by Jacobi's method: exact to the last places even where two of them are equal, as those
-// of every body of revolution are (G. H. Golub and C. F. Van Loan, Matrix Computations, section on Jacobi methods).
+// Eigenvalues, ascending, by Jacobi's method: exact to the last places even where two of them are equal, as
+// those of every body of revolution are (G. H. Golub and C. F. Van Loan, Matrix Computations, section on
+// Jacobi methods).
 std::array<double, 3> PrincipalMoments(const InertiaTensor& t) {
   constexpr int kSweeps = 12;  // it converges quadratically; 3x3 matrices take four or five
   Matrix a = {{{t.xx, t.xy, t.xz}, {t.xy, t.yy, t.yz}, {t.xz, t.yz, t.zz}}};
@@ -40,8 +41,8 @@ std::array<double, 3> PrincipalMoments(const InertiaTensor& t) {
   return moments;
 }
 
-// How far eigenvalues can move when the elements of the matrix are off by these amounts: no further than the norm
-// of what is added (Weyl), here the largest sum of a row.
+// How far eigenvalues can move when the elements of the matrix are off by these amounts: no further than the
+// norm of what is added (Weyl), here the largest sum of a row.
 double MovedBy(const InertiaTensor& e) {
   return std::max({e.xx + e.xy + e.xz, e.xy + e.yy + e.yz, e.xz + e.yz + e.zz});
 }
@@ -58,15 +59,17 @@ void CheckMoments(const InertiaTensor& inertia, const InertiaTensor& rounding, c
   const auto moments = PrincipalMoments(inertia);
   const double tolerance = MovedBy(rounding) + 1e-12 * std::abs(moments[2]);  // and the arithmetic above
   if (moments[0] < -tolerance)
-    problems.push_back("the inertia is not positive: its principal moments are " + MomentsText(moments, unit));
+    problems.push_back("the inertia is not positive: its principal moments are " +
+                       MomentsText(moments, unit));
   else if (moments[0] + moments[1] < moments[2] - 3 * tolerance)
-    problems.push_back("the principal moments of inertia break the triangle inequality: " + MomentsText(moments, unit) +
-                       "; no body has these");
+    problems.push_back("the principal moments of inertia break the triangle inequality: " +
+                       MomentsText(moments, unit) + "; no body has these");
 }
 
 }  // namespace
 
-std::vector<std::string> FindPhysicalProblems(const MassProperties& properties, const InertiaTensor& rounding) {
+std::vector<std::string> FindPhysicalProblems(const MassProperties& properties,
+                                              const InertiaTensor& rounding) {
   std::vector<std::string> problems;
   const auto& [mass, cg, inertia] = properties;
   if (!inertia || IsZero(*inertia)) return problems;

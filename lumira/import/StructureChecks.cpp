@@ -57,11 +57,13 @@ class CycleSearch {
   }
 
   void ReportCycle(const InstanceRow& row) {
-    const auto first = std::find_if(_way.begin(), _way.end(), [&](auto& s) { return s.part == row.instance.child; });
+    const auto first =
+        std::find_if(_way.begin(), _way.end(), [&](auto& s) { return s.part == row.instance.child; });
     std::string chain;
     for (auto step = first; step != _way.end(); ++step) chain += step->part + " > ";
     _log.Error({_file, row.line, 0, {}},
-               "part " + protocol::Quoted(row.instance.child) + " would contain itself: " + chain + row.instance.child,
+               "part " + protocol::Quoted(row.instance.child) + " would contain itself: " + chain +
+                   row.instance.child,
                protocol::ErrorKind::Conflict);
   }
 

@@ -8,8 +8,8 @@
 
 namespace lumira {
 
-/// Reports every part that would contain itself, with the chain of parts and the line of an instance that closes
-/// it. `file` names the table in messages.
+/// Reports every part that would contain itself, with the chain of parts and the line of an instance that
+/// closes it. `file` names the table in messages.
 void CheckCycles(const std::vector<InstanceRow>& rows, const std::string& file, ImportLog& log);
 
 /// The parts that are no child of another, in the order in which the rows first name them.

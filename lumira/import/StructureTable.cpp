@@ -14,7 +14,19 @@ namespace {
 
 using protocol::Quoted;
 
-enum Column : std::size_t { Parent, Child, InstanceId, Quantity_, X, Y, Z, R11, TiltX = R11 + 9, TiltY, TiltZ };
+enum Column : std::size_t {
+  Parent,
+  Child,
+  InstanceId,
+  Quantity_,
+  X,
+  Y,
+  Z,
+  R11,
+  TiltX = R11 + 9,
+  TiltY,
+  TiltZ
+};
 
 constexpr std::array kOwnTable = {
     ColumnRule{"parent", Quantity::Text, Presence::Required},
@@ -38,8 +50,8 @@ constexpr std::array kOwnTable = {
     ColumnRule{"tilt z", Quantity::Angle},
 };
 
-// The same columns, but the part of the row is the child and the parent may be absent. That a part is missing is for
-// the reading of the mass data to say.
+// The same columns, but the part of the row is the child and the parent may be absent. That a part is missing
+// is for the reading of the mass data to say.
 constexpr auto kInMassTable = [] {
   auto rules = kOwnTable;
   rules[Parent].presence = Presence::Optional;
@@ -82,8 +94,9 @@ class StructureReading {
   void CheckIsNew(std::size_t row, const std::string& id) {
     const auto [known, isNew] = _ids.emplace(id, _columns.Table().Line(row));
     if (!isNew && !id.empty())
-      _columns.Error(row, InstanceId, Quoted(id) + " is the instance of line " + std::to_string(known->second) +
-                                          " already; instances are unique in a product");
+      _columns.Error(row, InstanceId,
+                     Quoted(id) + " is the instance of line " + std::to_string(known->second) +
+                         " already; instances are unique in a product");
   }
 
   Vec3 ReadTranslation(std::size_t row) {
@@ -99,7 +112,8 @@ class StructureReading {
     if (coefficients == 0) return RotationFromTilts(ReadTilts(_columns, row, TiltX));
     if (hasTilts) return Refuse(row, "the rotation is given twice, by r11 to r33 and by tilts");
     if (coefficients < 9)
-      return Refuse(row, "only " + std::to_string(coefficients) + " of the nine coefficients r11 to r33 are given");
+      return Refuse(
+          row, "only " + std::to_string(coefficients) + " of the nine coefficients r11 to r33 are given");
     return ReadCoefficients(row);
   }
 
@@ -143,7 +157,8 @@ class StructureReading {
 
 }  // namespace
 
-StructureRows ReadStructure(const CsvTable& table, StructureForm form, ImportLog& log, const Progress& progress) {
+StructureRows ReadStructure(const CsvTable& table, StructureForm form, ImportLog& log,
+                            const Progress& progress) {
   return StructureReading(table, form, log).Run(progress);
 }
 

@@ -17,8 +17,8 @@ struct InstanceRow {
   std::size_t line = 0;
 };
 
-/// Which table holds the structure: one of its own, with a "child" column, or the mass table, where a row with a
-/// parent places its part.
+/// Which table holds the structure: one of its own, with a "child" column, or the mass table, where a row
+/// with a parent places its part.
 enum class StructureForm { OwnTable, InMassTable };
 
 struct StructureRows {
@@ -27,8 +27,10 @@ struct StructureRows {
   bool hasParentColumn = false;
 };
 
-/// Reads the instances: parent, child, instance, quantity, translation, and a rotation as nine coefficients or as
-/// three tilts. A table without a needed column has no rows. Instances without an identifier get one: the child, a dot and a number.
-StructureRows ReadStructure(const CsvTable& table, StructureForm form, ImportLog& log, const Progress& progress = {});
+/// Reads the instances: parent, child, instance, quantity, translation, and a rotation as nine coefficients
+/// or as three tilts. A table without a needed column has no rows. Instances without an identifier get one:
+/// the child, a dot and a number.
+StructureRows ReadStructure(const CsvTable& table, StructureForm form, ImportLog& log,
+                            const Progress& progress = {});
 
 }  // namespace lumira

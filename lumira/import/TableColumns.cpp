@@ -47,18 +47,20 @@ bool IsTooSmall(std::string_view text) {
   const char* const end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, wide);
   if (stop != end || error == std::errc::invalid_argument) return false;
-  if (error == std::errc::result_out_of_range) return text.find("e-") != text.npos || text.find("E-") != text.npos;
+  if (error == std::errc::result_out_of_range)
+    return text.find("e-") != text.npos || text.find("E-") != text.npos;
   return std::abs(wide) < 1;
 }
 
 std::string NotANumber(std::string_view text) {
-  if (IsTooSmall(WithoutPlus(text))) return Quoted(text) + " is too small; the least number above 0 is about 5e-324";
+  if (IsTooSmall(WithoutPlus(text)))
+    return Quoted(text) + " is too small; the least number above 0 is about 5e-324";
   const bool comma = text.find(',') != text.npos;
   return Quoted(text) + " is not a finite number" + (comma ? "; a decimal point expected" : "");
 }
 
-// A full turn, rounded up so that 360 deg and its usual roundings in rad pass. More is most often a slip, and the sine
-// of a huge angle is noise.
+// A full turn, rounded up so that 360 deg and its usual roundings in rad pass. More is most often a slip, and
+// the sine of a huge angle is noise.
 constexpr double kMaxAngle = 6.2832;  // rad
 
 }  // namespace
@@ -85,8 +87,8 @@ void TableColumns::Find(std::size_t rule) {
     }
   }
   if (!_columns[rule] && wanted.presence == Presence::Required && _table.ColumnCount() > 0)
-    _log.Error({_table.Name(), _table.HeaderLine(), 0, {}},
-               "there is no column " + Quoted(wanted.name), ErrorKind::BadText);
+    _log.Error({_table.Name(), _table.HeaderLine(), 0, {}}, "there is no column " + Quoted(wanted.name),
+               ErrorKind::BadText);
 }
 
 bool TableColumns::HasRequired() const {
@@ -186,7 +188,9 @@ double TableColumns::Rounding(std::size_t row, std::size_t column) const {
   if (protocol::ParseNumber(text).value_or(0) == 0) return 0;
   const std::size_t exponentAt = text.find_first_of("eE");
   const std::size_t point = text.find('.');
-  const auto exponent = exponentAt == text.npos ? 0 : protocol::ParseInteger(WithoutPlus(text.substr(exponentAt + 1))).value_or(0);
+  const auto exponent = exponentAt == text.npos
+                            ? 0
+                            : protocol::ParseInteger(WithoutPlus(text.substr(exponentAt + 1))).value_or(0);
   const std::size_t digitsEnd = std::min(exponentAt, text.size());
   const auto decimals = point == text.npos ? 0 : static_cast<long long>(digitsEnd - point - 1);
   return 0.5 * std::pow(10.0, static_cast<double>(exponent - decimals)) * _columns[column]->si;

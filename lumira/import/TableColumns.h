@@ -51,7 +51,8 @@ class TableColumns {
   /// An identifier (lumira/model/Identifier.h). None after an error.
   std::optional<std::string> Identifier(std::size_t row, std::size_t column) const;
 
-  /// The number in SI units; none for an empty cell and after an error. An angle is at most a full turn either way.
+  /// The number in SI units; none for an empty cell and after an error. An angle is at most a full turn
+  /// either way.
   std::optional<double> Number(std::size_t row, std::size_t column) const;
 
   /// A whole number of 1 or more; 1 for an empty cell.

@@ -14,7 +14,8 @@ inline Vec3 ReadTilts(const TableColumns& columns, std::size_t row, std::size_t 
   return {at(0), at(1), at(2)};
 }
 
-/// Turns about the fixed axes of the parent, right-handed: first about x, then about y, then about z (radians).
+/// Turns about the fixed axes of the parent, right-handed: first about x, then about y, then about z
+/// (radians).
 inline Rotation RotationFromTilts(const Vec3& tilts) {
   const double cx = std::cos(tilts.x), sx = std::sin(tilts.x);
   const double cz = std::cos(tilts.z), sz = std::sin(tilts.z);

@@ -35,8 +35,8 @@ constexpr Unit kUnits[] = {
     {Quantity::Inertia, "g cm2", 1e-7},
     {Quantity::Inertia, "t m2", 1e3},
     {Quantity::Inertia, "t mm2", 1e-3},
-    {Quantity::Inertia, "lb in2", kPound * kInch * kInch},
-    {Quantity::Inertia, "lb ft2", kPound * kFoot * kFoot},
+    {Quantity::Inertia, "lb in2", kPound* kInch* kInch},
+    {Quantity::Inertia, "lb ft2", kPound* kFoot* kFoot},
     {Quantity::Angle, "rad", 1},
     {Quantity::Angle, "deg", std::numbers::pi / 180},
     {Quantity::Density, "kg/m3", 1},
@@ -51,7 +51,7 @@ constexpr Unit kUnits[] = {
     {Quantity::Volume, "ft3", Cube(kFoot)},
     {Quantity::ShapeInertia, "m5", 1},
     {Quantity::ShapeInertia, "mm5", 1e-15},
-    {Quantity::ShapeInertia, "in5", Cube(kInch) * kInch * kInch},
+    {Quantity::ShapeInertia, "in5", Cube(kInch) * kInch* kInch},
 };
 
 constexpr std::pair<std::string_view, std::string_view> kSpellings[] = {

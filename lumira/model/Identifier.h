@@ -13,8 +13,8 @@ namespace lumira {
 /// Longest identifier of a product, part, instance or mass type, bytes.
 inline constexpr std::size_t kMaxIdentifierBytes = 255;
 
-/// Why a text cannot be an identifier, as the end of a sentence that may follow a place; none when it can: 1 to 255
-/// bytes of UTF-8 without "|" and control characters.
+/// Why a text cannot be an identifier, as the end of a sentence that may follow a place; none when it can: 1
+/// to 255 bytes of UTF-8 without "|" and control characters.
 inline std::optional<std::string> FindIdentifierProblem(std::string_view text) {
   using protocol::Quoted;
   const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; };

@@ -47,7 +47,12 @@ constexpr InertiaTensor WithProductsNegated(const InertiaTensor& a) {
 
 /// The tensor of a point mass of 1 kg at `d` (m) about the origin: d²E - ddᵀ, m².
 constexpr InertiaTensor PointInertia(const Vec3& d) {
-  return {d.y * d.y + d.z * d.z, d.x * d.x + d.z * d.z, d.x * d.x + d.y * d.y, -d.x * d.y, -d.x * d.z, -d.y * d.z};
+  return {d.y * d.y + d.z * d.z,
+          d.x * d.x + d.z * d.z,
+          d.x * d.x + d.y * d.y,
+          -d.x * d.y,
+          -d.x * d.z,
+          -d.y * d.z};
 }
 
 /// Parallel axes (Steiner): from the tensor about the own centre of gravity to the one about a point from

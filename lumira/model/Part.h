@@ -21,8 +21,8 @@ struct Part {
   std::string revision;
   std::string name;
 
-  std::vector<MassTypeData> massTypes;                      ///< user mass types; names are unique in the part
-  std::string activeMassType{kComputedMassType};            ///< `kComputedMassType` or one of `massTypes`
+  std::vector<MassTypeData> massTypes;            ///< user mass types; names are unique in the part
+  std::string activeMassType{kComputedMassType};  ///< `kComputedMassType` or one of `massTypes`
 
   std::string material;              ///< weight-and-balance material
   std::optional<double> density;     ///< weight-and-balance density, kg/m³

@@ -13,7 +13,9 @@ namespace lumira {
 struct Rotation {
   std::array<double, 9> m = {1.0, 0.0, 0.0, 0.0, 1.0, 0.0, 0.0, 0.0, 1.0};
 
-  constexpr double operator()(int row, int column) const { return m[static_cast<std::size_t>(3 * row + column)]; }
+  constexpr double operator()(int row, int column) const {
+    return m[static_cast<std::size_t>(3 * row + column)];
+  }
   friend bool operator==(const Rotation&, const Rotation&) = default;
 };
 

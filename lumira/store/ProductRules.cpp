@@ -66,9 +66,9 @@ Result<void> CheckDepth(const Product& product) {
     const std::uint32_t part = next.back();
     next.pop_back();
     if (depths[part] > protocol::kMaxPathDepth)
-      return Error{ErrorKind::BadValue, "part " + Quoted(product.parts[part].id) + " stands " +
-                                            std::to_string(depths[part]) + " levels below the top, the limit is " +
-                                            std::to_string(protocol::kMaxPathDepth)};
+      return Error{ErrorKind::BadValue,
+                   "part " + Quoted(product.parts[part].id) + " stands " + std::to_string(depths[part]) +
+                       " levels below the top, the limit is " + std::to_string(protocol::kMaxPathDepth)};
     for (const std::uint32_t child : structure.children[part]) {
       depths[child] = std::max(depths[child], depths[part] + 1);
       if (--structure.parentCounts[child] == 0) next.push_back(child);

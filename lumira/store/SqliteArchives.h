@@ -1,5 +1,7 @@
 #pragma once
 
+#include <SQLiteCpp/SQLiteCpp.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -8,8 +10,6 @@
 #include <type_traits>
 #include <utility>
 #include <vector>
-
-#include <SQLiteCpp/SQLiteCpp.h>
 
 #include "lumira/model/Geometry.h"
 #include "lumira/model/MassBounds.h"
@@ -54,9 +54,9 @@ struct Spread<MassBounds> {
 
 template <>
 struct Spread<Geometry> {
-  static constexpr std::array kSuffixes = {"volume",          "centroid_x",      "centroid_y",      "centroid_z",
-                                           "unit_inertia_xx", "unit_inertia_yy", "unit_inertia_zz", "unit_inertia_xy",
-                                           "unit_inertia_xz", "unit_inertia_yz"};
+  static constexpr std::array kSuffixes = {
+      "volume",          "centroid_x",      "centroid_y",      "centroid_z",      "unit_inertia_xx",
+      "unit_inertia_yy", "unit_inertia_zz", "unit_inertia_xy", "unit_inertia_xz", "unit_inertia_yz"};
   using Numbers = std::array<std::optional<double>, 10>;  // none: NULL
 
   static Numbers Out(const Geometry& g) {
@@ -69,14 +69,16 @@ struct Spread<Geometry> {
     Geometry geometry{n[0].value_or(0), {}, {}};
     if (n[1] && n[2] && n[3]) geometry.centroid = Vec3{*n[1], *n[2], *n[3]};
     if (n[4] && n[5] && n[6])
-      geometry.unitInertia = InertiaTensor{*n[4],           *n[5],           *n[6],
-                                           n[7].value_or(0), n[8].value_or(0), n[9].value_or(0)};
+      geometry.unitInertia =
+          InertiaTensor{*n[4], *n[5], *n[6], n[7].value_or(0), n[8].value_or(0), n[9].value_or(0)};
     return geometry;
   }
 };
 
 template <class T>
-concept Spreadable = requires { Spread<T>::kSuffixes; };
+concept Spreadable = requires {
+  Spread<T>::kSuffixes;
+};
 
 template <class T>
 struct IsOptional : std::false_type {};
@@ -154,8 +156,8 @@ class Binder {
 [[noreturn]] inline void RefuseColumn(SQLite::Statement& row, int column, const std::string& value,
                                       const char* reason) {
   throw DamagedContent("row " + std::string(row.getColumnName(0)) + " = " +
-                       protocol::Quoted(row.getColumn(0).getString()) + ", column " + row.getColumnName(column) +
-                       ": " + value + " " + reason);
+                       protocol::Quoted(row.getColumn(0).getString()) + ", column " +
+                       row.getColumnName(column) + ": " + value + " " + reason);
 }
 
 /// A text of the current row, which is UTF-8.

@@ -1,17 +1,17 @@
 #pragma once
 
+#include <SQLiteCpp/SQLiteCpp.h>
+
 #include <stdexcept>
 #include <string>
 #include <utility>
-
-#include <SQLiteCpp/SQLiteCpp.h>
 
 #include "protocol/Result.h"
 
 namespace lumira {
 
-/// Content that our tables never hold: the file was damaged or written by somebody else. Thrown while rows are
-/// read; `Guarded` makes a Storage error of it.
+/// Content that our tables never hold: the file was damaged or written by somebody else. Thrown while rows
+/// are read; `Guarded` makes a Storage error of it.
 class DamagedContent : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

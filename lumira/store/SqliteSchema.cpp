@@ -107,7 +107,7 @@ std::string SchemaProblem(SQLite::Database& database) {
   if (version > kSchemaVersion)
     return "the file was written by a newer version (tables of version " + std::to_string(version) +
            ", this program knows " + std::to_string(kSchemaVersion) + ")";
-  if (version < kSchemaVersion) 
+  if (version < kSchemaVersion)
     return "the file has tables of version " + std::to_string(version) + ", this program reads version " +
            std::to_string(kSchemaVersion) + "; import the product anew";
   return {};

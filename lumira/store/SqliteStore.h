@@ -1,20 +1,77 @@
 #pragma once
 
-#include <memory>
-#include <string>
+#include <SQLiteCpp/SQLiteCpp.h>
 
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "lumira/store/SqliteErrors.h"
 #include "lumira/store/Store.h"
 
 namespace lumira {
 
-/// How long to wait for another program that holds the file, milliseconds.
-inline constexpr int kLockPatience = 2'000;
+/// The store in an SQLite file, one thread at a time. Only files of this folder include this header.
+class SqliteStore final : public Store {
+ public:
+  /// Takes a database that has passed all checks.
+  SqliteStore(std::string file, SQLite::Database database)
+      : _file(std::move(file)), _db(std::move(database)) {}
 
-/// Makes a new, empty store in an SQLite file. Conflict when the file exists; Storage when it cannot be made.
-protocol::Result<std::unique_ptr<Store>> CreateSqliteStore(const std::string& file, int lockPatience = kLockPatience);
+  protocol::Result<std::vector<ProductInfo>> Products() override;
+  protocol::Result<std::string> ProductOfPart(std::string_view partId) override;
+  protocol::Result<Product> LoadProduct(std::string_view productId, const Progress& progress) override;
+  protocol::Result<ProductRoot> LoadRoot(std::string_view productId) override;
+  protocol::Error Damage(const std::string& what) const override { return DamageError(_file, what); }
+  protocol::Result<void> AddProduct(const Product& product, Existing existing) override;
+  protocol::Result<void> UpdatePart(const Part& part) override;
+  protocol::Result<PartDetails> LoadDetails(std::string_view partId) override;
+  protocol::Result<void> SaveDetails(std::string_view partId, const PartDetails& details) override;
+  protocol::Result<std::vector<StoredResult>> LoadResults(std::string_view productId) override;
+  protocol::Result<void> SaveResults(const std::vector<StoredResult>& results) override;
+  protocol::Result<std::vector<ConfigurationFilter>> LoadFilters(std::string_view productId) override;
+  protocol::Result<void> SaveFilter(std::string_view productId, const ConfigurationFilter& filter) override;
 
-/// Opens a store for reading and writing. NotFound when there is no such file; Storage when it is damaged, not one
-/// of ours, read-only, locked, or written by a newer version. The file is not touched then.
-protocol::Result<std::unique_ptr<Store>> OpenSqliteStore(const std::string& file, int lockPatience = kLockPatience);
+ private:
+  // Runs the work in one transaction that is committed when it succeeds. The lock for writing is taken at
+  // once, so that what the work reads first cannot change before it writes.
+  template <class Work>
+  protocol::Result<void> Write(Work&& work) {
+    return Guarded(_file, [&]() -> protocol::Result<void> {
+      SQLite::Transaction transaction(_db, SQLite::TransactionBehavior::IMMEDIATE);
+      protocol::Result<void> done = work();
+      if (done) transaction.commit();
+      return done;
+    });
+  }
+
+  // Runs the work on one state of the database, whatever others write meanwhile.
+  template <class Work>
+  auto Read(Work&& work) -> decltype(work()) {
+    return Guarded(_file, [&]() -> decltype(work()) {
+      SQLite::Transaction snapshot(_db);
+      return work();
+    });
+  }
+
+  std::optional<std::int64_t> Key(const char* sql, std::string_view id);
+  protocol::Result<std::int64_t> ProductKey(std::string_view productId);
+  protocol::Result<std::int64_t> PartKey(std::string_view partId);
+  std::size_t RowCount(std::int64_t productKey);
+  protocol::Result<void> CheckPartsAreFree(const Product& product);
+  std::int64_t InsertProduct(const Product& product, std::int64_t state);
+  void InsertParts(const Product& product, std::int64_t key);
+  void InsertInstances(const Product& product, std::int64_t key);
+  void LoadMassTypes(std::int64_t productKey, std::vector<Part>& parts,
+                     const std::unordered_map<std::int64_t, std::size_t>& indices);
+  std::vector<std::string> Roots(std::int64_t productKey);
+  protocol::Result<void> CheckCounts(std::int64_t productKey, const Product& product);
+
+  std::string _file;
+  SQLite::Database _db;
+};
 
 }  // namespace lumira

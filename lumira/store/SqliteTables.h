@@ -1,11 +1,11 @@
 #pragma once
 
+#include <SQLiteCpp/SQLiteCpp.h>
+
 #include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include <SQLiteCpp/SQLiteCpp.h>
 
 #include "lumira/store/SqliteArchives.h"
 
@@ -39,7 +39,8 @@ std::string InsertSql(const std::string& table, std::vector<std::string> leading
 template <class T>
 std::string UpdateSql(const std::string& table, const std::string& where) {
   std::string assignments;
-  for (const std::string& name : ColumnsOf<T>()) assignments += (assignments.empty() ? "" : ", ") + name + " = ?";
+  for (const std::string& name : ColumnsOf<T>())
+    assignments += (assignments.empty() ? "" : ", ") + name + " = ?";
   return "UPDATE " + table + " SET " + assignments + " " + where;
 }
 
@@ -52,7 +53,8 @@ std::string SelectSql(const std::string& leading, const std::string& table, cons
   return "SELECT " + columns + " FROM " + table + " " + where;
 }
 
-/// Binds the members of `x` from parameter `first` on, runs the statement and leaves it ready for the next row.
+/// Binds the members of `x` from parameter `first` on, runs the statement and leaves it ready for the next
+/// row.
 template <class T>
 void InsertRow(SQLite::Statement& statement, int first, const T& x) {
   Binder binder(statement, first);
@@ -88,7 +90,8 @@ void WriteRows(SQLite::Statement& insert, std::int64_t part, const std::vector<T
 }
 
 template <class T>
-void WriteRows(SQLite::Database& database, const std::string& table, std::int64_t part, const std::vector<T>& list) {
+void WriteRows(SQLite::Database& database, const std::string& table, std::int64_t part,
+               const std::vector<T>& list) {
   SQLite::Statement insert(database, InsertListSql<T>(table));
   WriteRows(insert, part, list);
 }
@@ -110,8 +113,8 @@ inline void DeleteRows(SQLite::Database& database, const std::string& table, std
 
 /// Writes a list whose rows are an owner, a position and what `bindEntry` binds.
 template <class T, class BindEntry>
-void WriteList(SQLite::Database& database, const std::string& sql, std::int64_t owner, const std::vector<T>& list,
-               BindEntry bindEntry) {
+void WriteList(SQLite::Database& database, const std::string& sql, std::int64_t owner,
+               const std::vector<T>& list, BindEntry bindEntry) {
   SQLite::Statement insert(database, sql);
   std::int64_t position = 0;
   for (const T& entry : list) {

@@ -29,7 +29,8 @@ struct ProductInfo {
 struct ProductRoot {
   Part part;
   bool hasChildren = false;
-  std::optional<StoredResult> result;  ///< of the root, up to date or not; surely up to date at the same state
+  std::optional<StoredResult>
+      result;  ///< of the root, up to date or not; surely up to date at the same state
 };
 
 /// What to do with a product that is stored already.
@@ -38,10 +39,10 @@ enum class Existing { Refuse, Replace };
 /// Keeps products, their weight-and-balance data and computed results. Part identifiers are unique in the
 /// whole store, so that a part alone tells its product.
 ///
-/// Each writing operation is one transaction: when it answers success the data is on the disk, when it answers
-/// a failure nothing has changed. Failures: Storage when the medium refuses (damaged, read-only, locked, full;
-/// the message names the file and the reason), NotFound for an unknown product or part, Conflict when what is
-/// there forbids it. One thread at a time; other processes may work on the same store.
+/// Each writing operation is one transaction: when it answers success the data is on the disk, when it
+/// answers a failure nothing has changed. Failures: Storage when the medium refuses (damaged, read-only,
+/// locked, full; the message names the file and the reason), NotFound for an unknown product or part,
+/// Conflict when what is there forbids it. One thread at a time; other processes may work on the same store.
 class Store {
  public:
   virtual ~Store() = default;
@@ -53,20 +54,21 @@ class Store {
   virtual protocol::Result<std::string> ProductOfPart(std::string_view partId) = 0;
 
   /// The whole structure with the data of every part; instances in the order in which they were added.
-  /// `progress` hears of rows read, out of all rows. Storage when a row holds what was never stored (texts that are
-  /// not UTF-8, numbers outside their range); the message names the row.
-  virtual protocol::Result<Product> LoadProduct(std::string_view productId, const Progress& progress = {}) = 0;
+  /// `progress` hears of rows read, out of all rows. Storage when a row holds what was never stored (texts
+  /// that are not UTF-8, numbers outside their range); the message names the row.
+  virtual protocol::Result<Product> LoadProduct(std::string_view productId,
+                                                const Progress& progress = {}) = 0;
 
   /// The root of a product, however large or damaged the rest is.
   virtual protocol::Result<ProductRoot> LoadRoot(std::string_view productId) = 0;
 
-  /// The failure to answer when the stored data turns out to be unusable: Storage, with a message that names the
-  /// place where it lies.
+  /// The failure to answer when the stored data turns out to be unusable: Storage, with a message that names
+  /// the place where it lies.
   virtual protocol::Error Damage(const std::string& what) const = 0;
 
-  /// Conflict when the product exists (and is not to be replaced), or when one of its parts belongs to another
-  /// product. BadValue for identifiers and structures that no command could tell of (store/ProductRules.h). A
-  /// replaced product loses its results, details and filters.
+  /// Conflict when the product exists (and is not to be replaced), or when one of its parts belongs to
+  /// another product. BadValue for identifiers and structures that no command could tell of
+  /// (store/ProductRules.h). A replaced product loses its results, details and filters.
   virtual protocol::Result<void> AddProduct(const Product& product, Existing existing) = 0;
 
   /// Replaces the data of one part; its instances, details and results stay.
@@ -84,7 +86,8 @@ class Store {
   virtual protocol::Result<std::vector<ConfigurationFilter>> LoadFilters(std::string_view productId) = 0;
 
   /// Adds a filter or replaces the one of the same name.
-  virtual protocol::Result<void> SaveFilter(std::string_view productId, const ConfigurationFilter& filter) = 0;
+  virtual protocol::Result<void> SaveFilter(std::string_view productId,
+                                            const ConfigurationFilter& filter) = 0;
 };
 
 }  // namespace lumira

@@ -1,8 +1,8 @@
-#include <algorithm>
-#include <fstream>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
 
 #include "FormTable.h"
 
@@ -31,7 +31,8 @@ TEST(ProtocolDocument, GivesAnExampleOfEveryForm) {
 TEST(ProtocolDocument, ShowsOnlyTextsThatAreReadAndWrittenBack) {
   const auto forms = AllForms();
   for (const Example& example : DocumentExamples()) {
-    const auto form = std::find_if(forms.begin(), forms.end(), [&](auto& f) { return f.name == example.form; });
+    const auto form =
+        std::find_if(forms.begin(), forms.end(), [&](auto& f) { return f.name == example.form; });
     ASSERT_NE(form, forms.end()) << example.form;
     const Result<std::string> back = form->rewrite(example.text);
     ASSERT_TRUE(back.Ok()) << back.Failure().message;

@@ -55,7 +55,8 @@ TEST(FilterString, IsRefusedWithTheFieldThatIsWrong) {
 
 TEST(FilterString, RefusesDepthsThatAreNegativeOrHuge) {
   EXPECT_EQ(Refusal("1|1|I|P|A|-1"), "Filter: field 6 (row 1, depth): \"-1\" is not a number from 0 to 1000");
-  EXPECT_EQ(Refusal("1|1|I|P|A|1001"), "Filter: field 6 (row 1, depth): \"1001\" is not a number from 0 to 1000");
+  EXPECT_EQ(Refusal("1|1|I|P|A|1001"),
+            "Filter: field 6 (row 1, depth): \"1001\" is not a number from 0 to 1000");
   EXPECT_EQ(Refusal("1|1|I|P|A|99999999999999999999|x"),
             "Filter: field 6 (row 1, depth): \"99999999999999999999\" is not a number from 0 to 1000");
 }

@@ -24,7 +24,8 @@ TEST(PartDataForm, ReadsTheFlatFieldsOfAPart) {
   EXPECT_EQ(part.instancePath, "i1|i2");
   EXPECT_EQ(part.configurationHandler, "PRC");
   EXPECT_EQ(part.filter, "0|F");
-  EXPECT_TRUE(part.hasInstance && part.computed && part.persisted && part.standardPart && part.referenceInertiaMode);
+  EXPECT_TRUE(part.hasInstance && part.computed && part.persisted && part.standardPart &&
+              part.referenceInertiaMode);
   EXPECT_EQ(part.activeMassType, "Weighed");
   EXPECT_EQ(part.placement, (std::vector<double>{0, 1, 0, -1, 0, 0, 0, 0, 1, 21, 22, 23}));
   EXPECT_TRUE(part.propertiesRequested);
@@ -85,7 +86,9 @@ TEST(PartDataForm, ReadsMaterialDocumentsAndPropertiesOfAPart) {
   EXPECT_TRUE(property.isDate && property.isMagnitude);
 }
 
-TEST(PartDataForm, WritesWhatItReads) { EXPECT_EQ(WritePartData(ReadPartData(kPartText).Value()), kPartText); }
+TEST(PartDataForm, WritesWhatItReads) {
+  EXPECT_EQ(WritePartData(ReadPartData(kPartText).Value()), kPartText);
+}
 
 TEST(PartDataForm, WritesAnAbsentValueAsNull) {
   PartData part;
@@ -96,8 +99,12 @@ TEST(PartDataForm, WritesAnAbsentValueAsNull) {
 
 TEST(PartDataForm, KeepsAValueThatReadsLikeNull) {
   PartData part;
-  part.documents.revisions.push_back({.revision = "__null__", .checkInTime = {}, .checkInUser = {},
-                                      .checkOutUser = "__null__", .massTypes = {}, .mass = 0});
+  part.documents.revisions.push_back({.revision = "__null__",
+                                      .checkInTime = {},
+                                      .checkInUser = {},
+                                      .checkOutUser = "__null__",
+                                      .massTypes = {},
+                                      .mass = 0});
   const auto back = ReadPartData(WritePartData(part));
   EXPECT_EQ(back.Value().documents.revisions[0].revision, "__null__");
   EXPECT_EQ(back.Value().documents.revisions[0].checkOutUser, "__null__");

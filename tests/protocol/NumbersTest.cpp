@@ -1,9 +1,9 @@
+#include <gtest/gtest.h>
+
 #include <bit>
 #include <cstdint>
 #include <limits>
 #include <random>
-
-#include <gtest/gtest.h>
 
 #include "protocol/Numbers.h"
 
@@ -33,13 +33,14 @@ TEST(Numbers, ReadBackToTheSameBits) {
 
 TEST(Numbers, ReadBackAtTheEdgesOfTheType) {
   using Limits = std::numeric_limits<double>;
-  for (double value : {Limits::max(), Limits::lowest(), Limits::min(), Limits::denorm_min(), Limits::epsilon()})
+  for (double value :
+       {Limits::max(), Limits::lowest(), Limits::min(), Limits::denorm_min(), Limits::epsilon()})
     EXPECT_EQ(ParseNumber(FormatNumber(value)), value);
 }
 
 TEST(Numbers, AreRefusedWhenTheyAreNone) {
-  for (const char* text : {"", " ", "nan", "-nan", "inf", "-inf", "infinity", "1e999", "1e-999", "0x10", "+1", "1 ",
-                           " 1", "1,5", "1.5.2", "1e", "--1", "abc"})
+  for (const char* text : {"", " ", "nan", "-nan", "inf", "-inf", "infinity", "1e999", "1e-999", "0x10", "+1",
+                           "1 ", " 1", "1,5", "1.5.2", "1e", "--1", "abc"})
     EXPECT_FALSE(ParseNumber(text).has_value()) << text;
 }
 

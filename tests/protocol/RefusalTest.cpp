@@ -12,7 +12,9 @@ std::string ExampleOf(const std::string& form) {
   return {};
 }
 
-std::string Refusal(const Result<SearchRequest>& result) { return result.Ok() ? "read" : result.Failure().message; }
+std::string Refusal(const Result<SearchRequest>& result) {
+  return result.Ok() ? "read" : result.Failure().message;
+}
 
 TEST(Refusal, MeetsEveryTruncatedPrefixOfEveryForm) {
   for (const FormCase& form : EndedForms()) {
@@ -77,7 +79,8 @@ TEST(Refusal, SaysThatAVersionIsUnknown) {
 
 TEST(Refusal, MeetsNumbersThatAreNotFinite) {
   for (const char* number : {"nan", "inf", "-inf", "1e999", "", "0x1p3", "1,5"}) {
-    const std::string text = "ComputeReply/1|P|Computed|1|" + std::string(number) + "|__null__|__null__|0|0|0|0|0|0|0|0|end";
+    const std::string text =
+        "ComputeReply/1|P|Computed|1|" + std::string(number) + "|__null__|__null__|0|0|0|0|0|0|0|0|end";
     EXPECT_FALSE(ReadComputeReply(text).Ok()) << number;
   }
 }
@@ -98,8 +101,9 @@ TEST(Refusal, MeetsACountAboveTheLimitBeforeAnyMemoryIsTaken) {
 TEST(Refusal, MeetsACountThatTheTextHasNoRoomFor) {
   const auto result = ReadPendingWarnings("PendingWarnings/1|1000000|end");
   ASSERT_FALSE(result.Ok());
-  EXPECT_EQ(result.Failure().message, "PendingWarnings: field 2 (warnings): \"1000000\" entries announced, "
-                                      "but the text is too short for them");
+  EXPECT_EQ(result.Failure().message,
+            "PendingWarnings: field 2 (warnings): \"1000000\" entries announced, "
+            "but the text is too short for them");
 }
 
 TEST(Refusal, MeetsNegativeAndFractionalCounts) {
@@ -117,10 +121,11 @@ TEST(Refusal, MeetsAPlacementThatHasNotTwelveNumbers) {
 }
 
 TEST(Refusal, MeetsAFieldAboveItsLimit) {
-  const auto result = ReadSearchRequest("SearchRequest/1|P|" + std::string(kMaxFieldBytes + 1, 'x') + "|5|end");
+  const auto result =
+      ReadSearchRequest("SearchRequest/1|P|" + std::string(kMaxFieldBytes + 1, 'x') + "|5|end");
   ASSERT_FALSE(result.Ok());
-  EXPECT_EQ(result.Failure().message, "SearchRequest: field 3 (text): \"" + std::string(60, 'x') +
-                                          "...\" longer than 1048576 bytes");
+  EXPECT_EQ(result.Failure().message,
+            "SearchRequest: field 3 (text): \"" + std::string(60, 'x') + "...\" longer than 1048576 bytes");
   EXPECT_TRUE(ReadSearchRequest("SearchRequest/1|P|" + std::string(kMaxFieldBytes, 'x') + "|5|end").Ok());
 }
 
@@ -138,8 +143,9 @@ TEST(Refusal, OfAComputeRequestNamesItsThreeFields) {
   EXPECT_EQ(refusal("1"), "ComputeRequest: field 2 (partId): is missing");
   EXPECT_EQ(refusal("1|p"), "ComputeRequest: field 3 (options): is missing");
   EXPECT_EQ(refusal("1||"), "ComputeRequest: field 2 (partId): is empty");
-  EXPECT_EQ(refusal("1|p|x"), "ComputeRequest: field 3 (options): ComputeOptions: field 1 (form): \"x\" is not "
-                              "\"ComputeOptions/1\"");
+  EXPECT_EQ(refusal("1|p|x"),
+            "ComputeRequest: field 3 (options): ComputeOptions: field 1 (form): \"x\" is not "
+            "\"ComputeOptions/1\"");
 }
 
 TEST(Refusal, LooksAtTheWholeComputeRequestFirst) {

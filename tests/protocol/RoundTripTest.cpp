@@ -1,8 +1,8 @@
+#include <gtest/gtest.h>
+
 #include <bit>
 #include <cmath>
 #include <random>
-
-#include <gtest/gtest.h>
 
 #include "FormTable.h"
 #include "protocol/FieldWriter.h"
@@ -28,7 +28,8 @@ class RandomPart {
     if (Flag()) part.material.density = Number();
     part.material.statistics.resize(_random() % 3, {Text(), Number(), 1});
     part.documents.revisions.resize(_random() % 3, {Text(), Text(), Text(), Text(), Text(), Number()});
-    part.properties.resize(_random() % 3, {Text(), Text(), static_cast<int>(_random()), Flag(), Flag(), Text()});
+    part.properties.resize(_random() % 3,
+                           {Text(), Text(), static_cast<int>(_random()), Flag(), Flag(), Text()});
     return part;
   }
 
@@ -41,7 +42,8 @@ class RandomPart {
   }
 
   std::string Text() {
-    static const std::vector<std::string> kPieces = {"|", "%", ":", "\n", "7C", "__null__", "é", "x", "end", " ", "\x7F"};
+    static const std::vector<std::string> kPieces = {"|", "%", ":",   "\n", "7C",  "__null__",
+                                                     "é", "x", "end", " ",  "\x7F"};
     std::string text;
     for (auto i = _random() % 5; i > 0; --i) text += kPieces[_random() % kPieces.size()];
     return text;

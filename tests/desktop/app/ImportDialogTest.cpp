@@ -4,7 +4,7 @@
 #include <QPushButton>
 
 #include "desktop/app/ImportDialog.h"
-#include "lumira/store/SqliteStore.h"
+#include "lumira/store/OpenSqliteStore.h"
 #include "tests/desktop/app/WindowHarness.h"
 
 namespace desktop::test {

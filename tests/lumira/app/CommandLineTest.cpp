@@ -1,13 +1,13 @@
-#include "lumira/app/CommandLine.h"
+#include <gmock/gmock.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <array>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
-#include <gmock/gmock.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include "lumira/app/CommandLine.h"
 
 namespace lumira {
 namespace {
@@ -41,8 +41,10 @@ class CommandLine : public testing::Test {
   }
 
   Outcome ImportSample(std::vector<std::string> more = {}) {
-    std::vector<std::string> arguments = {"import", file, "--structure", std::string(kSamples) + "structure.csv", "--mass",
-                                          std::string(kSamples) + "mass.csv", "--product", "IEA15"};
+    std::vector<std::string> arguments = {"import",      file,
+                                          "--structure", std::string(kSamples) + "structure.csv",
+                                          "--mass",      std::string(kSamples) + "mass.csv",
+                                          "--product",   "IEA15"};
     arguments.insert(arguments.end(), more.begin(), more.end());
     return Lumira(arguments);
   }
@@ -72,8 +74,9 @@ TEST_F(CommandLine, ImportsTheSample) {
   Lumira({"init", file});
   const Outcome imported = ImportSample();
   EXPECT_EQ(imported.code, kDone) << imported.errors;
-  EXPECT_EQ(imported.out, "Imported product \"IEA15\": 22 parts, 21 instances, 18 mass types; 0 warnings, 0 things left "
-                          "out.\n");
+  EXPECT_EQ(imported.out,
+            "Imported product \"IEA15\": 22 parts, 21 instances, 18 mass types; 0 warnings, 0 things left "
+            "out.\n");
   EXPECT_EQ(imported.errors, "");
 }
 
@@ -98,8 +101,9 @@ TEST_F(CommandLine, ReportsEveryErrorOfATable) {
   std::ofstream(mass) << "part,parent,mass [kg]\na,,x\nb,a,nan\n";
   const Outcome imported = Lumira({"import", file, "--mass", mass});
   EXPECT_EQ(imported.code, kRefused);
-  EXPECT_EQ(imported.errors, "lumira: wrong.csv, line 2, column 3 (mass [kg]): \"x\" is not a finite number\n"
-                             "wrong.csv, line 3, column 3 (mass [kg]): \"nan\" is not a finite number\n");
+  EXPECT_EQ(imported.errors,
+            "lumira: wrong.csv, line 2, column 3 (mass [kg]): \"x\" is not a finite number\n"
+            "wrong.csv, line 3, column 3 (mass [kg]): \"nan\" is not a finite number\n");
 }
 
 TEST_F(CommandLine, WarnsOnTheErrorsAndImportsAllTheSame) {
@@ -108,8 +112,9 @@ TEST_F(CommandLine, WarnsOnTheErrorsAndImportsAllTheSame) {
   std::ofstream(mass) << "part,parent,remark\na,,\nb,a,hello\n";
   const Outcome imported = Lumira({"import", file, "--mass", mass});
   EXPECT_EQ(imported.code, kDone);
-  EXPECT_EQ(imported.errors, "warning: odd.csv: 1 parts have neither children nor mass data: \"b\"\n"
-                             "left out: odd.csv, line 1, column 3 (remark): the column is not known\n");
+  EXPECT_EQ(imported.errors,
+            "warning: odd.csv: 1 parts have neither children nor mass data: \"b\"\n"
+            "left out: odd.csv, line 1, column 3 (remark): the column is not known\n");
 }
 
 TEST_F(CommandLine, ComputesTheSampleAsPublished) {
@@ -144,7 +149,9 @@ TEST_F(CommandLine, ComputesTheToyTreeToTheInteger) {
 TEST_F(CommandLine, ComputesStandardDeviations) {
   Lumira({"init", file});
   ASSERT_EQ(Lumira({"import", file, "--structure", std::string(kTables) + "sawe_structure.csv", "--mass",
-                    std::string(kTables) + "sawe_mass.csv"}).code, kDone);
+                    std::string(kTables) + "sawe_mass.csv"})
+                .code,
+            kDone);
   const std::string out = Lumira({"compute", file, "Combined"}).out;
   EXPECT_NEAR(Value(out, "combined.cg_x_m"), 109.87693956853812, 110e-12);
   EXPECT_NEAR(Value(out, "combined.sd_mass_kg"), 2.130079622924927, 3e-9);
@@ -157,7 +164,8 @@ TEST_F(CommandLine, SaysWhenAPartStandsInSeveralPlaces) {
   const std::string mass = folder + "/twice.csv";
   std::ofstream(mass) << "part,parent,mass [kg]\ntop,,\na,top,1\na,top,\n";
   Lumira({"import", file, "--mass", mass});
-  EXPECT_THAT(Lumira({"compute", file, "a"}).out, HasSubstr("the part itself, which stands in several places"));
+  EXPECT_THAT(Lumira({"compute", file, "a"}).out,
+              HasSubstr("the part itself, which stands in several places"));
 }
 
 TEST_F(CommandLine, PrintsWarningsOfAComputationOnTheErrors) {
@@ -167,15 +175,17 @@ TEST_F(CommandLine, PrintsWarningsOfAComputationOnTheErrors) {
   Lumira({"import", file, "--mass", mass});
   const Outcome computed = Lumira({"compute", file, "top"});
   EXPECT_EQ(computed.code, kDone);
-  EXPECT_EQ(computed.errors, "warning: 1 part has no mass data and is left out (b)\n"
-                             "warning: 1 part has a mass but no centre of gravity and counts in the mass only, 1 kg in all "
-                             "(a)\n");
+  EXPECT_EQ(computed.errors,
+            "warning: 1 part has no mass data and is left out (b)\n"
+            "warning: 1 part has a mass but no centre of gravity and counts in the mass only, 1 kg in all "
+            "(a)\n");
 }
 
 TEST_F(CommandLine, PrintsMomentsOfMassesThatCancel) {
   Lumira({"init", file});
   const std::string mass = folder + "/cancel.csv";
-  std::ofstream(mass) << "part,parent,mass [kg],cg x [m],cg y [m],cg z [m]\ntop,,,,,\na,top,5,0,0,0\nb,top,-5,1,0,0\n";
+  std::ofstream(mass)
+      << "part,parent,mass [kg],cg x [m],cg y [m],cg z [m]\ntop,,,,,\na,top,5,0,0,0\nb,top,-5,1,0,0\n";
   Lumira({"import", file, "--mass", mass});
   const std::string out = Lumira({"compute", file, "top"}).out;
   EXPECT_EQ(Value(out, "top.mass_kg"), 0);
@@ -188,7 +198,8 @@ TEST_F(CommandLine, PrintsTheTree) {
   Lumira({"init", file});
   ImportSample();
   const Outcome tree = Lumira({"tree", file});
-  EXPECT_THAT(tree.out, StartsWith("Product \"IEA15\"\n  RNA \"Rotor-nacelle assembly\"\n    nacelle \"Nacelle\"\n"));
+  EXPECT_THAT(tree.out,
+              StartsWith("Product \"IEA15\"\n  RNA \"Rotor-nacelle assembly\"\n    nacelle \"Nacelle\"\n"));
   EXPECT_THAT(tree.out, HasSubstr("\n          generator_rotor \"Generator rotor\"  130349.2496292837 kg\n"));
   EXPECT_EQ(Lumira({"tree", file, "generator"}).out,
             "generator \"Generator\"\n"
@@ -200,7 +211,8 @@ TEST_F(CommandLine, PrintsAsManyLevelsBelowAPartAsBelowARoot) {
   Lumira({"init", file});
   ImportSample();
   const std::string leaf = "generator_rotor \"Generator rotor\"  130349.2496292837 kg\n";
-  EXPECT_EQ(Lumira({"tree", file, "--depth", "0"}).out, "Product \"IEA15\"\n  RNA \"Rotor-nacelle assembly\"\n");
+  EXPECT_EQ(Lumira({"tree", file, "--depth", "0"}).out,
+            "Product \"IEA15\"\n  RNA \"Rotor-nacelle assembly\"\n");
   EXPECT_EQ(Lumira({"tree", file, "RNA", "--depth", "0"}).out, "RNA \"Rotor-nacelle assembly\"\n");
   EXPECT_THAT(Lumira({"tree", file, "--depth", "1"}).out, HasSubstr("\n    nacelle \"Nacelle\"\n"));
   EXPECT_EQ(Lumira({"tree", file, "--depth", "1"}).out.find("\n      "), std::string::npos);
@@ -218,7 +230,8 @@ TEST_F(CommandLine, RunsServerCommands) {
   EXPECT_EQ(reply.out, "TreeNodes/1|yaw|0|0|0|end\n");
   const Outcome refused = Lumira({"command", file, "LumGetChildren", "rubbish"});
   EXPECT_EQ(refused.code, kRefused);
-  EXPECT_EQ(refused.errors, "lumira: ChildrenRequest: field 1 (form): \"rubbish\" is not \"ChildrenRequest/1\"\n");
+  EXPECT_EQ(refused.errors,
+            "lumira: ChildrenRequest: field 1 (form): \"rubbish\" is not \"ChildrenRequest/1\"\n");
 }
 
 TEST_F(CommandLine, TellsInputFromStorageByItsExitCode) {
@@ -233,9 +246,16 @@ TEST_F(CommandLine, TellsInputFromStorageByItsExitCode) {
 }
 
 TEST_F(CommandLine, RefusesWhatItDoesNotUnderstand) {
-  for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
-           {}, {"make", file}, {"init"}, {"init", file, "more"}, {"import", file}, {"compute", file},
-           {"tree", file, "--depth", "-1"}, {"tree", file, "--depth", "x"}, {"import", file, "--mass", "m", "--frobnicate"}}) {
+  for (const std::vector<std::string>& words :
+       std::vector<std::vector<std::string>>{{},
+                                             {"make", file},
+                                             {"init"},
+                                             {"init", file, "more"},
+                                             {"import", file},
+                                             {"compute", file},
+                                             {"tree", file, "--depth", "-1"},
+                                             {"tree", file, "--depth", "x"},
+                                             {"import", file, "--mass", "m", "--frobnicate"}}) {
     const Outcome outcome = Lumira(words);
     EXPECT_EQ(outcome.code, kUsage);
     EXPECT_NE(outcome.errors, "");
@@ -281,14 +301,15 @@ TEST_F(CommandLine, AnswersWithACodeWhateverIsThrown) {
   EXPECT_THAT(errors.str(), StartsWith("lumira: an unexpected failure: "));
 }
 
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)  // which take far more address space themselves
+#if !defined(__SANITIZE_ADDRESS__) && \
+    !defined(__SANITIZE_THREAD__)  // which take far more address space themselves
 TEST_F(CommandLine, EndsWithAMessageWhenThereIsNotEnoughMemory) {
   Lumira({"init", file});
   const std::string mass = folder + "/large.csv", errors = folder + "/errors";
   std::ofstream(mass) << "part\n";
   std::filesystem::resize_file(mass, 900'000'000);  // a hole, which takes no room on the disk
-  const int status = std::system(("ulimit -v 500000; " LUMIRA_PROGRAM " import " + file + " --mass " + mass +
-                                  " 2>" + errors).c_str());
+  const int status = std::system(
+      ("ulimit -v 500000; " LUMIRA_PROGRAM " import " + file + " --mass " + mass + " 2>" + errors).c_str());
   EXPECT_EQ(WEXITSTATUS(status), kFailed);
   std::stringstream text;
   text << std::ifstream(errors).rdbuf();
@@ -298,7 +319,8 @@ TEST_F(CommandLine, EndsWithAMessageWhenThereIsNotEnoughMemory) {
 
 TEST_F(CommandLine, OfTheProgramItselfGivesTheExitCodes) {
   const auto exitCode = [&](const std::string& arguments) {
-    const int status = std::system((std::string(LUMIRA_PROGRAM " ") + arguments + " >/dev/null 2>&1").c_str());
+    const int status =
+        std::system((std::string(LUMIRA_PROGRAM " ") + arguments + " >/dev/null 2>&1").c_str());
     return WEXITSTATUS(status);
   };
   const int full = std::system((std::string(LUMIRA_PROGRAM) + " --help >/dev/full 2>/dev/null").c_str());

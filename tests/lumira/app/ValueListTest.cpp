@@ -1,8 +1,8 @@
-#include "lumira/app/ValueList.h"
+#include <gmock/gmock.h>
 
 #include <sstream>
 
-#include <gmock/gmock.h>
+#include "lumira/app/ValueList.h"
 
 namespace lumira {
 namespace {
@@ -40,8 +40,9 @@ TEST(ValueList, WritesTheDeviationsThatAreKnown) {
   ComputedValues values = Values("a");
   values.upperDeviation = 3;
   values.deviations.cg.y = 0.5;
-  EXPECT_EQ(Written(values), "a.mass_lower_deviation_kg = 0\na.mass_upper_deviation_kg = 3\n"
-                             "a.sd_cg_x_m = 0\na.sd_cg_y_m = 0.5\na.sd_cg_z_m = 0\n");
+  EXPECT_EQ(Written(values),
+            "a.mass_lower_deviation_kg = 0\na.mass_upper_deviation_kg = 3\n"
+            "a.sd_cg_x_m = 0\na.sd_cg_y_m = 0.5\na.sd_cg_z_m = 0\n");
   values = Values("a");
   values.deviations.mass = 2;
   EXPECT_EQ(Written(values), "a.sd_mass_kg = 2\n");
@@ -68,9 +69,12 @@ TEST(ValueList, RefersToTheFrameOfThePlacement) {
   values.placement = {Rotation{{0, -1, 0, 1, 0, 0, 0, 0, 1}}, {0, 0, 3}};
   const std::string text = Written(values);
   EXPECT_THAT(text, HasSubstr("a.cg_x_m = 0\na.cg_y_m = 1\na.cg_z_m = 3\n"));
-  EXPECT_THAT(text, HasSubstr("a.inertia_cg_xx_kgm2 = 10\na.inertia_cg_yy_kgm2 = 20\n")) << "in the part's axes";
+  EXPECT_THAT(text, HasSubstr("a.inertia_cg_xx_kgm2 = 10\na.inertia_cg_yy_kgm2 = 20\n"))
+      << "in the part's axes";
   // Turned: 20, 10, 30. Moved by (0, 1, 3): 2·10, 2·9, 2·1 more, and -2·1·3 off the diagonal.
-  EXPECT_THAT(text, HasSubstr("a.inertia_ref_xx_kgm2 = 40\na.inertia_ref_yy_kgm2 = 28\na.inertia_ref_zz_kgm2 = 32\n"));
+  EXPECT_THAT(
+      text,
+      HasSubstr("a.inertia_ref_xx_kgm2 = 40\na.inertia_ref_yy_kgm2 = 28\na.inertia_ref_zz_kgm2 = 32\n"));
   EXPECT_THAT(text, HasSubstr("a.inertia_ref_yz_kgm2 = -6\n"));
 }
 

@@ -51,7 +51,8 @@ TEST_F(ComputeCommand, IsOutOfDateAfterAChangeAnywhereBelow) {
   EXPECT_EQ(PartDataOf("top").massTypes[0].mass, 36) << "the old value stays until it is computed anew";
   EXPECT_FALSE(PartDataOf("top").computed);
   EXPECT_EQ(PartDataOf("box").massTypes[0].status, MassTypeStatus::OutOfDate);
-  EXPECT_EQ(PartDataOf("plate").massTypes[0].status, MassTypeStatus::Defined) << "nothing below it has changed";
+  EXPECT_EQ(PartDataOf("plate").massTypes[0].status, MassTypeStatus::Defined)
+      << "nothing below it has changed";
   EXPECT_EQ(Compute("top").mass, 44);
   EXPECT_EQ(PartDataOf("top").massTypes[0].status, MassTypeStatus::Defined);
 }
@@ -112,20 +113,23 @@ TEST_F(ComputeCommand, FailsWhenTheResultCannotBeStored) {
 }
 
 TEST_F(ComputeCommand, LeavesWarningsBehindUntilTheyAreFetched) {
-  Import("parent,child\ntop,a\ntop,b\ntop,c\n", "part,mass [kg],cg x [m],cg y [m],cg z [m]\na,5,,,\nb,7,0,0,0\n");
+  Import("parent,child\ntop,a\ntop,b\ntop,c\n",
+         "part,mass [kg],cg x [m],cg y [m],cg z [m]\na,5,,,\nb,7,0,0,0\n");
   Compute("top");
   Run("LumGetChildren", "ChildrenRequest/1|top|0|10|end");  // looking at the tree does not disturb them
   const auto warnings = Warnings();
   ASSERT_EQ(warnings.size(), 3u);
   EXPECT_EQ(warnings[0].text, "1 part has no mass data and is left out (c)");
-  EXPECT_EQ(warnings[1].text, "1 part has a mass but no centre of gravity and counts in the mass only, 5 kg in all (a)");
+  EXPECT_EQ(warnings[1].text,
+            "1 part has a mass but no centre of gravity and counts in the mass only, 5 kg in all (a)");
   EXPECT_EQ(warnings[2].text, "1 part has no inertia of its own and counts as a point mass, 7 kg in all (b)");
   EXPECT_TRUE(Warnings().empty());
 }
 
 TEST_F(ComputeCommand, WithoutWarningsTakesThoseOfTheLastOneAway) {
-  Import("parent,child\ntop,a\ntop,b\n", "part,mass [kg],cg x [m],cg y [m],cg z [m],ixx [kg m2],iyy [kg m2],izz [kg m2]\n"
-                                         "a,5,0,0,0,1,1,1\n");
+  Import("parent,child\ntop,a\ntop,b\n",
+         "part,mass [kg],cg x [m],cg y [m],cg z [m],ixx [kg m2],iyy [kg m2],izz [kg m2]\n"
+         "a,5,0,0,0,1,1,1\n");
   Compute("top");
   Compute("a");
   EXPECT_TRUE(Warnings().empty());
@@ -139,12 +143,13 @@ TEST_F(ComputeCommand, ThatFailsTakesTheWarningsOfTheLastOneAway) {
 }
 
 TEST_F(ComputeCommand, KeepsMomentsOfATotalMassOfZero) {
-  Import("parent,child\ntop,a\ntop,b\n", "part,mass [kg],cg x [m],cg y [m],cg z [m],ixx [kg m2],iyy [kg m2],izz [kg m2]\n"
-                                         "a,5,0,0,0,1,1,1\nb,-5,1,0,0,-1,-1,-1\n");
+  Import("parent,child\ntop,a\ntop,b\n",
+         "part,mass [kg],cg x [m],cg y [m],cg z [m],ixx [kg m2],iyy [kg m2],izz [kg m2]\n"
+         "a,5,0,0,0,1,1,1\nb,-5,1,0,0,-1,-1,-1\n");
   const auto reply = protocol::ReadComputeReply(Run("WBComputeNymValues", "1|top|")).Value();
   EXPECT_EQ(reply.computed.mass, 0);
   EXPECT_FALSE(reply.computed.cg.has_value());
-  EXPECT_EQ(reply.firstMoment, (protocol::Vector{-5, 0, 0}));                 // 5·0 + -5·1
+  EXPECT_EQ(reply.firstMoment, (protocol::Vector{-5, 0, 0}));                // 5·0 + -5·1
   EXPECT_EQ(reply.inertiaAtOrigin, (protocol::Tensor{0, -5, -5, 0, 0, 0}));  // 1 - 1, and -5·1² across x
   const auto warnings = Warnings();
   ASSERT_EQ(warnings.size(), 2u);
@@ -163,7 +168,8 @@ TEST_F(ComputeCommand, TellsNoMomentsBesideACentre) {
 TEST_F(ComputeCommand, TellsNoMomentsWhereNoCentreIsKnownAtAll) {
   Import("parent,child\ntop,a\ntop,b\n", "part,mass [kg]\na,5\n");
   for (const char* part : {"top", "a", "b"}) {
-    const auto reply = protocol::ReadComputeReply(Run("WBComputeNymValues", "1|" + std::string(part) + "|")).Value();
+    const auto reply =
+        protocol::ReadComputeReply(Run("WBComputeNymValues", "1|" + std::string(part) + "|")).Value();
     EXPECT_FALSE(reply.firstMoment.has_value()) << part;
     EXPECT_FALSE(reply.inertiaAtOrigin.has_value()) << part;
   }
@@ -187,7 +193,8 @@ TEST_F(ComputeCommand, SaysHowFarLoadingAndComputingAre) {
 
 TEST_F(ComputeCommand, CallsAStructureThatCannotBeComputedDamageOfTheFile) {
   ImportBoxes();
-  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("UPDATE instances SET r_11 = 2 WHERE instance = 'left'");
+  SQLite::Database(file, SQLite::OPEN_READWRITE)
+      .exec("UPDATE instances SET r_11 = 2 WHERE instance = 'left'");
   const auto reply = server->Execute("WBComputeNymValues", "1|top|");
   ASSERT_FALSE(reply.Ok());
   EXPECT_EQ(reply.Failure().kind, protocol::ErrorKind::Storage);
@@ -198,7 +205,8 @@ TEST_F(ComputeCommand, CallsAStructureThatCannotBeComputedDamageOfTheFile) {
 
 TEST_F(ComputeCommand, CallsACycleInTheFileDamageOfTheFile) {
   ImportBoxes();
-  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("UPDATE instances SET child = 'box' WHERE instance = 'bolts'");
+  SQLite::Database(file, SQLite::OPEN_READWRITE)
+      .exec("UPDATE instances SET child = 'box' WHERE instance = 'bolts'");
   const auto reply = server->Execute("WBComputeNymValues", "1|top|");
   ASSERT_FALSE(reply.Ok());
   EXPECT_EQ(reply.Failure().kind, protocol::ErrorKind::Storage);

@@ -6,7 +6,8 @@ namespace {
 class ComputedDeviations : public ServerFixture {
  protected:
   protocol::MassType TopOf(const std::string& rows) {
-    Import("parent,child\ntop,a\ntop,b\n", "part,mass [kg],sd mass [kg],lower deviation [kg],upper deviation [kg]\n" + rows);
+    Import("parent,child\ntop,a\ntop,b\n",
+           "part,mass [kg],sd mass [kg],lower deviation [kg],upper deviation [kg]\n" + rows);
     return Compute("top");
   }
 };
@@ -34,8 +35,9 @@ TEST_F(ComputedDeviations, CountOneStandardDeviationForAPartWithoutLimitsAmongPa
   EXPECT_EQ(top.lowerDeviation, 5);
   EXPECT_EQ(top.upperDeviation, 6);
   const auto warnings = Warnings();
-  EXPECT_EQ(warnings.back().text, "1 part has no limits of the mass; in the limits of the total it counts with its "
-                                  "standard deviation, if it has one (b)");
+  EXPECT_EQ(warnings.back().text,
+            "1 part has no limits of the mass; in the limits of the total it counts with its "
+            "standard deviation, if it has one (b)");
 }
 
 TEST_F(ComputedDeviations, CountNothingForAPartWithNeitherLimitsNorAStandardDeviation) {

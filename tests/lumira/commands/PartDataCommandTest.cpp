@@ -51,8 +51,9 @@ TEST_F(PartDataCommand, GivesNoPlacementOfAPartThatStandsInSeveralPlaces) {
 }
 
 TEST_F(PartDataCommand, PutsTheComputedMassTypeFirst) {
-  Import("parent,child\ntop,a\n", "part,mass type,mass [kg],lower deviation [kg],upper deviation [kg],active\n"
-                                  "a,Estimated,5,1,2,\na,Weighed,6,,,yes\na,Planned,,,,\n");
+  Import("parent,child\ntop,a\n",
+         "part,mass type,mass [kg],lower deviation [kg],upper deviation [kg],active\n"
+         "a,Estimated,5,1,2,\na,Weighed,6,,,yes\na,Planned,,,,\n");
   const protocol::PartData data = PartDataOf("a");
   ASSERT_EQ(data.massTypes.size(), 4u);
   EXPECT_EQ(data.massTypes[0].name, "Computed");

@@ -1,16 +1,16 @@
 #pragma once
 
+#include <gtest/gtest.h>
+#include <unistd.h>
+
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
 
-#include <gtest/gtest.h>
-#include <unistd.h>
-
 #include "lumira/commands/Server.h"
 #include "lumira/import/ImportProduct.h"
-#include "lumira/store/SqliteStore.h"
+#include "lumira/store/OpenSqliteStore.h"
 #include "protocol/Codec.h"
 #include "protocol/Constants.h"
 #include "protocol/ErrorReply.h"
@@ -32,16 +32,18 @@ class ServerFixture : public testing::Test {
   }
 
   void Import(const std::string& structure, const std::string& mass, ImportOptions options = {}) {
-    const auto report = ImportProduct(*store, {TableSource{"s.csv", structure}, TableSource{"m.csv", mass}}, options);
+    const auto report =
+        ImportProduct(*store, {TableSource{"s.csv", structure}, TableSource{"m.csv", mass}}, options);
     ASSERT_TRUE(report.Ok()) << report.Failure().message;
   }
 
   /// top > box (twice, second with two bolts' quantity) > bolt; bolts weigh 2 kg, plates 10 kg.
   void ImportBoxes() {
-    Import("parent,child,instance,quantity,x [m]\n"
-           "top,box,left,,-1\ntop,box,right,,1\nbox,bolt,bolts,4,0\nbox,plate,plate,,0\n",
-           "part,name,mass [kg],cg x [m],cg y [m],cg z [m],ixx [kg m2],iyy [kg m2],izz [kg m2]\n"
-           "bolt,Bolt M8,2,0,0,0,1,1,1\nplate,Plate,10,0,0,0,1,1,1\n");
+    Import(
+        "parent,child,instance,quantity,x [m]\n"
+        "top,box,left,,-1\ntop,box,right,,1\nbox,bolt,bolts,4,0\nbox,plate,plate,,0\n",
+        "part,name,mass [kg],cg x [m],cg y [m],cg z [m],ixx [kg m2],iyy [kg m2],izz [kg m2]\n"
+        "bolt,Bolt M8,2,0,0,0,1,1,1\nplate,Plate,10,0,0,0,1,1,1\n");
   }
 
   /// What another start of the program would see.
@@ -52,7 +54,9 @@ class ServerFixture : public testing::Test {
     server = std::make_unique<Server>(*store);
   }
 
-  std::string Run(std::string_view command, std::string_view request = {}) { return server->Run(command, request); }
+  std::string Run(std::string_view command, std::string_view request = {}) {
+    return server->Run(command, request);
+  }
 
   protocol::MassType Compute(const std::string& part) {
     const auto reply = protocol::ReadComputeReply(Run(protocol::kCommandComputePart, "1|" + part + "|"));
@@ -61,7 +65,8 @@ class ServerFixture : public testing::Test {
   }
 
   protocol::PartData PartData(const protocol::PartDataRequest& request) {
-    const auto data = protocol::ReadPartData(Run(protocol::kCommandPartData, protocol::WritePartDataRequest(request)));
+    const auto data =
+        protocol::ReadPartData(Run(protocol::kCommandPartData, protocol::WritePartDataRequest(request)));
     EXPECT_TRUE(data.Ok()) << data.Failure().message;
     return data.Ok() ? data.Value() : protocol::PartData{};
   }

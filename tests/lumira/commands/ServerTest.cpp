@@ -13,7 +13,8 @@ TEST_F(ServerCommands, UnknownGetAnErrorReply) {
 }
 
 TEST_F(ServerCommands, WithRequestsThatCannotBeReadNameTheField) {
-  EXPECT_EQ(Run("WBComputeNymValues", "x|a|"), "LumiraError: ComputeRequest: field 1 (instance flag): \"x\" is neither 0 nor 1");
+  EXPECT_EQ(Run("WBComputeNymValues", "x|a|"),
+            "LumiraError: ComputeRequest: field 1 (instance flag): \"x\" is neither 0 nor 1");
   EXPECT_EQ(Run("WBGetPartData", "rubbish"),
             "LumiraError: PartDataRequest: field 1 (form): \"rubbish\" is not \"PartDataRequest/1\"");
   EXPECT_EQ(Run("LumGetChildren", "ChildrenRequest/1|a|0|0|end"),
@@ -27,8 +28,10 @@ TEST_F(ServerCommands, WithRequestsThatCannotBeReadNameTheField) {
 TEST_F(ServerCommands, ForUnknownPartsAndProductsSaySo) {
   ImportBoxes();
   EXPECT_EQ(Run("WBComputeNymValues", "1|nobody|"), "LumiraError: there is no part \"nobody\"");
-  EXPECT_EQ(Run("LumGetChildren", "ChildrenRequest/1|nobody|0|10|end"), "LumiraError: there is no part \"nobody\"");
-  EXPECT_EQ(Run("LumSearchTree", "SearchRequest/1|Nothing|x|10|end"), "LumiraError: there is no product \"Nothing\"");
+  EXPECT_EQ(Run("LumGetChildren", "ChildrenRequest/1|nobody|0|10|end"),
+            "LumiraError: there is no part \"nobody\"");
+  EXPECT_EQ(Run("LumSearchTree", "SearchRequest/1|Nothing|x|10|end"),
+            "LumiraError: there is no product \"Nothing\"");
 }
 
 TEST_F(ServerCommands, SurviveRandomRequests) {
@@ -50,8 +53,11 @@ TEST_F(ServerCommands, SeeWhatAnotherSessionImports) {
   auto other = OpenSqliteStore(file).Value();
   ImportOptions replace;
   replace.existing = Existing::Replace;
-  ASSERT_TRUE(ImportProduct(*other, {TableSource{"s", "parent,child\ntop,a\n"}, TableSource{"m", "part,mass [kg]\na,5\n"}},
-                            replace).Ok());
+  ASSERT_TRUE(
+      ImportProduct(*other,
+                    {TableSource{"s", "parent,child\ntop,a\n"}, TableSource{"m", "part,mass [kg]\na,5\n"}},
+                    replace)
+          .Ok());
   EXPECT_EQ(Compute("top").mass, 5);
   EXPECT_EQ(Run("WBComputeNymValues", "1|box|"), "LumiraError: there is no part \"box\"");
 }

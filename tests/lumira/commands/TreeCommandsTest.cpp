@@ -22,7 +22,8 @@ class TreeCommands : public ServerFixture {
   }
 
   protocol::SearchReply Search(const std::string& text, int limit = 100) {
-    return protocol::ReadSearchReply(Run("LumSearchTree", protocol::WriteSearchRequest({"top", text, limit}))).Value();
+    return protocol::ReadSearchReply(Run("LumSearchTree", protocol::WriteSearchRequest({"top", text, limit})))
+        .Value();
   }
 
   std::vector<std::string> Paths(const protocol::SearchReply& reply) {
@@ -35,7 +36,9 @@ class TreeCommands : public ServerFixture {
   }
 };
 
-TEST_F(TreeCommands, ListNoProductsInAnEmptyDatabase) { EXPECT_EQ(Run("LumGetProducts"), "ProductList/1|0|end"); }
+TEST_F(TreeCommands, ListNoProductsInAnEmptyDatabase) {
+  EXPECT_EQ(Run("LumGetProducts"), "ProductList/1|0|end");
+}
 
 TEST_F(TreeCommands, ListProductsWithRootAndFilters) {
   ImportBoxes();
@@ -100,7 +103,8 @@ TEST_F(TreeCommands, CutAPageThatWouldNotFitInAText) {
   EXPECT_EQ(Children({.partId = "root"}).nodes.size(), 27u);
   EXPECT_EQ(Children({.partId = "root", .first = 27}).nodes.size(), 3u);
   const auto found =
-      protocol::ReadSearchReply(Run("LumSearchTree", protocol::WriteSearchRequest({"wide", "p", 100}))).Value();
+      protocol::ReadSearchReply(Run("LumSearchTree", protocol::WriteSearchRequest({"wide", "p", 100})))
+          .Value();
   EXPECT_EQ(found.hits.size(), 27u);
   EXPECT_TRUE(found.cut);
 }

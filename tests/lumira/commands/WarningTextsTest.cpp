@@ -1,18 +1,20 @@
-#include "lumira/commands/WarningTexts.h"
+#include <gtest/gtest.h>
 
 #include <set>
 #include <string>
 
-#include <gtest/gtest.h>
+#include "lumira/commands/WarningTexts.h"
 
 namespace lumira {
 namespace {
 
 TEST(WarningTexts, CountAndNameExamples) {
-  EXPECT_EQ(ToWarning({WarningKind::WithoutMass, 1, 0, {"a"}}).text, "1 part has no mass data and is left out (a)");
+  EXPECT_EQ(ToWarning({WarningKind::WithoutMass, 1, 0, {"a"}}).text,
+            "1 part has no mass data and is left out (a)");
   EXPECT_EQ(ToWarning({WarningKind::WithoutMass, 7, 0, {"a", "b"}}).text,
             "7 parts have no mass data and are left out (a, b, ...)");
-  EXPECT_EQ(ToWarning({WarningKind::NegativeMass, 2, 0, {"a", "b"}}).text, "2 parts have a negative mass (a, b)");
+  EXPECT_EQ(ToWarning({WarningKind::NegativeMass, 2, 0, {"a", "b"}}).text,
+            "2 parts have a negative mass (a, b)");
 }
 
 TEST(WarningTexts, CountInWholeNumbers) {

@@ -1,6 +1,6 @@
-#include "lumira/import/CsvTable.h"
-
 #include <gtest/gtest.h>
+
+#include "lumira/import/CsvTable.h"
 
 namespace lumira {
 namespace {
@@ -70,22 +70,26 @@ TEST(CsvTable, RefusesNothing) {
 }
 
 TEST(CsvTable, RefusesRowsOfAnotherLengthEach) {
-  EXPECT_EQ(Refusal("a,b\n1\n1,2\n1,2,3\n"), "t.csv, line 2: the row has 1 cells, the header has 2\n"
-                                            "t.csv, line 4: the row has 3 cells, the header has 2");
+  EXPECT_EQ(Refusal("a,b\n1\n1,2\n1,2,3\n"),
+            "t.csv, line 2: the row has 1 cells, the header has 2\n"
+            "t.csv, line 4: the row has 3 cells, the header has 2");
 }
 
 TEST(CsvTable, RefusesAQuoteThatIsNotClosedWhereItOpens) {
-  EXPECT_EQ(Refusal("a\n1\n\"2\n3\n"), "t.csv, line 3: a quoted cell that begins in this row is not closed before the "
-                                       "file ends");
+  EXPECT_EQ(Refusal("a\n1\n\"2\n3\n"),
+            "t.csv, line 3: a quoted cell that begins in this row is not closed before the "
+            "file ends");
 }
 
 TEST(CsvTable, RefusesAQuoteInsideACell) {
-  EXPECT_EQ(Refusal("a\n1\n5\"\n"), "t.csv, line 3: a quote stands inside a cell that does not begin with one, or text "
-                                    "follows a closing quote");
+  EXPECT_EQ(Refusal("a\n1\n5\"\n"),
+            "t.csv, line 3: a quote stands inside a cell that does not begin with one, or text "
+            "follows a closing quote");
 }
 
 TEST(CsvTable, RefusesWhatIsNotUtf8WithTheLine) {
-  EXPECT_EQ(Refusal("part\nok\ncaf\xE9\n"), "t.csv, line 3: holds a byte that is not UTF-8; save the file as UTF-8");
+  EXPECT_EQ(Refusal("part\nok\ncaf\xE9\n"),
+            "t.csv, line 3: holds a byte that is not UTF-8; save the file as UTF-8");
   EXPECT_EQ(Refusal("\xFF\xFEp"), "t.csv: is encoded as UTF-16; save it as UTF-8");
   EXPECT_EQ(Refusal(std::string("a\nb\0c\n", 6)), "t.csv, line 2: holds a zero byte");
 }
@@ -104,7 +108,8 @@ TEST(CsvTable, SurvivesEveryTruncation) {
   for (std::size_t size = 0; size <= text.size(); ++size) {
     const auto [log, table] = Read(text.substr(0, size));
     for (std::size_t row = 0; row < table.RowCount(); ++row)
-      for (std::size_t column = 0; column < table.ColumnCount(); ++column) EXPECT_LT(table.Cell(row, column).size(), 9u);
+      for (std::size_t column = 0; column < table.ColumnCount(); ++column)
+        EXPECT_LT(table.Cell(row, column).size(), 9u);
   }
 }
 

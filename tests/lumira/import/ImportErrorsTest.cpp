@@ -2,7 +2,7 @@
 #include <fstream>
 
 #include "ImportFixture.h"
-#include "lumira/store/SqliteStore.h"
+#include "lumira/store/OpenSqliteStore.h"
 
 namespace lumira::test {
 namespace {
@@ -30,13 +30,15 @@ TEST(ImportErrors, AreCountedAboveAHundred) {
 }
 
 TEST(ImportErrors, OfNumbersThatAreNotFinite) {
-  for (const char* number : {"nan", "NaN", "inf", "-inf", "1e999", "--1", "+-5", "-+5", "++5", "+", "0x10", "1 2", "1/2"})
+  for (const char* number :
+       {"nan", "NaN", "inf", "-inf", "1e999", "--1", "+-5", "-+5", "++5", "+", "0x10", "1 2", "1/2"})
     EXPECT_EQ(MassErrors("part,mass [kg]\na," + std::string(number) + "\n"),
               "m.csv, line 2, column 2 (mass [kg]): \"" + std::string(number) + "\" is not a finite number");
 }
 
 TEST(ImportErrors, OfNumbersThatOverflowInSiUnits) {
-  EXPECT_EQ(MassErrors("part,mass [t]\na,1e308\n"), "m.csv, line 2, column 2 (mass [t]): \"1e308\" is too large");
+  EXPECT_EQ(MassErrors("part,mass [t]\na,1e308\n"),
+            "m.csv, line 2, column 2 (mass [t]): \"1e308\" is too large");
 }
 
 TEST(ImportErrors, OfNumbersThatAreTooSmall) {
@@ -48,10 +50,12 @@ TEST(ImportErrors, OfNumbersThatAreTooSmall) {
 }
 
 TEST(ImportErrors, OfAnglesBeyondAFullTurn) {
-  EXPECT_EQ(StructureErrors("parent,child,tilt y [rad]\ntop,a,1e308\n"),
-            "s.csv, line 2, column 3 (tilt y [rad]): \"1e308\" is more than a full turn (360 deg, 6.2832 rad)");
-  EXPECT_EQ(StructureErrors("parent,child,tilt y [deg]\ntop,a,-361\n"),
-            "s.csv, line 2, column 3 (tilt y [deg]): \"-361\" is more than a full turn (360 deg, 6.2832 rad)");
+  EXPECT_EQ(
+      StructureErrors("parent,child,tilt y [rad]\ntop,a,1e308\n"),
+      "s.csv, line 2, column 3 (tilt y [rad]): \"1e308\" is more than a full turn (360 deg, 6.2832 rad)");
+  EXPECT_EQ(
+      StructureErrors("parent,child,tilt y [deg]\ntop,a,-361\n"),
+      "s.csv, line 2, column 3 (tilt y [deg]): \"-361\" is more than a full turn (360 deg, 6.2832 rad)");
   EXPECT_EQ(StructureErrors("parent,child,tilt y [deg],tilt z [rad]\ntop,a,-360,6.2832\n"), "imported");
 }
 
@@ -61,16 +65,19 @@ TEST(ImportErrors, OfDecimalCommasSayThatAPointIsExpected) {
 }
 
 TEST(ImportErrors, OfUnits) {
-  EXPECT_EQ(MassErrors("part,mass\na,1\n"), "m.csv, line 1, column 2 (mass): the unit is missing; one of kg, g, t, lb "
-                                            "expected, in brackets");
-  EXPECT_EQ(MassErrors("part,mass [mm]\na,1\n"),
-            "m.csv, line 1, column 2 (mass [mm]): \"mm\" is no unit known here; one of kg, g, t, lb expected");
+  EXPECT_EQ(MassErrors("part,mass\na,1\n"),
+            "m.csv, line 1, column 2 (mass): the unit is missing; one of kg, g, t, lb "
+            "expected, in brackets");
+  EXPECT_EQ(
+      MassErrors("part,mass [mm]\na,1\n"),
+      "m.csv, line 1, column 2 (mass [mm]): \"mm\" is no unit known here; one of kg, g, t, lb expected");
   EXPECT_EQ(MassErrors("part,name [kg]\na,1\n"),
             "m.csv, line 1, column 2 (name [kg]): this column has no unit, \"kg\" found");
 }
 
 TEST(ImportErrors, OfColumnsThatAreMissingOrTwice) {
-  EXPECT_EQ(MassErrors("mass [kg]\n1\nx\n"), "m.csv, line 1: there is no column \"part\"") << "and no word of the rows";
+  EXPECT_EQ(MassErrors("mass [kg]\n1\nx\n"), "m.csv, line 1: there is no column \"part\"")
+      << "and no word of the rows";
   EXPECT_EQ(StructureErrors("parent,quantity\ntop,0\n"), "s.csv, line 1: there is no column \"child\"");
   const auto single = ReadProductTables({std::nullopt, {"m.csv", "parent,mass [kg]\n,1\ntop,2\n"}}, {});
   EXPECT_EQ(single.Failure().message, "m.csv, line 1: there is no column \"part\"");
@@ -79,20 +86,24 @@ TEST(ImportErrors, OfColumnsThatAreMissingOrTwice) {
 }
 
 TEST(ImportErrors, OfEmptyTables) {
-  EXPECT_EQ(Errors("", ""), "m.csv: is empty; a header row and at least one row expected\n"
-                            "s.csv: is empty; a header row and at least one row expected");
+  EXPECT_EQ(Errors("", ""),
+            "m.csv: is empty; a header row and at least one row expected\n"
+            "s.csv: is empty; a header row and at least one row expected");
   EXPECT_EQ(StructureErrors("parent,child\n"), "s.csv, line 1: no row follows the header");
 }
 
 TEST(ImportErrors, OfATableWithoutAnyStructure) {
   const auto imported = ReadProductTables({std::nullopt, {"m.csv", "part,mass [kg]\na,1\n"}}, {});
-  EXPECT_EQ(imported.Failure().message, "m.csv, line 1: there is no column \"parent\" and no structure table");
+  EXPECT_EQ(imported.Failure().message,
+            "m.csv, line 1: there is no column \"parent\" and no structure table");
 }
 
 TEST(ImportErrors, OfIdentifiers) {
-  EXPECT_EQ(StructureErrors("parent,child\n,a\n"), "s.csv, line 2, column 1 (parent): is empty, an identifier expected");
-  EXPECT_EQ(StructureErrors("parent,child\ntop,\"a\nb\"\n"),
-            "s.csv, line 2, column 2 (child): \"a\\x0Ab\" holds a control character, which an identifier may not");
+  EXPECT_EQ(StructureErrors("parent,child\n,a\n"),
+            "s.csv, line 2, column 1 (parent): is empty, an identifier expected");
+  EXPECT_EQ(
+      StructureErrors("parent,child\ntop,\"a\nb\"\n"),
+      "s.csv, line 2, column 2 (child): \"a\\x0Ab\" holds a control character, which an identifier may not");
   EXPECT_EQ(StructureErrors("parent,child\ntop," + std::string(256, 'x') + "\n"),
             "s.csv, line 2, column 2 (child): \"" + std::string(60, 'x') +
                 "...\" has 256 bytes, an identifier has at most 255");
@@ -103,7 +114,8 @@ TEST(ImportErrors, OfTheNameOfTheProduct) {
     return StructureErrors("parent,child\ntop,a\n", {.product = product});
   };
   EXPECT_EQ(named("\xff"), "name of the product: \"\\xFF\" is not UTF-8, which an identifier must be");
-  EXPECT_EQ(named("a\tb"), "name of the product: \"a\\x09b\" holds a control character, which an identifier may not");
+  EXPECT_EQ(named("a\tb"),
+            "name of the product: \"a\\x09b\" holds a control character, which an identifier may not");
   EXPECT_EQ(named("a|b"), "name of the product: \"a|b\" holds \"|\", which an identifier may not");
   EXPECT_EQ(named(std::string(100'000, 'x')), "name of the product: \"" + std::string(60, 'x') +
                                                   "...\" has 100000 bytes, an identifier has at most 255");
@@ -112,7 +124,8 @@ TEST(ImportErrors, OfTheNameOfTheProduct) {
 
 TEST(ImportErrors, OfInstancesThatAreThereTwice) {
   EXPECT_EQ(StructureErrors("parent,child,instance\ntop,a,i\ntop,b,j\na,b,i\n"),
-            "s.csv, line 4, column 3 (instance): \"i\" is the instance of line 2 already; instances are unique in a "
+            "s.csv, line 4, column 3 (instance): \"i\" is the instance of line 2 already; instances are "
+            "unique in a "
             "product");
 }
 
@@ -135,19 +148,22 @@ TEST(ImportErrors, OfSeveralTops) {
 }
 
 TEST(ImportErrors, OfPartsThatTheStructureDoesNotHave) {
-  EXPECT_EQ(MassErrors("part,mass [kg]\na,1\nbedplat,2\n"), "m.csv, line 3: part \"bedplat\" is not in the structure");
+  EXPECT_EQ(MassErrors("part,mass [kg]\na,1\nbedplat,2\n"),
+            "m.csv, line 3: part \"bedplat\" is not in the structure");
 }
 
 constexpr char kCoefficients[] = "parent,child,r11,r12,r13,r21,r22,r23,r31,r32,r33,tilt y [deg]\n";
 
 TEST(ImportErrors, OfAPlacementThatIsNoRotation) {
   const std::string table = kCoefficients;
-  EXPECT_EQ(StructureErrors(table + "top,a,1,0,0,0,1,0,0,0,1.5,\n"),
-            "s.csv, line 2: r11 to r33 are no rotation: the axes are off orthonormal by 1.25, the limit is 1e-06");
+  EXPECT_EQ(
+      StructureErrors(table + "top,a,1,0,0,0,1,0,0,0,1.5,\n"),
+      "s.csv, line 2: r11 to r33 are no rotation: the axes are off orthonormal by 1.25, the limit is 1e-06");
   EXPECT_EQ(StructureErrors(table + "top,a,1,0,0,0,1,0,0,0,-1,\n"),
             "s.csv, line 2: r11 to r33 are no rotation but a mirror (determinant -1)");
-  EXPECT_EQ(StructureErrors(table + "top,a,0,0,0,0,0,0,0,0,0,\n"),
-            "s.csv, line 2: r11 to r33 are no rotation: the axes are off orthonormal by 1, the limit is 1e-06");
+  EXPECT_EQ(
+      StructureErrors(table + "top,a,0,0,0,0,0,0,0,0,0,\n"),
+      "s.csv, line 2: r11 to r33 are no rotation: the axes are off orthonormal by 1, the limit is 1e-06");
   EXPECT_EQ(StructureErrors(table + "top,a,1,0,0,0,1,0,0,0,nan,\n"),
             "s.csv, line 2, column 11 (r33): \"nan\" is not a finite number");
 }
@@ -172,12 +188,15 @@ TEST(ImportErrors, OfACentreOrInertiaThatIsGivenInPart) {
 TEST(ImportErrors, OfProductsWithoutTheirSign) {
   const std::string columns = "part,ixx [kg m2],iyy [kg m2],izz [kg m2],ixy [kg m2]";
   EXPECT_EQ(MassErrors(columns + "\na,1,1,1,0.1\n"),
-            "m.csv, line 1: there are products of inertia but no column \"products\" that says their sign: \"-\" for "
+            "m.csv, line 1: there are products of inertia but no column \"products\" that says their sign: "
+            "\"-\" for "
             "tensor elements, \"+\" for integrals");
-  EXPECT_EQ(MassErrors(columns + ",products\na,1,1,1,0.1,\n"),
-            "m.csv, line 2, column 6 (products): is empty; \"-\" (tensor elements) or \"+\" (integrals) expected");
-  EXPECT_EQ(MassErrors(columns + ",products\na,1,1,1,0.1,minus\n"),
-            "m.csv, line 2, column 6 (products): \"minus\" is none of \"-\", \"+\", \"tensor\", \"integral\"");
+  EXPECT_EQ(
+      MassErrors(columns + ",products\na,1,1,1,0.1,\n"),
+      "m.csv, line 2, column 6 (products): is empty; \"-\" (tensor elements) or \"+\" (integrals) expected");
+  EXPECT_EQ(
+      MassErrors(columns + ",products\na,1,1,1,0.1,minus\n"),
+      "m.csv, line 2, column 6 (products): \"minus\" is none of \"-\", \"+\", \"tensor\", \"integral\"");
 }
 
 TEST(ImportErrors, OfInertiaAboutTheOriginWithoutMassOrCentre) {
@@ -186,20 +205,24 @@ TEST(ImportErrors, OfInertiaAboutTheOriginWithoutMassOrCentre) {
 }
 
 TEST(ImportErrors, OfDeviationsThatAreNegativeOrInOtherAxes) {
-  EXPECT_EQ(MassErrors("part,mass [kg],sd mass [kg],lower deviation [kg],upper deviation [kg]\na,1,-1,-2,-3\n"),
-            "m.csv, line 2, column 4 (lower deviation [kg]): a deviation may not be negative\n"
-            "m.csv, line 2, column 5 (upper deviation [kg]): a deviation may not be negative\n"
-            "m.csv, line 2, column 3 (sd mass [kg]): a standard deviation may not be negative");
-  EXPECT_EQ(MassErrors("part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],sd ixx [kg m2],inertia tilt y [deg]\n"
-                       "a,1,1,1,1,0.1,6\n"),
-            "m.csv, line 2: standard deviations of inertia can only be given with inertia about the cg in part axes");
+  EXPECT_EQ(
+      MassErrors("part,mass [kg],sd mass [kg],lower deviation [kg],upper deviation [kg]\na,1,-1,-2,-3\n"),
+      "m.csv, line 2, column 4 (lower deviation [kg]): a deviation may not be negative\n"
+      "m.csv, line 2, column 5 (upper deviation [kg]): a deviation may not be negative\n"
+      "m.csv, line 2, column 3 (sd mass [kg]): a standard deviation may not be negative");
+  EXPECT_EQ(
+      MassErrors("part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],sd ixx [kg m2],inertia tilt y [deg]\n"
+                 "a,1,1,1,1,0.1,6\n"),
+      "m.csv, line 2: standard deviations of inertia can only be given with inertia about the cg in part "
+      "axes");
 }
 
 TEST(ImportErrors, OfMassTypes) {
   EXPECT_EQ(MassErrors("part,mass type,mass [kg]\na,Weighed,1\na,Weighed,2\n"),
             "m.csv, line 3: part \"a\" has the mass type \"Weighed\" twice");
-  EXPECT_EQ(MassErrors("part,mass type,mass [kg]\na,Computed,1\n"),
-            "m.csv, line 2, column 2 (mass type): \"Computed\" is filled by the server and cannot be imported");
+  EXPECT_EQ(
+      MassErrors("part,mass type,mass [kg]\na,Computed,1\n"),
+      "m.csv, line 2, column 2 (mass type): \"Computed\" is filled by the server and cannot be imported");
   EXPECT_EQ(MassErrors("part,mass type,mass [kg],active\na,A,1,yes\na,B,1,yes\n"),
             "m.csv, line 3, column 4 (active): part \"a\" has an active mass type already, \"A\"");
   EXPECT_EQ(MassErrors("part,mass [kg],active\na,1,maybe\n"),
@@ -207,9 +230,10 @@ TEST(ImportErrors, OfMassTypes) {
 }
 
 TEST(ImportErrors, OfRowsThatContradictEachOther) {
-  EXPECT_EQ(MassErrors("part,mass type,material,density [kg/m3]\na,A,Steel,7850\na,B,Brass,8500\n"),
-            "m.csv, line 3, column 3 (material): \"Brass\" differs from \"Steel\" on another row of the same part\n"
-            "m.csv, line 3, column 4 (density [kg/m3]): differs from what another row of the same part says");
+  EXPECT_EQ(
+      MassErrors("part,mass type,material,density [kg/m3]\na,A,Steel,7850\na,B,Brass,8500\n"),
+      "m.csv, line 3, column 3 (material): \"Brass\" differs from \"Steel\" on another row of the same part\n"
+      "m.csv, line 3, column 4 (density [kg/m3]): differs from what another row of the same part says");
 }
 
 TEST(ImportErrors, OfNegativeDensitiesAndVolumes) {
@@ -229,8 +253,10 @@ class ImportIntoStore : public testing::Test {
     for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(file + suffix);
   }
 
-  protocol::Result<ImportReport> Import(const ImportOptions& options, const std::string& mass = "part,mass [kg]\na,1\n") {
-    return ImportProduct(*store, {TableSource{"s.csv", "parent,child\ntop,a\n"}, TableSource{"m.csv", mass}}, options);
+  protocol::Result<ImportReport> Import(const ImportOptions& options,
+                                        const std::string& mass = "part,mass [kg]\na,1\n") {
+    return ImportProduct(*store, {TableSource{"s.csv", "parent,child\ntop,a\n"}, TableSource{"m.csv", mass}},
+                         options);
   }
 
   std::string file = testing::TempDir() + "import-" + std::to_string(getpid()) + ".lumira";
@@ -259,7 +285,8 @@ TEST_F(ImportIntoStore, RefusesInADryRunWhatItWouldRefuseToWrite) {
   EXPECT_EQ(Import({.mode = ImportMode::DryRun}).Failure().message, "product \"top\" exists already");
   EXPECT_EQ(Import({.product = "Second", .mode = ImportMode::DryRun}).Failure().message,
             "part \"top\" belongs to product \"top\" already");
-  EXPECT_EQ(Import({.product = "Second"}).Failure().message, "part \"top\" belongs to product \"top\" already");
+  EXPECT_EQ(Import({.product = "Second"}).Failure().message,
+            "part \"top\" belongs to product \"top\" already");
   EXPECT_TRUE(Import({.existing = Existing::Replace, .mode = ImportMode::DryRun}).Ok());
 }
 

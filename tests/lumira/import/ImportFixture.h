@@ -1,9 +1,9 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <optional>
 #include <string>
-
-#include <gtest/gtest.h>
 
 #include "lumira/import/ImportProduct.h"
 
@@ -18,7 +18,8 @@ inline protocol::Result<ImportedProduct> ReadTables(const std::string& structure
 }
 
 /// The message of a refused import.
-inline std::string Errors(const std::string& structure, const std::string& mass, const ImportOptions& options = {}) {
+inline std::string Errors(const std::string& structure, const std::string& mass,
+                          const ImportOptions& options = {}) {
   const auto imported = ReadTables(structure, mass, options);
   return imported.Ok() ? "imported" : imported.Failure().message;
 }

@@ -1,6 +1,6 @@
-#include <cmath>
-
 #include <gmock/gmock.h>
+
+#include <cmath>
 
 #include "ImportFixture.h"
 
@@ -80,18 +80,20 @@ TEST(Import, TurnsZTowardsXByATiltAboutY) {
 }
 
 TEST(Import, TakesARotationAsNineCoefficients) {
-  const auto imported = ReadTables(
-      "parent,child,r11,r12,r13,r21,r22,r23,r31,r32,r33\ntop,a,0,-1,0,1,0,0,0,0,1\n", "part\na\n");
+  const auto imported =
+      ReadTables("parent,child,r11,r12,r13,r21,r22,r23,r31,r32,r33\ntop,a,0,-1,0,1,0,0,0,0,1\n", "part\na\n");
   ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
   EXPECT_EQ(imported.Value().product.instances[0].placement.rotation.m,
             (std::array<double, 9>{0, -1, 0, 1, 0, 0, 0, 0, 1}));
 }
 
-constexpr char kProducts[] = "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],ixy [kg m2],ixz [kg m2],iyz [kg m2],";
+constexpr char kProducts[] =
+    "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],ixy [kg m2],ixz [kg m2],iyz [kg m2],";
 
 TEST(Import, TurnsTheSignOfProductsThatAreIntegrals) {
   const auto tensor = [](const std::string& sign) {
-    const auto imported = ReadTables("parent,child\ntop,a\n", std::string(kProducts) + "products\na,1,9,9,9,1,2,3," + sign);
+    const auto imported =
+        ReadTables("parent,child\ntop,a\n", std::string(kProducts) + "products\na,1,9,9,9,1,2,3," + sign);
     return PartOf(imported.Value(), "a").massTypes[0].properties.inertia.value();
   };
   EXPECT_EQ(tensor("-\n"), (InertiaTensor{9, 9, 9, 1, 2, 3}));
@@ -101,19 +103,19 @@ TEST(Import, TurnsTheSignOfProductsThatAreIntegrals) {
 }
 
 TEST(Import, MovesInertiaAboutTheOriginToTheCentreOfGravity) {
-  const auto imported =
-      ReadTables("parent,child\ntop,a\n",
-                 "part,mass [kg],cg x [m],cg y [m],cg z [m],ixx [kg m2],iyy [kg m2],izz [kg m2],inertia about\n"
-                 "a,2,3,0,0,5,25,27,origin\n");
+  const auto imported = ReadTables(
+      "parent,child\ntop,a\n",
+      "part,mass [kg],cg x [m],cg y [m],cg z [m],ixx [kg m2],iyy [kg m2],izz [kg m2],inertia about\n"
+      "a,2,3,0,0,5,25,27,origin\n");
   ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
   // 2 kg at 3 m: 18 kg·m² about y and z.
   EXPECT_EQ(PartOf(imported.Value(), "a").massTypes[0].properties.inertia, (InertiaTensor{5, 7, 9, 0, 0, 0}));
 }
 
 TEST(Import, TurnsInertiaGivenInTiltedAxes) {
-  const auto imported = ReadTables(
-      "parent,child\ntop,a\n",
-      "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],inertia tilt y [deg]\na,1,5,6,7,90\n");
+  const auto imported =
+      ReadTables("parent,child\ntop,a\n",
+                 "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],inertia tilt y [deg]\na,1,5,6,7,90\n");
   const InertiaTensor i = PartOf(imported.Value(), "a").massTypes[0].properties.inertia.value();
   EXPECT_NEAR(i.xx, 7, 1e-12);
   EXPECT_NEAR(i.yy, 6, 1e-12);
@@ -121,9 +123,10 @@ TEST(Import, TurnsInertiaGivenInTiltedAxes) {
 }
 
 TEST(Import, TakesDeviationsAndBounds) {
-  const auto imported = ReadTables("parent,child\ntop,a\n",
-                                   "part,mass [kg],sd mass [g],sd cg x [mm],sd iyz [kg m2],lower deviation [kg],"
-                                   "upper deviation [kg]\na,1,2,3,4,0.5,\n");
+  const auto imported =
+      ReadTables("parent,child\ntop,a\n",
+                 "part,mass [kg],sd mass [g],sd cg x [mm],sd iyz [kg m2],lower deviation [kg],"
+                 "upper deviation [kg]\na,1,2,3,4,0.5,\n");
   ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
   const MassTypeData& type = PartOf(imported.Value(), "a").massTypes[0];
   EXPECT_EQ(type.deviations.mass, 0.002);
@@ -141,25 +144,28 @@ TEST(Import, TakesSeveralMassTypesAndTheActiveOne) {
 }
 
 TEST(Import, MakesTheFirstMassTypeOfALeafActive) {
-  const auto imported = ReadTables("parent,child\ntop,a\n", "part,mass type,mass [kg]\na,First,1\na,Second,2\n");
+  const auto imported =
+      ReadTables("parent,child\ntop,a\n", "part,mass type,mass [kg]\na,First,1\na,Second,2\n");
   EXPECT_EQ(PartOf(imported.Value(), "a").activeMassType, "First");
 }
 
 TEST(Import, LeavesAnAssemblyToItsChildrenUnlessARowSaysOtherwise) {
   const std::string structure = "parent,child\ntop,a\n";
-  const auto silent = ReadTables(structure, "part,mass type,mass [kg],active\ntop,Weighed,9,\na,Weighed,1,\n");
+  const auto silent =
+      ReadTables(structure, "part,mass type,mass [kg],active\ntop,Weighed,9,\na,Weighed,1,\n");
   EXPECT_EQ(PartOf(silent.Value(), "top").activeMassType, kComputedMassType);
-  const auto said = ReadTables(structure, "part,mass type,mass [kg],active\ntop,Weighed,9,yes\na,Weighed,1,\n");
+  const auto said =
+      ReadTables(structure, "part,mass type,mass [kg],active\ntop,Weighed,9,yes\na,Weighed,1,\n");
   EXPECT_EQ(PartOf(said.Value(), "top").activeMassType, "Weighed");
 }
 
 TEST(Import, TakesMaterialAndShape) {
-  const auto imported =
-      ReadTables("parent,child\ntop,a\n",
-                 "part,name,revision,material,density [kg/m3],cad material,cad density [kg/m3],density priority,"
-                 "standard part,volume [m3],centroid x [m],centroid y [m],centroid z [m],shape ixx [m5],"
-                 "shape iyy [m5],shape izz [m5]\n"
-                 "a,Bolt,C,Steel,7850,Brass,8500,wb,yes,0.5,1,2,3,4,5,6\n");
+  const auto imported = ReadTables(
+      "parent,child\ntop,a\n",
+      "part,name,revision,material,density [kg/m3],cad material,cad density [kg/m3],density priority,"
+      "standard part,volume [m3],centroid x [m],centroid y [m],centroid z [m],shape ixx [m5],"
+      "shape iyy [m5],shape izz [m5]\n"
+      "a,Bolt,C,Steel,7850,Brass,8500,wb,yes,0.5,1,2,3,4,5,6\n");
   ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
   const Part& a = PartOf(imported.Value(), "a");
   EXPECT_EQ(a.name + a.revision + a.material + a.cadMaterial, "BoltCSteelBrass");
@@ -173,7 +179,9 @@ TEST(Import, TakesMaterialAndShape) {
 
 TEST(Import, ReadsTheStructureFromTheMassTableWhenItHasParents) {
   const auto imported = ReadProductTables(
-      {std::nullopt, {"m.csv", "part,parent,mass type,mass [kg],x [m]\ntop,,,,\na,top,Estimated,1,7\na,,Weighed,2,\n"}}, {});
+      {std::nullopt,
+       {"m.csv", "part,parent,mass type,mass [kg],x [m]\ntop,,,,\na,top,Estimated,1,7\na,,Weighed,2,\n"}},
+      {});
   ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
   ASSERT_EQ(imported.Value().product.instances.size(), 1u);
   EXPECT_EQ(imported.Value().product.instances[0].placement.translation.x, 7);
@@ -188,8 +196,9 @@ TEST(Import, TakesAProductOfOnePart) {
 }
 
 TEST(Import, NamesWhatItLeavesOut) {
-  const auto imported = ReadTables("parent,child,remark\ntop,a,x\n,,\n", "part,mass [kg],colour\na,1,red\nz,2,blue\n",
-                                   {.unknownParts = UnknownParts::LeaveOut});
+  const auto imported =
+      ReadTables("parent,child,remark\ntop,a,x\n,,\n", "part,mass [kg],colour\na,1,red\nz,2,blue\n",
+                 {.unknownParts = UnknownParts::LeaveOut});
   ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
   EXPECT_THAT(imported.Value().report.leftOut,
               ElementsAre("s.csv, line 1, column 3 (remark): the column is not known", "s.csv: 1 blank rows",
@@ -204,58 +213,69 @@ TEST(Import, WarnsOfLeavesWithoutData) {
 }
 
 TEST(Import, WarnsOfPhysicsAndTakesTheDataAllTheSame) {
-  const auto imported = ReadTables(kTwoChildren, "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],"
-                                                 "cg x [m],cg y [m],cg z [m]\n"
-                                                 "a,0,1,1,1,0,0,0\nb,1,1.0,1.0,3.0,0,0,0\n");
+  const auto imported = ReadTables(kTwoChildren,
+                                   "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],"
+                                   "cg x [m],cg y [m],cg z [m]\n"
+                                   "a,0,1,1,1,0,0,0\nb,1,1.0,1.0,3.0,0,0,0\n");
   ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
-  EXPECT_THAT(imported.Value().report.warnings,
-              ElementsAre("m.csv, line 2: part \"a\": the mass is zero, but there is inertia",
-                          "m.csv, line 3: part \"b\": the principal moments of inertia break the triangle inequality: "
-                          "1, 1, 3 kg m2; no body has these"));
+  EXPECT_THAT(
+      imported.Value().report.warnings,
+      ElementsAre(
+          "m.csv, line 2: part \"a\": the mass is zero, but there is inertia",
+          "m.csv, line 3: part \"b\": the principal moments of inertia break the triangle inequality: "
+          "1, 1, 3 kg m2; no body has these"));
   EXPECT_EQ(PartOf(imported.Value(), "b").massTypes[0].properties.inertia->zz, 3);
 }
 
 TEST(Import, DoesNotWarnOfAThinPlateWhoseFiguresAreRounded) {
   // Two thirds and a third of a plate, rounded to two digits: 0.67 + 0.33 < 1.01.
-  const auto imported = ReadTables(kTwoChildren, "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],"
-                                                 "cg x [m],cg y [m],cg z [m]\n"
-                                                 "a,1,0.67,0.33,1.01,0,0,0\nb,1,0.6700,0.3300,1.0100,0,0,0\n");
+  const auto imported = ReadTables(kTwoChildren,
+                                   "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],"
+                                   "cg x [m],cg y [m],cg z [m]\n"
+                                   "a,1,0.67,0.33,1.01,0,0,0\nb,1,0.6700,0.3300,1.0100,0,0,0\n");
   ASSERT_EQ(imported.Value().report.warnings.size(), 1u);
   EXPECT_NE(imported.Value().report.warnings[0].find("part \"b\""), std::string::npos);
 }
 
 TEST(Import, TakesThePlusOfAnExponentIntoAccountWhenItAllowsForRounding) {
   // The digits of the thin plate above, in grams times square metres.
-  const auto imported = ReadTables(kTwoChildren, "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],"
-                                                 "cg x [m],cg y [m],cg z [m]\n"
-                                                 "a,1,+0.67e+3,0.33e+3,1.01e+3,0,0,0\nb,1,,,,,,\n");
+  const auto imported = ReadTables(kTwoChildren,
+                                   "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],"
+                                   "cg x [m],cg y [m],cg z [m]\n"
+                                   "a,1,+0.67e+3,0.33e+3,1.01e+3,0,0,0\nb,1,,,,,,\n");
   ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
   EXPECT_THAT(imported.Value().report.warnings, ElementsAre());
 }
 
 TEST(Import, AllowsForTheRoundingOfMassAndCentreWhenItShiftsFromTheOrigin) {
-  // A ball of 1 kg whose centre is 10 m away. The moment about x has no shift; 0.3 about the centre. The others lost
-  // 0.1 of their 100.3 to the rounding of the centre, of which one digit is given at a and four at b.
-  const auto imported = ReadTables(kTwoChildren, "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],"
-                                                 "cg x [m],cg y [m],cg z [m],inertia about\n"
-                                                 "a,1.0000,0.3,100.0,100.3,10.0,0,0,origin\n"
-                                                 "b,1.0000,0.3000,99.9000,100.3000,10.0000,0,0,origin\n");
+  // A ball of 1 kg whose centre is 10 m away. The moment about x has no shift; 0.3 about the centre. The
+  // others lost 0.1 of their 100.3 to the rounding of the centre, of which one digit is given at a and four
+  // at b.
+  const auto imported = ReadTables(kTwoChildren,
+                                   "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],"
+                                   "cg x [m],cg y [m],cg z [m],inertia about\n"
+                                   "a,1.0000,0.3,100.0,100.3,10.0,0,0,origin\n"
+                                   "b,1.0000,0.3000,99.9000,100.3000,10.0000,0,0,origin\n");
   ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
   EXPECT_THAT(imported.Value().report.warnings,
               ElementsAre(testing::StartsWith("m.csv, line 3: part \"b\": the inertia is not positive")));
 }
 
 TEST(Import, WarnsOfInertiaThatDoesNotCount) {
-  const auto imported = ReadTables(kTwoChildren, "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2]\n"
-                                                 "a,,1,1,1\nb,1,1,1,1\n");
+  const auto imported = ReadTables(kTwoChildren,
+                                   "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2]\n"
+                                   "a,,1,1,1\nb,1,1,1,1\n");
   ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
-  EXPECT_THAT(imported.Value().report.warnings,
-              ElementsAre("m.csv, line 2: part \"a\": there is inertia but no mass, so it does not count",
-                          "m.csv, line 3: part \"b\": there is inertia but no centre of gravity, so it does not count"));
+  EXPECT_THAT(
+      imported.Value().report.warnings,
+      ElementsAre(
+          "m.csv, line 2: part \"a\": there is inertia but no mass, so it does not count",
+          "m.csv, line 3: part \"b\": there is inertia but no centre of gravity, so it does not count"));
 }
 
-constexpr char kShapes[] = "part,density [kg/m3],volume [m3],centroid x [m],centroid y [m],centroid z [m],shape ixx [m5],"
-                           "shape iyy [m5],shape izz [m5]\n";
+constexpr char kShapes[] =
+    "part,density [kg/m3],volume [m3],centroid x [m],centroid y [m],centroid z [m],shape ixx [m5],"
+    "shape iyy [m5],shape izz [m5]\n";
 
 TEST(Import, DoesNotInventWhatAShapeLacks) {
   const auto imported = ReadTables(kTwoChildren, std::string(kShapes) + "a,1,8,,,,,,\nb,1,8,0,0,0,,,\n");
@@ -265,25 +285,30 @@ TEST(Import, DoesNotInventWhatAShapeLacks) {
 }
 
 TEST(Import, WarnsOfShapesThatNoBodyHas) {
-  const auto imported = ReadTables("parent,child\ntop,a\ntop,b\ntop,c\n",
-                                   std::string(kShapes) + "a,1,8,0,0,0,-1,1,1\nb,1,8,,,,1,1,1\nc,1,0,0,0,0,1,1,1\n");
+  const auto imported =
+      ReadTables("parent,child\ntop,a\ntop,b\ntop,c\n",
+                 std::string(kShapes) + "a,1,8,0,0,0,-1,1,1\nb,1,8,,,,1,1,1\nc,1,0,0,0,0,1,1,1\n");
   ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
-  EXPECT_THAT(imported.Value().report.warnings,
-              ElementsAre("m.csv, line 2: part \"a\": the inertia is not positive: its principal moments are -1, 1, 1 m5",
-                          "m.csv, line 3: part \"b\": the shape has inertia but no centroid, so it does not count",
-                          "m.csv, line 4: part \"c\": the volume is zero, but the shape has inertia"));
+  EXPECT_THAT(
+      imported.Value().report.warnings,
+      ElementsAre(
+          "m.csv, line 2: part \"a\": the inertia is not positive: its principal moments are -1, 1, 1 m5",
+          "m.csv, line 3: part \"b\": the shape has inertia but no centroid, so it does not count",
+          "m.csv, line 4: part \"c\": the volume is zero, but the shape has inertia"));
 }
 
 TEST(Import, NamesAShapeWithoutVolumeAndAnActiveRowWithoutDataAsLeftOut) {
-  const auto imported = ReadTables(
-      "parent,child\ntop,a\n",
-      "part,centroid x [m],centroid y [m],centroid z [m],shape ixx [m5],shape iyy [m5],shape izz [m5],active\n"
-      "a,1,2,3,4,5,6,yes\n");
+  const auto imported = ReadTables("parent,child\ntop,a\n",
+                                   "part,centroid x [m],centroid y [m],centroid z [m],shape ixx [m5],shape "
+                                   "iyy [m5],shape izz [m5],active\n"
+                                   "a,1,2,3,4,5,6,yes\n");
   ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
-  EXPECT_THAT(imported.Value().report.leftOut,
-              ElementsAre("m.csv, line 2, column 2 (centroid x [m]): there is no volume, the centroid is left out",
-                          "m.csv, line 2, column 5 (shape ixx [m5]): there is no volume, the inertia of the shape is left out",
-                          "m.csv, line 2, column 8 (active): the row has no mass data that could be active"));
+  EXPECT_THAT(
+      imported.Value().report.leftOut,
+      ElementsAre("m.csv, line 2, column 2 (centroid x [m]): there is no volume, the centroid is left out",
+                  "m.csv, line 2, column 5 (shape ixx [m5]): there is no volume, the inertia of the shape is "
+                  "left out",
+                  "m.csv, line 2, column 8 (active): the row has no mass data that could be active"));
   EXPECT_FALSE(PartOf(imported.Value(), "a").geometry);
 }
 
@@ -299,7 +324,8 @@ TEST(Import, TellsHowFarItIsInRows) {
   std::vector<std::string> heard;
   ImportOptions options;
   options.progress = [&](std::string_view what, std::size_t done, std::size_t total) {
-    if (total > 0) heard.push_back(std::string(what) + " " + std::to_string(done) + "/" + std::to_string(total));
+    if (total > 0)
+      heard.push_back(std::string(what) + " " + std::to_string(done) + "/" + std::to_string(total));
   };
   ASSERT_TRUE(ReadTables("parent,child\ntop,a\n", mass, options).Ok());
   EXPECT_THAT(heard, ElementsAre("Reading mass data 0/20000", "Reading mass data 16384/20000",

@@ -1,6 +1,6 @@
-#include "lumira/import/Units.h"
-
 #include <gtest/gtest.h>
+
+#include "lumira/import/Units.h"
 
 namespace lumira {
 namespace {

@@ -1,13 +1,13 @@
-#include <csignal>
-#include <fstream>
-
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
+#include <fstream>
+
 #include "StoreContract.h"
-#include "lumira/store/SqliteStore.h"
+#include "lumira/store/OpenSqliteStore.h"
 
 namespace lumira::test {
 namespace {
@@ -84,7 +84,8 @@ TEST_F(SqliteFaults, EmptyFileIsNoLumiraDatabase) {
 }
 
 TEST_F(SqliteFaults, DatabaseOfAnotherProgramIsRefusedAndStaysAsItIs) {
-  SQLite::Database(file, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec("CREATE TABLE bookmarks(url TEXT)");
+  SQLite::Database(file, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+      .exec("CREATE TABLE bookmarks(url TEXT)");
   const std::string before = Content(file);
   ExpectReason(OpeningFails(ErrorKind::Storage), "no Lumira database");
   EXPECT_EQ(Content(file), before);
@@ -258,7 +259,8 @@ TEST_F(SqliteFaults, RowsThatWereNeverStoredAreRefusedByTheirKey) {
       {"UPDATE parts SET name = 'Leaf', density_priority = 7 WHERE part = 'leaf'",
        "the file is damaged (row key = \"2\", column density_priority: 7 is neither 0 nor 1)"},
       {"UPDATE parts SET density_priority = 4294967296 WHERE part = 'leaf'", "4294967296 is neither 0 nor 1"},
-      {"UPDATE parts SET density_priority = 0; UPDATE instances SET instance = CAST(x'c3' AS TEXT) WHERE key = 1",
+      {"UPDATE parts SET density_priority = 0; UPDATE instances SET instance = CAST(x'c3' AS TEXT) WHERE key "
+       "= 1",
        "row key = \"1\", column instance: \"\\xC3\" is not UTF-8"}};
   MakeStore();
   for (const auto& [damage, reason] : cases) {

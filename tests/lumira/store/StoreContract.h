@@ -1,12 +1,12 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <functional>
 #include <memory>
 #include <ostream>
 #include <string>
-
-#include <gtest/gtest.h>
 
 #include "lumira/store/Store.h"
 

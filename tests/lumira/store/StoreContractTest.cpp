@@ -1,19 +1,26 @@
-#include "StoreContract.h"
+#include <gmock/gmock.h>
 
 #include <algorithm>
 
-#include <gmock/gmock.h>
-
-#include "lumira/store/SqliteStore.h"
+#include "StoreContract.h"
+#include "lumira/store/OpenSqliteStore.h"
 #include "protocol/Codec.h"
 
 namespace lumira::test {
 
 Product SampleProduct() {
-  Part leaf{.id = "leaf", .revision = "B", .name = "Leaf, \"quoted\" é", .massTypes = {}, .activeMassType = "Weighed",
-            .material = "Steel", .density = 7850, .cadMaterial = "Brass", .cadDensity = 8500,
+  Part leaf{.id = "leaf",
+            .revision = "B",
+            .name = "Leaf, \"quoted\" é",
+            .massTypes = {},
+            .activeMassType = "Weighed",
+            .material = "Steel",
+            .density = 7850,
+            .cadMaterial = "Brass",
+            .cadDensity = 8500,
             .densityPriority = DensityPriority::WbFirst,
-            .geometry = Geometry{0.1, Vec3{1, 2, 3}, InertiaTensor{4, 5, 6, 7, 8, 9}}, .standardPart = true};
+            .geometry = Geometry{0.1, Vec3{1, 2, 3}, InertiaTensor{4, 5, 6, 7, 8, 9}},
+            .standardPart = true};
   leaf.massTypes.push_back({"Weighed",
                             {0.1, Vec3{1e-300, -2, 3}, InertiaTensor{1, 2, 3, -4, -5, -6}},
                             {0.5, {1, 2, 3}, {4, 5, 6, 7, 8, 9}},
@@ -24,8 +31,10 @@ Product SampleProduct() {
   Part root;
   root.id = "root";
   const Placement turned{RotationAboutY(0.3), {1, 2, 3}};
-  return {"PRC", {root, leaf, bare},
-          {{"i1", "root", "leaf", 3, turned}, {"i2", "root", "bare", 1, {}}}, {"root"}};
+  return {"PRC",
+          {root, leaf, bare},
+          {{"i1", "root", "leaf", 3, turned}, {"i2", "root", "bare", 1, {}}},
+          {"root"}};
 }
 
 namespace {
@@ -135,7 +144,9 @@ TEST_P(StoreContract, GivesTheRootOfAProductWithoutTheRest) {
 TEST_P(StoreContract, TellsHowManyRowsOfAProductAreRead) {
   ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
   std::vector<std::pair<std::size_t, std::size_t>> told;
-  const auto listen = [&](std::string_view, std::size_t done, std::size_t total) { told.emplace_back(done, total); };
+  const auto listen = [&](std::string_view, std::size_t done, std::size_t total) {
+    told.emplace_back(done, total);
+  };
   ASSERT_TRUE(store->LoadProduct("PRC", listen).Ok());
   EXPECT_THAT(told, testing::ElementsAre(std::pair{5u, 5u}));  // three parts and two instances
 }
@@ -261,14 +272,15 @@ TEST_P(StoreContract, GivesEmptyDetailsForAPartThatHasNone) {
 
 TEST_P(StoreContract, GivesBackDetailsAsTheyWere) {
   ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
-  PartDetails details{.precisions = {{"Weighed", 1, 1, 0.1, 0.2, 0.3, 0.4}},
-                      .appliedOn = "Part Instance",
-                      .referenceMaterial = "Lead",
-                      .referenceDensity = 11340,
-                      .documents = {true, "D1", "V2", 1, true, "V1", {{"R1", "t", "ann", "bob", "Estimated", 9}}},
-                      .propertiesRequested = true,
-                      .dateFormat = "YYYY",
-                      .properties = {{"colour", "red", 2, true, true, "MASS"}, {"second", "", 0, false, false, ""}}};
+  PartDetails details{
+      .precisions = {{"Weighed", 1, 1, 0.1, 0.2, 0.3, 0.4}},
+      .appliedOn = "Part Instance",
+      .referenceMaterial = "Lead",
+      .referenceDensity = 11340,
+      .documents = {true, "D1", "V2", 1, true, "V1", {{"R1", "t", "ann", "bob", "Estimated", 9}}},
+      .propertiesRequested = true,
+      .dateFormat = "YYYY",
+      .properties = {{"colour", "red", 2, true, true, "MASS"}, {"second", "", 0, false, false, ""}}};
   ASSERT_TRUE(store->SaveDetails("leaf", {}).Ok());
   ASSERT_TRUE(store->SaveDetails("leaf", details).Ok());
   const auto loaded = Reopened().LoadDetails("leaf");
@@ -299,16 +311,17 @@ TEST_P(StoreContract, GivesBackFiltersByNameWithTheirInstancesInOrder) {
   ASSERT_TRUE(store->SaveFilter("PRC", {"Service kit", {"old"}}).Ok());
   ASSERT_TRUE(store->SaveFilter("PRC", {"Service kit", {"i2", "i1"}}).Ok());
   ASSERT_TRUE(store->SaveFilter("PRC", {"All", {}}).Ok());
-  EXPECT_THAT(Reopened().LoadFilters("PRC").Value(),
-              testing::ElementsAre(ConfigurationFilter{"All", {}}, ConfigurationFilter{"Service kit", {"i2", "i1"}}));
+  EXPECT_THAT(
+      Reopened().LoadFilters("PRC").Value(),
+      testing::ElementsAre(ConfigurationFilter{"All", {}}, ConfigurationFilter{"Service kit", {"i2", "i1"}}));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Sqlite, StoreContract,
-    testing::Values(StoreKind{
-        "Sqlite", [](const std::string& place) { return CreateSqliteStore(place).Value(); },
-        [](const std::string& place) { return OpenSqliteStore(place).Value(); }}),
-    [](const auto& kind) { return kind.param.name; });
+INSTANTIATE_TEST_SUITE_P(Sqlite, StoreContract,
+                         testing::Values(StoreKind{
+                             "Sqlite",
+                             [](const std::string& place) { return CreateSqliteStore(place).Value(); },
+                             [](const std::string& place) { return OpenSqliteStore(place).Value(); }}),
+                         [](const auto& kind) { return kind.param.name; });
 
 }  // namespace
 }  // namespace lumira::test

@@ -1,0 +1,87 @@
+#include "lumira/store/SqliteArchives.h"
+#include "lumira/store/SqliteStore.h"
+#include "lumira/store/SqliteTables.h"
+
+namespace lumira {
+
+using protocol::Result;
+
+Result<void> SqliteStore::UpdatePart(const Part& part) {
+  return Write([&]() -> Result<void> {
+    const auto key = PartKey(part.id);
+    if (!key) return key.Failure();
+    SQLite::Statement update(_db, UpdateSql<Part>("parts", "WHERE key = ?"));
+    update.bind(static_cast<int>(ColumnsOf<Part>().size()) + 1, key.Value());
+    InsertRow(update, 1, part);
+    DeleteRows(_db, "mass_types", key.Value());
+    WriteRows(_db, "mass_types", key.Value(), part.massTypes);
+    _db.exec("UPDATE products SET state = state + 1 WHERE key = (SELECT product FROM parts WHERE key = " +
+             std::to_string(key.Value()) + ")");
+    return {};
+  });
+}
+
+Result<PartDetails> SqliteStore::LoadDetails(std::string_view partId) {
+  return Read([&]() -> Result<PartDetails> {
+    const auto key = PartKey(partId);
+    if (!key) return key.Failure();
+    SQLite::Statement query(_db, SelectSql<PartDetails>("part", "part_details", "WHERE part = ?"));
+    query.bind(1, key.Value());
+    if (!query.executeStep()) return PartDetails{};
+    auto details = ReadRow<PartDetails>(query, 1);
+    details.precisions = ReadRows<Precision>(_db, "precisions", key.Value());
+    details.documents.revisions =
+        ReadRows<protocol::DocumentRevision>(_db, "document_revisions", key.Value());
+    details.properties = ReadRows<protocol::ExtraProperty>(_db, "properties", key.Value());
+    return details;
+  });
+}
+
+Result<void> SqliteStore::SaveDetails(std::string_view partId, const PartDetails& details) {
+  return Write([&]() -> Result<void> {
+    const auto key = PartKey(partId);
+    if (!key) return key.Failure();
+    for (const char* table : {"part_details", "precisions", "document_revisions", "properties"})
+      DeleteRows(_db, table, key.Value());
+    SQLite::Statement insert(_db, InsertSql<PartDetails>("part_details", {"part"}));
+    insert.bind(1, key.Value());
+    InsertRow(insert, 2, details);
+    WriteRows(_db, "precisions", key.Value(), details.precisions);
+    WriteRows(_db, "document_revisions", key.Value(), details.documents.revisions);
+    WriteRows(_db, "properties", key.Value(), details.properties);
+    return {};
+  });
+}
+
+Result<std::vector<StoredResult>> SqliteStore::LoadResults(std::string_view productId) {
+  return Read([&]() -> Result<std::vector<StoredResult>> {
+    const auto key = ProductKey(productId);
+    if (!key) return key.Failure();
+    std::vector<StoredResult> results;
+    SQLite::Statement query(
+        _db, SelectSql<StoredResult>("parts.part", "results JOIN parts ON parts.key = results.part",
+                                     "WHERE parts.product = ?", "results."));
+    query.bind(1, key.Value());
+    while (query.executeStep()) {
+      results.push_back(ReadRow<StoredResult>(query, 1));
+      results.back().partId = query.getColumn(0).getString();
+    }
+    return results;
+  });
+}
+
+Result<void> SqliteStore::SaveResults(const std::vector<StoredResult>& results) {
+  return Write([&]() -> Result<void> {
+    SQLite::Statement insert(_db, InsertSql<StoredResult>("results", {"part"}));
+    for (const StoredResult& result : results) {
+      const auto key = PartKey(result.partId);
+      if (!key) return key.Failure();
+      DeleteRows(_db, "results", key.Value());
+      insert.bind(1, key.Value());
+      InsertRow(insert, 2, result);
+    }
+    return {};
+  });
+}
+
+}  // namespace lumira

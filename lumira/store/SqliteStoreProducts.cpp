@@ -1,0 +1,209 @@
+#include <SQLiteCpp/VariadicBind.h>
+
+#include "lumira/store/ProductRules.h"
+#include "lumira/store/SqliteArchives.h"
+#include "lumira/store/SqliteStore.h"
+#include "lumira/store/SqliteTables.h"
+#include "protocol/Utf8.h"
+
+namespace lumira {
+
+using protocol::Error;
+using protocol::ErrorKind;
+using protocol::Quoted;
+using protocol::Result;
+
+namespace {
+
+// Seldom enough to cost nothing.
+void ReportRow(const Progress& progress, std::size_t row, std::size_t rows) {
+  constexpr std::size_t kRowsBetweenReports = 10'000;
+  if (row % kRowsBetweenReports == 0 || row == rows) Report(progress, "Loading the product", row, rows);
+}
+
+}  // namespace
+
+Result<std::vector<ProductInfo>> SqliteStore::Products() {
+  return Read([&]() -> Result<std::vector<ProductInfo>> {
+    std::vector<ProductInfo> products;
+    SQLite::Statement query(
+        _db, "SELECT product, key, state, part_count, instance_count FROM products ORDER BY product");
+    while (query.executeStep())
+      products.push_back({query.getColumn(0).getString(), Roots(query.getColumn(1).getInt64()),
+                          query.getColumn(2).getInt64(), query.getColumn(3).getInt64(),
+                          query.getColumn(4).getInt64()});
+    return products;
+  });
+}
+
+Result<std::string> SqliteStore::ProductOfPart(std::string_view partId) {
+  return Read([&]() -> Result<std::string> {
+    SQLite::Statement query(_db,
+                            "SELECT products.product FROM parts JOIN products ON parts.product = "
+                            "products.key WHERE parts.part = ?");
+    query.bind(1, std::string(partId));
+    if (query.executeStep()) return query.getColumn(0).getString();
+    return Error{ErrorKind::NotFound, "there is no part " + Quoted(partId)};
+  });
+}
+
+Result<Product> SqliteStore::LoadProduct(std::string_view productId, const Progress& progress) {
+  return Read([&]() -> Result<Product> {
+    const auto key = ProductKey(productId);
+    if (!key) return key.Failure();
+    const std::size_t rows = RowCount(key.Value());
+    Product product{.id = std::string(productId), .parts = {}, .instances = {}, .roots = Roots(key.Value())};
+
+    std::unordered_map<std::int64_t, std::size_t> indices;
+    SQLite::Statement parts(_db, SelectSql<Part>("key", "parts", "WHERE product = ? ORDER BY key"));
+    parts.bind(1, key.Value());
+    while (parts.executeStep()) {
+      indices.emplace(parts.getColumn(0).getInt64(), product.parts.size());
+      product.parts.push_back(ReadRow<Part>(parts, 1));
+      ReportRow(progress, product.parts.size(), rows);
+    }
+    LoadMassTypes(key.Value(), product.parts, indices);
+
+    SQLite::Statement instances(_db,
+                                SelectSql<Instance>("key", "instances", "WHERE product = ? ORDER BY key"));
+    instances.bind(1, key.Value());
+    while (instances.executeStep()) {
+      product.instances.push_back(ReadRow<Instance>(instances, 1));
+      ReportRow(progress, product.parts.size() + product.instances.size(), rows);
+    }
+
+    if (auto counts = CheckCounts(key.Value(), product); !counts) return counts.Failure();
+    return product;
+  });
+}
+
+Result<ProductRoot> SqliteStore::LoadRoot(std::string_view productId) {
+  return Read([&]() -> Result<ProductRoot> {
+    const auto product = ProductKey(productId);
+    if (!product) return product.Failure();
+    SQLite::Statement query(_db, SelectSql<Part>("key", "parts",
+                                                 "WHERE part = (SELECT part FROM roots WHERE product = ? "
+                                                 "ORDER BY position LIMIT 1)"));
+    query.bind(1, product.Value());
+    if (!query.executeStep()) return DamageError(_file, "product " + Quoted(productId) + " has no root part");
+    ProductRoot root{ReadRow<Part>(query, 1), false, std::nullopt};
+    const std::int64_t key = query.getColumn(0).getInt64();
+    root.part.massTypes = ReadRows<MassTypeData>(_db, "mass_types", key);
+    SQLite::Statement children(_db, "SELECT 1 FROM instances WHERE product = ? AND parent = ? LIMIT 1");
+    SQLite::bind(children, product.Value(), root.part.id);
+    root.hasChildren = children.executeStep();
+    SQLite::Statement result(_db, SelectSql<StoredResult>("part", "results", "WHERE part = ?"));
+    result.bind(1, key);
+    if (result.executeStep()) root.result = ReadRow<StoredResult>(result, 1);
+    if (root.result) root.result->partId = root.part.id;
+    return root;
+  });
+}
+
+std::vector<std::string> SqliteStore::Roots(std::int64_t productKey) {
+  std::vector<std::string> roots;
+  SQLite::Statement query(_db, "SELECT part FROM roots WHERE product = ? ORDER BY position");
+  query.bind(1, productKey);
+  while (query.executeStep()) roots.push_back(query.getColumn(0).getString());
+  return roots;
+}
+
+std::size_t SqliteStore::RowCount(std::int64_t productKey) {
+  return static_cast<std::size_t>(
+      _db.execAndGet("SELECT part_count + instance_count FROM products WHERE key = " +
+                     std::to_string(productKey))
+          .getInt64());
+}
+
+void SqliteStore::LoadMassTypes(std::int64_t productKey, std::vector<Part>& parts,
+                                const std::unordered_map<std::int64_t, std::size_t>& indices) {
+  SQLite::Statement types(_db,
+                          SelectSql<MassTypeData>("part", "mass_types",
+                                                  "WHERE part IN (SELECT key FROM parts WHERE product = ?) "
+                                                  "ORDER BY part, position"));
+  types.bind(1, productKey);
+  while (types.executeStep()) {
+    Part& part = parts[indices.at(types.getColumn(0).getInt64())];
+    part.massTypes.push_back(ReadRow<MassTypeData>(types, 1));
+  }
+}
+
+// A damaged index or table can lose rows without any other sign.
+Result<void> SqliteStore::CheckCounts(std::int64_t productKey, const Product& product) {
+  SQLite::Statement counts(_db, "SELECT part_count, instance_count FROM products WHERE key = ?");
+  counts.bind(1, productKey);
+  counts.executeStep();
+  const auto parts = counts.getColumn(0).getInt64();
+  const auto instances = counts.getColumn(1).getInt64();
+  if (parts == std::ssize(product.parts) && instances == std::ssize(product.instances)) return {};
+  return DamageError(_file, "product " + Quoted(product.id) + " has " + std::to_string(product.parts.size()) +
+                                " parts and " + std::to_string(product.instances.size()) +
+                                " instances instead of " + std::to_string(parts) + " and " +
+                                std::to_string(instances));
+}
+
+Result<void> SqliteStore::AddProduct(const Product& product, Existing existing) {
+  if (auto good = CheckProduct(product); !good) return good;
+  return Write([&]() -> Result<void> {
+    const auto old = Key("SELECT key FROM products WHERE product = ?", product.id);
+    if (old && existing == Existing::Refuse)
+      return Error{ErrorKind::Conflict, "product " + Quoted(product.id) + " exists already"};
+    std::int64_t state = 1;
+    if (old) {
+      // A client that still holds the replaced product must see that its state is gone.
+      state = _db.execAndGet("SELECT state FROM products WHERE key = " + std::to_string(*old)).getInt64() + 1;
+      _db.exec("DELETE FROM products WHERE key = " + std::to_string(*old));
+    }
+    if (auto free = CheckPartsAreFree(product); !free) return free;
+    const std::int64_t key = InsertProduct(product, state);
+    InsertParts(product, key);
+    InsertInstances(product, key);
+    return {};
+  });
+}
+
+Result<void> SqliteStore::CheckPartsAreFree(const Product& product) {
+  SQLite::Statement query(_db,
+                          "SELECT products.product FROM parts JOIN products ON parts.product = products.key "
+                          "WHERE parts.part = ?");
+  for (const Part& part : product.parts) {
+    query.reset();
+    query.bind(1, part.id);
+    if (query.executeStep())
+      return Error{ErrorKind::Conflict, "part " + Quoted(part.id) + " belongs to product " +
+                                            Quoted(query.getColumn(0).getString()) + " already"};
+  }
+  return {};
+}
+
+std::int64_t SqliteStore::InsertProduct(const Product& product, std::int64_t state) {
+  SQLite::Statement insert(
+      _db, "INSERT INTO products(product, state, part_count, instance_count) VALUES(?, ?, ?, ?)");
+  SQLite::bind(insert, product.id, state, std::int64_t(product.parts.size()),
+               std::int64_t(product.instances.size()));
+  insert.exec();
+  const std::int64_t key = _db.getLastInsertRowid();
+  WriteList(_db, "INSERT INTO roots(product, position, part) VALUES(?, ?, ?)", key, product.roots,
+            [](SQLite::Statement& row, const std::string& root) { row.bind(3, root); });
+  return key;
+}
+
+void SqliteStore::InsertParts(const Product& product, std::int64_t key) {
+  SQLite::Statement insert(_db, InsertSql<Part>("parts", {"product"}));
+  SQLite::Statement insertType(_db, InsertListSql<MassTypeData>("mass_types"));
+  for (const Part& part : product.parts) {
+    insert.bind(1, key);
+    InsertRow(insert, 2, part);
+    WriteRows(insertType, _db.getLastInsertRowid(), part.massTypes);
+  }
+}
+
+void SqliteStore::InsertInstances(const Product& product, std::int64_t key) {
+  SQLite::Statement insert(_db, InsertSql<Instance>("instances", {"product"}));
+  for (const Instance& instance : product.instances) {
+    insert.bind(1, key);
+    InsertRow(insert, 2, instance);
+  }
+}
+
+}  // namespace lumira
