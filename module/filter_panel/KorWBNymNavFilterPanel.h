@@ -46,7 +46,10 @@ class ExportedByKorWBNymNavGUI KorWBNymNavFilterPanel : public KorDlgDialog {
   static KorUnicodeString selectedFilter;            ///< the filter handed to the server
 
  private:
-  friend struct KorWBNymNavFilterPanelPeer;  ///< of the tests: reaches the stored lists
+  /// Fills the stored lists in tests: nothing that the class offers can make them differ in size.
+  friend struct KorWBNymNavFilterPanelPeer;
+  static constexpr const char* kNoFilter = "No Filter";      ///< stands for no configuration filter
+  static constexpr const char* kConfigurationPrefix = "0|";  ///< opens a filter that is no list of instances
   enum class Choice { None, User, Configuration };
   static Choice ChoiceFor(const KorUnicodeString& prcId);
   static bool StoredListsAreParallel();

@@ -15,9 +15,9 @@ const TqTrace& KorWBPartTrace() { return g_partPanelTrace; }
 std::int32_t KorWBNymNavFilterPanel::selectedFilterOption = -1;
 KorUnicodeString KorWBNymNavFilterPanel::selectedPRCID;
 KorUnicodeString KorWBNymNavFilterPanel::PVSFilterPRCID;
-KorUnicodeString KorWBNymNavFilterPanel::selectedPRCConfigHandler("No Filter");
+KorUnicodeString KorWBNymNavFilterPanel::selectedPRCConfigHandler(kNoFilter);
 KorUnicodeString KorWBNymNavFilterPanel::selectedPVSFilter;
-KorUnicodeString KorWBNymNavFilterPanel::selectedFilter("0|No Filter");
+KorUnicodeString KorWBNymNavFilterPanel::selectedFilter(KorUnicodeString(kConfigurationPrefix) + kNoFilter);
 KorListValKorUnicodeString KorWBNymNavFilterPanel::_listOfInstanceIds;
 KorListValKorUnicodeString KorWBNymNavFilterPanel::_listOfPartsIds;
 KorListValKorUnicodeString KorWBNymNavFilterPanel::_listOfPartVers;

@@ -1,16 +1,14 @@
 // The selected filter, as the other panels read it.
 
-#include <iostream>
-
 #include "module/filter_panel/KorWBNymNavFilterPanel.h"
+
+#include <iostream>
 
 namespace {
 
 constexpr std::int32_t kUserOption = 0;
 constexpr std::int32_t kConfigurationOption = 1;
 const char* const kEmptyUserFilter = "1|0";
-const char* const kNoFilter = "No Filter";
-const char* const kConfigurationPrefix = "0|";
 
 }  // namespace
 
