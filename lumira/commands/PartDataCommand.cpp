@@ -172,7 +172,7 @@ PartData MakePartData(const Selection& selection, const protocol::PartDataReques
   data.propertiesRequested = details.propertiesRequested;
   data.dateFormat = details.dateFormat;
   data.properties = details.properties;
-  data.stateToken = std::to_string(product.State());
+  data.stateToken = std::to_string(product.State().data);
   return data;
 }
 
