@@ -41,12 +41,12 @@ QString SourcesBelow(const char* folder) {
   return sources;
 }
 
-/// What long operations of the server say that they are at.
+/// What long operations of the server say that they are at: "Loading ...", "Computing".
 QStringList ProgressWords() {
-  static const QRegularExpression report(R"re((?:Report|EachRow)\([^";]*"([^"]+)")re");
+  static const QRegularExpression doing(R"re("([A-Z][a-z]+ing\b[^"]*)")re");
   QStringList words;
   for (const char* folder : {"lumira/import", "lumira/commands", "lumira/store", "lumira/engine"}) {
-    auto matches = report.globalMatch(SourcesBelow(folder));
+    auto matches = doing.globalMatch(SourcesBelow(folder));
     while (matches.hasNext()) words << matches.next().captured(1);
   }
   return words;

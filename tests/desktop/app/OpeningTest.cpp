@@ -84,7 +84,8 @@ TEST_F(OpeningTest, ALockedProductIsRefusedAndStaysAmongTheRecentOnes) {
 TEST_F(OpeningTest, AReadOnlyProductIsRefusedAndStaysAmongTheRecentOnes) {
   ASSERT_TRUE(QFile::setPermissions(other, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
   ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
-                                                       QFile::ReadOther | QFile::ExeOther));
+                                                       QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther |
+                                                       QFile::ExeOther));
   const OrdinaryUser user;
   ASSERT_NE(geteuid(), 0u);
   ExpectRefused("read-only");
