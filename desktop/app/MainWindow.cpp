@@ -35,7 +35,7 @@ constexpr const char* kLanguageMenu = "Menu.Language";
 enum class OnToolbar { No, Yes };
 
 /// Widths of the tree's columns at the first start, characters; the names take what is left.
-constexpr std::array kColumnWidths{20, 20, 13, 24, 22};
+constexpr std::array kColumnWidths{18, 18, 12, 20, 21};
 
 }  // namespace
 
@@ -170,7 +170,7 @@ void MainWindow::BuildCentre() {
   splitter->addWidget(right);
   splitter->setStretchFactor(0, 1);
   splitter->setChildrenCollapsible(false);
-  splitter->setSizes({760, 420});
+  splitter->setSizes({780, 400});
   splitter->restoreState(_settings.WindowState(kSplitterKey));
   setCentralWidget(splitter);
 }

@@ -1,5 +1,7 @@
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QTreeView>
 #include <iostream>
 

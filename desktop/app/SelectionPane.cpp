@@ -109,7 +109,6 @@ QLabel* MakeNote() {
   auto* note = new QLabel;
   note->setTextFormat(Qt::PlainText);
   note->setWordWrap(true);
-  note->setEnabled(false);
   return note;
 }
 

@@ -85,7 +85,7 @@ void DrawSelectedArrow(const QStyleOption& option, QPainter& painter) {
 }
 
 constexpr int kButtonPadding = 12;  ///< device-independent pixels on each side of a button's text
-constexpr int kHeaderPadding = 8;   ///< the same for the titles of columns
+constexpr int kHeaderPadding = 6;   ///< the same for the titles of columns
 
 }  // namespace
 

@@ -2,8 +2,12 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QByteArray>
 #include <QFile>
+#include <QIODevice>
+#include <QLineEdit>
 #include <QMenuBar>
+#include <QModelIndex>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeView>

@@ -1,11 +1,15 @@
 // The module's part panel in its host: opened, worked and closed on the screen.
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QModelIndex>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
+#include <QTreeView>
 
 #include "desktop/app/SelectionPane.h"
 #include "framework/dialog/KorDlgEditor.h"
