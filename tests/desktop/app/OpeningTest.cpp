@@ -196,6 +196,7 @@ TEST_F(SampleTest, DamagedIsMadeAnewWhenTheUserWantsIt) {
   EXPECT_TRUE(boxes.Messages().empty());
   EXPECT_EQ(window.Tree().rowCount(), 1);
   EXPECT_EQ(QFile(sample + ".old").size(), 5016);
+  EXPECT_EQ(QFile(sample + ".old-wal").size(), 5016);
 }
 
 TEST_F(SampleTest, WithoutItsTablesTellsTheFolderThatWasLookedIn) {
