@@ -9,6 +9,7 @@
 #include <QSignalSpy>
 #include <QStatusBar>
 
+#include "desktop/app/SampleProduct.h"
 #include "tests/desktop/app/WindowHarness.h"
 
 namespace desktop::test {
@@ -188,7 +189,6 @@ TEST_F(SampleTest, DamagedIsAskedAboutOnceAtTheStartAndLeftAloneWithoutLeave) {
 
 TEST_F(SampleTest, DamagedIsMadeAnewWhenTheUserWantsIt) {
   Damage(sample);
-  Damage(sample + "-wal");
   boxes.answers = {0};
   ASSERT_TRUE(window.OpenSample());
   ASSERT_EQ(boxes.Questions().size(), 1u);
@@ -196,7 +196,15 @@ TEST_F(SampleTest, DamagedIsMadeAnewWhenTheUserWantsIt) {
   EXPECT_TRUE(boxes.Messages().empty());
   EXPECT_EQ(window.Tree().rowCount(), 1);
   EXPECT_EQ(QFile(sample + ".old").size(), 5016);
-  EXPECT_EQ(QFile(sample + ".old-wal").size(), 5016);
+}
+
+TEST_F(SampleTest, IsSetAsideWithWhatTheDatabaseKeepsBesideIt) {
+  const QString file = folder.filePath("set-aside.lumira");
+  for (const char* companion : {"", "-wal", "-journal", ".old"}) Damage(file + companion);
+  ASSERT_TRUE(SetAside(file.toStdString()).Ok());
+  const QStringList left = QDir(folder.path()).entryList({"set-aside*"}, QDir::Files, QDir::Name);
+  EXPECT_EQ(left.join(' ').toStdString(),
+            "set-aside.lumira.old set-aside.lumira.old-journal set-aside.lumira.old-wal");
 }
 
 TEST_F(SampleTest, WithoutItsTablesTellsTheFolderThatWasLookedIn) {
