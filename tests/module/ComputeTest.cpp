@@ -394,16 +394,20 @@ class ComputeInCustomFrame : public Compute {
                                  rewritten.push_back(editor);
                                });
   }
-  void ExpectRefusedFrame() {
+  void ExpectRefusedFrame(std::function<void()> whileShown = {}) {
     Boxes().ExpectMessage({"KorWBNymMainPanel", CatalogueText("KorWBNymMainPanel.CustomModeEmptyValue.Title"),
-                           CatalogueText("KorWBNymMainPanel.CustomModeEmptyValue.Message"), kErrorFlags});
+                           CatalogueText("KorWBNymMainPanel.CustomModeEmptyValue.Message"), kErrorFlags},
+                          std::move(whileShown));
   }
   std::vector<std::string> rewritten;
 };
 
 TEST_F(ComputeInCustomFrame, WithAxesThatAreAllZeroTheMessageIsShownTheEditorsAreRewrittenAndNothingIsSent) {
   OpenWith({"1.50", "abc", "3", "0", "0.0", "0", "0", "0", "0", "0", "0", "0"});
-  ExpectRefusedFrame();
+  ExpectRefusedFrame([this] {
+    EXPECT_TRUE(rewritten.empty());
+    EXPECT_EQ(Text("CPxEditor"), "1.50");
+  });
   Press("ComputeButton");
   EXPECT_TRUE(Server().Requests().empty());
   EXPECT_THAT(rewritten, testing::ElementsAreArray(kCustomFrameEditors));

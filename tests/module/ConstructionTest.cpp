@@ -113,6 +113,7 @@ TEST_F(Construction, WithoutABufferThePanelIsEmptyAndEverythingDoesNothing) {
   EXPECT_EQ(Panel().RefreshLengthUnits(), E_FAIL);
   EXPECT_EQ(Panel().RefreshDensityUnits(), E_FAIL);
   EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(), E_FAIL);
+  EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(KorMath3x3Matrix(), "Active"), E_FAIL);
   EXPECT_EQ(Panel().RefreshResultsTab(), E_FAIL);
   EXPECT_EQ(Panel().RefreshMassTypeTab(), E_FAIL);
   EXPECT_EQ(Panel().RefreshMaterialTab(), E_FAIL);

@@ -146,6 +146,15 @@ TEST_F(ReferenceMode, AxesThatAreSingularChangeNothing) {
   EXPECT_EQ(Masses() + CG() + Moments() + Products(), root);
 }
 
+TEST_F(ReferenceMode, AxesWhoseInverseIsNotFiniteChangeNothingAlthoughTheirDeterminantIsNotZero) {
+  Open(SamplePart());
+  Check("CustomReferenceButton");
+  TypeCustomFrame({"0", "0", "0", "1e-320", "0", "0", "0", "1", "0", "0", "0", "1"});
+  EXPECT_EQ(Panel().RefreshResultsTab(), E_FAIL);
+  EXPECT_EQ(CG(), "100 mm, 200 mm, 300 mm");
+  EXPECT_EQ(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²");
+}
+
 TEST_F(ReferenceMode, AMassOfExactlyZeroLeavesTheCentreOfGravityUntransformed) {
   protocol::PartData part = SamplePart();
   part.massTypes[0].mass = 0;

@@ -67,9 +67,10 @@ TEST_F(Results, ALowerDeviationQueryThatFailsEndsTheRefreshBehindTheMass) {
   auto buffer = ProbeBuffer::Of(SamplePart());
   Open(buffer);
   ChangeComputed();
+  SetUnit("MASS", "GRAM");
   buffer->failures["GetLowerDeviation"] = -8;
   EXPECT_EQ(Panel().RefreshResultsTab(), -8);
-  EXPECT_EQ(Text("MassEditor"), "5 kg");
+  EXPECT_EQ(Masses(), "5000 g, 0.5 kg, 0.25 kg");
   EXPECT_EQ(CG(), "100 mm, 200 mm, 300 mm");
 }
 
@@ -77,9 +78,10 @@ TEST_F(Results, AnUpperDeviationQueryThatFailsEndsTheRefreshBehindTheLower) {
   auto buffer = ProbeBuffer::Of(SamplePart());
   Open(buffer);
   ChangeComputed();
+  SetUnit("MASS", "GRAM");
   buffer->failures["GetUpperDeviation"] = -9;
   EXPECT_EQ(Panel().RefreshResultsTab(), -9);
-  EXPECT_EQ(Masses(), "5 kg, 0.5 kg, 0.25 kg");
+  EXPECT_EQ(Masses(), "5000 g, 500 g, 0.25 kg");
   EXPECT_EQ(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²");
 }
 
@@ -354,6 +356,8 @@ TEST_F(Results, WithoutABufferNothingIsShownAgain) {
   EXPECT_EQ(Panel().RefreshLengthUnits(), E_FAIL);
   EXPECT_EQ(Panel().RefreshDensityUnits(), E_FAIL);
   EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(), E_FAIL);
+  EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(KorMath3x3Matrix(), "Active"), E_FAIL);
+  EXPECT_EQ(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²");
 }
 
 }  // namespace
