@@ -162,8 +162,8 @@ PartData MakePartData(const Selection& selection, const protocol::PartDataReques
   data.hasInstance = true;  // whatever the server tells of is in the PDM
   data.massTypes = MassTypesOf(product, part, details);
   data.computed = data.massTypes.front().status == protocol::MassTypeStatus::Defined;
-  data.persisted =
-      data.massTypes.front().status != protocol::MassTypeStatus::Undefined || !part.massTypes.empty();
+  // What was computed can be computed again; a compute leaves this as the client has it.
+  data.persisted = !part.massTypes.empty();
   data.standardPart = part.standardPart;
   data.activeMassType = part.activeMassType;
   if (selection.placement) data.placement = ToNumbers(*selection.placement);
