@@ -12,6 +12,15 @@ namespace lumira {
 
 using protocol::ErrorKind;
 
+namespace {
+
+// Whether a line ends with this byte: with a line feed, or with a carriage return that none follows.
+bool EndsLine(std::string_view text, std::size_t at) {
+  return text[at] == '\n' || (text[at] == '\r' && text.substr(at + 1, 1) != "\n");
+}
+
+}  // namespace
+
 /// One run over a text. The parser is fed byte by byte, since it does not tell where a row begins.
 class CsvReading {
  public:
@@ -27,12 +36,11 @@ class CsvReading {
     csv_set_delim(&_parser, static_cast<unsigned char>(separator));
     for (std::size_t i = 0; i < text.size() && !_failed; ++i) {
       if (i % kBytesBetweenReports == 0) Report(_progress.listener, _progress.what, i, text.size());
-      const bool lineEnd = text[i] == '\n' || (text[i] == '\r' && text.substr(i + 1, 1) != "\n");
       if (_atRowStart && text[i] != '\n' && text[i] != '\r') StartRow();
       if (csv_parse(&_parser, &text[i], 1, OnCell, OnRowEnd, this) != 1)
         Fail(_line, _rowCells + 1,
              "a quote stands inside a cell that does not begin with one, or text follows a closing quote");
-      if (lineEnd) ++_line;
+      if (EndsLine(text, i)) ++_line;
     }
     if (!_failed && csv_fini(&_parser, OnCell, OnRowEnd, this) != 0)
       Fail(_rowLine, _rowCells + 1,
@@ -77,8 +85,9 @@ class CsvReading {
                  "the row has " + std::to_string(_rowCells) + " cells, the header has " +
                      std::to_string(_table._columns),
                  ErrorKind::BadText);
-    // A row of another length would shift all that follow.
+    // A row of another length would shift all that follow, as would texts of cells that are not there.
     _table._ends.resize((_table._lines.size() + 1) * _table._columns, _table._text.size());
+    _table._text.resize(_table._ends.back());
     _table._lines.push_back(_rowLine);
     if (_table._lines.size() > _limits.rows + 1)
       Fail(_rowLine, 0, "more than " + std::to_string(_limits.rows) + " rows");
@@ -122,8 +131,9 @@ namespace {
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 std::size_t LineAt(std::string_view text, std::size_t byte) {
-  return 1 + static_cast<std::size_t>(
-                 std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(byte), '\n'));
+  std::size_t line = 1;
+  for (std::size_t i = 0; i < byte; ++i) line += EndsLine(text, i);
+  return line;
 }
 
 // Why the text cannot be a table at all.

@@ -35,6 +35,7 @@ class ImportLog {
   void LeftOut(const Place& place, std::string_view text);
 
   bool HasErrors() const { return _errorCount > 0; }
+  std::size_t ErrorCount() const { return _errorCount; }
 
   /// All errors, one to a line. The first `kShownErrors` are shown, the rest are counted.
   protocol::Error Failure() const;

@@ -41,13 +41,15 @@ class Assembly {
     if (const auto problem = ProblemOfTheName())
       return Error{ErrorKind::BadValue, "name of the product: " + *problem};
     ReadTables();
-    if (_log.HasErrors()) return _log.Failure();
     Report(_options.progress, "Checking the structure", 0, 0);
-    CheckCycles(_structure, _log);
-    CollectParts();
-    NameProduct();
-    CheckDepth();
-    WarnOfLeavesWithoutData();
+    if (_structureIsSound) CheckCycles(_structure, _log);
+    if (NamesAllParts()) CollectParts();
+    // A cell that is wrong could show as a second top or as a cycle.
+    if (_structureIsSound) {
+      NameProduct();
+      CheckDepth();
+      WarnOfLeavesWithoutData();
+    }
     if (_log.HasErrors()) return _log.Failure();
     return {};
   }
@@ -82,20 +84,41 @@ class Assembly {
   }
 
   void ReadTables() {
-    _massTable = ReadTable(_tables.mass, "Reading the mass table");
+    const bool massTableIsSound =
+        HasNoErrors([&] { _massTable = ReadTable(_tables.mass, "Reading the mass table"); });
     _mass = ReadMassTable(_massTable, _log, _options.progress);
-    if (_tables.structure) {
-      _structureTable = ReadTable(*_tables.structure, "Reading the structure table");
-      _structure = ReadStructure(_structureTable, StructureForm::OwnTable, _log, _options.progress);
-      NameLeftOut(_structureTable, _structure.usedColumns);
-    } else {
-      _structure = ReadStructure(_massTable, StructureForm::InMassTable, _log, _options.progress);
-      if (!_structure.hasParentColumn && !_log.HasErrors())
-        _log.Error({_massTable.Name(), _massTable.HeaderLine(), 0, {}},
-                   "there is no column \"parent\" and no structure table", ErrorKind::BadText);
-      _mass.usedColumns.merge(_structure.usedColumns);
-    }
+    if (_tables.structure)
+      _structureIsSound = HasNoErrors([&] { ReadOwnStructure(); });
+    else
+      _structureIsSound =
+          HasNoErrors([&] { ReadStructureInMassTable(); }) && massTableIsSound && !_structure.hasUnreadParts;
     NameLeftOut(_massTable, _mass.usedColumns);
+  }
+
+  void ReadOwnStructure() {
+    _structureTable = ReadTable(*_tables.structure, "Reading the structure table");
+    _structure = ReadStructure(_structureTable, StructureForm::OwnTable, _log, _options.progress);
+    NameLeftOut(_structureTable, _structure.usedColumns);
+  }
+
+  void ReadStructureInMassTable() {
+    _structure = ReadStructure(_massTable, StructureForm::InMassTable, _log, _options.progress);
+    if (!_structure.hasParentColumn && _massTable.ColumnCount() > 0)
+      _log.Error({_massTable.Name(), _massTable.HeaderLine(), 0, {}},
+                 "there is no column \"parent\" and no structure table", ErrorKind::BadText);
+    _mass.usedColumns.merge(_structure.usedColumns);
+  }
+
+  template <class Work>
+  bool HasNoErrors(Work&& work) {
+    const std::size_t before = _log.ErrorCount();
+    work();
+    return _log.ErrorCount() == before;
+  }
+
+  // Otherwise parts of the mass table would be called unknown that a row means which cannot be read.
+  bool NamesAllParts() const {
+    return _structureIsSound || (!_structure.rows.empty() && !_structure.hasUnreadParts);
   }
 
   // An empty name stands for that of the top part.
@@ -120,7 +143,7 @@ class Assembly {
       _parents.insert(row.instance.parent);
     }
     // A product of one part has no instances.
-    const bool single = _structure.rows.empty() && _mass.parts.size() == 1;
+    const bool single = _structureIsSound && _structure.rows.empty() && _mass.parts.size() == 1;
     if (single) AddPart(_mass.parts[0].part.id);
     for (PartRow& row : _mass.parts) TakeData(row);
     for (Part& part : _product.parts) ChooseActive(part);
@@ -212,6 +235,7 @@ class Assembly {
   CsvTable _structureTable;
   MassRows _mass;
   StructureRows _structure;
+  bool _structureIsSound = false;  ///< every row and cell of it could be read
   Product _product;
   std::unordered_map<std::string, std::size_t> _indices;  ///< of parts by identifier
   std::unordered_set<std::string> _parents;

@@ -43,16 +43,13 @@ class MassReading {
 
   void ReadRow(std::size_t row) {
     const auto id = _columns.Identifier(row, PartId);
-    if (!id) return;
+    // The other cells of a row without a part are read all the same, for what is wrong with them.
+    Part nobody;
+    if (!id) return ReadCells(row, nobody);
     const auto [known, isNew] = _indices.emplace(*id, _result.parts.size());
     if (isNew) _result.parts.push_back({NewPart(*id), _columns.Table().Line(row)});
-    Part& part = _result.parts[known->second].part;
-    ReadPartCells(_columns, row, part, _log);
     if (!_columns.Text(row, Volume).empty()) _shapes.push_back({known->second, row});
-    if (auto type = ReadMassType(_columns, row, part.id, _log))
-      AddMassType(row, part, std::move(*type));
-    else if (_columns.Flag(row, Active))
-      _columns.LeftOut(row, Active, "the row has no mass data that could be active");
+    ReadCells(row, _result.parts[known->second].part);
   }
 
   static Part NewPart(const std::string& id) {
@@ -61,13 +58,25 @@ class MassReading {
     return part;
   }
 
-  void AddMassType(std::size_t row, Part& part, MassTypeData type) {
-    if (FindMassType(part, type.name))
-      return _columns.Error(row, _columns.Has(MassType) ? MassType : PartId,
-                            "part " + Quoted(part.id) + " has the mass type " + Quoted(type.name) + " twice");
-    if (_columns.Flag(row, Active)) MarkActive(row, part, type.name);
-    ++_result.massTypes;
-    part.massTypes.push_back(std::move(type));
+  void ReadCells(std::size_t row, Part& part) {
+    ReadPartCells(_columns, row, part, _log);
+    const bool isActive = _columns.Flag(row, Active);
+    const auto type = ReadMassType(_columns, row, part.id, _log);
+    if (!type && isActive)
+      _columns.LeftOut(row, Active, "the row has no mass data that could be active");
+    else if (type && AddMassType(row, part, *type) && isActive)
+      MarkActive(row, part, type->name);
+  }
+
+  // Whether the part had none of this name.
+  bool AddMassType(std::size_t row, Part& part, const MassTypeData& type) {
+    if (FindMassType(part, type.name)) {
+      _columns.Error(row, _columns.Has(MassType) ? MassType : PartId,
+                     "part " + Quoted(part.id) + " has the mass type " + Quoted(type.name) + " twice");
+      return false;
+    }
+    part.massTypes.push_back(type);
+    return true;
   }
 
   void MarkActive(std::size_t row, Part& part, const std::string& type) {

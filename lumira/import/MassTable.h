@@ -19,7 +19,6 @@ struct PartRow {
 
 struct MassRows {
   std::vector<PartRow> parts;
-  std::size_t massTypes = 0;
   std::set<std::size_t> usedColumns;  ///< positions in the table
   Place partColumn;                   ///< in the header
 

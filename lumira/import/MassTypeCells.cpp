@@ -66,11 +66,16 @@ class MassTypeReading {
     return {sd[0], {sd[1], sd[2], sd[3]}, {sd[4], sd[5], sd[6], sd[7], sd[8], sd[9]}};
   }
 
+  // What is said about an inertia is read even where none is given.
   std::optional<InertiaTensor> ReadInertia(const MassTypeData& type) {
     auto inertia = ReadTensor(_columns, _row, Ixx);
-    if (!inertia) return std::nullopt;
-    if (HasPositiveProducts()) inertia = WithProductsNegated(*inertia);
+    const bool turnsProducts = HasPositiveProducts();
     const Vec3 tilts = ReadTilts(_columns, _row, AxesTiltX);
+    if (!inertia) {
+      NameIdleTilts();
+      return std::nullopt;
+    }
+    if (turnsProducts) inertia = WithProductsNegated(*inertia);
     if ((tilts != Vec3{} || _isAboutOrigin) && type.deviations.inertia != InertiaTensor{})
       _columns.Error(
           _row, _columns.FirstGiven(_row, SdIxx, 6),
@@ -84,14 +89,23 @@ class MassTypeReading {
 
   std::optional<InertiaTensor> MovedToCg(const InertiaTensor& inertia, const MassProperties& properties) {
     if (properties.mass && properties.cg) return ShiftedToCg(inertia, *properties.mass, *properties.cg);
-    _columns.Error(_row, InertiaAbout, "inertia about the origin needs mass and cg");
+    const bool isGiven = !_columns.Text(_row, Mass).empty() && _columns.IsAnyGiven(_row, CgX, 3);
+    if (!isGiven) _columns.Error(_row, InertiaAbout, "inertia about the origin needs mass and cg");
     return std::nullopt;
+  }
+
+  // The sign of products and the point say nothing of their own, and many tables have them on every row;
+  // turned axes are figures of somebody.
+  void NameIdleTilts() {
+    if (_columns.IsAnyGiven(_row, AxesTiltX, 3))
+      _columns.LeftOut(_row, _columns.FirstGiven(_row, AxesTiltX, 3),
+                       "there is no inertia, the tilt of its axes is left out");
   }
 
   bool HasPositiveProducts() {
     const std::size_t sign = _columns.Choice(_row, Products, kProductSigns);
     const std::size_t firstProduct = Ixx + 3;
-    const bool given = !_columns.Text(_row, _columns.FirstGiven(_row, firstProduct, 3)).empty();
+    const bool given = _columns.IsAnyGiven(_row, firstProduct, 3);
     if (given && _columns.Has(Products) && _columns.Text(_row, Products).empty())
       _columns.Error(_row, Products, "is empty; \"-\" (tensor elements) or \"+\" (integrals) expected");
     return sign == 2 || sign == 4;
@@ -112,6 +126,31 @@ class MassTypeReading {
   bool _isAboutOrigin;
 };
 
+struct IdleDeviations {
+  bool isIdle;
+  std::size_t first, count;  ///< their columns
+  const char* problem;
+};
+
+// Deviations of a value that is not known count nowhere. They are taken as they stand, as inertia is that
+// does not count.
+void WarnOfIdleDeviations(const TableColumns& columns, std::size_t row, const std::string& partId,
+                          const MassTypeData& type, ImportLog& log) {
+  const auto& [mass, cg, inertia] = type.properties;
+  const auto& sd = type.deviations;
+  const IdleDeviations all[] = {
+      {!mass && sd.mass != 0, SdMass, 1, "there is no mass, so its standard deviation does not count"},
+      {!cg && sd.cg != Vec3{}, SdCgX, 3,
+       "there is no centre of gravity, so its standard deviations do not count"},
+      {!inertia && sd.inertia != InertiaTensor{}, SdIxx, 6,
+       "there is no inertia, so its standard deviations do not count"},
+      {!mass && type.bounds.has_value(), Lower, 2, "there is no mass, so its limits do not count"}};
+  for (const IdleDeviations& idle : all)
+    if (idle.isIdle)
+      WarnOf({idle.problem}, columns.PlaceOf(row, columns.FirstGiven(row, idle.first, idle.count)), partId,
+             log);
+}
+
 bool IsEmpty(const MassTypeData& type) {
   return type.properties == MassProperties{} && !type.bounds && type.deviations == Deviations{};
 }
@@ -126,6 +165,7 @@ std::optional<MassTypeData> ReadMassType(const TableColumns& columns, std::size_
   if (IsEmpty(type) && columns.Text(row, MassType).empty()) return std::nullopt;
   WarnOf(FindPhysicalProblems(type.properties, reading.InertiaRounding(type.properties)),
          columns.RowPlace(row), partId, log);
+  WarnOfIdleDeviations(columns, row, partId, type, log);
   return type;
 }
 

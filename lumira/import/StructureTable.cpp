@@ -3,9 +3,11 @@
 #include <array>
 #include <cmath>
 #include <unordered_map>
+#include <utility>
 
 #include "lumira/import/TableColumns.h"
 #include "lumira/import/Tilts.h"
+#include "lumira/model/Identifier.h"
 #include "protocol/Numbers.h"
 #include "protocol/Utf8.h"
 
@@ -62,40 +64,56 @@ constexpr auto kInMassTable = [] {
 class StructureReading {
  public:
   StructureReading(const CsvTable& table, StructureForm form, ImportLog& log)
-      : _columns(table, form == StructureForm::OwnTable ? kOwnTable : kInMassTable, log), _form(form) {}
+      : _columns(table, form == StructureForm::OwnTable ? kOwnTable : kInMassTable, log),
+        _log(log),
+        _form(form) {}
 
   StructureRows Run(const Progress& progress) {
-    StructureRows result;
-    _columns.AddFound(result.usedColumns);
-    result.hasParentColumn = _columns.Has(Parent);
-    result.parentColumn = _columns.ColumnPlace(Parent);
-    result.childColumn = _columns.ColumnPlace(Child);
+    _columns.AddFound(_result.usedColumns);
+    _result.hasParentColumn = _columns.Has(Parent);
+    _result.parentColumn = _columns.ColumnPlace(Parent);
+    _result.childColumn = _columns.ColumnPlace(Child);
     if (_columns.Has(Parent) && _columns.Has(Child))
       _columns.EachRow("Reading the structure", progress, [this](std::size_t row) { ReadRow(row); });
     NameTheNameless();
-    result.rows = std::move(_rows);
-    return result;
+    return std::move(_result);
   }
 
  private:
   void ReadRow(std::size_t row) {
-    if (_form == StructureForm::InMassTable && _columns.Text(row, Parent).empty()) return;
-    const auto parent = _columns.Identifier(row, Parent);
+    const bool isPlaced = _form == StructureForm::OwnTable || !_columns.Text(row, Parent).empty();
+    const auto parent = isPlaced ? _columns.Identifier(row, Parent) : std::nullopt;
     const auto child = _columns.Identifier(row, Child);
-    std::string id;
-    if (!_columns.Text(row, InstanceId).empty()) {
-      id = _columns.Identifier(row, InstanceId).value_or("");
-      CheckIsNew(row, id);
-    }
-    const auto quantity = _columns.Count(row, Quantity_);
-    const Placement placement{ReadRotation(row), ReadTranslation(row)};
-    if (!parent || !child) return;
-    _rows.push_back({{id, *parent, *child, quantity, placement}, _columns.Table().Line(row)});
+    Instance instance{.id = ReadId(row),
+                      .parent = parent.value_or(""),
+                      .child = child.value_or(""),
+                      .quantity = _columns.Count(row, Quantity_),
+                      .placement = {ReadRotation(row), ReadTranslation(row)}};
+    if (!isPlaced) return NameIdleCells(row);
+    CheckIsNew(row, instance.id);
+    if (parent && child)
+      _result.rows.push_back({std::move(instance), _columns.Table().Line(row)});
+    else
+      _result.hasUnreadParts = true;
+  }
+
+  // Of a part that stands at the top, or has its place on another row.
+  void NameIdleCells(std::size_t row) {
+    constexpr std::size_t kCells = TiltZ + 1 - InstanceId;
+    if (_columns.IsAnyGiven(row, InstanceId, kCells))
+      _columns.LeftOut(row, _columns.FirstGiven(row, InstanceId, kCells),
+                       "there is no parent, so instance, quantity and placement are left out");
+  }
+
+  std::string ReadId(std::size_t row) {
+    if (_columns.Text(row, InstanceId).empty()) return {};
+    return _columns.Identifier(row, InstanceId).value_or("");
   }
 
   void CheckIsNew(std::size_t row, const std::string& id) {
+    if (id.empty()) return;
     const auto [known, isNew] = _ids.emplace(id, _columns.Table().Line(row));
-    if (!isNew && !id.empty())
+    if (!isNew)
       _columns.Error(row, InstanceId,
                      Quoted(id) + " is the instance of line " + std::to_string(known->second) +
                          " already; instances are unique in a product");
@@ -107,27 +125,26 @@ class StructureReading {
   }
 
   Rotation ReadRotation(std::size_t row) {
-    const bool hasTilts = !_columns.Text(row, TiltX).empty() || !_columns.Text(row, TiltY).empty() ||
-                          !_columns.Text(row, TiltZ).empty();
-    std::size_t coefficients = 0;
-    for (std::size_t i = 0; i < 9; ++i) coefficients += !_columns.Text(row, R11 + i).empty();
-    if (coefficients == 0) return RotationFromTilts(ReadTilts(_columns, row, TiltX));
+    const Vec3 tilts = ReadTilts(_columns, row, TiltX);
+    Rotation rotation;
+    std::size_t given = 0, read = 0;
+    for (std::size_t i = 0; i < 9; ++i) {
+      given += !_columns.Text(row, R11 + i).empty();
+      const auto coefficient = _columns.Number(row, R11 + i);
+      read += coefficient.has_value();
+      rotation.m[i] = coefficient.value_or(0);
+    }
+    if (given == 0) return RotationFromTilts(tilts);
     const std::size_t first = _columns.FirstGiven(row, R11, 9);
-    if (hasTilts) return Refuse(row, first, "the rotation is given twice, by r11 to r33 and by tilts");
-    if (coefficients < 9)
-      return Refuse(
-          row, first,
-          "only " + std::to_string(coefficients) + " of the nine coefficients r11 to r33 are given");
-    return ReadCoefficients(row);
+    if (_columns.IsAnyGiven(row, TiltX, 3))
+      return Refuse(row, first, "the rotation is given twice, by r11 to r33 and by tilts");
+    if (given < 9)
+      return Refuse(row, first,
+                    "only " + std::to_string(given) + " of the nine coefficients r11 to r33 are given");
+    return read == 9 ? Checked(row, rotation) : Rotation{};
   }
 
-  Rotation ReadCoefficients(std::size_t row) {
-    Rotation rotation;
-    for (std::size_t i = 0; i < 9; ++i) {
-      const auto coefficient = _columns.Number(row, R11 + i);
-      if (!coefficient) return {};
-      rotation.m[i] = *coefficient;
-    }
+  Rotation Checked(std::size_t row, const Rotation& rotation) {
     if (IsRotation(rotation)) return rotation;
     const double error = OrthonormalityError(rotation);
     if (!(error <= kRotationTolerance))
@@ -147,17 +164,27 @@ class StructureReading {
 
   void NameTheNameless() {
     std::unordered_map<std::string, int> used;
-    for (InstanceRow& row : _rows) {
+    for (InstanceRow& row : _result.rows) {
+      if (!row.instance.id.empty()) continue;
       while (row.instance.id.empty()) {
         std::string id = row.instance.child + "." + std::to_string(++used[row.instance.child]);
         if (_ids.emplace(id, row.line).second) row.instance.id = std::move(id);
       }
+      CheckMadeName(row);
     }
   }
 
+  void CheckMadeName(const InstanceRow& row) {
+    if (const auto problem = FindIdentifierProblem(row.instance.id))
+      _log.Error(
+          At(_columns.ColumnPlace(_columns.Has(InstanceId) ? InstanceId : Child), row.line),
+          "the instance is not named, and what is made of the child for a name cannot be one: " + *problem);
+  }
+
   TableColumns _columns;
+  ImportLog& _log;
   StructureForm _form;
-  std::vector<InstanceRow> _rows;
+  StructureRows _result;
   std::unordered_map<std::string, std::size_t> _ids;  ///< and the line of each
 };
 

@@ -25,7 +25,8 @@ struct StructureRows {
   std::vector<InstanceRow> rows;
   std::set<std::size_t> usedColumns;  ///< positions in the table
   bool hasParentColumn = false;
-  Place parentColumn;  ///< in the header
+  bool hasUnreadParts = false;  ///< a row was left out, since its parent or child is none
+  Place parentColumn;           ///< in the header
   Place childColumn;
 
   Place ParentOf(const InstanceRow& row) const { return At(parentColumn, row.line); }
@@ -34,7 +35,8 @@ struct StructureRows {
 
 /// Reads the instances: parent, child, instance, quantity, translation, and a rotation as nine coefficients
 /// or as three tilts. A table without a needed column has no rows. Instances without an identifier get one:
-/// the child, a dot and a number.
+/// the child, a dot and a number; an error where that is none. What a row without a parent says of a
+/// placement is checked and left out.
 StructureRows ReadStructure(const CsvTable& table, StructureForm form, ImportLog& log,
                             const Progress& progress = {});
 

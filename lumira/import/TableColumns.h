@@ -79,6 +79,11 @@ class TableColumns {
   /// The first of `count` columns from `first` on whose cell has a text; `first` when none has.
   std::size_t FirstGiven(std::size_t row, std::size_t first, std::size_t count) const;
 
+  /// Whether any of `count` columns from `first` on has a text in its cell.
+  bool IsAnyGiven(std::size_t row, std::size_t first, std::size_t count) const {
+    return !Text(row, FirstGiven(row, first, count)).empty();
+  }
+
   /// The column in the header, for places of any row. Without a column when the table has none such.
   Place ColumnPlace(std::size_t column) const;
 

@@ -39,7 +39,8 @@ std::optional<InertiaTensor> ReadTensor(const TableColumns& columns, std::size_t
   std::array<std::optional<double>, 3> products;
   for (std::size_t i = 0; i < 3; ++i) products[i] = columns.Number(row, firstProduct + i);
   if (!moments) {
-    if (products[0] || products[1] || products[2])
+    const bool hasMoments = columns.IsAnyGiven(row, first, 3);  // none that could be read
+    if (!hasMoments && columns.IsAnyGiven(row, firstProduct, 3))
       columns.Error(row, columns.FirstGiven(row, firstProduct, 3),
                     "there are products of inertia without moments");
     return std::nullopt;

@@ -3,8 +3,12 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
+#include <cerrno>
+#include <cstdio>
 #include <filesystem>
+#include <system_error>
 #include <utility>
+#include <vector>
 
 #include "lumira/store/SqliteErrors.h"
 #include "lumira/store/SqliteSchema.h"
@@ -37,22 +41,39 @@ Error FileError(ErrorKind kind, const std::string& file, const std::string& reas
   return {kind, "database \"" + file + "\": " + reason};
 }
 
+/// What SQLite keeps beside a database while it works, by what stands behind its name.
+constexpr const char* kCompanions[] = {"-wal", "-shm", "-journal"};
+
+// Makes an empty file, which SQLite takes for a new database. Of two that make the same file at once, one is
+// told that it exists, so that none takes that of the other for its own.
+Result<void> MakeFile(const std::string& file) {
+  if (std::FILE* const made = std::fopen(PathFor(file).c_str(), "wbx")) {
+    std::fclose(made);
+    return {};
+  }
+  if (errno == EEXIST) return FileError(ErrorKind::Conflict, file, "the file exists already");
+  return FileError(ErrorKind::Storage, file,
+                   "the file cannot be opened (" + std::generic_category().message(errno) + ")");
+}
+
 }  // namespace
 
 Result<std::unique_ptr<Store>> CreateSqliteStore(const std::string& file, int lockPatience) {
   if (file.empty()) return FileError(ErrorKind::BadValue, file, "a file name expected");
+  std::vector<std::string> made = {file};
   std::error_code ignored;
-  if (std::filesystem::exists(file, ignored))
-    return FileError(ErrorKind::Conflict, file, "the file exists already");
+  for (const char* suffix : kCompanions)
+    if (!std::filesystem::exists(file + suffix, ignored)) made.push_back(file + suffix);
+  if (auto own = MakeFile(file); !own) return own.Failure();
   auto store = Guarded(file, [&]() -> Result<std::unique_ptr<Store>> {
-    SQLite::Database database(PathFor(file), OpenFlags() | SQLite::OPEN_CREATE, lockPatience);
+    SQLite::Database database(PathFor(file), OpenFlags(), lockPatience);
     SetModes(database);
     CreateSchema(database);
     return std::unique_ptr<Store>(new SqliteStore(file, std::move(database)));
   });
   // Half a database would stand in the way of the next try.
   if (!store)
-    for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(file + suffix, ignored);
+    for (const std::string& own : made) std::filesystem::remove(own, ignored);
   return store;
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "lumira/engine/Compile.h"
@@ -34,10 +35,8 @@ Result<void> CheckIdentifiers(const Product& product) {
   return {};
 }
 
-Result<void> CheckRoots(const Product& product) {
-  if (product.roots.size() == 1) return {};
-  return Error{ErrorKind::BadValue, "product " + Quoted(product.id) + " has " +
-                                        std::to_string(product.roots.size()) + " root parts, not one"};
+Error RootError(const Product& product, const std::string& problem) {
+  return {ErrorKind::BadValue, "product " + Quoted(product.id) + " " + problem};
 }
 
 // Who stands below whom, by index. Instances of unknown parts are left out.
@@ -99,8 +98,29 @@ std::optional<DepthProblem> FindDepthProblem(const Product& product) {
   return std::nullopt;
 }
 
+Result<void> CheckRoots(const Product& product) {
+  if (product.roots.size() != 1)
+    return RootError(product, "has " + std::to_string(product.roots.size()) + " root parts, not one");
+  const std::string& root = product.roots[0];
+  std::unordered_set<std::string_view> children;
+  children.reserve(product.instances.size());
+  for (const Instance& instance : product.instances) children.insert(instance.child);
+  if (children.contains(root))
+    return RootError(product, "has a root part " + Quoted(root) + " that is a child");
+  bool hasRoot = false;
+  for (const Part& part : product.parts) {
+    hasRoot |= part.id == root;
+    if (part.id != root && !children.contains(part.id))
+      return RootError(product, "has a part " + Quoted(part.id) + " that is neither the root nor a child");
+  }
+  if (!hasRoot) return RootError(product, "has no part " + Quoted(root) + ", which is its root");
+  return {};
+}
+
 Result<void> CheckPart(const Part& part) {
   if (auto good = CheckIdentifier("a part", part.id); !good) return good;
+  for (const MassTypeData& type : part.massTypes)
+    if (auto good = CheckIdentifier("a mass type", type.name); !good) return good;
   for (const MassTypeData& type : part.massTypes)
     if (auto own = ResolveOwnData(part, {type.name}); !own) return own.Failure();
   if (auto own = ResolveOwnData(part, {}); !own) return own.Failure();
@@ -111,8 +131,9 @@ Result<void> CheckProduct(const Product& product) {
   if (auto good = CheckIdentifiers(product); !good) return good;
   for (const Part& part : product.parts)
     if (auto good = CheckPart(part); !good) return good;
-  if (auto good = CheckRoots(product); !good) return good;
+  // Before the roots, since a cycle may leave none.
   if (auto good = CheckCompiles(product); !good) return good;
+  if (auto good = CheckRoots(product); !good) return good;
   if (const auto deep = FindDepthProblem(product)) return Error{ErrorKind::BadValue, deep->text};
   return {};
 }

@@ -18,12 +18,15 @@ struct DepthProblem {
 /// The first place that is too deep; none when there is none. Parts on a cycle are not looked at.
 std::optional<DepthProblem> FindDepthProblem(const Product& product);
 
-/// Why a part cannot be stored: BadValue for its identifier (model/Identifier.h), and for a number of any
-/// mass type, or of volume times density, that the engine could not compute with.
+/// Whether the one root is the one part that is no child of another: BadValue otherwise.
+protocol::Result<void> CheckRoots(const Product& product);
+
+/// Why a part cannot be stored: BadValue for its identifier and those of its mass types (model/Identifier.h),
+/// and for a number of any mass type, or of volume times density, that the engine could not compute with.
 protocol::Result<void> CheckPart(const Part& part);
 
 /// Why a product cannot be stored: as `CheckPart`; BadValue for the identifiers of the product and of its
-/// instances, for more or less than one root, and for a structure that is too deep; and whatever
+/// instances, for roots that `CheckRoots` refuses, and for a structure that is too deep; and whatever
 /// `Compile` fails with. What is stored can be opened.
 protocol::Result<void> CheckProduct(const Product& product);
 

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "lumira/model/Geometry.h"
+#include "lumira/model/Identifier.h"
 #include "lumira/model/MassBounds.h"
 #include "lumira/model/Rotation.h"
 #include "lumira/store/SqliteColumns.h"
@@ -60,6 +61,7 @@ struct Spread<Geometry> {
       "volume",          "centroid_x",      "centroid_y",      "centroid_z",      "unit_inertia_xx",
       "unit_inertia_yy", "unit_inertia_zz", "unit_inertia_xy", "unit_inertia_xz", "unit_inertia_yz"};
   using Numbers = std::array<std::optional<double>, 10>;  // none: NULL
+  static constexpr std::array kParts = {0, 1, 4, 10};     // where volume, centroid and inertia begin; the end
 
   static Numbers Out(const Geometry& g) {
     Numbers numbers = {g.volume};
@@ -67,12 +69,11 @@ struct Spread<Geometry> {
     if (g.unitInertia) std::ranges::copy(Spread<InertiaTensor>::Out(*g.unitInertia), numbers.begin() + 4);
     return numbers;
   }
+  /// Takes numbers that are NULL together within each part of `kParts`, the volume being there.
   static Geometry In(const Numbers& n) {
-    Geometry geometry{n[0].value_or(0), {}, {}};
-    if (n[1] && n[2] && n[3]) geometry.centroid = Vec3{*n[1], *n[2], *n[3]};
-    if (n[4] && n[5] && n[6])
-      geometry.unitInertia =
-          InertiaTensor{*n[4], *n[5], *n[6], n[7].value_or(0), n[8].value_or(0), n[9].value_or(0)};
+    Geometry geometry{*n[0], {}, {}};
+    if (n[1]) geometry.centroid = Vec3{*n[1], *n[2], *n[3]};
+    if (n[4]) geometry.unitInertia = InertiaTensor{*n[4], *n[5], *n[6], *n[7], *n[8], *n[9]};
     return geometry;
   }
 };
@@ -92,6 +93,11 @@ struct IsOptional<std::optional<T>> : std::true_type {
 /// Collects the names of the columns.
 class ColumnNames {
  public:
+  template <class T>
+  void operator()(const std::string& name, const T&, IdentifierRule) {
+    Add<T>(name);
+  }
+
   template <class T>
   void operator()(const std::string& name, const T&, protocol::IntRange = {}) {
     if constexpr (IsOptional<T>::value)
@@ -132,6 +138,11 @@ inline std::optional<std::string> FindNumberProblem(std::int64_t number, protoco
 class Binder {
  public:
   Binder(SQLite::Statement& statement, int first) : _statement(statement), _next(first) {}
+
+  // The rules of a product see to identifiers before anything is bound.
+  void operator()(const char* name, const std::string& identifier, IdentifierRule) {
+    (*this)(name, identifier);
+  }
 
   template <class T>
   void operator()(const char* name, const T& value, protocol::IntRange range = {}) {
@@ -199,8 +210,16 @@ inline std::string TextIn(SQLite::Statement& row, int column) {
   return text;
 }
 
-/// A number of the current row, which is finite.
+/// An identifier of the current row.
+inline std::string IdentifierIn(SQLite::Statement& row, int column) {
+  std::string text = TextIn(row, column);
+  if (const auto problem = FindIdentifierProblem(text)) RefuseColumn(row, column, *problem);
+  return text;
+}
+
+/// A number of the current row, which is there and finite.
 inline double NumberIn(SQLite::Statement& row, int column) {
+  if (row.isColumnNull(column)) RefuseColumn(row, column, "is NULL, a number expected");
   const double number = row.getColumn(column).getDouble();
   if (const auto problem = FindNumberProblem(number)) RefuseColumn(row, column, *problem);
   return number;
@@ -214,10 +233,15 @@ inline std::int64_t IntegerIn(SQLite::Statement& row, int column, protocol::IntR
 }
 
 /// Fills the members from the columns of the current row, from a given column on. Throws DamagedContent for
-/// what the binder would not have bound, and for texts that are not UTF-8.
+/// what the binder would not have bound: texts that are not UTF-8, and values of several numbers of which
+/// some are NULL.
 class RowReader {
  public:
   RowReader(SQLite::Statement& row, int first) : _row(row), _next(first) {}
+
+  void operator()(const char*, std::string& identifier, IdentifierRule) {
+    identifier = IdentifierIn(_row, _next++);
+  }
 
   template <class T>
   void operator()(const char*, T& value, protocol::IntRange range = {}) {
@@ -230,9 +254,29 @@ class RowReader {
  private:
   template <class T>
   void ReadOptional(std::optional<T>& value, protocol::IntRange range) {
-    const bool absent = _row.isColumnNull(_next);
-    T read = Read<T>(range);
-    if (!absent) value = std::move(read);
+    if (!_row.isColumnNull(_next)) {
+      if constexpr (requires { Spread<T>::kParts; }) CheckParts(Spread<T>::kParts);
+      value = Read<T>(range);
+    } else if constexpr (Spreadable<T>) {
+      const int end = _next + static_cast<int>(Spread<T>::kSuffixes.size());
+      CheckTogether(_next, end);
+      _next = end;
+    } else {
+      ++_next;
+    }
+  }
+
+  // Columns that are NULL together or not at all.
+  void CheckTogether(int from, int end) {
+    for (int column = from + 1; column < end; ++column)
+      if (_row.isColumnNull(column) != _row.isColumnNull(from))
+        RefuseColumn(_row, _row.isColumnNull(column) ? column : from,
+                     "is NULL, but other numbers of the same value are not");
+  }
+
+  template <std::size_t N>
+  void CheckParts(const std::array<int, N>& begins) {
+    for (std::size_t i = 0; i + 1 < N; ++i) CheckTogether(_next + begins[i], _next + begins[i + 1]);
   }
 
   template <class T>

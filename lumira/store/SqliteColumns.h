@@ -12,6 +12,10 @@ namespace lumira {
 
 inline constexpr protocol::IntRange kZeroOrOne = {0, 1};
 
+/// Marks a column of identifiers (model/Identifier.h).
+struct IdentifierRule {};
+inline constexpr IdentifierRule kIdentifier;
+
 template <class T>
 struct Columns;
 
@@ -19,7 +23,7 @@ template <>
 struct Columns<Part> {
   template <class Archive, class X>
   static void List(Archive& a, X& x) {
-    a("part", x.id);
+    a("part", x.id, kIdentifier);
     a("revision", x.revision);
     a("name", x.name);
     a("active_mass_type", x.activeMassType);
@@ -33,18 +37,24 @@ struct Columns<Part> {
   }
 };
 
+/// The values of a mass type, without its name.
+template <class Archive, class X>
+void ListMassValues(Archive& a, X& x) {
+  a("mass", x.properties.mass);
+  a("cg", x.properties.cg);
+  a("inertia", x.properties.inertia);
+  a("sd_mass", x.deviations.mass);
+  a("sd_cg", x.deviations.cg);
+  a("sd_inertia", x.deviations.inertia);
+  a("bound", x.bounds);
+}
+
 template <>
 struct Columns<MassTypeData> {
   template <class Archive, class X>
   static void List(Archive& a, X& x) {
-    a("name", x.name);
-    a("mass", x.properties.mass);
-    a("cg", x.properties.cg);
-    a("inertia", x.properties.inertia);
-    a("sd_mass", x.deviations.mass);
-    a("sd_cg", x.deviations.cg);
-    a("sd_inertia", x.deviations.inertia);
-    a("bound", x.bounds);
+    a("name", x.name, kIdentifier);
+    ListMassValues(a, x);
   }
 };
 
@@ -54,7 +64,8 @@ struct Columns<StoredResult> {
   static void List(Archive& a, X& x) {
     a("fingerprint", x.fingerprint);
     a("state", x.state);
-    Columns<MassTypeData>::List(a, x.computed);
+    a("name", x.computed.name);
+    ListMassValues(a, x.computed);
   }
 };
 
@@ -62,9 +73,9 @@ template <>
 struct Columns<Instance> {
   template <class Archive, class X>
   static void List(Archive& a, X& x) {
-    a("instance", x.id);
-    a("parent", x.parent);
-    a("child", x.child);
+    a("instance", x.id, kIdentifier);
+    a("parent", x.parent, kIdentifier);
+    a("child", x.child, kIdentifier);
     a("quantity", x.quantity);
     a("r", x.placement.rotation);
     a("t", x.placement.translation);

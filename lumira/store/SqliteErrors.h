@@ -2,6 +2,8 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -23,6 +25,15 @@ class UnstorableValue : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
+
+/// Throws DamagedContent when something has not as many of its rows as were stored. `nameOwner` is asked for
+/// what has them only then.
+template <class NameOwner>
+void CheckRowCount(NameOwner&& nameOwner, const char* rows, std::size_t found, std::int64_t stored) {
+  if (static_cast<std::int64_t>(found) != stored)
+    throw DamagedContent(nameOwner() + " has " + std::to_string(found) + " " + rows + " instead of " +
+                         std::to_string(stored));
+}
 
 /// A Storage error that names the file and says what is damaged in it.
 protocol::Error DamageError(const std::string& file, const std::string& what);

@@ -6,7 +6,8 @@ namespace lumira {
 namespace {
 
 // `key` columns are internal; identifiers of the PDM are texts. Units as in the model: kg, m, kg·m².
-// Rows of a list carry their position, since order matters to whoever typed them.
+// Rows of a list carry their position, since order matters to whoever typed them. Where a list decides a
+// mass, its owner carries the count of its rows, since a damaged page can lose rows without a sign.
 constexpr char kTables[] = R"sql(
 CREATE TABLE products(
   key INTEGER PRIMARY KEY, product TEXT NOT NULL UNIQUE, state INTEGER NOT NULL,
@@ -24,7 +25,8 @@ CREATE TABLE parts(
   density_priority INTEGER NOT NULL, standard_part INTEGER NOT NULL,
   volume REAL, centroid_x REAL, centroid_y REAL, centroid_z REAL,
   unit_inertia_xx REAL, unit_inertia_yy REAL, unit_inertia_zz REAL,
-  unit_inertia_xy REAL, unit_inertia_xz REAL, unit_inertia_yz REAL) STRICT;
+  unit_inertia_xy REAL, unit_inertia_xz REAL, unit_inertia_yz REAL,
+  mass_type_count INTEGER NOT NULL DEFAULT 0) STRICT;
 CREATE INDEX parts_of_product ON parts(product);
 
 CREATE TABLE mass_types(
@@ -81,6 +83,7 @@ CREATE TABLE properties(
 
 CREATE TABLE filters(
   key INTEGER PRIMARY KEY, product INTEGER NOT NULL REFERENCES products ON DELETE CASCADE, name TEXT NOT NULL,
+  instance_count INTEGER NOT NULL DEFAULT 0,
   UNIQUE(product, name)) STRICT;
 
 CREATE TABLE filter_instances(

@@ -59,6 +59,12 @@ class SqliteStore final : public Store {
     });
   }
 
+  // What else the rows of parts tell.
+  struct StoredParts {
+    std::unordered_map<std::int64_t, std::size_t> indices;  // of parts by key
+    std::vector<std::int64_t> massTypeCounts;               // in the order of the parts
+  };
+
   std::optional<std::int64_t> Key(const char* sql, std::string_view id);
   protocol::Result<std::int64_t> ProductKey(std::string_view productId);
   protocol::Result<std::int64_t> PartKey(std::string_view partId);
@@ -69,8 +75,7 @@ class SqliteStore final : public Store {
   std::int64_t InsertProduct(const Product& product, std::int64_t state);
   void InsertParts(const Product& product, std::int64_t key, const Progress& progress);
   void InsertInstances(const Product& product, std::int64_t key, const Progress& progress);
-  void LoadMassTypes(std::int64_t productKey, std::vector<Part>& parts,
-                     const std::unordered_map<std::int64_t, std::size_t>& indices);
+  void LoadMassTypes(std::int64_t productKey, std::vector<Part>& parts, const StoredParts& stored);
   std::vector<std::string> Roots(std::int64_t productKey);
   protocol::Result<void> CheckCounts(std::int64_t productKey, const Product& product);
 

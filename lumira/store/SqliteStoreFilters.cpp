@@ -2,6 +2,7 @@
 
 #include "lumira/store/SqliteStore.h"
 #include "lumira/store/SqliteTables.h"
+#include "protocol/Utf8.h"
 
 namespace lumira {
 
@@ -12,7 +13,8 @@ Result<std::vector<ConfigurationFilter>> SqliteStore::LoadFilters(std::string_vi
     const auto key = ProductKey(productId);
     if (!key) return key.Failure();
     std::vector<ConfigurationFilter> filters;
-    SQLite::Statement query(_db, "SELECT key, name FROM filters WHERE product = ? ORDER BY name");
+    SQLite::Statement query(_db,
+                            "SELECT key, name, instance_count FROM filters WHERE product = ? ORDER BY name");
     SQLite::Statement excluded(
         _db, "SELECT filter, instance FROM filter_instances WHERE filter = ? ORDER BY position");
     query.bind(1, key.Value());
@@ -22,6 +24,8 @@ Result<std::vector<ConfigurationFilter>> SqliteStore::LoadFilters(std::string_vi
       excluded.reset();
       excluded.bind(1, query.getColumn(0).getInt64());
       while (excluded.executeStep()) filter.excludedInstances.push_back(TextIn(excluded, 1));
+      CheckRowCount([&] { return "filter " + protocol::Quoted(filter.name); }, "instances",
+                    filter.excludedInstances.size(), query.getColumn(2).getInt64());
     }
     return filters;
   });
@@ -34,8 +38,8 @@ Result<void> SqliteStore::SaveFilter(std::string_view productId, const Configura
     SQLite::Statement remove(_db, "DELETE FROM filters WHERE product = ? AND name = ?");
     SQLite::bind(remove, key.Value(), filter.name);
     remove.exec();
-    SQLite::Statement insert(_db, "INSERT INTO filters(product, name) VALUES(?, ?)");
-    SQLite::bind(insert, key.Value(), filter.name);
+    SQLite::Statement insert(_db, "INSERT INTO filters(product, name, instance_count) VALUES(?, ?, ?)");
+    SQLite::bind(insert, key.Value(), filter.name, std::int64_t(filter.excludedInstances.size()));
     insert.exec();
     WriteList(_db, "INSERT INTO filter_instances(filter, position, instance) VALUES(?, ?, ?)",
               _db.getLastInsertRowid(), filter.excludedInstances,

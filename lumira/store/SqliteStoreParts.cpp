@@ -19,6 +19,8 @@ Result<void> SqliteStore::UpdatePart(const Part& part) {
     InsertRow(update, 1, part);
     DeleteRows(_db, "mass_types", key.Value());
     WriteRows(_db, "mass_types", key.Value(), part.massTypes);
+    _db.exec("UPDATE parts SET mass_type_count = " + std::to_string(part.massTypes.size()) +
+             " WHERE key = " + std::to_string(key.Value()));
     _db.exec("UPDATE products SET state = state + 1 WHERE key = (SELECT product FROM parts WHERE key = " +
              std::to_string(key.Value()) + ")");
     return {};

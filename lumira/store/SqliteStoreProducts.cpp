@@ -26,6 +26,10 @@ constexpr std::string_view kWriting = "Writing the product";
 
 std::size_t RowsOf(const Product& product) { return product.parts.size() + product.instances.size(); }
 
+void CheckMassTypeCount(const Part& part, std::int64_t stored) {
+  CheckRowCount([&] { return "part " + Quoted(part.id); }, "mass types", part.massTypes.size(), stored);
+}
+
 }  // namespace
 
 Result<std::vector<ProductInfo>> SqliteStore::Products() {
@@ -46,7 +50,7 @@ ProductInfo SqliteStore::InfoIn(SQLite::Statement& row) {
   info.partCount = row.getColumn(4).getInt64();
   info.instanceCount = row.getColumn(5).getInt64();
   try {
-    info.id = TextIn(row, 1);
+    info.id = IdentifierIn(row, 1);
     info.roots = Roots(row.getColumn(0).getInt64());
   } catch (const DamagedContent& damage) {
     info.damage = DamageError(_file, damage.what());
@@ -73,15 +77,17 @@ Result<Product> SqliteStore::LoadProduct(std::string_view productId, const Progr
     const std::size_t rows = RowCount(key.Value());
     Product product{.id = std::string(productId), .parts = {}, .instances = {}, .roots = Roots(key.Value())};
 
-    std::unordered_map<std::int64_t, std::size_t> indices;
-    SQLite::Statement parts(_db, SelectSql<Part>("key", "parts", "WHERE product = ? ORDER BY key"));
+    StoredParts stored;
+    SQLite::Statement parts(
+        _db, SelectSql<Part>("key, mass_type_count", "parts", "WHERE product = ? ORDER BY key"));
     parts.bind(1, key.Value());
     while (parts.executeStep()) {
-      indices.emplace(parts.getColumn(0).getInt64(), product.parts.size());
-      product.parts.push_back(ReadRow<Part>(parts, 1));
+      stored.indices.emplace(parts.getColumn(0).getInt64(), product.parts.size());
+      stored.massTypeCounts.push_back(parts.getColumn(1).getInt64());
+      product.parts.push_back(ReadRow<Part>(parts, 2));
       ReportRow(progress, kLoading, product.parts.size(), rows);
     }
-    LoadMassTypes(key.Value(), product.parts, indices);
+    LoadMassTypes(key.Value(), product.parts, stored);
 
     SQLite::Statement instances(_db,
                                 SelectSql<Instance>("key", "instances", "WHERE product = ? ORDER BY key"));
@@ -92,6 +98,7 @@ Result<Product> SqliteStore::LoadProduct(std::string_view productId, const Progr
     }
 
     if (auto counts = CheckCounts(key.Value(), product); !counts) return counts.Failure();
+    if (auto good = CheckRoots(product); !good) return DamageError(_file, good.Failure().message);
     return product;
   });
 }
@@ -100,14 +107,15 @@ Result<ProductRoot> SqliteStore::LoadRoot(std::string_view productId) {
   return Read([&]() -> Result<ProductRoot> {
     const auto product = ProductKey(productId);
     if (!product) return product.Failure();
-    SQLite::Statement query(_db, SelectSql<Part>("key", "parts",
+    SQLite::Statement query(_db, SelectSql<Part>("key, mass_type_count", "parts",
                                                  "WHERE part = (SELECT part FROM roots WHERE product = ? "
                                                  "ORDER BY position LIMIT 1)"));
     query.bind(1, product.Value());
     if (!query.executeStep()) return DamageError(_file, "product " + Quoted(productId) + " has no root part");
-    ProductRoot root{ReadRow<Part>(query, 1), false, std::nullopt};
+    ProductRoot root{ReadRow<Part>(query, 2), false, std::nullopt};
     const std::int64_t key = query.getColumn(0).getInt64();
     root.part.massTypes = ReadRows<MassTypeData>(_db, "mass_types", key);
+    CheckMassTypeCount(root.part, query.getColumn(1).getInt64());
     SQLite::Statement children(_db, "SELECT 1 FROM instances WHERE product = ? AND parent = ? LIMIT 1");
     SQLite::bind(children, product.Value(), root.part.id);
     root.hasChildren = children.executeStep();
@@ -123,7 +131,7 @@ std::vector<std::string> SqliteStore::Roots(std::int64_t productKey) {
   std::vector<std::string> roots;
   SQLite::Statement query(_db, "SELECT product, part FROM roots WHERE product = ? ORDER BY position");
   query.bind(1, productKey);
-  while (query.executeStep()) roots.push_back(TextIn(query, 1));
+  while (query.executeStep()) roots.push_back(IdentifierIn(query, 1));
   return roots;
 }
 
@@ -135,25 +143,29 @@ std::size_t SqliteStore::RowCount(std::int64_t productKey) {
 }
 
 void SqliteStore::LoadMassTypes(std::int64_t productKey, std::vector<Part>& parts,
-                                const std::unordered_map<std::int64_t, std::size_t>& indices) {
+                                const StoredParts& stored) {
   SQLite::Statement types(_db,
                           SelectSql<MassTypeData>("part", "mass_types",
                                                   "WHERE part IN (SELECT key FROM parts WHERE product = ?) "
                                                   "ORDER BY part, position"));
   types.bind(1, productKey);
   while (types.executeStep()) {
-    Part& part = parts[indices.at(types.getColumn(0).getInt64())];
-    part.massTypes.push_back(ReadRow<MassTypeData>(types, 1));
+    const auto owner = stored.indices.find(types.getColumn(0).getInt64());
+    if (owner == stored.indices.end()) RefuseColumn(types, 0, "there is no such part");
+    parts[owner->second].massTypes.push_back(ReadRow<MassTypeData>(types, 1));
   }
+  for (std::size_t i = 0; i < parts.size(); ++i) CheckMassTypeCount(parts[i], stored.massTypeCounts[i]);
 }
 
 // A damaged index or table can lose rows without any other sign.
 Result<void> SqliteStore::CheckCounts(std::int64_t productKey, const Product& product) {
-  SQLite::Statement counts(_db, "SELECT part_count, instance_count FROM products WHERE key = ?");
+  SQLite::Statement counts(_db,
+                           "SELECT key, product, part_count, instance_count FROM products WHERE key = ?");
   counts.bind(1, productKey);
   counts.executeStep();
-  const auto parts = counts.getColumn(0).getInt64();
-  const auto instances = counts.getColumn(1).getInt64();
+  IdentifierIn(counts, 1);
+  const auto parts = counts.getColumn(2).getInt64();
+  const auto instances = counts.getColumn(3).getInt64();
   if (parts == std::ssize(product.parts) && instances == std::ssize(product.instances)) return {};
   return DamageError(_file, "product " + Quoted(product.id) + " has " + std::to_string(product.parts.size()) +
                                 " parts and " + std::to_string(product.instances.size()) +
@@ -216,12 +228,12 @@ std::int64_t SqliteStore::InsertProduct(const Product& product, std::int64_t sta
 }
 
 void SqliteStore::InsertParts(const Product& product, std::int64_t key, const Progress& progress) {
-  SQLite::Statement insert(_db, InsertSql<Part>("parts", {"product"}));
+  SQLite::Statement insert(_db, InsertSql<Part>("parts", {"product", "mass_type_count"}));
   SQLite::Statement insertType(_db, InsertListSql<MassTypeData>("mass_types"));
   std::size_t written = 0;
   for (const Part& part : product.parts) {
-    insert.bind(1, key);
-    InsertRow(insert, 2, part);
+    SQLite::bind(insert, key, std::int64_t(part.massTypes.size()));
+    InsertRow(insert, 3, part);
     WriteRows(insertType, _db.getLastInsertRowid(), part.massTypes);
     ReportRow(progress, kWriting, ++written, RowsOf(product));
   }

@@ -71,7 +71,8 @@ class Store {
 
   /// The whole structure with the data of every part; instances in the order in which they were added.
   /// `progress` hears of rows read, out of all rows. Storage when a row holds what was never stored (texts
-  /// that are not UTF-8, numbers outside their range); the message names the row.
+  /// that are not UTF-8, no identifiers, numbers outside their range), when rows are missing, and when the
+  /// root is not the one part that is no child; the message names the row or the part.
   virtual protocol::Result<Product> LoadProduct(std::string_view productId,
                                                 const Progress& progress = {}) = 0;
 

@@ -227,11 +227,12 @@ TEST_F(ComputeCommand, CallsAStructureThatCannotBeComputedDamageOfTheFile) {
 TEST_F(ComputeCommand, CallsACycleInTheFileDamageOfTheFile) {
   ImportBoxes();
   SQLite::Database(file, SQLite::OPEN_READWRITE)
-      .exec("UPDATE instances SET child = 'box' WHERE instance = 'bolts'");
+      .exec("UPDATE instances SET parent = 'plate' WHERE instance = 'plate'");
   const auto reply = server->Execute("WBComputeNymValues", "1|top|");
   ASSERT_FALSE(reply.Ok());
   EXPECT_EQ(reply.Failure().kind, protocol::ErrorKind::Storage);
-  EXPECT_NE(reply.Failure().message.find("'box'"), std::string::npos) << reply.Failure().message;
+  EXPECT_NE(reply.Failure().message.find("cycle of 1 part(s): 'plate' > 'plate'"), std::string::npos)
+      << reply.Failure().message;
 }
 
 TEST_F(ComputeCommand, OfASharedPartTellsTheTruthForEveryProductThatIsStored) {

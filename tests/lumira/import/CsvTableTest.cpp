@@ -75,6 +75,17 @@ TEST(CsvTable, RefusesRowsOfAnotherLengthEach) {
             "t.csv, line 4, column 3: the row has 3 cells, the header has 2");
 }
 
+TEST(CsvTable, CutsARowThatIsTooLongAndFillsOneThatIsTooShortSoThatTheNextIsRight) {
+  const auto [log, table] = Read("a,b\n1,2,surplus,more\n4,5\n6\n7,8\n");
+  ASSERT_EQ(table.RowCount(), 4u);
+  EXPECT_EQ(table.Cell(0, 1), "2");
+  EXPECT_EQ(table.Cell(1, 0), "4");
+  EXPECT_EQ(table.Cell(1, 1), "5");
+  EXPECT_EQ(table.Cell(2, 1), "");
+  EXPECT_EQ(table.Cell(3, 0), "7");
+  EXPECT_EQ(table.Cell(3, 1), "8");
+}
+
 TEST(CsvTable, RefusesAQuoteThatIsNotClosedWhereItOpens) {
   EXPECT_EQ(Refusal("a\n1\n\"2\n3\n"),
             "t.csv, line 3, column 1 (a): a quoted cell that begins in this row is not closed before the "
@@ -90,6 +101,8 @@ TEST(CsvTable, RefusesAQuoteInsideACell) {
 TEST(CsvTable, RefusesWhatIsNotUtf8WithTheLine) {
   EXPECT_EQ(Refusal("part\nok\ncaf\xE9\n"),
             "t.csv, line 3: holds a byte that is not UTF-8; save the file as UTF-8");
+  for (const char* text : {"part\rok\rcaf\xE9\r", "part\r\nok\r\ncaf\xE9\r\n", "part\r\rcaf\xE9"})
+    EXPECT_EQ(Refusal(text), "t.csv, line 3: holds a byte that is not UTF-8; save the file as UTF-8");
   EXPECT_EQ(Refusal("\xFF\xFEp"), "t.csv: is encoded as UTF-16; save it as UTF-8");
   EXPECT_EQ(Refusal(std::string("a\nb\0c\n", 6)), "t.csv, line 2: holds a zero byte");
 }

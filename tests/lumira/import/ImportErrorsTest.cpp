@@ -109,6 +109,111 @@ TEST(ImportErrors, OfIdentifiers) {
                 "...\" has 256 bytes, an identifier has at most 255");
 }
 
+TEST(ImportErrors, OfInstancesWhoseNameCannotBeMadeOfTheChild) {
+  const std::string child(254, 'x');
+  const std::string shown = std::string(60, 'x');
+  const auto errors = [](const std::string& columns, const std::string& part) {
+    return Errors("parent,child" + columns + "\ntop," + part + (columns.empty() ? "" : ",") + "\n",
+                  "part\n" + part + "\n");
+  };
+  const std::string reason =
+      "the instance is not named, and what is made of the child for a name cannot be one: \"" + shown +
+      "...\" has 256 bytes, an identifier has at most 255";
+  EXPECT_EQ(errors("", child), "s.csv, line 2, column 2 (child): " + reason);
+  EXPECT_EQ(errors(",instance", child), "s.csv, line 2, column 3 (instance): " + reason);
+  EXPECT_EQ(errors("", std::string(253, 'x')), "imported");
+  const auto single = ReadProductTables({std::nullopt, {"m.csv", "part,parent\n" + child + ",top\n"}}, {});
+  EXPECT_EQ(single.Failure().message, "m.csv, line 2, column 1 (part): " + reason);
+}
+
+std::string OneTableErrors(const std::string& table) {
+  const auto imported = ReadProductTables({std::nullopt, {"m.csv", table}}, {});
+  return imported.Ok() ? "imported" : imported.Failure().message;
+}
+
+TEST(ImportErrors, OfThePlacementOnRowsWithoutAParent) {
+  const std::string columns = "part,parent,instance,quantity,x [m],tilt x [deg],r11\n";
+  EXPECT_EQ(OneTableErrors(columns + "top,,a|b,none,far,askew,big\na,top,,,,,\n"),
+            "m.csv, line 2, column 3 (instance): \"a|b\" holds \"|\", which an identifier may not\n"
+            "m.csv, line 2, column 4 (quantity): \"none\" is not a whole number from 1 to 1000000000\n"
+            "m.csv, line 2, column 6 (tilt x [deg]): \"askew\" is not a finite number\n"
+            "m.csv, line 2, column 7 (r11): \"big\" is not a finite number\n"
+            "m.csv, line 2, column 7 (r11): the rotation is given twice, by r11 to r33 and by tilts\n"
+            "m.csv, line 2, column 5 (x [m]): \"far\" is not a finite number");
+}
+
+TEST(ImportErrors, OfCellsOfARowWhosePartCannotBeRead) {
+  EXPECT_EQ(MassErrors("part,mass [kg],density [kg/m3],active\na|b,heavy,-1,maybe\n"),
+            "m.csv, line 2, column 1 (part): \"a|b\" holds \"|\", which an identifier may not\n"
+            "m.csv, line 2, column 3 (density [kg/m3]): a density may not be negative\n"
+            "m.csv, line 2, column 4 (active): \"maybe\" is none of \"no\", \"yes\"\n"
+            "m.csv, line 2, column 2 (mass [kg]): \"heavy\" is not a finite number");
+}
+
+TEST(ImportErrors, OfTheActiveMarkOfAMassTypeThatIsThereTwice) {
+  EXPECT_EQ(MassErrors("part,mass [kg],active\na,1,yes\na,2,maybe\n"),
+            "m.csv, line 3, column 3 (active): \"maybe\" is none of \"no\", \"yes\"\n"
+            "m.csv, line 3, column 1 (part): part \"a\" has the mass type \"Estimated\" twice");
+}
+
+TEST(ImportErrors, OfWhatIsSaidAboutAnInertiaThatIsNotGiven) {
+  EXPECT_EQ(
+      MassErrors("part,mass [kg],products,inertia about,inertia tilt y [deg]\na,1,minus,tip,steep\n"),
+      "m.csv, line 2, column 4 (inertia about): \"tip\" is none of \"cg\", \"origin\"\n"
+      "m.csv, line 2, column 3 (products): \"minus\" is none of \"-\", \"+\", \"tensor\", \"integral\"\n"
+      "m.csv, line 2, column 5 (inertia tilt y [deg]): \"steep\" is not a finite number");
+}
+
+TEST(ImportErrors, OfAFigureDoNotBringErrorsOfThoseThatNeedIt) {
+  EXPECT_EQ(MassErrors("part,ixx [kg m2],iyy [kg m2],izz [kg m2],ixy [kg m2],products\na,x,1,1,1,-\n"),
+            "m.csv, line 2, column 2 (ixx [kg m2]): \"x\" is not a finite number");
+  EXPECT_EQ(MassErrors("part,mass [kg],cg x [m],cg y [m],cg z [m],ixx [kg m2],iyy [kg m2],izz [kg m2],"
+                       "inertia about\na,x,0,0,0,1,1,1,origin\n"),
+            "m.csv, line 2, column 2 (mass [kg]): \"x\" is not a finite number");
+}
+
+TEST(ImportErrors, OfTheStructureAreToldTogetherWithThoseOfMassCells) {
+  const std::string mass = "part,mass [kg]\na,x\nbedplat,1\n";
+  const std::string cells = "m.csv, line 2, column 2 (mass [kg]): \"x\" is not a finite number\n";
+  const std::string unknown = "m.csv, line 3, column 1 (part): part \"bedplat\" is not in the structure";
+  EXPECT_EQ(Errors("parent,child\ntop,a\n", mass), cells + unknown);
+  EXPECT_EQ(
+      Errors("parent,child\ntop,a\na,b\nb,a\n", mass),
+      cells + "s.csv, line 4, column 2 (child): part \"a\" would contain itself: a > b > a\n" + unknown);
+  EXPECT_EQ(Errors("parent,child\ntop,a\nother,a\n", mass),
+            cells + unknown +
+                "\ns.csv, line 3, column 1 (parent): a product has one top part, here are 2: \"top\", "
+                "\"other\"");
+  EXPECT_EQ(OneTableErrors("part,parent,mass [kg]\ntop,,x\na,top,1\nother,,\nb,other,1\n"),
+            "m.csv, line 2, column 3 (mass [kg]): \"x\" is not a finite number\n"
+            "m.csv, line 5, column 2 (parent): a product has one top part, here are 2: \"top\", \"other\"");
+}
+
+TEST(ImportErrors, OfStructureCellsLeaveUnknownPartsToBeToldButNoCyclesAndTops) {
+  const std::string quantity =
+      "s.csv, line 2, column 3 (quantity): \"0\" is not a whole number from 1 to 1000000000";
+  EXPECT_EQ(Errors("parent,child,quantity\ntop,a,0\nother,other,1\n", "part\nz\n"),
+            quantity + "\nm.csv, line 2, column 1 (part): part \"z\" is not in the structure");
+}
+
+TEST(ImportErrors, OfPartsOfTheStructureDoNotMakeOthersUnknown) {
+  EXPECT_EQ(Errors("parent,child\ntop,\ntop,b\n", "part\na\n"),
+            "s.csv, line 2, column 2 (child): is empty, an identifier expected")
+      << "\"a\" may be meant";
+  EXPECT_EQ(Errors("parent,child\ntop,a,b\n", "part\nz\n"),
+            "s.csv, line 2, column 3: the row has 3 cells, the header has 2\n"
+            "m.csv, line 2, column 1 (part): part \"z\" is not in the structure");
+  EXPECT_EQ(Errors("parent\ntop\n", "part,mass [kg]\na,x\n"),
+            "m.csv, line 2, column 2 (mass [kg]): \"x\" is not a finite number\n"
+            "s.csv, line 1: there is no column \"child\"");
+  EXPECT_EQ(OneTableErrors("part,parent\ntop,\na|b,top\n|,z\nc,top\n"),
+            "m.csv, line 3, column 1 (part): \"a|b\" holds \"|\", which an identifier may not\n"
+            "m.csv, line 4, column 1 (part): \"|\" holds \"|\", which an identifier may not");
+  EXPECT_EQ(OneTableErrors("part,mass [kg]\na,x\nb,1\n"),
+            "m.csv, line 2, column 2 (mass [kg]): \"x\" is not a finite number\n"
+            "m.csv, line 1: there is no column \"parent\" and no structure table");
+}
+
 TEST(ImportErrors, OfTheNameOfTheProduct) {
   const auto named = [](const std::string& product) {
     return StructureErrors("parent,child\ntop,a\n", {.product = product});
@@ -171,6 +276,11 @@ TEST(ImportErrors, OfAPlacementThatIsNoRotation) {
 
 TEST(ImportErrors, OfARotationThatIsGivenTwiceOrInPart) {
   const std::string table = kCoefficients;
+  EXPECT_EQ(StructureErrors(table + "top,a,1,0,nan,,,,,,,x\n"),
+            "s.csv, line 2, column 12 (tilt y [deg]): \"x\" is not a finite number\n"
+            "s.csv, line 2, column 5 (r13): \"nan\" is not a finite number\n"
+            "s.csv, line 2, column 3 (r11): the rotation is given twice, by r11 to r33 and by tilts")
+      << "every cell is read";
   EXPECT_EQ(StructureErrors(table + "top,a,1,0,0,0,1,0,0,0,1,6\n"),
             "s.csv, line 2, column 3 (r11): the rotation is given twice, by r11 to r33 and by tilts");
   EXPECT_EQ(StructureErrors(table + "top,a,1,0,0,,,,,,,\n"),

@@ -312,6 +312,48 @@ TEST(Import, NamesAShapeWithoutVolumeAndAnActiveRowWithoutDataAsLeftOut) {
   EXPECT_FALSE(PartOf(imported.Value(), "a").geometry);
 }
 
+TEST(Import, NamesThePlacementOfARowWithoutAParentAsLeftOut) {
+  const auto imported = ReadProductTables(
+      {std::nullopt,
+       {"m.csv", "part,parent,mass type,quantity,x [m]\ntop,,,,\na,top,Estimated,2,7\na,,Weighed,,8\n"}},
+      {});
+  ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
+  EXPECT_THAT(imported.Value().report.leftOut,
+              ElementsAre("m.csv, line 4, column 5 (x [m]): there is no parent, so instance, quantity and "
+                          "placement are left out"));
+  ASSERT_EQ(imported.Value().product.instances.size(), 1u);
+  EXPECT_EQ(imported.Value().product.instances[0].placement.translation.x, 7);
+}
+
+TEST(Import, NamesTheTiltOfAnInertiaThatIsNotGivenAsLeftOut) {
+  const auto imported = ReadTables("parent,child\ntop,a\n",
+                                   "part,mass [kg],products,inertia about,inertia tilt y [deg]\n"
+                                   "a,1,-,origin,30\n");
+  ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
+  EXPECT_THAT(imported.Value().report.leftOut,
+              ElementsAre("m.csv, line 2, column 5 (inertia tilt y [deg]): there is no inertia, the tilt of "
+                          "its axes is left out"));
+}
+
+TEST(Import, WarnsOfDeviationsOfWhatIsNotKnownAndTakesThemAllTheSame) {
+  const auto imported =
+      ReadTables(kTwoChildren,
+                 "part,mass [kg],sd mass [kg],sd cg y [m],sd izz [kg m2],upper deviation [kg]\n"
+                 "a,,1,2,3,4\nb,1,1,0,0,4\n");
+  ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
+  EXPECT_THAT(
+      imported.Value().report.warnings,
+      ElementsAre("m.csv, line 2, column 3 (sd mass [kg]): part \"a\": there is no mass, so its standard "
+                  "deviation does not count",
+                  "m.csv, line 2, column 4 (sd cg y [m]): part \"a\": there is no centre of gravity, so its "
+                  "standard deviations do not count",
+                  "m.csv, line 2, column 5 (sd izz [kg m2]): part \"a\": there is no inertia, so its "
+                  "standard deviations do not count",
+                  "m.csv, line 2, column 6 (upper deviation [kg]): part \"a\": there is no mass, so its "
+                  "limits do not count"));
+  EXPECT_EQ(PartOf(imported.Value(), "a").massTypes.at(0).deviations.cg.y, 2);
+}
+
 TEST(Import, WarnsOfALeafWithAShapeButNoDensity) {
   const auto imported = ReadTables(kTwoChildren, "part,density [kg/m3],volume [m3]\na,,1\nb,7,1\n");
   EXPECT_THAT(imported.Value().report.warnings,

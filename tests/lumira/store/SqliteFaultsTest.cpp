@@ -3,8 +3,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
+#include <barrier>
 #include <csignal>
 #include <fstream>
+#include <thread>
 
 #include "StoreContract.h"
 #include "lumira/store/OpenSqliteStore.h"
@@ -24,6 +27,12 @@ std::string Content(const std::string& file) {
 
 void Overwrite(const std::string& file, const std::string& content) {
   std::ofstream(file, std::ios::binary | std::ios::trunc) << content;
+}
+
+constexpr std::size_t kPage = 4096;
+
+std::string WithPage(std::string whole, std::size_t page, const std::string& content) {
+  return whole.replace(page * kPage, kPage, content);
 }
 
 class SqliteFaults : public Test {
@@ -63,6 +72,34 @@ TEST_F(SqliteFaults, CreatingOverAFileIsRefusedAndLeavesIt) {
   EXPECT_EQ(Content(file), "my thesis");
 }
 
+TEST_F(SqliteFaults, CreatingOverALinkThatLeadsNowhereIsRefusedAndLeavesIt) {
+  std::filesystem::create_symlink(folder.File("elsewhere"), file);
+  const auto store = CreateSqliteStore(file);
+  ASSERT_FALSE(store.Ok());
+  EXPECT_EQ(store.Failure().kind, ErrorKind::Conflict);
+  EXPECT_TRUE(std::filesystem::is_symlink(file));
+  EXPECT_FALSE(std::filesystem::exists(folder.File("elsewhere")));
+}
+
+TEST_F(SqliteFaults, OfTwoThatCreateTheSameFileOneSucceedsAndKeepsIt) {
+  for (int round = 0; round < 20; ++round) {
+    const std::string name = folder.File("round" + std::to_string(round));
+    std::barrier together(2);
+    std::array<bool, 2> made{};
+    const auto create = [&](bool& succeeded) {
+      together.arrive_and_wait();
+      const auto store = CreateSqliteStore(name);
+      succeeded = store.Ok();
+      EXPECT_TRUE(store.Ok() || store.Failure().kind == ErrorKind::Conflict);
+    };
+    std::thread first([&] { create(made[0]); });
+    create(made[1]);
+    first.join();
+    EXPECT_NE(made[0], made[1]);
+    EXPECT_TRUE(OpenSqliteStore(name).Ok());
+  }
+}
+
 TEST_F(SqliteFaults, CreatingInAMissingFolderIsRefused) {
   const auto store = CreateSqliteStore(folder.File("no/such/p.lumira"));
   ASSERT_FALSE(store.Ok());
@@ -93,9 +130,9 @@ TEST_F(SqliteFaults, DatabaseOfAnotherProgramIsRefusedAndStaysAsItIs) {
 
 TEST_F(SqliteFaults, NewerVersionIsRefusedAndStaysAsItIs) {
   MakeStore();
-  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 4");
+  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 5");
   const std::string before = Content(file);
-  ExpectReason(OpeningFails(ErrorKind::Storage), "newer version (tables of version 4, this program knows 3)");
+  ExpectReason(OpeningFails(ErrorKind::Storage), "newer version (tables of version 5, this program knows 4)");
   EXPECT_EQ(Content(file), before);
 }
 
@@ -113,32 +150,137 @@ TEST_F(SqliteFaults, CutOffFileIsDamaged) {
 TEST_F(SqliteFaults, EveryOverwrittenPageEndsInAnErrorOrTheRightProduct) {
   MakeStore();
   const std::string whole = Content(file);
-  constexpr std::size_t kPage = 4096;
-  int refused = 0;
-  for (std::size_t page = 0; page < whole.size() / kPage; ++page) {
-    std::string damaged = whole;
-    damaged.replace(page * kPage, kPage, kPage, '\xA5');
-    Overwrite(file, damaged);
-    auto store = OpenSqliteStore(file, kNoPatience);
-    const auto product = store.Ok() ? store.Value()->LoadProduct("PRC") : store.Failure();
-    if (product.Ok()) {
-      EXPECT_EQ(product.Value().parts.size(), 3u);
-      EXPECT_EQ(product.Value().instances.size(), 2u);
-      continue;
+  // Noise, and leaves of a table and of an index that are well formed and without any row.
+  const std::string noRow("\0\0\0\0\0\x10\0\0", 8);  // none, and content that begins at the end of the page
+  for (const std::string& begin : {std::string(8, '\xA5'), '\x0D' + noRow, '\x0A' + noRow}) {
+    int refused = 0;
+    for (std::size_t page = 0; page < whole.size() / kPage; ++page) {
+      Overwrite(file, WithPage(whole, page, begin + std::string(kPage - begin.size(), begin.back())));
+      auto store = OpenSqliteStore(file, kNoPatience);
+      const auto product = store.Ok() ? store.Value()->LoadProduct("PRC") : store.Failure();
+      refused += !product.Ok();
+      if (product.Ok()) {
+        EXPECT_EQ(product.Value(), SampleProduct()) << "page " << page;
+      } else {
+        // A list of products without any row does not show that there was one.
+        EXPECT_TRUE(product.Failure().kind == ErrorKind::Storage ||
+                    product.Failure().message == "there is no product \"PRC\"")
+            << product.Failure().message;
+      }
     }
-    ++refused;
-    EXPECT_EQ(product.Failure().kind, ErrorKind::Storage) << product.Failure().message;
+    EXPECT_GE(refused, 6);  // at least the catalogue and the five tables that a product needs
   }
-  EXPECT_GE(refused, 5);  // at least the header, the catalogue, and the three tables that a product needs
 }
 
 TEST_F(SqliteFaults, LostRowsAreNoticed) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"DELETE FROM instances WHERE instance = 'i2'", "has 3 parts and 1 instances instead of 3 and 2"},
+      {"DELETE FROM parts WHERE part = 'bare'", "has 2 parts and 2 instances instead of 3 and 2"},
+      {"DELETE FROM mass_types WHERE name = 'Estimated'", "part \"leaf\" has 1 mass types instead of 2"},
+      {"DELETE FROM mass_types", "part \"leaf\" has 0 mass types instead of 2"},
+      {"UPDATE mass_types SET part = 3 WHERE name = 'Estimated'", "has 1 mass types instead of 2"},
+      {"DELETE FROM roots", "product \"PRC\" has 0 root parts, not one"},
+      {"DELETE FROM products", "there is no product \"PRC\""}};
   MakeStore();
-  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("DELETE FROM instances WHERE instance = 'i2'");
-  const auto product = OpenSqliteStore(file).Value()->LoadProduct("PRC");
-  ASSERT_FALSE(product.Ok());
-  EXPECT_EQ(product.Failure().kind, ErrorKind::Storage);
-  ExpectReason(product.Failure().message, "has 3 parts and 1 instances instead of 3 and 2");
+  const std::string whole = Content(file);
+  for (const auto& [damage, reason] : cases) {
+    Overwrite(file, whole);
+    SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
+    const auto product = OpenSqliteStore(file).Value()->LoadProduct("PRC");
+    ASSERT_FALSE(product.Ok()) << damage;
+    ExpectReason(product.Failure().message, reason);
+  }
+}
+
+TEST_F(SqliteFaults, LostMassTypesOfTheRootAreNoticedWithoutTheRestOfTheProduct) {
+  Product product = SampleProduct();
+  product.parts[0].massTypes = {{"Weighed", {3.0, {}, {}}, {}, {}}};
+  ASSERT_TRUE(CreateSqliteStore(file).Value()->AddProduct(product, Existing::Refuse).Ok());
+  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("DELETE FROM mass_types WHERE part = 1");
+  const auto root = OpenSqliteStore(file).Value()->LoadRoot("PRC");
+  ASSERT_FALSE(root.Ok());
+  ExpectReason(root.Failure().message, "part \"root\" has 0 mass types instead of 1");
+}
+
+TEST_F(SqliteFaults, LostInstancesOfAFilterAreNoticed) {
+  MakeStore();
+  ASSERT_TRUE(OpenSqliteStore(file).Value()->SaveFilter("PRC", {"Kit", {"i1", "i2"}}).Ok());
+  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("DELETE FROM filter_instances WHERE instance = 'i2'");
+  const auto filters = OpenSqliteStore(file).Value()->LoadFilters("PRC");
+  ASSERT_FALSE(filters.Ok());
+  EXPECT_EQ(filters.Failure().kind, ErrorKind::Storage);
+  ExpectReason(filters.Failure().message, "filter \"Kit\" has 1 instances instead of 2");
+}
+
+TEST_F(SqliteFaults, IdentifiersAndRootsThatWereNeverStoredAreRefused) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"UPDATE parts SET part = 'a|b' WHERE part = 'leaf'",
+       "row key = \"2\", column part: \"a|b\" holds \"|\", which an identifier may not"},
+      {"UPDATE mass_types SET name = '' WHERE name = 'Weighed'",
+       "row part = \"2\", column name: is empty, an identifier expected"},
+      {"UPDATE instances SET instance = char(9) WHERE instance = 'i2'",
+       "row key = \"2\", column instance: \"\\x09\" holds a control character"},
+      {"UPDATE instances SET parent = '' WHERE instance = 'i2'", "row key = \"2\", column parent: is empty"},
+      {"UPDATE instances SET child = printf('%256d', 1) WHERE instance = 'i1'",
+       "has 256 bytes, an identifier has at most 255"},
+      {"UPDATE roots SET part = 'ro|ot'", "row product = \"1\", column part: \"ro|ot\" holds \"|\""},
+      {"UPDATE roots SET part = 'leaf'", "product \"PRC\" has a root part \"leaf\" that is a child"},
+      {"UPDATE roots SET part = 'nobody'",
+       "product \"PRC\" has a part \"root\" that is neither the root nor a child"},
+      {"INSERT INTO roots VALUES(1, 1, 'bare')", "product \"PRC\" has 2 root parts, not one"},
+      {"UPDATE instances SET child = 'leaf' WHERE instance = 'i2'",
+       "product \"PRC\" has a part \"bare\" that is neither the root nor a child"}};
+  MakeStore();
+  const std::string whole = Content(file);
+  for (const auto& [damage, reason] : cases) {
+    Overwrite(file, whole);
+    SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
+    const auto product = OpenSqliteStore(file).Value()->LoadProduct("PRC");
+    ASSERT_FALSE(product.Ok()) << damage;
+    EXPECT_EQ(product.Failure().kind, ErrorKind::Storage);
+    ExpectReason(product.Failure().message, "\"" + file + "\": the file is damaged");
+    ExpectReason(product.Failure().message, reason);
+  }
+}
+
+TEST_F(SqliteFaults, NameOfAProductThatWasNeverStoredIsRefused) {
+  MakeStore();
+  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("UPDATE products SET product = 'P|RC'");
+  auto store = OpenSqliteStore(file).Value();
+  const std::string reason = "row key = \"1\", column product: \"P|RC\" holds \"|\"";
+  ExpectReason(store->LoadProduct("P|RC").Failure().message, reason);
+  const auto products = store->Products();
+  ASSERT_TRUE(products.Value().at(0).damage.has_value());
+  ExpectReason(products.Value()[0].damage->message, reason);
+}
+
+TEST_F(SqliteFaults, ValuesOfWhichSomeNumbersAreMissingAreRefused) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"UPDATE mass_types SET cg_x = NULL WHERE position = 0",
+       "row part = \"2\", column cg_x: is NULL, but other numbers of the same value are not"},
+      {"UPDATE mass_types SET cg_z = NULL WHERE position = 0",
+       "row part = \"2\", column cg_z: is NULL, a number expected"},
+      {"UPDATE mass_types SET inertia_yz = NULL WHERE position = 0",
+       "row part = \"2\", column inertia_yz: is NULL"},
+      {"UPDATE mass_types SET bound_lower = NULL WHERE position = 0",
+       "row part = \"2\", column bound_lower: is NULL"},
+      {"UPDATE parts SET volume = NULL WHERE part = 'leaf'", "row key = \"2\", column volume: is NULL"},
+      {"UPDATE parts SET centroid_y = NULL WHERE part = 'leaf'",
+       "row key = \"2\", column centroid_y: is NULL"},
+      {"UPDATE parts SET unit_inertia_xx = NULL WHERE part = 'leaf'",
+       "row key = \"2\", column unit_inertia_xx: is NULL"},
+      {"UPDATE parts SET unit_inertia_yz = NULL WHERE part = 'leaf'",
+       "row key = \"2\", column unit_inertia_yz: is NULL"}};
+  MakeStore();
+  const std::string whole = Content(file);
+  for (const auto& [damage, reason] : cases) {
+    Overwrite(file, whole);
+    SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
+    const auto product = OpenSqliteStore(file).Value()->LoadProduct("PRC");
+    ASSERT_FALSE(product.Ok()) << damage;
+    EXPECT_EQ(product.Failure().kind, ErrorKind::Storage);
+    ExpectReason(product.Failure().message, reason);
+  }
 }
 
 TEST_F(SqliteFaults, WritingWhileAnotherProgramWritesIsRefusedAndChangesNothing) {
@@ -228,7 +370,18 @@ TEST_F(SqliteFaults, CreatingOnAFullDiskLeavesNoFileBehind) {
     EXPECT_EQ(store.Failure().kind, ErrorKind::Storage);
     ExpectReason(store.Failure().message, "disk");
   }
+  EXPECT_TRUE(std::filesystem::is_empty(folder.File("")));
   EXPECT_TRUE(CreateSqliteStore(file).Ok());
+}
+
+TEST_F(SqliteFaults, CreatingOnAFullDiskLeavesWhatWasThereBefore) {
+  for (const char* other : {"-shm", ".old"}) Overwrite(file + other, "mine");
+  {
+    SmallDisk disk(10);
+    ASSERT_FALSE(CreateSqliteStore(file).Ok());
+  }
+  EXPECT_FALSE(std::filesystem::exists(file));
+  for (const char* other : {"-shm", ".old"}) EXPECT_EQ(Content(file + other), "mine") << other;
 }
 
 TEST_F(SqliteFaults, FullDiskIsReportedAndLeavesTheDataAlone) {
@@ -239,6 +392,7 @@ TEST_F(SqliteFaults, FullDiskIsReportedAndLeavesTheDataAlone) {
     Part part;
     part.id = "p" + std::to_string(i);
     big.parts.push_back(part);
+    big.instances.push_back({part.id + ".1", "root", part.id, 1, {}});
   }
   {
     SmallDisk disk(300'000);

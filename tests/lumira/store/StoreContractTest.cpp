@@ -177,7 +177,14 @@ TEST_P(StoreContract, RefusesProductsThatCouldNotBeComputed) {
   rootless.roots.clear();
   Product unknown = SampleProduct();
   unknown.instances[0].child = "nobody";
-  for (const Product& refused : {shape, idle, loose, mirrored, rootless, unknown}) {
+  Product nameless = SampleProduct();
+  nameless.parts[1].massTypes[1].name.clear();
+  Product twoTops = SampleProduct();
+  twoTops.parts.emplace_back().id = "second top";
+  Product wrongRoot = SampleProduct();
+  wrongRoot.roots = {"bare"};
+  for (const Product& refused :
+       {shape, idle, loose, mirrored, rootless, unknown, nameless, twoTops, wrongRoot}) {
     const auto added = store->AddProduct(refused, Existing::Refuse);
     ASSERT_FALSE(added.Ok());
     EXPECT_NE(added.Failure().kind, ErrorKind::Storage) << added.Failure().message;
