@@ -1,26 +1,21 @@
 // The selected filter, as the other panels read it.
 
 #include <iostream>
+#include <memory>
 
+#include "module/filter_panel/KorWBNymNavFilterIndex.h"
+#include "module/filter_panel/KorWBNymNavFilterOptions.h"
 #include "module/filter_panel/KorWBNymNavFilterPanel.h"
 
-namespace {
-
-constexpr std::int32_t kUserOption = 0;
-constexpr std::int32_t kConfigurationOption = 1;
-const char* const kEmptyUserFilter = "1|0";
-const char* const kNoFilter = "No Filter";
-const char* const kConfigurationPrefix = "0|";
-
-}  // namespace
+using namespace KorWBNymNavFilterOptions;
 
 KorWBNymNavFilterPanel::Choice KorWBNymNavFilterPanel::ChoiceFor(const KorUnicodeString& prcId) {
   // The filter applies only to the product root for which it was chosen.
   if (prcId != selectedPRCID) return Choice::None;
   // A user filter list that was never recorded (empty text) counts as a choice; a recorded empty list does
   // not.
-  if (selectedFilterOption == kUserOption && selectedPVSFilter != kEmptyUserFilter) return Choice::User;
-  return selectedFilterOption == kConfigurationOption ? Choice::Configuration : Choice::None;
+  if (selectedFilterOption == kUser && selectedPVSFilter != kEmptyUserFilter) return Choice::User;
+  return selectedFilterOption == kConfiguration ? Choice::Configuration : Choice::None;
 }
 
 KorUnicodeString KorWBNymNavFilterPanel::GetFilter(const KorUnicodeString& prcId) {
@@ -50,16 +45,44 @@ KorUnicodeString KorWBNymNavFilterPanel::GetDisplayFilter(const KorUnicodeString
 bool KorWBNymNavFilterPanel::IsValid(const KorUnicodeString& prcId, const KorUnicodeString& instanceId,
                                      const KorUnicodeString& partId, const KorUnicodeString& partVersion,
                                      std::int32_t depth, const KorUnicodeString& path) {
-  if (selectedFilterOption == kConfigurationOption || selectedPVSFilter.IsEmpty() ||
+  if (selectedFilterOption == kConfiguration || selectedPVSFilter.IsEmpty() ||
       selectedPVSFilter == kEmptyUserFilter || prcId != selectedPRCID)
     return true;
   KorUnicodeString depthText;
   depthText.BuildFromNum(depth);
   KorUnicodeString key = instanceId + "|" + partId + "|" + partVersion + "|" + depthText;
   if (depth != 0) key += "|" + path;
-  // On purpose a search in the text and not a match of whole rows: a key inside a longer row passes too.
-  return selectedPVSFilter.SearchSubString(key) >= 0;
+  return UserFilterHolds(key.Utf8());
 }
+
+namespace {
+
+// The index of the last long text that was asked about, and which text that was.
+struct IndexedText {
+  const char* data = nullptr;
+  std::size_t size = 0;
+  std::unique_ptr<KorWBNymNavFilterIndex> index;
+};
+
+IndexedText& TheIndexedText() {
+  static IndexedText indexed;
+  return indexed;
+}
+
+}  // namespace
+
+// On purpose a search in the text and not a match of whole rows: a key inside a longer row passes too.
+bool KorWBNymNavFilterPanel::UserFilterHolds(std::string_view key) {
+  const std::string& text = selectedPVSFilter.Utf8();
+  constexpr std::size_t kSearchedPlainly = 4096;
+  if (text.size() <= kSearchedPlainly) return text.find(key) != text.npos;
+  IndexedText& indexed = TheIndexedText();
+  if (!indexed.index || indexed.data != text.data() || indexed.size != text.size())
+    indexed = {text.data(), text.size(), std::make_unique<KorWBNymNavFilterIndex>(text)};
+  return indexed.index->Contains(key);
+}
+
+void KorWBNymNavFilterPanel::UserFilterChanged() { TheIndexedText() = {}; }
 
 bool KorWBNymNavFilterPanel::StoredListsAreParallel() {
   return _listOfInstanceIds.Size() == _listOfPartsIds.Size() &&
