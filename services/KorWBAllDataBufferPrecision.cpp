@@ -1,3 +1,5 @@
+#include "services/KorWBAllDataBuffer.h"
+
 #include <cmath>
 
 #include "services/KorWBBufferContent.h"

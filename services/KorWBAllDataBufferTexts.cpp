@@ -1,3 +1,5 @@
+#include "services/KorWBAllDataBuffer.h"
+
 #include <algorithm>
 #include <set>
 #include <utility>

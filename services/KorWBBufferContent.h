@@ -17,9 +17,10 @@ struct KorWBAllDataBuffer::Content {
 
   protocol::PartData data;
   std::vector<std::optional<Coordinates>> cgMillimetres;  ///< parallel to data.massTypes
-  bool mayReuseStoredResults = true;
-  bool computableWithUserMassType = true;
-  KorUnicodeString lastRefusal;
+  // Stand in no text, so that new data leave them as they are.
+  bool mayReuseStoredResults = true;       ///< whether a compute may answer from results stored before
+  bool computableWithUserMassType = true;  ///< whether a compute makes sense with a user mass type active
+  KorUnicodeString lastRefusal;            ///< why the last text was refused; empty: it was not
 
   /// Takes over new wire data and works the millimetres out anew.
   void Replace(protocol::PartData newData);

@@ -1,6 +1,6 @@
-#include <array>
-
 #include "services/KorWBServices.h"
+
+#include <array>
 
 void KorWBServices::ConvertInertiaMatrix(KorMath3x3Matrix& inertia, double mass,
                                          const KorMathPoint& fromPoint, const KorMathPoint& toPoint,

@@ -1,10 +1,11 @@
+#include "services/KorWBServices.h"
+
 #include "framework/dialog/KorApplicationFrame.h"
 #include "framework/dialog/KorMsgCatalog.h"
 #include "framework/pdm/KorPdmClient.h"
 #include "protocol/Codec.h"
 #include "protocol/Constants.h"
 #include "services/KorLumWBCSCommonDefinitions.h"
-#include "services/KorWBServices.h"
 
 namespace {
 

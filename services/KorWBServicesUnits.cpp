@@ -1,5 +1,6 @@
-#include "framework/knowledge/KorCkeParmDictionary.h"
 #include "services/KorWBServices.h"
+
+#include "framework/knowledge/KorCkeParmDictionary.h"
 
 HRESULT KorWBServices::RestoreValue(double shown, const KorUnicodeString& magnitude, double& stored) {
   const KorCkeParmDictionary* dictionary = KorCkeGlobalFunctions::GetParmDictionary();

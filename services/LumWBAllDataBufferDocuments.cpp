@@ -1,7 +1,8 @@
+#include "services/LumWBAllDataBuffer.h"
+
 #include "protocol/Constants.h"
 #include "protocol/Numbers.h"
 #include "services/KorWBBufferContent.h"
-#include "services/LumWBAllDataBuffer.h"
 
 namespace {
 

@@ -1,7 +1,8 @@
+#include "services/LumWBAllDataBuffer.h"
+
 #include <algorithm>
 
 #include "services/KorWBBufferContent.h"
-#include "services/LumWBAllDataBuffer.h"
 
 namespace {
 

@@ -22,12 +22,17 @@ void KorDlgMultiList::SetColumnTitles(const std::vector<KorUnicodeString>& title
   Changed(KorDlgProperty::Selection);
 }
 
+const KorDlgMultiList::Column& KorDlgMultiList::GetColumn(int column) const {
+  static const Column kNone;
+  return HasColumn(column) ? _columns[column] : kNone;
+}
+
 void KorDlgMultiList::SetColumnVisible(int column, bool visible) {
-  Assign(_columns[column].shown, visible, KorDlgProperty::Columns);
+  if (HasColumn(column)) Assign(_columns[column].shown, visible, KorDlgProperty::Columns);
 }
 
 void KorDlgMultiList::SetColumnTextWidth(int column, int characters) {
-  Assign(_columns[column].textWidth, characters, KorDlgProperty::Columns);
+  if (HasColumn(column)) Assign(_columns[column].textWidth, characters, KorDlgProperty::Columns);
 }
 
 void KorDlgMultiList::SetVisibleColumnCount(int count) {
@@ -35,7 +40,7 @@ void KorDlgMultiList::SetVisibleColumnCount(int count) {
 }
 
 void KorDlgMultiList::SetColumnItem(int column, const KorUnicodeString& text, int row) {
-  if (column < 0 || column >= GetColumnCount() || row < 0) return;
+  if (!HasColumn(column) || row < 0) return;
   Cells& cells = _cells[column];
   _lineCount = std::max(_lineCount, row + 1);
   if (cells.slices.size() <= static_cast<std::size_t>(row)) cells.slices.resize(row + 1);
@@ -48,7 +53,7 @@ void KorDlgMultiList::SetColumnItem(int column, const KorUnicodeString& text, in
 }
 
 std::string_view KorDlgMultiList::GetColumnItem(int column, int row) const {
-  if (column < 0 || column >= GetColumnCount() || row < 0) return {};
+  if (!HasColumn(column) || row < 0) return {};
   const Cells& cells = _cells[column];
   if (static_cast<std::size_t>(row) >= cells.slices.size()) return {};
   return std::string_view(cells.text).substr(cells.slices[row].offset, cells.slices[row].length);

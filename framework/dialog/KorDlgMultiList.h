@@ -5,7 +5,8 @@
 #include "framework/dialog/KorDlgObject.h"
 
 /// A list of rows and columns of text, made for a million rows: each column keeps its texts end to end in one
-/// block. Rows and columns count from 0.
+/// block. Rows and columns count from 0. Of a row or column that there is not the list tells as of an empty
+/// one, and setting something of a column that there is not does nothing.
 class KOR_FRAMEWORK_API KorDlgMultiList : public KorDlgObject {
  public:
   KorDlgMultiList(KorDlgObject* parent, const char* name, unsigned style)
@@ -23,7 +24,7 @@ class KOR_FRAMEWORK_API KorDlgMultiList : public KorDlgObject {
   /// Makes one column for each title; rows are cleared.
   void SetColumnTitles(const std::vector<KorUnicodeString>& titles);
   int GetColumnCount() const { return static_cast<int>(_columns.size()); }
-  const Column& GetColumn(int column) const { return _columns[column]; }
+  const Column& GetColumn(int column) const;
   void SetColumnVisible(int column, bool visible);
   void SetColumnTextWidth(int column, int characters);
   /// How many columns the list shows at once without scrolling; 0: all.
@@ -60,6 +61,7 @@ class KOR_FRAMEWORK_API KorDlgMultiList : public KorDlgObject {
     std::size_t unused = 0;  ///< bytes of `text` that no slice shows any more
   };
   void RowsChanged();
+  bool HasColumn(int column) const { return column >= 0 && column < GetColumnCount(); }
   void CompactIfWasteful(Cells& cells);
   std::vector<int> Normalised(std::vector<int> rows) const;
 

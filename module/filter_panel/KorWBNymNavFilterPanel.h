@@ -81,7 +81,8 @@ class ExportedByKorWBNymNavGUI KorWBNymNavFilterPanel : public KorDlgDialog {
   virtual void OnFilterClickNotification(KorCommand*, KorNotification*, KorCommandClientData);
 
  private:
-  friend struct KorWBNymNavFilterPanelPeer;  ///< of the tests: reaches the stored lists
+  /// Fills the stored lists in tests: nothing that the class offers can make them differ in size.
+  friend struct KorWBNymNavFilterPanelPeer;
   enum class Choice { None, User, Configuration };
   static Choice ChoiceFor(const KorUnicodeString& prcId);
   static bool StoredListsAreParallel();

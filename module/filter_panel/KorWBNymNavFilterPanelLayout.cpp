@@ -1,7 +1,8 @@
 // The widgets of the filter panel. Their names are the keys of the message catalogue.
 
-#include "framework/dialog/KorMsgCatalog.h"
 #include "module/filter_panel/KorWBNymNavFilterPanel.h"
+
+#include "framework/dialog/KorMsgCatalog.h"
 #include "module/filter_panel/KorWBNymNavFilterRow.h"
 #include "module/shared/KorWBNymNavLayout.h"
 #include "module/shared/KorWBNymNavWiring.h"

@@ -1,7 +1,8 @@
 // The rows of the user filter: from the list to the stored texts and back.
 
-#include "framework/dialog/KorDlgMultiList.h"
 #include "module/filter_panel/KorWBNymNavFilterPanel.h"
+
+#include "framework/dialog/KorDlgMultiList.h"
 #include "module/filter_panel/KorWBNymNavFilterRow.h"
 #include "services/KorWBServices.h"
 

@@ -45,10 +45,10 @@ KorString KorWBNymMainPanel::GetResourceFilename(int index) const {
 HRESULT KorWBNymMainPanel::SetModel(KorWBAllDataBuffer* buffer) {
   KORWB_PART_TRACE("SetModel");
   _dataBuffer = buffer;
+  ReadPartFromBuffer();
+  if (_dataBuffer && !_widgets.tabs) Build();  // the panel was opened without a buffer
+  RefreshPanelWithInfo();
   if (_dataBuffer) {
-    ReadPartFromBuffer();
-    if (!_widgets.tabs) Build();  // the panel was opened without a buffer
-    RefreshPanelWithInfo();
     ApplyConfigurationFilter();
     // Of the active mass type, and about the part's own origin whatever the reference mode: kept as it is.
     if (_widgets.atReference->IsChecked()) {
@@ -62,13 +62,22 @@ HRESULT KorWBNymMainPanel::SetModel(KorWBAllDataBuffer* buffer) {
 }
 
 void KorWBNymMainPanel::ReadPartFromBuffer() {
-  if (!_dataBuffer) return;
+  if (!_dataBuffer) {
+    ForgetPart();
+    return;
+  }
   _dataBuffer->GetCalculationUpToDate(_computed);
   Pdm().GetAppliedOnObject(_appliedOnObject);
   _materialName = _dataBuffer->GetMaterialName();
   Pdm().GetPartRefWBMaterialName(_partRefMaterialName);
   _density = _dataBuffer->GetDensity();
   Pdm().GetPartRefWBDensity(_partRefDensity);
+}
+
+void KorWBNymMainPanel::ForgetPart() {
+  _computed = false;
+  _appliedOnObject = _materialName = _partRefMaterialName = {};
+  _density = _partRefDensity = 0;
 }
 
 LumWBAllDataBuffer& KorWBNymMainPanel::Pdm() const { return *LumWBAllDataBuffer::Of(_dataBuffer.Get()); }

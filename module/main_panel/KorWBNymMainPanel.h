@@ -105,6 +105,8 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   /// About which point, and in which axes, the results are shown.
   enum class ReferenceMode { CurrentPart = 0, RootProduct = 1, Custom = 2 };
   struct ResultsView;
+  /// Of a pair of labels the one that is shown; green: the values are up to date, or stored.
+  enum class Lamp { Red, Green };
 
   // layout
   void BuildHeader();
@@ -124,11 +126,13 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
 
   // binding and refresh
   void ReadPartFromBuffer();
+  void ForgetPart();
   LumWBAllDataBuffer& Pdm() const;
   KorWBNymNavMessages Messages();
   void ApplyConfigurationFilter();
   void RefreshSelection();
   void RefreshLamps();
+  static void ShowLamp(KorDlgLabel& red, KorDlgLabel& green, Lamp lamp);
   void RefreshActiveDocument();
   bool AreDocumentsInUse() const;
   void CheckForMissingDocuments();
@@ -178,7 +182,7 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   KorUnicodeString ComputeRequest() const;
   HRESULT StoreComputed(const KorUnicodeString& reply);
   void ShowAsComputed();
-  void ShowCalculationLamp(bool upToDate);
+  void ShowCalculationLamp(Lamp lamp);
 
   KorWBAllDataBuffer_var _dataBuffer;
   KorWBNymMainPanelWidgets _widgets;

@@ -1,5 +1,7 @@
 // "WBComputeNymValues": asks the server to compute the part and shows the answer.
 
+#include "module/main_panel/KorWBNymMainPanel.h"
+
 #include <iostream>
 
 #include "framework/dialog/KorApplicationFrame.h"
@@ -7,7 +9,6 @@
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgFrame.h"
 #include "framework/dialog/KorDlgRadioButton.h"
-#include "module/main_panel/KorWBNymMainPanel.h"
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
 #include "module/shared/KorWBNymNavReferenceFrame.h"
 #include "module/shared/KorWBNymNavServerChannel.h"
@@ -75,7 +76,7 @@ HRESULT KorWBNymMainPanel::StoreComputed(const KorUnicodeString& reply) {
 
 void KorWBNymMainPanel::ShowAsComputed() {
   _dataBuffer->SetCalculationUpToDate(true);
-  ShowCalculationLamp(true);
+  ShowCalculationLamp(Lamp::Green);
   SelectFirstPage();
   _widgets.inertiaModeFrame->SetSensitivity(KorSensitivity::Enabled);
   _widgets.referenceModeFrame->SetSensitivity(KorSensitivity::Enabled);

@@ -1,10 +1,11 @@
 // Which document revision the shown data belong to.
 
+#include "module/main_panel/KorWBNymMainPanel.h"
+
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgRadioButton.h"
 #include "framework/dialog/KorDlgTabPage.h"
-#include "module/main_panel/KorWBNymMainPanel.h"
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
 #include "module/shared/KorWBNymNavMessages.h"
 #include "services/KorLumWBCSCommonDefinitions.h"

@@ -1,6 +1,7 @@
 // Handlers and pages of the part panel that are wired and do nothing yet.
 
 #include "module/main_panel/KorWBNymMainPanel.h"
+
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
 
 // Each handler has its line.

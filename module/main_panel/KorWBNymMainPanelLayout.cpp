@@ -1,9 +1,11 @@
 // The widgets of the part panel around its pages. Their names are the keys of the message catalogue and stay
 // exactly as they are, the odd ones included.
 
+#include "module/main_panel/KorWBNymMainPanel.h"
+
 #include <iostream>
 
-#include "module/main_panel/KorWBNymMainPanel.h"
+#include "module/main_panel/KorWBNymMainPanelPlace.h"
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
 #include "module/main_panel/KorWBNymMainPanelWidth.h"
 #include "module/shared/KorWBNymNavLayout.h"
@@ -11,6 +13,7 @@
 
 using namespace KorDlgStyle;
 using namespace KorWBNymNavLayout;
+using namespace KorWBNymMainPanelPlace;
 using namespace KorWBNymMainPanelWidth;
 
 void KorWBNymMainPanel::Build() {
@@ -77,7 +80,7 @@ void KorWBNymMainPanel::BuildModes() {
 // "XAxisxEditor" with its small x is the name. The order of the axis widgets is theirs too.
 void KorWBNymMainPanel::BuildCustomFrame() {
   auto& w = _widgets;
-  BuildLayout(*this, {Frame("CustomRefModeFrame", kTitledFrame, {3, 0}, &w.customFrame, {
+  BuildLayout(*this, {Frame("CustomRefModeFrame", kTitledFrame, kCustomFrame, &w.customFrame, {
     Frame("Frame033", kPlainFrame, {0, 0}, nullptr, {
       Label ("CPxLabel",                 {0, 0}),
       Editor("CPxEditor", kNumberEditor, {0, 1}, &w.customPoint[0], kNumberWidth),
@@ -109,7 +112,7 @@ void KorWBNymMainPanel::BuildCustomFrame() {
 // The labels between the buttons only keep them apart.
 void KorWBNymMainPanel::BuildCommands() {
   auto& w = _widgets;
-  BuildLayout(*this, {Frame("Frame238", kPlainFrame, {4, 0}, &w.commandFrame, {
+  BuildLayout(*this, {Frame("Frame238", kPlainFrame, kCommandsBelowCustomFrame, &w.commandFrame, {
     Label     ("Label252",      {0, 0}),
     PushButton("ComputeButton", {0, 1}, &w.compute),
     Label     ("Label251",      {0, 2}),

@@ -1,11 +1,12 @@
 // The mass-types page.
 
+#include "module/main_panel/KorWBNymMainPanel.h"
+
 #include <array>
 
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgPushButton.h"
 #include "framework/dialog/KorDlgRadioButton.h"
-#include "module/main_panel/KorWBNymMainPanel.h"
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
 #include "module/shared/KorWBNymNavMassValues.h"
 #include "module/shared/KorWBNymNavUnitDisplay.h"
@@ -57,9 +58,7 @@ void KorWBNymMainPanel::OnMassTypeChangeNotification(KorCommand*, KorNotificatio
 }
 
 void KorWBNymMainPanel::ShowMassTypeCG(const KorWBNymNavMassValues& values) {
-  if (!values.cg) return;
-  const std::array coordinates{values.cg->GetX(), values.cg->GetY(), values.cg->GetZ()};
-  Display::ShowIn(Display::kLength, _widgets.mtCG, std::span(coordinates));
+  if (values.cg) Display::ShowPointIn(_widgets.mtCG, *values.cg);
 }
 
 void KorWBNymMainPanel::ShowNoDistribution() {

@@ -1,12 +1,13 @@
 // The material page.
 
+#include "module/main_panel/KorWBNymMainPanel.h"
+
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgFrame.h"
 #include "framework/dialog/KorDlgLabel.h"
 #include "framework/dialog/KorDlgRadioButton.h"
 #include "framework/dialog/KorDlgSpinner.h"
-#include "module/main_panel/KorWBNymMainPanel.h"
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
 #include "module/shared/KorWBNymNavUnitDisplay.h"
 #include "services/KorLumWBCSCommonDefinitions.h"

@@ -1,19 +1,19 @@
 // About which point, and in which axes, the part panel shows inertia; and how a change of page affects that.
 
+#include "module/main_panel/KorWBNymMainPanel.h"
+
+#include <utility>
+
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgFrame.h"
 #include "framework/dialog/KorDlgPushButton.h"
 #include "framework/dialog/KorDlgRadioButton.h"
 #include "framework/dialog/KorDlgTabContainer.h"
-#include "module/main_panel/KorWBNymMainPanel.h"
+#include "module/main_panel/KorWBNymMainPanelPlace.h"
 #include "module/shared/KorWBNymNavMassValues.h"
 #include "services/KorLumWBCSCommonDefinitions.h"
 
 namespace {
-
-constexpr KorDlgGrid kCustomFramePlace{3, 0};
-constexpr KorDlgGrid kCommandsBelowCustomFrame{4, 0};
-constexpr KorDlgGrid kCommandsDirectly{3, 0};
 
 /// Checks the button as a user would: one that is checked already stays as it is and tells nobody.
 void Choose(KorDlgRadioButton& button) {
@@ -54,11 +54,12 @@ void KorWBNymMainPanel::OnReferenceModify(KorCommand*, KorNotification*, KorComm
 }
 
 void KorWBNymMainPanel::PlaceCustomFrame() {
+  using namespace KorWBNymMainPanelPlace;
   const KorWBNymMainPanelWidgets& w = _widgets;
   const bool custom = w.customReference->IsChecked();
   w.customFrame->ResetAttachment();
   w.commandFrame->ResetAttachment();
-  if (custom) w.customFrame->SetGrid(kCustomFramePlace);
+  if (custom) w.customFrame->SetGrid(kCustomFrame);
   w.commandFrame->SetGrid(custom ? kCommandsBelowCustomFrame : kCommandsDirectly);
   w.customFrame->SetVisibility(KorShownIf(custom));
   w.customFrame->SetSensitivity(KorEnabledIf(custom));
@@ -92,6 +93,8 @@ void KorWBNymMainPanel::EnterResultsPage(bool showsDefinedUserType) {
   if (w.edit->IsEnabled()) {
     w.inertiaModeFrame->SetSensitivity(KorSensitivity::Enabled);
     w.referenceModeFrame->SetSensitivity(KorSensitivity::Enabled);
+    // Leaving the page chose another reference; should something have checked this one since, its frame is
+    // on.
     if (w.customReference->IsChecked()) w.customFrame->SetSensitivity(KorSensitivity::Enabled);
   }
   // This asks for the second page while the first is in front, so that it never runs and a change of page

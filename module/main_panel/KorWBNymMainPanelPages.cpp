@@ -2,6 +2,7 @@
 // exactly as they are, the odd ones included.
 
 #include "module/main_panel/KorWBNymMainPanel.h"
+
 #include "module/main_panel/KorWBNymMainPanelWidth.h"
 #include "module/shared/KorWBNymNavLayout.h"
 #include "services/LumWBAllDataBuffer.h"
@@ -15,7 +16,7 @@ using namespace KorWBNymMainPanelWidth;
 
 void KorWBNymMainPanel::BuildResultsPage() {
   auto& w = _widgets;
-  BuildLayout(*w.tabs, {TabPage("TabPage002", &w.resultsPage, {
+  BuildLayout(*w.tabs, {TabPage("TabPage002", nullptr, {
     Frame("MassFrame", kBorderedFrame, {0, 0, 3}, nullptr, {
       Label ("MassLabel",                       {0, 0}),
       Editor("MassEditor",           kReadOnly, {0, 1}, &w.mass,           kValueWidth),
@@ -48,7 +49,7 @@ void KorWBNymMainPanel::BuildResultsPage() {
 
 void KorWBNymMainPanel::BuildMassTypesPage() {
   auto& w = _widgets;
-  BuildLayout(*w.tabs, {TabPage("TabPage003", &w.massTypesPage, {
+  BuildLayout(*w.tabs, {TabPage("TabPage003", nullptr, {
     Frame("Frame230", kPlainFrame, {0, 0}, nullptr, {
       Label("ActiveMassLabel", {0, 0}),
       Combo("ActiveMassCombo", {0, 1}, &w.activeMass)}),
@@ -90,7 +91,7 @@ void KorWBNymMainPanel::BuildMassTypesPage() {
 
 void KorWBNymMainPanel::BuildMaterialPage() {
   auto& w = _widgets;
-  BuildLayout(*w.tabs, {TabPage("TabPage004", &w.materialPage, {
+  BuildLayout(*w.tabs, {TabPage("TabPage004", nullptr, {
     Frame("MaterialAndDensityFrame", kTitledFrame, {0, 0}, nullptr, {
       Label  ("WBMaterialLabel",             {0, 0}),
       Editor ("WBMaterialEditor",     kNone, {0, 1}, &w.material, kValueWidth),
@@ -113,7 +114,7 @@ void KorWBNymMainPanel::BuildMaterialPage() {
 
 void KorWBNymMainPanel::BuildPrecisionPage() {
   auto& w = _widgets;
-  BuildLayout(*w.tabs, {TabPage("TabPage005", &w.precisionPage, {
+  BuildLayout(*w.tabs, {TabPage("TabPage005", nullptr, {
     Frame("Frame252", kPlainFrame, {0, 0}, nullptr, {
       Frame("Frame092", kPlainFrame, {1, 0}, nullptr, {
         Label("TypeLabel", {0, 0}),

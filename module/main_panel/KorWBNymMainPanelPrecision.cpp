@@ -1,9 +1,10 @@
 // The precision page: bounds of the mass of the active mass type.
 
+#include "module/main_panel/KorWBNymMainPanel.h"
+
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgPushButton.h"
-#include "module/main_panel/KorWBNymMainPanel.h"
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
 #include "module/shared/KorWBNymNavUnitDisplay.h"
 

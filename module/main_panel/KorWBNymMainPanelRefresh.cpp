@@ -1,22 +1,14 @@
 // The full refresh of the part panel from its buffer.
 
+#include "module/main_panel/KorWBNymMainPanel.h"
+
 #include "framework/dialog/KorDlgCheckButton.h"
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgLabel.h"
 #include "framework/dialog/KorDlgTabContainer.h"
-#include "module/main_panel/KorWBNymMainPanel.h"
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
 #include "services/KorWBServices.h"
 #include "services/LumWBAllDataBuffer.h"
-
-namespace {
-
-void ShowLamp(KorDlgLabel& red, KorDlgLabel& green, bool isGreen) {
-  red.SetVisibility(KorShownIf(!isGreen));
-  green.SetVisibility(KorShownIf(isGreen));
-}
-
-}  // namespace
 
 HRESULT KorWBNymMainPanel::RefreshPanelWithInfo() {
   KORWB_PART_TRACE("RefreshPanelWithInfo");
@@ -58,13 +50,18 @@ void KorWBNymMainPanel::RefreshLamps() {
   bool computed = false;
   bool persisted = false;
   _dataBuffer->GetCalculationUpToDate(computed);
-  ShowCalculationLamp(computed);
+  ShowCalculationLamp(computed ? Lamp::Green : Lamp::Red);
   _dataBuffer->IsPersisted(persisted);
-  ShowLamp(*_widgets.persistencyRed, *_widgets.persistencyGreen, persisted);
+  ShowLamp(*_widgets.persistencyRed, *_widgets.persistencyGreen, persisted ? Lamp::Green : Lamp::Red);
 }
 
-void KorWBNymMainPanel::ShowCalculationLamp(bool upToDate) {
-  ShowLamp(*_widgets.calculationRed, *_widgets.calculationGreen, upToDate);
+void KorWBNymMainPanel::ShowCalculationLamp(Lamp lamp) {
+  ShowLamp(*_widgets.calculationRed, *_widgets.calculationGreen, lamp);
+}
+
+void KorWBNymMainPanel::ShowLamp(KorDlgLabel& red, KorDlgLabel& green, Lamp lamp) {
+  red.SetVisibility(KorShownIf(lamp == Lamp::Red));
+  green.SetVisibility(KorShownIf(lamp == Lamp::Green));
 }
 
 void KorWBNymMainPanel::SelectFirstPage() {

@@ -1,5 +1,7 @@
 // The results page: computed values about the chosen point, in the chosen axes and the current units.
 
+#include "module/main_panel/KorWBNymMainPanel.h"
+
 #include <algorithm>
 #include <array>
 
@@ -12,6 +14,8 @@
 #include "module/shared/KorWBNymNavUnitDisplay.h"
 #include "services/KorLumWBCSCommonDefinitions.h"
 
+using Display = KorWBNymNavUnitDisplay;
+
 namespace {
 
 /// Nine rotation coefficients, then three lengths in mm; what the list lacks is 0.0, also in the rotation.
@@ -19,10 +23,6 @@ KorMathTransformation PlacementFrom(const std::vector<double>& coefficients) {
   std::array<double, 12> all{};
   std::copy_n(coefficients.begin(), std::min(coefficients.size(), all.size()), all.begin());
   return KorMathTransformation(all);
-}
-
-std::array<double, 3> Coordinates(const KorMathPoint& point) {
-  return {point.GetX(), point.GetY(), point.GetZ()};
 }
 
 }  // namespace
@@ -57,7 +57,7 @@ HRESULT KorWBNymMainPanel::RefreshResultsTab() {
   return traceStatus = ShowResults(ExpressIn(view, computed));
 }
 
-/// E_FAIL when the custom axes cannot be used.
+/// E_FAIL when the custom axes cannot be used: their determinant is 0.0, or their inverse is not finite.
 HRESULT KorWBNymMainPanel::GetResultsView(ResultsView& view) const {
   view.mode = GetReferenceMode();
   view.atReference = _widgets.atReference->IsChecked();
@@ -66,13 +66,12 @@ HRESULT KorWBNymMainPanel::GetResultsView(ResultsView& view) const {
   if (view.mode == ReferenceMode::RootProduct) return S_OK;
   KorMathPoint customPoint;
   GetCustomRefModeValues(customPoint, view.axes);
-  if (view.axes.Determinant() == 0.0 || !view.axes.Invert(view.inverseAxes)) return E_FAIL;
+  if (!view.axes.Invert(view.inverseAxes)) return E_FAIL;
   view.reference = view.axes * customPoint;
   return S_OK;
 }
 
 void KorWBNymMainPanel::ShowNotComputed() {
-  using Display = KorWBNymNavUnitDisplay;
   Display::ShowNoValueIn(std::array{_widgets.mass, _widgets.lowerDeviation, _widgets.upperDeviation});
   Display::ShowNoValueIn(_widgets.cg);
   Display::ShowNoValueIn(_widgets.inertia);
@@ -83,7 +82,6 @@ KorWBNymNavMassValues KorWBNymMainPanel::ReadComputed() const {
 }
 
 HRESULT KorWBNymMainPanel::ShowMasses(double mass) {
-  using Display = KorWBNymNavUnitDisplay;
   const KorUnicodeString& computed = KorLumWBCSCommonDefinitions::Computed;
   HRESULT status = Display::ShowIn(Display::kMass, _widgets.mass, mass);
   double deviation = 0;
@@ -128,14 +126,11 @@ HRESULT KorWBNymMainPanel::ShowResults(const KorWBNymNavMassValues& results) {
 }
 
 HRESULT KorWBNymMainPanel::ShowCG(const KorWBNymNavMassValues& results) {
-  using Display = KorWBNymNavUnitDisplay;
   if (!results.cg) return Display::ShowIn(Display::kLength, _widgets.cg, std::nullopt);
-  const auto coordinates = Coordinates(*results.cg);
-  return Display::ShowIn(Display::kLength, _widgets.cg, std::span(coordinates));
+  return Display::ShowPointIn(_widgets.cg, *results.cg);
 }
 
 HRESULT KorWBNymMainPanel::ShowInertia(const KorWBNymNavMassValues& results) {
-  using Display = KorWBNymNavUnitDisplay;
   if (!results.inertia) return Display::ShowIn(Display::kInertia, _widgets.inertia, std::nullopt);
   return RefreshMomentOfInertiaUnits(*results.inertia, "Active");
 }

@@ -1,5 +1,7 @@
 // One magnitude of the part panel shown again in its current unit.
 
+#include "module/main_panel/KorWBNymMainPanel.h"
+
 #include <array>
 
 #include "framework/dialog/KorDlgCombo.h"
@@ -59,7 +61,8 @@ HRESULT KorWBNymMainPanel::RefreshMassUnits() {
   const KorUnicodeString shownType = _widgets.massType->GetSelectedLine();
   if (_dataBuffer->GetMassTypeDefined(shownType) == KorWBAllDataBuffer::kDefined)
     Display::ShowIn(Display::kMass, _widgets.mtMass, _dataBuffer->GetMass(shownType));
-  return IsComputedDefined() ? ShowMasses(ReadComputed().mass) : S_OK;
+  if (IsComputedDefined()) ShowMasses(ReadComputed().mass);
+  return S_OK;
 }
 
 HRESULT KorWBNymMainPanel::RefreshLengthUnits() {

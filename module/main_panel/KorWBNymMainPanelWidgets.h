@@ -31,7 +31,6 @@ struct KorWBNymMainPanelWidgets {
   KorDlgTabContainer* tabs = nullptr;
 
   // results
-  KorDlgTabPage* resultsPage = nullptr;
   KorDlgEditor* mass = nullptr;
   KorDlgEditor* lowerDeviation = nullptr;
   KorDlgEditor* upperDeviation = nullptr;
@@ -39,7 +38,6 @@ struct KorWBNymMainPanelWidgets {
   Editors6 inertia{};
 
   // mass types
-  KorDlgTabPage* massTypesPage = nullptr;
   KorDlgCombo* activeMass = nullptr;
   KorDlgCombo* massType = nullptr;
   KorDlgCombo* pasteValues = nullptr;
@@ -50,7 +48,6 @@ struct KorWBNymMainPanelWidgets {
   Editors6 mtInertia{};
 
   // material
-  KorDlgTabPage* materialPage = nullptr;
   KorDlgEditor* material = nullptr;
   KorDlgEditor* density = nullptr;
   KorDlgLabel* definedFor = nullptr;
@@ -63,7 +60,6 @@ struct KorWBNymMainPanelWidgets {
   KorDlgCombo* secondPriority = nullptr;
 
   // precision
-  KorDlgTabPage* precisionPage = nullptr;
   KorDlgCombo* precisionType = nullptr;
   KorDlgEditor* upperPrecision = nullptr;
   KorDlgEditor* lowerPrecision = nullptr;

@@ -1,6 +1,7 @@
 // Which handler each widget of the part panel calls, and the state in which the panel opens.
 
 #include "module/main_panel/KorWBNymMainPanel.h"
+
 #include "module/shared/KorWBNymNavLayout.h"
 #include "module/shared/KorWBNymNavWiring.h"
 #include "services/LumWBAllDataBuffer.h"
@@ -66,7 +67,8 @@ void KorWBNymMainPanel::WireDocumentsPage() {
   // clang-format on
 }
 
-// The panel opens in display mode.
+// The panel opens in display mode. The products of inertia go from the last to the first, as ever: who
+// listens to the changes hears them in this order.
 void KorWBNymMainPanel::SetInitialState() {
   const KorWBNymMainPanelWidgets& w = _widgets;
   const std::initializer_list<KorDlgObject*> disabled{w.activeMass,

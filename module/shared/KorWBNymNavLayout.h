@@ -1,6 +1,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <type_traits>
 
 #include "framework/dialog/KorDlgCheckButton.h"
 #include "framework/dialog/KorDlgCombo.h"

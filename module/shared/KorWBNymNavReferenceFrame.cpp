@@ -1,5 +1,6 @@
 #include "module/shared/KorWBNymNavReferenceFrame.h"
 
+#include <algorithm>
 #include <array>
 
 #include "framework/dialog/KorDlgEditor.h"
@@ -9,12 +10,36 @@
 
 namespace {
 
-double ReadLength(const KorDlgEditor& editor) {
-  return KorWBServices::RestoreValue(editor.GetValue(), KorWBNymNavUnitDisplay::kLength);
+template <std::size_t N>
+std::array<double, N> ValuesOf(std::span<KorDlgEditor* const, N> editors) {
+  std::array<double, N> values;
+  std::transform(editors.begin(), editors.end(), values.begin(), [](auto* one) { return one->GetValue(); });
+  return values;
 }
 
-void WriteBack(std::span<KorDlgEditor* const> editors) {
-  for (KorDlgEditor* editor : editors) editor->SetValue(editor->GetValue(), KorNotify::Send);
+/// The values as they were read, whatever the subscribers that are told of the writing do to the editors.
+template <std::size_t N>
+std::array<double, N> ReadAndWriteBack(std::span<KorDlgEditor* const, N> editors) {
+  std::array<double, N> values;
+  for (std::size_t i = 0; i < N; ++i) {
+    values[i] = editors[i]->GetValue();
+    editors[i]->SetValue(values[i], KorNotify::Send);
+  }
+  return values;
+}
+
+/// From coordinates in the current length unit.
+KorMathPoint PointFrom(const std::array<double, 3>& shown) {
+  const auto restored = [](double length) {
+    return KorWBServices::RestoreValue(length, KorWBNymNavUnitDisplay::kLength);
+  };
+  return {restored(shown[0]), restored(shown[1]), restored(shown[2])};
+}
+
+KorMath3x3Matrix MatrixFrom(const std::array<double, 9>& byRows) {
+  KorMath3x3Matrix matrix;
+  matrix.SetCoefficients(byRows);
+  return matrix;
 }
 
 template <class Value>
@@ -27,21 +52,13 @@ void Assign(Value*& target, const Value& value) {
 
 }  // namespace
 
-KorMathPoint KorWBNymNavReferenceFrame::ReadPoint() const {
-  return {ReadLength(*point[0]), ReadLength(*point[1]), ReadLength(*point[2])};
-}
+KorMathPoint KorWBNymNavReferenceFrame::ReadPoint() const { return PointFrom(ValuesOf(point)); }
 
-KorMath3x3Matrix KorWBNymNavReferenceFrame::ReadAxes() const {
-  std::array<double, 9> byRows;
-  for (std::size_t i = 0; i < byRows.size(); ++i) byRows[i] = axes[i]->GetValue();
-  KorMath3x3Matrix matrix;
-  matrix.SetCoefficients(byRows);
-  return matrix;
-}
+KorMath3x3Matrix KorWBNymNavReferenceFrame::ReadAxes() const { return MatrixFrom(ValuesOf(axes)); }
 
-void KorWBNymNavReferenceFrame::WriteBackPoint() const { WriteBack(point); }
+void KorWBNymNavReferenceFrame::WriteBackPoint() const { ReadAndWriteBack(point); }
 
-void KorWBNymNavReferenceFrame::WriteBackAxes() const { WriteBack(axes); }
+void KorWBNymNavReferenceFrame::WriteBackAxes() const { ReadAndWriteBack(axes); }
 
 void KorWBNymNavReferenceFrame::GetCustomRefModeValues(KorMathPoint& customPoint,
                                                        KorMath3x3Matrix& customAxes) const {
@@ -51,10 +68,8 @@ void KorWBNymNavReferenceFrame::GetCustomRefModeValues(KorMathPoint& customPoint
 
 void KorWBNymNavReferenceFrame::GetCustomRefModeValues(KorMathPoint*& customPoint,
                                                        KorMath3x3Matrix*& customAxes) const {
-  WriteBackPoint();
-  Assign(customPoint, ReadPoint());
-  WriteBackAxes();
-  Assign(customAxes, ReadAxes());
+  Assign(customPoint, PointFrom(ReadAndWriteBack(point)));
+  Assign(customAxes, MatrixFrom(ReadAndWriteBack(axes)));
 }
 
 KorWBNymNavReferenceFrame::Verdict KorWBNymNavReferenceFrame::Check(const KorMath3x3Matrix& axes) {

@@ -17,7 +17,7 @@ struct KorWBNymNavReferenceFrame {
   std::span<KorDlgEditor* const, 3> point;
   std::span<KorDlgEditor* const, 9> axes;  ///< X axis x, y, z, then Y axis, then Z axis
 
-  /// Why axes cannot be used.
+  /// Whether axes can be used, and why not.
   enum class Verdict { Usable, Singular, NotInvertible };
 
   KorMathPoint ReadPoint() const;

@@ -1,5 +1,7 @@
 #include "module/shared/KorWBNymNavUnitDisplay.h"
 
+#include <array>
+
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/knowledge/KorCkeParmDictionary.h"
 
@@ -33,6 +35,12 @@ HRESULT KorWBNymNavUnitDisplay::ShowIn(const char* magnitude, std::span<KorDlgEd
 
 HRESULT KorWBNymNavUnitDisplay::ShowIn(const char* magnitude, KorDlgEditor* editor, double value) {
   return ShowIn(magnitude, std::span(&editor, 1), std::span(&value, 1));
+}
+
+HRESULT KorWBNymNavUnitDisplay::ShowPointIn(std::span<KorDlgEditor* const, 3> editors,
+                                            const KorMathPoint& point) {
+  const std::array coordinates{point.GetX(), point.GetY(), point.GetZ()};
+  return ShowIn(kLength, editors, std::span(coordinates));
 }
 
 void KorWBNymNavUnitDisplay::ShowNoValueIn(std::span<KorDlgEditor* const> editors) {

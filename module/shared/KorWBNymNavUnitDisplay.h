@@ -2,8 +2,10 @@
 
 #include <optional>
 #include <span>
+#include <utility>
 
 #include "framework/knowledge/KorCkeMagnitude.h"
+#include "framework/math/KorMathPoint.h"
 
 class KorDlgEditor;
 
@@ -32,6 +34,8 @@ class KorWBNymNavUnitDisplay {
   static HRESULT ShowIn(const char* magnitude, std::span<KorDlgEditor* const> editors,
                         std::optional<std::span<const double>> values);
   static HRESULT ShowIn(const char* magnitude, KorDlgEditor* editor, double value);
+  /// The coordinates of a point, mm, as lengths in editors for x, y and z.
+  static HRESULT ShowPointIn(std::span<KorDlgEditor* const, 3> editors, const KorMathPoint& point);
   /// Puts kNoValue into the editors.
   static void ShowNoValueIn(std::span<KorDlgEditor* const> editors);
 

@@ -42,17 +42,16 @@ KorCkeMagnitude_var MagnitudeOf(const Quantity& quantity) {
 KorWBNymNavUnitsConversion::KorWBNymNavUnitsConversion() {
   for (const Quantity& quantity : kQuantities)
     _storageUnits.push_back(Dictionary().FindUnit(quantity.storageUnit));
-  for (const Quantity& quantity : kQuantities) AddMagnitude(quantity.type);
-}
-
-void KorWBNymNavUnitsConversion::AddMagnitude(WBUnitsType type) {
-  // A magnitude that the dictionary does not know is passed over; the lists need not line up with the types.
-  const KorCkeMagnitude_var magnitude = MagnitudeOf(*QuantityOf(type));
-  if (!magnitude) return;
-  _currentUnits.push_back(magnitude->CurrentUnit());
-  AddCallback(magnitude.Get(), KorCkeMagnitude::ChangedEvent(), &KorWBNymNavUnitsConversion::OnChangeUnit,
-              KorClientData(type));
-  _magnitudes.push_back(magnitude);
+  for (const Quantity& quantity : kQuantities) {
+    // A magnitude that the dictionary does not know is passed over; the lists need not line up with the
+    // types.
+    const KorCkeMagnitude_var magnitude = MagnitudeOf(quantity);
+    if (!magnitude) continue;
+    _currentUnits.push_back(magnitude->CurrentUnit());
+    AddCallback(magnitude.Get(), KorCkeMagnitude::ChangedEvent(), &KorWBNymNavUnitsConversion::OnChangeUnit,
+                KorClientData(quantity.type));
+    _magnitudes.push_back(magnitude);
+  }
 }
 
 const char* KorWBNymNavUnitsConversion::GetChangedEvent(int type) {

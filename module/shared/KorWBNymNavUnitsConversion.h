@@ -7,8 +7,6 @@
 #include "framework/system/KorEventSubscriber.h"
 #include "module/shared/KorWBNymNavExport.h"
 
-class KorCkeParmDictionary;
-
 /// The physical quantities of weight-and-balance data.
 enum WBUnitsType : std::int32_t {
   WBUnitsDensity = 1,
@@ -56,8 +54,6 @@ class ExportedByKorWBNymNavGUI KorWBNymNavUnitsConversion : public KorEventSubsc
   KorWBNymNavUnitsConversion();
 
  private:
-  void AddMagnitude(WBUnitsType type);
-
   static KorWBNymNavUnitsConversion _sManager;
 
   Handles _magnitudes;

@@ -1,11 +1,12 @@
 // The selected filter, as the other panels read it.
 
+#include "module/filter_panel/KorWBNymNavFilterPanel.h"
+
 #include <iostream>
 #include <memory>
 
 #include "module/filter_panel/KorWBNymNavFilterIndex.h"
 #include "module/filter_panel/KorWBNymNavFilterOptions.h"
-#include "module/filter_panel/KorWBNymNavFilterPanel.h"
 
 using namespace KorWBNymNavFilterOptions;
 
