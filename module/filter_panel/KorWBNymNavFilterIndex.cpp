@@ -7,11 +7,15 @@ namespace {
 // Enough to tell rows apart; a limit keeps the sorting of repetitive texts short.
 constexpr std::size_t kMostCompared = 256;
 
-// -1, 0 or 1 as `field`, read backwards, comes before those that end with `suffix`, is one, or comes behind.
-int CompareEnd(std::string_view field, std::string_view suffix) {
-  const auto [f, s] = std::mismatch(field.rbegin(), field.rend(), suffix.rbegin(), suffix.rend());
+// So few places are looked at sooner than narrowed down by what follows them.
+constexpr std::ptrdiff_t kFewPlaces = 8;
+
+// -1, 0 or 1 as the field at the end of `upToBar`, read backwards, comes before those that end with `suffix`,
+// is one, or comes behind. The bar before the field need not be looked for: it ends the field when it is met.
+int CompareEnd(std::string_view upToBar, std::string_view suffix) {
+  const auto [f, s] = std::mismatch(upToBar.rbegin(), upToBar.rend(), suffix.rbegin(), suffix.rend());
   if (s == suffix.rend()) return 0;
-  if (f == field.rend()) return -1;
+  if (f == upToBar.rend() || *f == '|') return -1;
   return static_cast<unsigned char>(*f) < static_cast<unsigned char>(*s) ? -1 : 1;
 }
 
@@ -54,14 +58,19 @@ bool KorWBNymNavFilterIndex::Contains(std::string_view key) const {
   if (bar == key.npos) return _text.find(key) != _text.npos;
   const std::string_view head = key.substr(0, bar);
   const std::string_view tail = key.substr(bar + 1);
-  const std::string_view compared = tail.substr(0, kMostCompared);
+  const std::string_view text = _text;
+  const auto matches = [&](Place place) {
+    return text.substr(place).starts_with(tail) && text.substr(0, place - 1).ends_with(head);
+  };
 
+  const auto previous =
+      Range(_byPrevious, [&](Place place) { return CompareEnd(text.substr(0, place - 1), head); });
+  if (previous.second - previous.first <= kFewPlaces)
+    return std::any_of(previous.first, previous.second, matches);
+
+  const std::string_view compared = tail.substr(0, kMostCompared);
   const auto next =
       Range(_byNext, [&](Place place) { return After(place).substr(0, compared.size()).compare(compared); });
-  const auto previous = Range(_byPrevious, [&](Place place) { return CompareEnd(Before(place), head); });
-  const auto matches = [&](Place place) {
-    return std::string_view(_text).substr(place).starts_with(tail) && Before(place).ends_with(head);
-  };
   const bool fewerNext = next.second - next.first < previous.second - previous.first;
   const auto& [begin, end] = fewerNext ? next : previous;
   return std::any_of(begin, end, matches);

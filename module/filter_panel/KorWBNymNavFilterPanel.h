@@ -68,8 +68,9 @@ class ExportedByKorWBNymNavGUI KorWBNymNavFilterPanel : public KorDlgDialog {
   static KorUnicodeString selectedPRCID;     ///< product root for which the filter was chosen
   static KorUnicodeString PVSFilterPRCID;    ///< product root for which `selectedPVSFilter` was recorded
   static KorUnicodeString selectedPRCConfigHandler;  ///< name of the chosen configuration filter
-  static KorUnicodeString selectedPVSFilter;         ///< the user filter list as text
-  static KorUnicodeString selectedFilter;            ///< the filter handed to the server
+  /// The user filter list as text. IsValid keeps an index of a long one, which follows the panel's OK.
+  static KorUnicodeString selectedPVSFilter;
+  static KorUnicodeString selectedFilter;  ///< the filter handed to the server
 
  protected:
   // ---- handlers; their order in the class is part of the interface to derived panels ----

@@ -43,17 +43,29 @@ KorUnicodeString KorWBNymNavFilterPanel::GetDisplayFilter(const KorUnicodeString
   return kNoFilter;
 }
 
+namespace {
+
+// What an instance is looked for by. Made for each instance of a search, so it is put together in one piece.
+std::string FilterKey(const KorUnicodeString& instanceId, const KorUnicodeString& partId,
+                      const KorUnicodeString& partVersion, std::int32_t depth, const KorUnicodeString& path) {
+  std::string key;
+  key.reserve(256);
+  for (const KorUnicodeString* identifier : {&instanceId, &partId, &partVersion})
+    (key += identifier->Utf8()) += '|';
+  key += std::to_string(depth);
+  if (depth != 0) (key += '|') += path.Utf8();
+  return key;
+}
+
+}  // namespace
+
 bool KorWBNymNavFilterPanel::IsValid(const KorUnicodeString& prcId, const KorUnicodeString& instanceId,
                                      const KorUnicodeString& partId, const KorUnicodeString& partVersion,
                                      std::int32_t depth, const KorUnicodeString& path) {
   if (selectedFilterOption == kConfiguration || selectedPVSFilter.IsEmpty() ||
       selectedPVSFilter == kEmptyUserFilter || prcId != selectedPRCID)
     return true;
-  KorUnicodeString depthText;
-  depthText.BuildFromNum(depth);
-  KorUnicodeString key = instanceId + "|" + partId + "|" + partVersion + "|" + depthText;
-  if (depth != 0) key += "|" + path;
-  return UserFilterHolds(key.Utf8());
+  return UserFilterHolds(FilterKey(instanceId, partId, partVersion, depth, path));
 }
 
 namespace {
