@@ -3,22 +3,8 @@
 
 #include <iostream>
 
-#include "module/filter_panel/KorWBNymNavFilterPanel.h"
+#include "tests/support/FilterStatePeer.h"
 #include "tests/support/StreamCapture.h"
-
-/// Reaches the lists that the filter panel stores.
-struct KorWBNymNavFilterPanelPeer {
-  using Panel = KorWBNymNavFilterPanel;
-  static void Store(const KorListValKorUnicodeString& instances, const KorListValKorUnicodeString& parts,
-                    const KorListValKorUnicodeString& versions, const KorListValKorUnicodeString& paths,
-                    const KorListValKorUnicodeString& depths) {
-    Panel::_listOfInstanceIds = instances;
-    Panel::_listOfPartsIds = parts;
-    Panel::_listOfPartVers = versions;
-    Panel::_listOfPaths = paths;
-    Panel::_listOfPathDepths = depths;
-  }
-};
 
 namespace {
 
@@ -29,18 +15,9 @@ using List = KorListValKorUnicodeString;
 constexpr const char* kTwoRows = "1|2|I1|P1|A|2|R|S|I2|P2|B|0";
 
 struct FilterState : testing::Test {
-  FilterState() { Reset(); }
-  ~FilterState() override { Reset(); }
+  FilterState() { KorWBNymNavFilterPanelPeer::Reset(); }
+  ~FilterState() override { KorWBNymNavFilterPanelPeer::Reset(); }
 
-  static void Reset() {
-    Panel::selectedFilterOption = -1;
-    Panel::selectedPRCID = "";
-    Panel::PVSFilterPRCID = "";
-    Panel::selectedPRCConfigHandler = "No Filter";
-    Panel::selectedPVSFilter = "";
-    Panel::selectedFilter = "0|No Filter";
-    KorWBNymNavFilterPanelPeer::Store({}, {}, {}, {}, {});
-  }
   static void ChooseUserFilter(const char* rows) {
     Panel::selectedFilterOption = 0;
     Panel::selectedPRCID = "ROOT";

@@ -14,8 +14,8 @@
 #include "framework/dialog/KorDlgTabContainer.h"
 #include "framework/dialog/KorMsgCatalog.h"
 #include "framework/knowledge/KorUnitSystems.h"
-#include "module/filter_panel/KorWBNymNavFilterPanel.h"
 #include "protocol/Codec.h"
+#include "tests/support/FilterStatePeer.h"
 #include "tests/support/ShownText.h"
 
 namespace {
@@ -26,12 +26,7 @@ constexpr const char* kCatalogue = "KorWBNymMainPanel";
 void ResetProcess() {
   KorCkeGlobalFunctions::RestoreParmDictionary();
   KorApplyUnitSystem("Mixed");
-  KorWBNymNavFilterPanel::selectedFilterOption = -1;
-  KorWBNymNavFilterPanel::selectedPRCID = "";
-  KorWBNymNavFilterPanel::PVSFilterPRCID = "";
-  KorWBNymNavFilterPanel::selectedPRCConfigHandler = "No Filter";
-  KorWBNymNavFilterPanel::selectedPVSFilter = "";
-  KorWBNymNavFilterPanel::selectedFilter = "0|No Filter";
+  KorWBNymNavFilterPanelPeer::Reset();
 }
 
 /// Path with the occurrence behind each repeated name.
