@@ -52,10 +52,7 @@ TEST_F(ModuleEntry, ItsStaticObjectsComeIntoBeingInTheirOrder) {
   ModuleOrder order(g_module);
   Load();
   order.Look();
-  EXPECT_THAT(order.Events(),
-              ElementsAre("+trace KorWBCompPart", "+class KorWBNymNavFilterPanel", "+filter state",
-                          "+trace KorWBCompGroup", "+class KorWBNymNavReportPanel",
-                          "+trace KorWBNymNavReportPanel", "+units manager"));
+  EXPECT_EQ(order.Events(), kModuleComes);
   Unload();
 }
 
@@ -65,9 +62,7 @@ TEST_F(ModuleEntry, ItsStaticObjectsGoInTheReverseOrder) {
   order.Look();
   order.Clear();
   Unload();
-  EXPECT_THAT(order.Events(),
-              ElementsAre("-units manager", "-trace KorWBNymNavReportPanel", "-class KorWBNymNavReportPanel",
-                          "-trace KorWBCompGroup", "-class KorWBNymNavFilterPanel", "-trace KorWBCompPart"));
+  EXPECT_EQ(order.Events(), kModuleGoes);
 }
 
 TEST_F(ModuleEntry, TheFilterStateGoesBehindTheGroupPanelsTraceAndBeforeTheFilterPanelsEntry) {

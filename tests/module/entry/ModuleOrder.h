@@ -5,6 +5,15 @@
 
 #include "tests/module/entry/SystemLoader.h"
 
+/// What there must be to see of the order: reverse at the end, where the filter state tells nothing.
+inline const std::vector<std::string> kModuleComes{
+    "+trace KorWBCompPart",  "+class KorWBNymNavFilterPanel", "+filter state",
+    "+trace KorWBCompGroup", "+class KorWBNymNavReportPanel", "+trace KorWBNymNavReportPanel",
+    "+units manager"};
+inline const std::vector<std::string> kModuleGoes{
+    "-units manager",        "-trace KorWBNymNavReportPanel", "-class KorWBNymNavReportPanel",
+    "-trace KorWBCompGroup", "-class KorWBNymNavFilterPanel", "-trace KorWBCompPart"};
+
 /// Writes down in which order the module's static objects come and go.
 ///
 /// Trace objects and entries of the class dictionary tell of themselves. Of the others it looks, at each of
