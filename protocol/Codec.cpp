@@ -107,7 +107,7 @@ Result<ComputeRequest> ReadComputeRequest(std::string_view text) {
   ComputeRequest request{
       .hasInstance = flag == "1", .partId = std::string(text.substr(0, afterPart)), .options = {}};
 
-  // The panel sends the request even when it could not write the options.
+  // A client that has no options to tell sends the request all the same; the defaults hold.
   const std::string_view options = text.substr(afterPart + 1);
   if (options.empty()) return request;
   auto read = ReadComputeOptions(options);

@@ -16,8 +16,9 @@
 /// Every number is written in the shortest form that reads back to the same bits. A writer writes what it is
 /// given; not-a-number and infinities are refused by the reader. A reader takes a text whole or refuses it
 /// with BadText, naming the field by number (from 1) and name, its value and what was expected, or with
-/// Unsupported when the text is of another version. No strict prefix of a written text can be read: each form
-/// closes with "end".
+/// Unsupported when the text is of another version. No strict prefix of a written form can be read, since
+/// each closes with "end"; a compute request and a filter are no forms of this kind: cut short at a separator
+/// they may be another request or filter.
 namespace protocol {
 
 std::string WritePartData(const PartData& data);

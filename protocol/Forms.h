@@ -233,6 +233,8 @@ struct Form<ProductList> {
   template <class Archive, class X>
   static void Fields(Archive& a, X& x) {
     a.Field("products", x.products);
+    // Only there when something could not be read.
+    if (a.HasMore(!x.problems.empty())) a.Field("problems", x.problems);
   }
 };
 

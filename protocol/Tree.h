@@ -38,6 +38,9 @@ struct ProductEntry {
 /// Answers "LumGetProducts".
 struct ProductList {
   std::vector<ProductEntry> products = {};
+  /// What could not be read of products, for people; those products are listed with what is known of them,
+  /// and left out when not even the identifier is.
+  std::vector<std::string> problems = {};
 };
 
 /// One place in a product where a part is used.

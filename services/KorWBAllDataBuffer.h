@@ -36,14 +36,13 @@ class KOR_SERVICES_API KorWBAllDataBuffer : public KorBaseUnknown {
   /// Takes over the values of a compute reply into the computed mass type, and whether the selected object
   /// has an instance in the PDM. The precision bounds typed by the user stay. Moments about the part's
   /// origin (first moment, inertia at the origin), which a reply may carry besides, are not kept: no panel
-  /// shows them. E_FAIL, with the buffer as it
-  /// was and the reason in GetLastRefusal, when the text cannot be read, is about another part or another
-  /// mass type.
+  /// shows them. E_FAIL, with the buffer as it was and the reason in GetLastRefusal, when the text cannot be
+  /// read, is about another part or another mass type.
   HRESULT SetComputedData(const KorUnicodeString& reply, bool hasInstance);
   /// The whole buffer, as a save sends it.
   HRESULT GetAllData(KorUnicodeString& text) const;
   /// Replaces the content by that of a full data text. With `newSelection` true everything comes from the
-  /// text except what stands in no text: the pre-compute switch and whether a compute makes sense with a user
+  /// text except what stands in no data text: the pre-compute switch and whether a compute makes sense with a user
   /// mass type stay, here as below. With false the text tells of another state of the same part (another
   /// revision of its document): what belongs to the selection stays, that is instance path, configuration
   /// handler, filter, has-instance flag, inertia mode and placement. E_FAIL, with the buffer as it was and

@@ -17,7 +17,7 @@ struct KorWBAllDataBuffer::Content {
 
   protocol::PartData data;
   std::vector<std::optional<Coordinates>> cgMillimetres;  ///< parallel to data.massTypes
-  // Stand in no text, so that new data leave them as they are.
+  // The first two stand in no data text: new data leave them as they are.
   bool mayReuseStoredResults = true;       ///< whether a compute may answer from results stored before
   bool computableWithUserMassType = true;  ///< whether a compute makes sense with a user mass type active
   KorUnicodeString lastRefusal;            ///< why the last text was refused; empty: it was not

@@ -4,7 +4,6 @@
 #include <QStatusBar>
 
 #include "desktop/app/Texts.h"
-#include "desktop/toolkit/QtText.h"
 #include "framework/dialog/KorMsgCatalog.h"
 
 namespace desktop {
@@ -24,22 +23,27 @@ BusyIndicator::BusyIndicator(QStatusBar* statusBar) : _statusBar(statusBar) {
 
 BusyIndicator::~BusyIndicator() { KorPdmClient::SetObserver(nullptr); }
 
-void BusyIndicator::CommandStarted(const KorUnicodeString& command) {
-  if (_running++ == 0) QApplication::setOverrideCursor(Qt::WaitCursor);
-  Say(BusyText(command));
+void BusyIndicator::CommandStarted(const KorUnicodeString& command) { Start(BusyText(command)); }
+
+void BusyIndicator::CommandEnded(const KorUnicodeString& command, const KorUnicodeString& reply) {
+  End();
+  if (onEnded) onEnded(command, reply);
 }
 
-void BusyIndicator::CommandEnded(const KorUnicodeString& command) {
-  if (--_running == 0) {
-    QApplication::restoreOverrideCursor();
-    if (_statusBar) _statusBar->clearMessage();
-  }
-  if (onEnded) onEnded(command);
+void BusyIndicator::Start(const QString& text) {
+  if (_running++ == 0) QApplication::setOverrideCursor(Qt::WaitCursor);
+  Say(text);
+}
+
+void BusyIndicator::End() {
+  if (--_running > 0) return;
+  QApplication::restoreOverrideCursor();
+  if (_statusBar) _statusBar->clearMessage();
 }
 
 void BusyIndicator::ShowProgress(std::string_view what, std::size_t done, std::size_t total) {
   const QString percent = total ? QString(" %1 %").arg(done * 100 / total) : QString();
-  Say(ToQt(what) + percent);
+  Say(ProgressText(what) + percent);
 }
 
 void BusyIndicator::Say(const QString& text) {

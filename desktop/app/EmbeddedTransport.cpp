@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "desktop/app/Texts.h"
+#include "desktop/toolkit/QtText.h"
 #include "lumira/store/OpenSqliteStore.h"
 
 namespace desktop {
@@ -23,7 +25,7 @@ std::string EmbeddedTransport::Run(const std::string& command, const std::string
 }
 
 std::string EmbeddedTransport::Address() const {
-  return "embedded, " + std::filesystem::path(_file).filename().string();
+  return Text("Address.Embedded", {ToQt(std::filesystem::path(_file).filename().string())}).toStdString();
 }
 
 }  // namespace desktop

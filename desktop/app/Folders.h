@@ -10,13 +10,14 @@ class Folders {
   /// The message catalogues: the environment variable KORVO_CATALOGUES, else beside the program or above it.
   /// Empty when there are none.
   static QString Catalogues();
+  /// Why there are none, with the folder that was looked in. In English: there are no texts then.
+  static QString WhyNoCatalogues();
   /// The tables of the sample product, found the same way (KORVO_SAMPLES).
   static QString Samples();
+  /// Why there are none, with the folder that was looked in.
+  static QString WhyNoSamples();
   /// The user's own products.
   static QString UserData();
-
- private:
-  static QString Find(const char* variable, const char* folder, const char* content);
 };
 
 }  // namespace desktop

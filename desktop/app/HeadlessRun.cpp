@@ -11,7 +11,6 @@
 #include "desktop/app/SampleProduct.h"
 #include "framework/dialog/KorApplicationFrame.h"
 #include "framework/dialog/KorDlgEditor.h"
-#include "framework/dialog/KorDlgPushButton.h"
 #include "framework/dialog/KorDlgRadioButton.h"
 #include "framework/dialog/KorDlgTabContainer.h"
 #include "framework/knowledge/KorUnitSystems.h"
@@ -41,12 +40,18 @@ struct EditorText {
 };
 
 constexpr EditorText kCustomReference[] = {
-    {"Frame033.CPxEditor", "1000"},         {"Frame033.CPyEditor", "0"},
-    {"Frame033.CPzEditor", "500"},          {"DirectionsFrame.XAxisxEditor", "0"},
-    {"DirectionsFrame.XAxisYEditor", "-1"}, {"DirectionsFrame.XAxisZEditor", "0"},
-    {"DirectionsFrame.YAxisXEditor", "1"},  {"DirectionsFrame.YAxisYEditor", "0"},
-    {"DirectionsFrame.YAxisZEditor", "0"},  {"DirectionsFrame.ZAxisXEditor", "0"},
-    {"DirectionsFrame.ZAxisYEditor", "0"},  {"DirectionsFrame.ZAxisZEditor", "1"},
+    {"CustomRefModeFrame.Frame033.CPxEditor", "1000"},
+    {"CustomRefModeFrame.Frame033.CPyEditor", "0"},
+    {"CustomRefModeFrame.Frame033.CPzEditor", "500"},
+    {"CustomRefModeFrame.DirectionsFrame.XAxisxEditor", "0"},
+    {"CustomRefModeFrame.DirectionsFrame.XAxisYEditor", "-1"},
+    {"CustomRefModeFrame.DirectionsFrame.XAxisZEditor", "0"},
+    {"CustomRefModeFrame.DirectionsFrame.YAxisXEditor", "1"},
+    {"CustomRefModeFrame.DirectionsFrame.YAxisYEditor", "0"},
+    {"CustomRefModeFrame.DirectionsFrame.YAxisZEditor", "0"},
+    {"CustomRefModeFrame.DirectionsFrame.ZAxisXEditor", "0"},
+    {"CustomRefModeFrame.DirectionsFrame.ZAxisYEditor", "0"},
+    {"CustomRefModeFrame.DirectionsFrame.ZAxisZEditor", "1"},
 };
 
 constexpr const char* kReferenceMode = "Frame250.AdditionalFrame2.ReferenceModeFrame.";
@@ -86,6 +91,15 @@ HeadlessRun::~HeadlessRun() {
 }
 
 Result<void> HeadlessRun::Run() {
+  auto done = RunSteps();
+  if (!done) return done;
+  if (!_boxes.Messages().empty())
+    return Fail("a message box came up: " + _boxes.Messages().front().text.Utf8());
+  if (_boxes.UnexpectedCount() > 0) return Fail("a question or file chooser came up");
+  return done;
+}
+
+Result<void> HeadlessRun::RunSteps() {
   if (!QDir().mkpath(_folder))
     return Error{ErrorKind::Storage, "the folder \"" + _folder.toStdString() + "\" cannot be made"};
   if (auto done = OpenSample(); !done) return done;
@@ -103,8 +117,7 @@ Result<void> HeadlessRun::Run() {
 
 Result<void> HeadlessRun::OpenSample() {
   const QString samples = Folders::Samples();
-  if (samples.isEmpty())
-    return Error{ErrorKind::NotFound, "the folder \"samples\" with the sample product is missing"};
+  if (samples.isEmpty()) return Error{ErrorKind::NotFound, Folders::WhyNoSamples().toStdString()};
   const QString file = _scratch.filePath("iea15.lumira");
   if (const auto made = CreateSampleProduct(samples.toStdString(), file.toStdString()); !made)
     return made.Failure();
@@ -120,10 +133,8 @@ Result<void> HeadlessRun::ComputeInPanel(const std::string& part) {
   if (!_window.Select(product, place.Value().instancePath))
     return Fail("\"" + part + "\" cannot be selected");
   _window.ShowPartPanel();
-  KorWBNymMainPanel* panel = _window.PartPanel().Panel();
-  if (!panel) return Fail("the part panel did not open on \"" + part + "\"");
-  if (!panel->Find<KorDlgPushButton>("Frame238.ComputeButton").Press())
-    return Fail("the button that computes cannot be pressed");
+  if (!_window.PartPanel().IsOpen()) return Fail("the part panel did not open on \"" + part + "\"");
+  if (!_window.PartPanel().Compute()) return Fail("the button that computes cannot be pressed");
   QApplication::processEvents();
   const auto values = ReadPartValues(*_window.PartPanel().Buffer());
   if (!values) return Fail("computing \"" + part + "\" gave no values");
@@ -134,14 +145,14 @@ Result<void> HeadlessRun::ComputeInPanel(const std::string& part) {
 Result<void> HeadlessRun::SavePages() {
   auto& pages = _window.PartPanel().Panel()->Find<KorDlgTabContainer>("TabContainer001");
   for (int i = 0; i < pages.GetPageCount(); ++i) {
-    pages.Pick(i);
+    if (!pages.GetPage(i)->IsShown()) continue;
+    if (!pages.Pick(i)) return Fail("the page \"" + pages.GetPage(i)->Name() + "\" cannot be picked");
     for (const PageFile& file : kPageFiles) {
       if (pages.GetPage(i)->Name() != file.page) continue;
       if (auto done = Save(_window.PartPanel().Window(), file.file); !done) return done;
     }
   }
-  pages.Pick(0);
-  return {};
+  return pages.Pick(0) ? Result<void>() : Fail("the first page cannot be picked");
 }
 
 Result<void> HeadlessRun::SaveUnitSystem(const char* system, const QString& file) {
@@ -160,14 +171,18 @@ Result<void> HeadlessRun::SaveTheme(ThemeChoice theme, const QString& windowFile
 }
 
 Result<void> HeadlessRun::SaveCustomReference() {
-  KorWBNymMainPanel& panel = *_window.PartPanel().Panel();
-  panel.Find<KorDlgRadioButton>(std::string(kReferenceMode) + "CustomReferenceButton").Check();
+  if (auto done = CheckReference("CustomReferenceButton"); !done) return done;
   for (const EditorText& one : kCustomReference)
-    panel.Find<KorDlgEditor>(std::string("CustomRefModeFrame.") + one.editor).Type(one.text);
-  panel.Find<KorDlgPushButton>("Frame238.ComputeButton").Press();
+    if (!_window.PartPanel().Panel()->Find<KorDlgEditor>(one.editor).Type(one.text))
+      return Fail(std::string("\"") + one.editor + "\" cannot be typed into");
+  if (!_window.PartPanel().Compute()) return Fail("the custom reference cannot be computed");
   if (auto done = Save(_window.PartPanel().Window(), "part-panel-custom.png"); !done) return done;
-  panel.Find<KorDlgRadioButton>(std::string(kReferenceMode) + "CurrentPartButton").Check();
-  return {};
+  return CheckReference("CurrentPartButton");
+}
+
+Result<void> HeadlessRun::CheckReference(const std::string& button) {
+  auto& radio = _window.PartPanel().Panel()->Find<KorDlgRadioButton>(kReferenceMode + button);
+  return radio.Check() ? Result<void>() : Fail("\"" + button + "\" cannot be checked");
 }
 
 Result<void> HeadlessRun::Save(QWidget* window, const QString& file) {

@@ -15,16 +15,18 @@ class HeadlessRun {
   explicit HeadlessRun(const QString& folder);
   ~HeadlessRun();
 
-  /// Stops at the first step that fails.
+  /// Stops at the first step that fails. A message box is a failure, too: nobody is there to read it.
   protocol::Result<void> Run();
   /// What was shown in message boxes.
   const std::vector<KorDlgMessage>& Messages() const { return _boxes.Messages(); }
 
  private:
+  protocol::Result<void> RunSteps();
   protocol::Result<void> OpenSample();
   protocol::Result<void> ComputeInPanel(const std::string& part);
   protocol::Result<void> SavePages();
   protocol::Result<void> SaveCustomReference();
+  protocol::Result<void> CheckReference(const std::string& button);
   protocol::Result<void> SaveUnitSystem(const char* system, const QString& file);
   protocol::Result<void> SaveTheme(ThemeChoice theme, const QString& windowFile, const QString& panelFile);
   protocol::Result<void> Save(QWidget* window, const QString& file);

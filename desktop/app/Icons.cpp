@@ -1,10 +1,10 @@
 #include "desktop/app/Icons.h"
 
 #include <QApplication>
+#include <QHash>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
-#include <QPixmapCache>
 
 #include "desktop/toolkit/LampPainter.h"
 

@@ -125,6 +125,7 @@ Result<lumira::ImportReport> ImportDialog::Import(lumira::ImportMode mode) {
 }
 
 void ImportDialog::Run(lumira::ImportMode mode) {
+  if (_mass->text().trimmed().isEmpty()) return _report->setPlainText(Text("Import.NoMassTable"));
   setCursor(Qt::WaitCursor);
   const auto report = Import(mode);
   unsetCursor();
@@ -139,7 +140,7 @@ void ImportDialog::ShowProgress(std::string_view what, std::size_t done, std::si
   constexpr std::size_t kSteps = 1000;
   _progress->setRange(0, total ? static_cast<int>(kSteps) : 0);
   _progress->setValue(total ? static_cast<int>(done * kSteps / total) : 0);
-  _progress->setFormat(ToQt(what) + " %p %");
+  _progress->setFormat(ProgressText(what) + " %p %");
   _progress->show();
   _progress->repaint();
 }

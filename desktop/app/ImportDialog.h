@@ -5,7 +5,6 @@
 #include "lumira/import/ImportProduct.h"
 
 class QCheckBox;
-class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QProgressBar;

@@ -21,21 +21,21 @@
 #include "desktop/toolkit/QtText.h"
 #include "framework/dialog/KorMsgCatalog.h"
 #include "framework/knowledge/KorUnitSystems.h"
-#include "protocol/Constants.h"
 
 namespace desktop {
 namespace {
 
 constexpr const char* kGeometryKey = "mainWindow/geometry";
 constexpr const char* kSplitterKey = "mainWindow/splitter";
+constexpr const char* kColumnsKey = "mainWindow/columns";
 constexpr const char* kRecentMenu = "Menu.Recent";
 constexpr const char* kThemeMenu = "Menu.Theme";
 constexpr const char* kLanguageMenu = "Menu.Language";
 
 enum class OnToolbar { No, Yes };
 
-/// Widths of the tree's columns at the first start, characters.
-constexpr std::array kColumnWidths{46, 19, 13, 22, 16};
+/// Widths of the tree's columns at the first start, characters; the names take what is left.
+constexpr std::array kColumnWidths{18, 18, 12, 20, 21};
 
 }  // namespace
 
@@ -57,6 +57,7 @@ const MainWindow::CommandRow MainWindow::kCommands[] = {
     {"OpenSample", "Menu.File", nullptr, "", OnToolbar::No, &MainWindow::OpenSampleCommand},
     {"Quit", "Menu.File", nullptr, "Ctrl+Q", OnToolbar::No, &MainWindow::Quit},
     {"PartPanel", "Menu.Weight", icons::PartPanel, "Ctrl+P", OnToolbar::Yes, &MainWindow::ShowPartPanel},
+    {"Compute", "Menu.Weight", nullptr, "F5", OnToolbar::No, &MainWindow::Compute},
     {"Find", "Menu.View", icons::Find, "Ctrl+F", OnToolbar::No, &MainWindow::FocusSearch},
     {"Units", "Menu.Settings", icons::Units, "Ctrl+U", OnToolbar::Yes, &MainWindow::AskForUnits},
     {"About", "Menu.Help", nullptr, "", OnToolbar::No, &MainWindow::ShowAbout},
@@ -66,7 +67,7 @@ MainWindow::MainWindow(Settings& settings, QtBackend& backend)
     : _settings(settings),
       _backend(backend),
       _busy(statusBar()),
-      _partPanel(backend),
+      _partPanel(backend, settings),
       _model(new ProductTreeModel(this)),
       _tree(new QTreeView),
       _pane(new SelectionPane),
@@ -79,13 +80,7 @@ MainWindow::MainWindow(Settings& settings, QtBackend& backend)
   BuildCentre();
   BuildStatusBar();
   _model->onError = [this](const protocol::Error& error) { ShowError("Error.Tree", error.message); };
-  _busy.onEnded = [this](const KorUnicodeString& command) {
-    // The panel that sent it is not done with the reply: its own server calls come before those of the
-    // window.
-    if (command == KorUnicodeString(protocol::kCommandComputePart))
-      QMetaObject::invokeMethod(
-          this, [this] { ValuesComputed(); }, Qt::QueuedConnection);
-  };
+  _busy.onEnded = [this](const auto& command, const auto& reply) { ServerCommandEnded(command, reply); };
   resize(1180, 760);
   restoreGeometry(_settings.WindowState(kGeometryKey));
   ShowTexts();
@@ -147,6 +142,9 @@ void MainWindow::BuildCentre() {
   _tree->setExpandsOnDoubleClick(false);
   for (std::size_t i = 0; i < kColumnWidths.size(); ++i)
     _tree->setColumnWidth(static_cast<int>(i), kColumnWidths[i] * fontMetrics().averageCharWidth());
+  _tree->header()->setStretchLastSection(false);
+  _tree->header()->setSectionResizeMode(ProductTreeModel::Name, QHeaderView::Stretch);
+  _tree->header()->restoreState(_settings.WindowState(kColumnsKey));
   QObject::connect(_tree->selectionModel(), &QItemSelectionModel::currentChanged, this,
                    [this] { SelectionChanged(); });
   QObject::connect(_tree, &QTreeView::activated, this, [this] { ShowPartPanel(); });
@@ -166,14 +164,13 @@ void MainWindow::BuildCentre() {
   right->setWidget(_pane);
   right->setWidgetResizable(true);
   right->setFrameShape(QFrame::NoFrame);
-  right->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   auto* splitter = new QSplitter;
   splitter->setObjectName("MainSplitter");
   splitter->addWidget(left);
   splitter->addWidget(right);
   splitter->setStretchFactor(0, 1);
   splitter->setChildrenCollapsible(false);
-  splitter->setSizes({800, 380});
+  splitter->setSizes({780, 400});
   splitter->restoreState(_settings.WindowState(kSplitterKey));
   setCentralWidget(splitter);
 }
@@ -250,8 +247,15 @@ QAction* MainWindow::Command(const std::string& name) const {
   return found == _actions.end() ? nullptr : found->second;
 }
 
+QStringList MainWindow::CommandNames() {
+  QStringList names;
+  for (const CommandRow& row : kCommands) names << row.name;
+  return names;
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
   _settings.SetWindowState(kGeometryKey, saveGeometry());
+  _settings.SetWindowState(kColumnsKey, _tree->header()->saveState());
   if (auto* splitter = findChild<QSplitter*>("MainSplitter"))
     _settings.SetWindowState(kSplitterKey, splitter->saveState());
   _partPanel.Close();

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "desktop/app/BusyIndicator.h"
+#include "desktop/app/CatalogueProblems.h"
 #include "desktop/app/PartPanelHost.h"
 #include "desktop/app/ProductSession.h"
 #include "desktop/app/ProductTreeModel.h"
@@ -34,18 +35,26 @@ class MainWindow : public QMainWindow {
   bool OpenProduct(const QString& file);
   /// Makes an empty product file and opens it; tells the user why not on failure.
   bool CreateProduct(const QString& file);
-  /// Opens the sample product in the user's data folder, making it first where there is none.
+  /// Opens the sample product in the user's data folder, making it first where there is none. Where there is
+  /// one that cannot be opened, the user may have it made anew.
   bool OpenSample();
+  /// Opens a product at the start: the named one, else the last one, else the sample. A last one that cannot
+  /// be opened gives way to the sample.
+  void OpenAtStart(const QString& product);
 
   /// Selects an occurrence, expanding the tree down to it; false when there is none.
   bool Select(const std::string& product, const std::vector<std::string>& instancePath);
   /// Opens the part panel on what is selected.
   void ShowPartPanel();
+  /// Computes what is selected by the part panel, opening it first where it is closed.
+  void Compute();
   /// Shows all values anew, after a change of units.
   void UnitsChanged();
   /// False, with the language as it was, when there is no such language.
   bool ChooseLanguage(const QString& language);
   void ChooseTheme(ThemeChoice theme);
+  /// Tells of catalogues with problems that nobody has been told of, in a box and on standard error.
+  void TellCatalogueProblems();
 
   PartPanelHost& PartPanel() { return _partPanel; }
   ProductTreeModel& Tree() { return *_model; }
@@ -54,6 +63,7 @@ class MainWindow : public QMainWindow {
   SearchBox& Search() { return *_search; }
   /// A command by its name in the table of commands, such as "PartPanel"; null when there is none.
   QAction* Command(const std::string& name) const;
+  static QStringList CommandNames();
   QString UnitSystemText() const;
   QString ServerText() const;
 
@@ -85,11 +95,17 @@ class MainWindow : public QMainWindow {
   void ShowAbout();
   void Quit() { close(); }
 
+  protocol::Result<void> Open(const QString& file);
+  bool MakeSample();
+  bool AskToMakeSampleAnew(const std::string& reason);
+  void ForgetIfGone(const QString& file, const protocol::Error& why);
   void ReloadTree();
   void SelectionChanged();
-  /// Shows the selected part in the pane. Its data as the server sent it; nothing when there is none.
+  /// Shows the selected part in the pane. Its data as the server sent it; nothing, with the pane as it was,
+  /// when they cannot be read.
   std::optional<std::string> ShowSelection();
   void BindPartPanel(const std::string& partDataText);
+  void ServerCommandEnded(const KorUnicodeString& command, const KorUnicodeString& reply);
   void ValuesComputed();
   void ShowError(const char* titleKey, const std::string& text);
   void ShowStatus();
@@ -99,6 +115,7 @@ class MainWindow : public QMainWindow {
   QtBackend& _backend;
   ProductSession _session;
   BusyIndicator _busy;
+  CatalogueProblems _catalogueProblems;
   PartPanelHost _partPanel;
   ProductTreeModel* _model;
   QTreeView* _tree;

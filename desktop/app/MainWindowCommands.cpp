@@ -1,11 +1,15 @@
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QTreeView>
+#include <iostream>
 
 #include "desktop/app/Folders.h"
 #include "desktop/app/ImportDialog.h"
 #include "desktop/app/MainWindow.h"
 #include "desktop/app/PdmCommands.h"
+#include "desktop/app/QtTranslation.h"
 #include "desktop/app/SampleProduct.h"
 #include "desktop/app/SearchBox.h"
 #include "desktop/app/SelectionPane.h"
@@ -15,24 +19,40 @@
 #include "framework/dialog/KorApplicationFrame.h"
 #include "framework/dialog/KorMsgCatalog.h"
 #include "lumira/store/OpenSqliteStore.h"
+#include "protocol/Constants.h"
+#include "protocol/ErrorReply.h"
 
 namespace desktop {
 
 bool MainWindow::OpenProduct(const QString& file) {
+  const auto opened = Open(file);
+  if (opened) return true;
+  ForgetIfGone(file, opened.Failure());
+  ShowError("Error.Open", opened.Failure().message);
+  return false;
+}
+
+protocol::Result<void> MainWindow::Open(const QString& file) {
   const auto progress = [this](std::string_view what, std::size_t done, std::size_t total) {
     _busy.ShowProgress(what, done, total);
   };
-  if (const auto opened = _session.Open(file.toStdString(), progress); !opened) {
-    _settings.RemoveRecentProduct(file);
-    ShowRecentProducts();
-    ShowError("Error.Open", opened.Failure().message);
-    return false;
+  {
+    const BusyIndicator::Scope busy(_busy, Text("Busy.Open"));
+    if (auto opened = _session.Open(file.toStdString(), progress); !opened) return opened;
   }
   _partPanel.Close();
   _settings.AddRecentProduct(QFileInfo(file).absoluteFilePath());
   ShowRecentProducts();
   ReloadTree();
-  return true;
+  return {};
+}
+
+/// A product that is locked, read-only or of a newer version may open the next time; one that is not there
+/// would only be in the way.
+void MainWindow::ForgetIfGone(const QString& file, const protocol::Error& why) {
+  if (why.kind != protocol::ErrorKind::NotFound) return;
+  _settings.RemoveRecentProduct(QFileInfo(file).absoluteFilePath());
+  ShowRecentProducts();
 }
 
 bool MainWindow::CreateProduct(const QString& file) {
@@ -46,18 +66,48 @@ bool MainWindow::CreateProduct(const QString& file) {
 QString MainWindow::SampleFile() const { return QDir(Folders::UserData()).filePath("iea15.lumira"); }
 
 bool MainWindow::OpenSample() {
-  if (!QFileInfo::exists(SampleFile())) {
-    if (Folders::Samples().isEmpty()) {
-      ShowError("Error.Open", Text("Error.NoSamples").toStdString());
-      return false;
-    }
-    const auto made = CreateSampleProduct(Folders::Samples().toStdString(), SampleFile().toStdString());
-    if (!made) {
-      ShowError("Error.Sample", made.Failure().message);
-      return false;
-    }
+  if (QFileInfo::exists(SampleFile())) {
+    const auto opened = Open(SampleFile());
+    if (opened) return true;
+    if (!AskToMakeSampleAnew(opened.Failure().message)) return false;
   }
-  return OpenProduct(SampleFile());
+  return MakeSample() && OpenProduct(SampleFile());
+}
+
+bool MainWindow::AskToMakeSampleAnew(const std::string& reason) {
+  KorDlgQuestion question;
+  question.title = FromQt(Text("Error.Open"));
+  question.text =
+      FromQt(Text("Sample.MakeAnew", {ToQt(reason), ToQt(NameSetAside(SampleFile().toStdString()))}));
+  question.answers = {FromQt(Text("Sample.Make")), FromQt(Text("Sample.Leave"))};
+  constexpr int kMake = 0;
+  return KorApplicationFrame::Ask(question) == kMake;
+}
+
+bool MainWindow::MakeSample() {
+  if (Folders::Samples().isEmpty()) {
+    ShowError("Error.Sample", Folders::WhyNoSamples().toStdString());
+    return false;
+  }
+  const auto made = [this, file = SampleFile().toStdString()]() -> protocol::Result<void> {
+    const BusyIndicator::Scope busy(_busy, Text("Busy.Sample"));
+    if (auto aside = SetAside(file); !aside) return aside;
+    if (auto report = CreateSampleProduct(Folders::Samples().toStdString(), file); !report)
+      return report.Failure();
+    return {};
+  }();
+  if (!made) ShowError("Error.Sample", made.Failure().message);
+  return made.Ok();
+}
+
+void MainWindow::OpenAtStart(const QString& product) {
+  const QString first = product.isEmpty() ? _settings.RecentProducts().value(0) : product;
+  // The sample is opened as such: it is not tried twice, and a damaged one can be made anew.
+  const bool isSample = QFileInfo(first).absoluteFilePath() == QFileInfo(SampleFile()).absoluteFilePath();
+  if (first.isEmpty() || isSample)
+    OpenSample();
+  else if (!OpenProduct(first) && product.isEmpty())
+    OpenSample();
 }
 
 void MainWindow::ReloadTree() {
@@ -92,15 +142,32 @@ void MainWindow::ShowPartPanel() {
   if (const auto text = ShowSelection()) BindPartPanel(*text);
 }
 
+void MainWindow::Compute() {
+  if (!_partPanel.IsOpen()) ShowPartPanel();
+  _partPanel.Compute();
+}
+
+void MainWindow::ServerCommandEnded(const KorUnicodeString& command, const KorUnicodeString& reply) {
+  // After a failure nothing has changed, and the panel that sent the command tells of it.
+  if (command != KorUnicodeString(protocol::kCommandComputePart) || protocol::IsErrorReply(reply.Utf8()))
+    return;
+  // The panel is not done with the reply: its own server calls come before those of the window.
+  QMetaObject::invokeMethod(
+      this, [this] { ValuesComputed(); }, Qt::QueuedConnection);
+}
+
 void MainWindow::ValuesComputed() {
-  _model->RefreshValues();
+  if (const auto refreshed = _model->RefreshValues(); !refreshed)
+    return ShowError("Error.Tree", refreshed.Failure().message);
   ShowSelection();
 }
 
 std::optional<std::string> MainWindow::ShowSelection() {
   const QModelIndex index = _tree->currentIndex();
-  _pane->ShowNothing();
-  if (!index.isValid()) return std::nullopt;
+  if (!index.isValid()) {
+    _pane->ShowNothing();
+    return std::nullopt;
+  }
   const OccurrencePlace place = _model->PlaceAt(index);
   protocol::PartDataRequest request;
   request.product = place.product;
@@ -119,6 +186,7 @@ std::optional<std::string> MainWindow::ShowSelection() {
 void MainWindow::BindPartPanel(const std::string& partDataText) {
   if (const auto shown = _partPanel.Show(partDataText); !shown)
     ShowError("Error.Part", shown.Failure().message);
+  TellCatalogueProblems();
 }
 
 void MainWindow::UnitsChanged() {
@@ -131,8 +199,10 @@ void MainWindow::UnitsChanged() {
 bool MainWindow::ChooseLanguage(const QString& language) {
   if (Failed(KorMsgCatalog::SetLanguage(language.toStdString()))) return false;
   _settings.SetLanguage(language);
+  TranslateQt(language);
   ShowTexts();
   _partPanel.RefreshTexts();
+  TellCatalogueProblems();
   return true;
 }
 
@@ -183,6 +253,18 @@ void MainWindow::ShowAbout() {
   message.title = FromQt(Text("Command.About.Title"));
   message.text = FromQt(Text("About.Text", {QCoreApplication::applicationVersion(), qVersion()}));
   message.flags = KorDlgMessage::kInformation;
+  KorApplicationFrame::ShowMessage(message);
+}
+
+void MainWindow::TellCatalogueProblems() {
+  const QStringList problems = _catalogueProblems.TakeNew();
+  if (problems.isEmpty()) return;
+  const std::string text = problems.join('\n').toStdString();
+  std::cerr << "korvo: " << text << "\n";
+  KorDlgMessage message;
+  message.title = FromQt(TextOr("Error.Texts", "Some texts are missing"));
+  message.text = text;
+  message.flags = KorDlgMessage::kError;
   KorApplicationFrame::ShowMessage(message);
 }
 

@@ -7,6 +7,8 @@
 namespace desktop {
 namespace {
 
+constexpr const char* kGeometryKey = "partPanel/geometry";
+
 /// Which pages and handlers a panel has is decided when it is laid out, for its first part.
 bool HasSamePages(const LumWBAllDataBuffer& one, const LumWBAllDataBuffer& other) {
   return one.AreOldDocumentsUsed() == other.AreOldDocumentsUsed() &&
@@ -17,7 +19,8 @@ bool HasSamePages(const LumWBAllDataBuffer& one, const LumWBAllDataBuffer& other
 
 }  // namespace
 
-PartPanelHost::PartPanelHost(QtBackend& backend) : _backend(backend) {}
+PartPanelHost::PartPanelHost(QtBackend& backend, Settings& settings)
+    : _backend(backend), _settings(settings) {}
 
 PartPanelHost::~PartPanelHost() = default;
 
@@ -44,13 +47,21 @@ void PartPanelHost::Open() {
   _panel->Find<KorDlgPushButton>("Frame238.CloseButton").Subscribe(KorEvent::PushActivate, close);
   _panel->Subscribe(KorEvent::WindowClose, close);
   _panel->Attach(&_backend);
+  Window()->restoreGeometry(_settings.WindowState(kGeometryKey));
   _panel->SetVisibility(KorVisibility::Shown);
 }
 
 void PartPanelHost::Close() {
-  if (_panel) _panel->Detach();
+  if (_panel) {
+    _settings.SetWindowState(kGeometryKey, Window()->saveGeometry());
+    _panel->Detach();
+  }
   _panel.reset();
   _buffer = {};
+}
+
+bool PartPanelHost::Compute() {
+  return _panel && _panel->Find<KorDlgPushButton>("Frame238.ComputeButton").Press();
 }
 
 void PartPanelHost::RefreshValues() {

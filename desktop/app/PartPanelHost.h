@@ -3,6 +3,7 @@
 #include <QObject>
 #include <memory>
 
+#include "desktop/app/Settings.h"
 #include "desktop/toolkit/QtBackend.h"
 #include "module/main_panel/KorWBNymMainPanel.h"
 #include "protocol/Result.h"
@@ -15,7 +16,8 @@ namespace desktop {
 /// destroys it.
 class PartPanelHost : public QObject {
  public:
-  explicit PartPanelHost(QtBackend& backend);
+  /// Both must outlive the host; the settings keep place and size of the panel.
+  PartPanelHost(QtBackend& backend, Settings& settings);
   ~PartPanelHost() override;
 
   bool IsOpen() const { return _panel != nullptr; }
@@ -23,6 +25,8 @@ class PartPanelHost : public QObject {
   /// panel stays as it was.
   protocol::Result<void> Show(const std::string& partDataText);
   void Close();
+  /// Presses the panel's Compute button; false when the panel is closed or the button cannot be pressed.
+  bool Compute();
 
   /// After a change of units, and after one of language.
   void RefreshValues();
@@ -37,6 +41,7 @@ class PartPanelHost : public QObject {
   void Open();
 
   QtBackend& _backend;
+  Settings& _settings;
   LumWBAllDataBuffer_var _buffer;
   std::unique_ptr<KorWBNymMainPanel> _panel;
 };

@@ -85,17 +85,17 @@ protocol::Result<void> ProductTreeModel::Reload() {
   return {};
 }
 
-void ProductTreeModel::RefreshValues() {
+protocol::Result<void> ProductTreeModel::RefreshValues() {
   const auto products = GetProducts();
-  if (!products) {
-    if (onError) onError(products.Failure());
-    return;
-  }
+  if (!products) return products.Failure();
   for (const auto& top : _root->children)
     for (const protocol::ProductEntry& product : products.Value().products)
       if (product.product == top->product) top->line = product.root;
-  for (const auto& top : _root->children) RefreshBelow(*top);
+  protocol::Result<void> refreshed;
+  for (const auto& top : _root->children)
+    if (refreshed) refreshed = RefreshBelow(*top);
   RefreshTexts();
+  return refreshed;
 }
 
 void ProductTreeModel::RefreshTexts() {
@@ -104,17 +104,23 @@ void ProductTreeModel::RefreshTexts() {
   Q_EMIT headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
 }
 
-void ProductTreeModel::RefreshBelow(Node& node) {
-  if (!node.asked || node.children.empty()) return;
-  const auto lines = AskForChildren(node);
-  if (!lines) return;
+protocol::Result<void> ProductTreeModel::RefreshBelow(Node& node) {
+  if (!node.asked || node.children.empty()) return {};
+  const auto asked = AskForChildren(node);
+  if (!asked) return asked.Failure();
+  const auto& lines = asked.Value();
   const bool same =
-      std::equal(lines->begin(), lines->end(), node.children.begin(), node.children.end(),
+      std::equal(lines.begin(), lines.end(), node.children.begin(), node.children.end(),
                  [](const auto& line, const auto& child) { return IsSamePlace(line, child->line); });
-  if (!same) return Forget(node);
-  for (std::size_t i = 0; i < lines->size(); ++i) node.children[i]->line = (*lines)[i];
+  if (!same) {
+    Forget(node);
+    return {};
+  }
+  for (std::size_t i = 0; i < lines.size(); ++i) node.children[i]->line = lines[i];
   Q_EMIT dataChanged(IndexOf(*node.children.front()), IndexOf(*node.children.back()).siblingAtColumn(Status));
-  for (const auto& child : node.children) RefreshBelow(*child);
+  for (const auto& child : node.children)
+    if (auto below = RefreshBelow(*child); !below) return below;
+  return {};
 }
 
 void ProductTreeModel::Forget(Node& parent) {
@@ -124,14 +130,11 @@ void ProductTreeModel::Forget(Node& parent) {
   endRemoveRows();
 }
 
-std::optional<std::vector<protocol::TreeNode>> ProductTreeModel::AskForChildren(const Node& node) const {
+protocol::Result<std::vector<protocol::TreeNode>> ProductTreeModel::AskForChildren(const Node& node) const {
   std::vector<protocol::TreeNode> lines;
   for (;;) {
     const auto reply = GetChildren({node.line.partId, static_cast<int>(lines.size()), kPage});
-    if (!reply) {
-      if (onError) onError(reply.Failure());
-      return std::nullopt;
-    }
+    if (!reply) return reply.Failure();
     const auto& page = reply.Value().nodes;
     lines.insert(lines.end(), page.begin(), page.end());
     if (page.empty() || static_cast<int>(lines.size()) >= reply.Value().total) return lines;
@@ -229,7 +232,10 @@ bool ProductTreeModel::canFetchMore(const QModelIndex& parent) const {
 void ProductTreeModel::fetchMore(const QModelIndex& parent) {
   Node& node = NodeAt(parent);
   node.asked = true;
-  if (auto lines = AskForChildren(node)) Insert(node, std::move(*lines));
+  if (auto lines = AskForChildren(node))
+    Insert(node, std::move(lines).Value());
+  else if (onError)
+    onError(lines.Failure());
 }
 
 QVariant ProductTreeModel::data(const QModelIndex& index, int role) const {

@@ -3,7 +3,6 @@
 #include <QAbstractItemModel>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <vector>
 
 #include "desktop/app/OccurrencePlace.h"
@@ -26,8 +25,8 @@ class ProductTreeModel : public QAbstractItemModel {
   /// Forgets everything and shows the products of the server that is connected now.
   protocol::Result<void> Reload();
   /// Asks again for the lines that are known, after something was computed. A part whose children are no
-  /// longer the same loses them; they are asked for anew.
-  void RefreshValues();
+  /// longer the same loses them; they are asked for anew. Stops at the first line that cannot be asked for.
+  protocol::Result<void> RefreshValues();
   /// Shows units and texts anew.
   void RefreshTexts();
 
@@ -52,9 +51,9 @@ class ProductTreeModel : public QAbstractItemModel {
 
   Node& NodeAt(const QModelIndex& index) const;
   QModelIndex IndexOf(const Node& node) const;
-  std::optional<std::vector<protocol::TreeNode>> AskForChildren(const Node& node) const;
+  protocol::Result<std::vector<protocol::TreeNode>> AskForChildren(const Node& node) const;
   void Insert(Node& parent, std::vector<protocol::TreeNode> lines);
-  void RefreshBelow(Node& node);
+  protocol::Result<void> RefreshBelow(Node& node);
   void Forget(Node& parent);
 
   std::unique_ptr<Node> _root;  ///< shown by nobody; its children are the products

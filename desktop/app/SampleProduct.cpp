@@ -23,7 +23,29 @@ Result<lumira::ImportReport> ImportSample(const fs::path& folder, const std::str
                                options);
 }
 
+/// What SQLite keeps beside a database, by what stands behind its name.
+constexpr const char* kCompanions[] = {"", "-wal", "-shm", "-journal"};
+
+Result<void> Rename(const std::string& from, const std::string& to) {
+  std::error_code error;
+  if (fs::exists(from, error)) fs::rename(from, to, error);
+  if (!error) return {};
+  return protocol::Error{protocol::ErrorKind::Storage,
+                         "\"" + from + "\" cannot be renamed: " + error.message()};
+}
+
 }  // namespace
+
+std::string NameSetAside(const std::string& file) { return file + ".old"; }
+
+Result<void> SetAside(const std::string& file) {
+  for (const char* companion : kCompanions) {
+    std::error_code ignored;
+    fs::remove(NameSetAside(file) + companion, ignored);
+    if (auto renamed = Rename(file + companion, NameSetAside(file) + companion); !renamed) return renamed;
+  }
+  return {};
+}
 
 Result<lumira::ImportReport> CreateSampleProduct(const std::string& samplesFolder, const std::string& file) {
   // Made under another name, so that a file of the product's own name is always whole.

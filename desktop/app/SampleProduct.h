@@ -10,4 +10,10 @@ namespace desktop {
 protocol::Result<lumira::ImportReport> CreateSampleProduct(const std::string& samplesFolder,
                                                            const std::string& file);
 
+/// Gives a product file another name, NameSetAside, together with what its database keeps beside it: a log
+/// that was left there would be taken for one of the next file of the name. A file of the new name is
+/// replaced; nothing happens when there is no product file.
+protocol::Result<void> SetAside(const std::string& file);
+std::string NameSetAside(const std::string& file);
+
 }  // namespace desktop

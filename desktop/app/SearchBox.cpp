@@ -28,7 +28,11 @@ QString PathText(const protocol::Occurrence& hit) {
 }  // namespace
 
 SearchBox::SearchBox(QWidget* parent)
-    : QWidget(parent), _edit(new QLineEdit), _list(new QTreeWidget), _summary(new QLabel) {
+    : QWidget(parent),
+      _edit(new QLineEdit),
+      _list(new QTreeWidget),
+      _summary(new QLabel),
+      _pause(new QTimer(this)) {
   _edit->setClearButtonEnabled(true);
   _icon = _edit->addAction(icons::Find(), QLineEdit::LeadingPosition);
   _edit->installEventFilter(this);
@@ -43,14 +47,15 @@ SearchBox::SearchBox(QWidget* parent)
   layout->addWidget(_summary);
   layout->addWidget(_list);
 
-  auto* pause = new QTimer(this);
-  pause->setSingleShot(true);
-  pause->setInterval(kTypingPause);
-  QObject::connect(_edit, &QLineEdit::textEdited, pause, qOverload<>(&QTimer::start));
+  _summary->setTextFormat(Qt::PlainText);
+  _summary->setWordWrap(true);
+  _pause->setSingleShot(true);
+  _pause->setInterval(kTypingPause);
+  QObject::connect(_edit, &QLineEdit::textEdited, _pause, qOverload<>(&QTimer::start));
   QObject::connect(_edit, &QLineEdit::textChanged, this, [this](const QString& text) {
     if (text.isEmpty()) Clear();
   });
-  QObject::connect(pause, &QTimer::timeout, this, [this] { Search(); });
+  QObject::connect(_pause, &QTimer::timeout, this, [this] { Search(); });
   QObject::connect(_list, &QTreeWidget::itemActivated, this, [this] { PickCurrent(); });
   QObject::connect(_list, &QTreeWidget::itemClicked, this, [this] { PickCurrent(); });
   Clear();
@@ -70,6 +75,7 @@ void SearchBox::RefreshTexts() {
 QString SearchBox::Summary() const { return _summary->isHidden() ? QString() : _summary->text(); }
 
 void SearchBox::Search() {
+  _pause->stop();
   const std::string text = _edit->text().trimmed().toStdString();
   if (text.empty() || !product) return Clear();
   auto reply = SearchTree({product(), text, kMostHits});
@@ -114,6 +120,7 @@ void SearchBox::ShowSummary(const QString& text) {
 }
 
 void SearchBox::Clear() {
+  _pause->stop();
   _reply = {};
   _list->clear();
   _list->hide();

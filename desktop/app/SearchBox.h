@@ -8,6 +8,7 @@
 class QAction;
 class QLabel;
 class QLineEdit;
+class QTimer;
 class QTreeWidget;
 
 namespace desktop {
@@ -46,6 +47,7 @@ class SearchBox : public QWidget {
   QAction* _icon = nullptr;
   QTreeWidget* _list;
   QLabel* _summary;
+  QTimer* _pause;  ///< runs from the last key until the search begins
   protocol::SearchReply _reply;
 };
 

@@ -1,12 +1,15 @@
 #include "desktop/app/SelectionPane.h"
 
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <initializer_list>
 #include <iterator>
+#include <string_view>
 
 #include "desktop/app/Icons.h"
 #include "desktop/app/Quantities.h"
@@ -18,72 +21,71 @@
 namespace desktop {
 namespace {
 
-/// What the rows show.
-struct Shown {
-  const OccurrencePlace& place;
-  const protocol::PartData& data;
-  protocol::MassType computed;
-};
-
 const QString kNone = QString::fromUtf8("\u2013");
 
 QString OrNone(const std::string& text) { return text.empty() ? kNone : ToQt(text); }
 
-QString PathText(const Shown& s) {
+const protocol::MassType* Find(const protocol::PartData& data, std::string_view name) {
+  const auto found = std::find_if(data.massTypes.begin(), data.massTypes.end(),
+                                  [&](const protocol::MassType& type) { return type.name == name; });
+  return found == data.massTypes.end() ? nullptr : &*found;
+}
+
+QString PathText(const OccurrencePlace& place, const protocol::PartData&) {
   QStringList names;
-  for (const std::string& name : s.place.names) names << ToQt(name);
+  for (const std::string& name : place.names) names << ToQt(name);
   return names.join(QString::fromUtf8(" \u203a "));
 }
 
+QString ComputedStatusText(const OccurrencePlace&, const protocol::PartData& data) {
+  const protocol::MassType* computed = Find(data, protocol::kComputed);
+  return StatusText(computed ? computed->status : protocol::MassTypeStatus::Undefined);
+}
+
+/// One line on what is selected.
+struct PartRow {
+  const char* key;
+  QString (*text)(const OccurrencePlace&, const protocol::PartData&);
+};
+
+const PartRow kPartRows[] = {
+    {"Selection.Part", [](const auto&, const auto& data) { return ToQt(data.partId); }},
+    {"Selection.Path", PathText},
+    {"Selection.Instance", [](const auto& place, const auto&) { return OrNone(place.node.instanceId); }},
+    {"Selection.Revision", [](const auto& place, const auto&) { return OrNone(place.node.revision); }},
+    {"Selection.Quantity",
+     [](const auto& place, const auto&) { return QString::number(place.node.quantity); }},
+    {"Selection.Active", [](const auto&, const auto& data) { return OrNone(data.activeMassType); }},
+    {"Selection.Status", ComputedStatusText},
+};
+
+QString MassText(const protocol::MassType& type) { return type.mass ? ShowMass(*type.mass) : kNone; }
+
 template <std::size_t axis>
-QString CgText(const Shown& s) {
-  return s.computed.cg ? ShowLength((*s.computed.cg)[axis]) : kNone;
+QString CgText(const protocol::MassType& type) {
+  return type.cg ? ShowLength((*type.cg)[axis]) : kNone;
 }
 
 /// Moments as they are, products with their physical sign: the tensor keeps them negated.
 template <std::size_t element>
-QString InertiaText(const Shown& s) {
-  if (!s.computed.inertia) return kNone;
-  const double value = (*s.computed.inertia)[element];
+QString InertiaText(const protocol::MassType& type) {
+  if (!type.inertia) return kNone;
+  const double value = (*type.inertia)[element];
   return ShowInertia(element < 3 ? value : -value);
 }
 
-enum class Group { Part, Computed };
-
-struct Row {
+/// One line of values, shown for each of the mass types.
+struct ValueRow {
   const char* key;
-  Group group;
-  QString (*text)(const Shown&);
+  QString (*text)(const protocol::MassType&);
 };
 
-const Row kRows[] = {
-    {"Selection.Part", Group::Part, [](const Shown& s) { return ToQt(s.data.partId); }},
-    {"Selection.Path", Group::Part, PathText},
-    {"Selection.Instance", Group::Part, [](const Shown& s) { return OrNone(s.place.node.instanceId); }},
-    {"Selection.Revision", Group::Part, [](const Shown& s) { return OrNone(s.place.node.revision); }},
-    {"Selection.Quantity", Group::Part,
-     [](const Shown& s) { return QString::number(s.place.node.quantity); }},
-    {"Selection.Active", Group::Part, [](const Shown& s) { return OrNone(s.data.activeMassType); }},
-    {"Selection.Status", Group::Computed, [](const Shown& s) { return StatusText(s.computed.status); }},
-    {"Selection.Mass", Group::Computed,
-     [](const Shown& s) { return s.computed.mass ? ShowMass(*s.computed.mass) : kNone; }},
-    {"Selection.CGx", Group::Computed, CgText<0>},
-    {"Selection.CGy", Group::Computed, CgText<1>},
-    {"Selection.CGz", Group::Computed, CgText<2>},
-    {"Selection.Ixx", Group::Computed, InertiaText<0>},
-    {"Selection.Iyy", Group::Computed, InertiaText<1>},
-    {"Selection.Izz", Group::Computed, InertiaText<2>},
-    {"Selection.Ixy", Group::Computed, InertiaText<3>},
-    {"Selection.Ixz", Group::Computed, InertiaText<4>},
-    {"Selection.Iyz", Group::Computed, InertiaText<5>},
+const ValueRow kValueRows[] = {
+    {"Selection.Mass", MassText},      {"Selection.CGx", CgText<0>},      {"Selection.CGy", CgText<1>},
+    {"Selection.CGz", CgText<2>},      {"Selection.Ixx", InertiaText<0>}, {"Selection.Iyy", InertiaText<1>},
+    {"Selection.Izz", InertiaText<2>}, {"Selection.Ixy", InertiaText<3>}, {"Selection.Ixz", InertiaText<4>},
+    {"Selection.Iyz", InertiaText<5>},
 };
-
-protocol::MassType ComputedOf(const protocol::PartData& data) {
-  const auto found =
-      std::find_if(data.massTypes.begin(), data.massTypes.end(),
-                   [](const protocol::MassType& type) { return type.name == protocol::kComputed; });
-  return found == data.massTypes.end() ? protocol::MassType() : *found;
-}
 
 QLabel* MakeHeading() {
   auto* heading = new QLabel;
@@ -96,12 +98,18 @@ QLabel* MakeHeading() {
   return heading;
 }
 
-QFormLayout* MakeForm(QGroupBox* group) {
-  auto* form = new QFormLayout(group);
-  form->setHorizontalSpacing(16);
-  form->setVerticalSpacing(5);
-  form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-  return form;
+QLabel* MakeValueLabel() {
+  auto* label = new QLabel;
+  label->setTextFormat(Qt::PlainText);
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  return label;
+}
+
+QLabel* MakeNote() {
+  auto* note = new QLabel;
+  note->setTextFormat(Qt::PlainText);
+  note->setWordWrap(true);
+  return note;
 }
 
 }  // namespace
@@ -110,31 +118,47 @@ SelectionPane::SelectionPane(QWidget* parent)
     : QWidget(parent),
       _heading(MakeHeading()),
       _part(new QGroupBox),
-      _computed(new QGroupBox),
+      _values(new QGroupBox),
+      _note(MakeNote()),
       _panelButton(new QPushButton) {
   auto* layout = new QVBoxLayout(this);
   layout->setSpacing(10);
   layout->addWidget(_heading);
   layout->addWidget(_part);
-  layout->addWidget(_computed);
+  layout->addWidget(_values);
   layout->addWidget(_panelButton);
   layout->addStretch();
-  AddRows();
+  AddPartRows();
+  AddValueRows();
   ShowNothing();
 }
 
-void SelectionPane::AddRows() {
-  QFormLayout* part = MakeForm(_part);
-  QFormLayout* computed = MakeForm(_computed);
-  for (const Row& row : kRows) {
-    const RowLabels labels{new QLabel, new QLabel};
-    labels.value->setTextFormat(Qt::PlainText);
-    labels.value->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    labels.value->setWordWrap(row.group == Group::Part);
-    if (row.group == Group::Computed) labels.value->setAlignment(Qt::AlignRight);
-    (row.group == Group::Part ? part : computed)->addRow(labels.title, labels.value);
-    _labels.push_back(labels);
+void SelectionPane::AddPartRows() {
+  auto* form = new QFormLayout(_part);
+  form->setHorizontalSpacing(16);
+  form->setVerticalSpacing(5);
+  form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+  for (std::size_t i = 0; i < std::size(kPartRows); ++i) {
+    _partLabels.push_back({new QLabel, MakeValueLabel()});
+    _partLabels.back().value->setWordWrap(true);
+    form->addRow(_partLabels.back().title, _partLabels.back().value);
   }
+}
+
+void SelectionPane::AddValueRows() {
+  auto* grid = new QGridLayout(_values);
+  grid->setHorizontalSpacing(16);
+  grid->setVerticalSpacing(5);
+  grid->setColumnStretch(0, 1);
+  const int rows = static_cast<int>(std::size(kValueRows)) + 1;  // the names of the mass types first
+  for (int row = 0; row < rows; ++row) {
+    _valueLabels.push_back({new QLabel, MakeValueLabel(), MakeValueLabel()});
+    const ValueLabels& labels = _valueLabels.back();
+    grid->addWidget(labels.title, row, 0);
+    grid->addWidget(labels.active, row, 1, Qt::AlignRight);
+    grid->addWidget(labels.computed, row, 2, Qt::AlignRight);
+  }
+  grid->addWidget(_note, rows, 0, 1, 3);
 }
 
 void SelectionPane::Show(const OccurrencePlace& place, const protocol::PartData& data) {
@@ -150,23 +174,64 @@ void SelectionPane::ShowNothing() {
 
 void SelectionPane::RefreshTexts() {
   _part->setTitle(Text("Selection.PartTitle"));
-  _computed->setTitle(Text("Selection.ComputedTitle"));
+  _values->setTitle(Text("Selection.ValuesTitle"));
+  _note->setText(Text("Selection.Note"));
   _panelButton->setText(Text("Selection.PanelButton"));
   _panelButton->setIcon(icons::PartPanel());
   _heading->setText(_place ? ToQt(_place->names.back()) : Text("Selection.Nothing"));
-  for (QWidget* widget : std::initializer_list<QWidget*>{_part, _computed, _panelButton})
+  for (QWidget* widget : std::initializer_list<QWidget*>{_part, _values, _panelButton})
     widget->setVisible(_place.has_value());
-  for (std::size_t i = 0; i < _labels.size(); ++i) {
-    _labels[i].title->setText(Text(kRows[i].key));
-    _labels[i].value->setText(_place ? kRows[i].text({*_place, _data, ComputedOf(_data)}) : QString());
-    _labels[i].value->setAccessibleName(_labels[i].title->text());
+  RefreshPart();
+  RefreshValues();
+}
+
+void SelectionPane::RefreshPart() {
+  for (std::size_t i = 0; i < _partLabels.size(); ++i) {
+    const PartLabels& labels = _partLabels[i];
+    labels.title->setText(Text(kPartRows[i].key));
+    labels.value->setText(_place ? kPartRows[i].text(*_place, _data) : QString());
+    labels.value->setAccessibleName(labels.title->text());
   }
 }
 
-QString SelectionPane::ValueText(const char* key) const {
-  const auto row = std::find_if(std::begin(kRows), std::end(kRows),
-                                [&](const Row& one) { return std::string_view(one.key) == key; });
-  return row == std::end(kRows) ? QString() : _labels[static_cast<std::size_t>(row - kRows)].value->text();
+void SelectionPane::RefreshValues() {
+  const protocol::MassType* computed = Find(_data, protocol::kComputed);
+  const protocol::MassType* active = Find(_data, _data.activeMassType);
+  const bool both = active && active != computed;
+  ShowColumn(&ValueLabels::active, both ? *active : protocol::MassType());
+  ShowColumn(&ValueLabels::computed, computed ? *computed : protocol::MassType());
+  _valueLabels[0].computed->setText(ToQt(protocol::kComputed));
+  for (const ValueLabels& labels : _valueLabels) labels.active->setVisible(both);
+}
+
+void SelectionPane::ShowColumn(QLabel* ValueLabels::*column, const protocol::MassType& type) {
+  (_valueLabels[0].*column)->setText(ToQt(type.name));
+  for (std::size_t i = 0; i < std::size(kValueRows); ++i) {
+    const ValueLabels& labels = _valueLabels[i + 1];
+    labels.title->setText(Text(kValueRows[i].key));
+    (labels.*column)->setText(kValueRows[i].text(type));
+    (labels.*column)->setAccessibleName(labels.title->text() + ", " + (_valueLabels[0].*column)->text());
+  }
+}
+
+QString SelectionPane::PartText(const char* key) const {
+  const auto row = std::find_if(std::begin(kPartRows), std::end(kPartRows),
+                                [&](const PartRow& one) { return std::string_view(one.key) == key; });
+  return row == std::end(kPartRows) ? QString()
+                                    : _partLabels[static_cast<std::size_t>(row - kPartRows)].value->text();
+}
+
+QString SelectionPane::ComputedText(const char* key) const { return ValueText(key, &ValueLabels::computed); }
+
+QString SelectionPane::ActiveText(const char* key) const {
+  return _valueLabels[0].active->isHidden() ? QString() : ValueText(key, &ValueLabels::active);
+}
+
+QString SelectionPane::ValueText(const char* key, QLabel* ValueLabels::*column) const {
+  const auto row = std::find_if(std::begin(kValueRows), std::end(kValueRows),
+                                [&](const ValueRow& one) { return std::string_view(one.key) == key; });
+  if (row == std::end(kValueRows)) return {};
+  return (_valueLabels[static_cast<std::size_t>(row - kValueRows) + 1].*column)->text();
 }
 
 }  // namespace desktop

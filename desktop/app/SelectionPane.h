@@ -13,7 +13,8 @@ class QPushButton;
 
 namespace desktop {
 
-/// What is selected: where it stands, what it is, and the last computed values of the part.
+/// What is selected: where it stands, what it is, and its values: the last computed ones, and beside them
+/// those of the active mass type when that is another.
 class SelectionPane : public QWidget {
  public:
   explicit SelectionPane(QWidget* parent = nullptr);
@@ -24,23 +25,39 @@ class SelectionPane : public QWidget {
   void RefreshTexts();
 
   QPushButton* PanelButton() const { return _panelButton; }
-  /// The shown text of a row by its key, such as "Selection.Mass"; empty when there is none.
-  QString ValueText(const char* key) const;
+  /// The shown text of a line on the part by its key, such as "Selection.Path"; empty when there is none.
+  QString PartText(const char* key) const;
+  /// The same of a line of values, such as "Selection.Mass".
+  QString ComputedText(const char* key) const;
+  /// Empty while the active mass type has no column of its own.
+  QString ActiveText(const char* key) const;
 
  private:
-  /// The labels of one row; its texts are in the table of rows.
-  struct RowLabels {
+  /// The labels of one line; its texts are in the tables of lines.
+  struct PartLabels {
     QLabel* title;
     QLabel* value;
   };
+  struct ValueLabels {
+    QLabel* title;
+    QLabel* active;
+    QLabel* computed;
+  };
 
-  void AddRows();
+  void AddPartRows();
+  void AddValueRows();
+  void RefreshPart();
+  void RefreshValues();
+  void ShowColumn(QLabel* ValueLabels::*column, const protocol::MassType& type);
+  QString ValueText(const char* key, QLabel* ValueLabels::*column) const;
 
   QLabel* _heading;
   QGroupBox* _part;
-  QGroupBox* _computed;
+  QGroupBox* _values;
+  QLabel* _note;
   QPushButton* _panelButton;
-  std::vector<RowLabels> _labels;
+  std::vector<PartLabels> _partLabels;
+  std::vector<ValueLabels> _valueLabels;  ///< the first line names the mass types
   std::optional<OccurrencePlace> _place;
   protocol::PartData _data;
 };

@@ -12,6 +12,7 @@
 
 #include "desktop/app/Texts.h"
 #include "desktop/toolkit/QtText.h"
+#include "desktop/toolkit/WheelGuard.h"
 
 namespace desktop {
 namespace {
@@ -19,6 +20,7 @@ namespace {
 /// Units of a magnitude by symbol, with the name behind as the item's data.
 QComboBox* MakeUnitCombo(const KorCkeMagnitude& magnitude) {
   auto* combo = new QComboBox;
+  KeepWheelToFocus(*combo);
   for (const KorCkeUnit_var& unit : magnitude.Units())
     combo->addItem(ToQt(unit->Symbol()), QString::fromStdString(unit->Name()));
   combo->setCurrentIndex(combo->findData(QString::fromStdString(magnitude.CurrentUnit()->Name())));
@@ -38,6 +40,8 @@ UnitsDialog::UnitsDialog(QWidget* parent) : QDialog(parent), _system(new QComboB
   for (const KorUnitSystem& system : KorGetUnitSystems())
     _system->addItem(Text(qPrintable(QString("Units.") + system.name)));
   _system->addItem(Text("Units.Own"));
+  KeepWheelToFocus(*_system);
+  KeepWheelToFocus(*_digits);
   _digits->setRange(1, 17);
   _digits->setValue(KorCkeUnit::GetShownDigits());
 

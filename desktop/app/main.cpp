@@ -1,17 +1,19 @@
 // Korvo, the desktop program.
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QFileInfo>
 #include <QMessageBox>
 #include <algorithm>
 #include <cstdlib>
+#include <initializer_list>
 #include <iostream>
 #include <optional>
+#include <string>
 
 #include "desktop/app/Folders.h"
 #include "desktop/app/HeadlessRun.h"
 #include "desktop/app/Icons.h"
 #include "desktop/app/MainWindow.h"
+#include "desktop/app/QtTranslation.h"
 #include "framework/dialog/KorApplicationFrame.h"
 #include "framework/dialog/KorMsgCatalog.h"
 
@@ -26,9 +28,11 @@ struct Options {
   QString product;                        ///< empty: the last one, or the sample
 };
 
-bool HasArgument(int argc, char** argv, const char* start) {
-  return std::any_of(argv + 1, argv + argc,
-                     [start](const char* one) { return QString(one).startsWith(start); });
+bool HasArgument(int argc, char** argv, std::initializer_list<const char*> starts) {
+  return std::any_of(argv + 1, argv + argc, [starts](const QString& one) {
+    return std::any_of(starts.begin(), starts.end(),
+                       [&one](const char* start) { return one.startsWith(start); });
+  });
 }
 
 /// Whether Qt can open windows here; it would end the program without a word on how to go on.
@@ -40,15 +44,15 @@ bool HasDisplay() {
 #endif
 }
 
-/// Chooses the platform that needs no display where none is wanted; false when one is wanted and there is
-/// none.
+/// Chooses the platform that needs no display where none is wanted or there is none; false when one may be
+/// wanted and there is none.
 bool ChoosePlatform(int argc, char** argv) {
-  if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || HasArgument(argc, argv, "-platform")) return true;
-  const bool needsNone = HasArgument(argc, argv, "--headless") || HasArgument(argc, argv, "--help") ||
-                         HasArgument(argc, argv, "-h") || HasArgument(argc, argv, "-v") ||
-                         HasArgument(argc, argv, "--version");
-  if (needsNone) qputenv("QT_QPA_PLATFORM", "offscreen");
-  return needsNone || HasDisplay();
+  if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || HasArgument(argc, argv, {"-platform", "--platform"}))
+    return true;
+  const bool needsNone = HasArgument(argc, argv, {"--headless", "--help", "-h", "-v", "--version"});
+  const bool hasDisplay = HasDisplay();
+  if (needsNone || !hasDisplay) qputenv("QT_QPA_PLATFORM", "offscreen");
+  return needsNone || hasDisplay;
 }
 
 constexpr const char* kNoDisplay = "\"korvo --headless <folder>\" does the main job without one\n";
@@ -60,6 +64,19 @@ void SayThatTheDisplayIsDead(QtMsgType type, const QMessageLogContext&, const QS
   std::cerr << "korvo: the display cannot be opened; " << kNoDisplay << "Qt says: " << message.toStdString()
             << "\n";
   std::_Exit(kWrongUsage);
+}
+
+/// What the platform without a display cannot do is no news.
+void PassOverWhatOffscreenCannotDo(QtMsgType type, const QMessageLogContext& context,
+                                   const QString& message) {
+  if (message.startsWith("This plugin does not support")) return;
+  std::cerr << qFormatLogMessage(type, context, message).toStdString() << "\n";
+  if (type == QtFatalMsg) std::abort();
+}
+
+[[noreturn]] void RefuseCommandLine(const std::string& why) {
+  std::cerr << "korvo: " << why << "; --help tells more\n";
+  std::exit(kWrongUsage);
 }
 
 Options ReadCommandLine(const QApplication& application) {
@@ -75,16 +92,12 @@ Options ReadCommandLine(const QApplication& application) {
   parser.addOption(headless);
   parser.addPositionalArgument(
       "product", "The product file to open; without one the last opened, else the sample.", "[product]");
+  // Read by itself first: process() would end the program with another exit code.
+  if (!parser.parse(application.arguments())) RefuseCommandLine(parser.errorText().toStdString());
   parser.process(application);
-  if (parser.positionalArguments().size() > 1) {
-    std::cerr << "korvo: only one product can be open; --help tells more\n";
-    std::exit(kWrongUsage);
-  }
+  if (parser.positionalArguments().size() > 1) RefuseCommandLine("only one product can be opened");
   if (!parser.isSet(headless)) return {std::nullopt, parser.positionalArguments().value(0)};
-  if (parser.value(headless).isEmpty()) {
-    std::cerr << "korvo: --headless needs the name of a folder; --help tells more\n";
-    std::exit(kWrongUsage);
-  }
+  if (parser.value(headless).isEmpty()) RefuseCommandLine("--headless needs the name of a folder");
   return {parser.value(headless), parser.positionalArguments().value(0)};
 }
 
@@ -95,24 +108,10 @@ bool FindCatalogues(Tell tell) {
   const QString folder = desktop::Folders::Catalogues();
   KorMsgCatalog::SetFolder(folder.toStdString());
   if (!folder.isEmpty()) return true;
-  const QString message =
-      "The folder \"catalogues\" with the program's texts is missing beside the program and above "
-      "it. The environment variable KORVO_CATALOGUES can name it.";
+  const QString message = desktop::Folders::WhyNoCatalogues();
   std::cerr << "korvo: " << message.toStdString() << "\n";
   if (tell == Tell::InABoxToo) QMessageBox::critical(nullptr, "Korvo Weight & Balance", message);
   return false;
-}
-
-/// Catalogue lines that could not be read, and catalogues that are not there.
-void TellOfCatalogueProblems(Tell tell) {
-  QStringList problems;
-  for (const KorUnicodeString& problem : KorMsgCatalog::Problems()) {
-    std::cerr << "korvo: " << problem << "\n";
-    problems << QString::fromStdString(problem.Utf8());
-  }
-  if (tell == Tell::InABoxToo && !problems.isEmpty())
-    QMessageBox::warning(nullptr, "Korvo Weight & Balance",
-                         "Some texts are missing:\n\n" + problems.join('\n'));
 }
 
 int RunHeadless(const QString& folder) {
@@ -121,33 +120,23 @@ int RunHeadless(const QString& folder) {
   const auto done = run.Run();
   for (const KorDlgMessage& message : run.Messages())
     std::cerr << message.title << ": " << message.text << "\n";
-  TellOfCatalogueProblems(Tell::OnStandardError);
   if (done) return 0;
   std::cerr << "korvo: " << done.Failure().message << "\n";
   return kFailed;
-}
-
-void OpenAtStart(desktop::MainWindow& window, const desktop::Settings& settings, const QString& product) {
-  if (!product.isEmpty()) {
-    window.OpenProduct(product);
-    return;
-  }
-  const QStringList recent = settings.RecentProducts();
-  if (recent.isEmpty() || !QFileInfo::exists(recent.front()) || !window.OpenProduct(recent.front()))
-    window.OpenSample();
 }
 
 int RunDesktop(const QString& product) {
   desktop::Settings settings;
   desktop::Theme::Apply(settings.Theme());
   KorMsgCatalog::SetLanguage(settings.Language().toStdString());
+  desktop::TranslateQt(settings.Language());
   settings.ApplyUnits();
   desktop::QtBackend backend;
   KorApplicationFrame::SetBackend(&backend);
   desktop::MainWindow window(settings, backend);
   window.show();
-  OpenAtStart(window, settings, product);
-  TellOfCatalogueProblems(Tell::InABoxToo);
+  window.OpenAtStart(product);
+  window.TellCatalogueProblems();
   const int code = QApplication::exec();
   KorApplicationFrame::SetBackend(nullptr);
   return code;
@@ -156,19 +145,21 @@ int RunDesktop(const QString& product) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (!ChoosePlatform(argc, argv)) {
-    std::cerr << "korvo: there is no display; " << kNoDisplay;
-    return kWrongUsage;
-  }
-  const QtMessageHandler usual = qInstallMessageHandler(SayThatTheDisplayIsDead);
+  const bool canShow = ChoosePlatform(argc, argv);
+  qInstallMessageHandler(SayThatTheDisplayIsDead);
   QApplication application(argc, argv);
-  qInstallMessageHandler(usual);
+  const bool offscreen = QApplication::platformName() == "offscreen";
+  qInstallMessageHandler(offscreen ? PassOverWhatOffscreenCannotDo : nullptr);
   QApplication::setOrganizationName("korvo");
   QApplication::setApplicationName("korvo");
   QApplication::setApplicationDisplayName("Korvo Weight & Balance");
   QApplication::setApplicationVersion(KORVO_VERSION);
   QApplication::setWindowIcon(desktop::icons::Application());
   const Options options = ReadCommandLine(application);
+  if (!canShow) {
+    std::cerr << "korvo: there is no display; " << kNoDisplay;
+    return kWrongUsage;
+  }
   const bool headless = options.headlessFolder.has_value();
   if (!FindCatalogues(headless ? Tell::OnStandardError : Tell::InABoxToo)) return kFailed;
   return headless ? RunHeadless(*options.headlessFolder) : RunDesktop(options.product);

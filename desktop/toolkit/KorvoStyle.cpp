@@ -5,7 +5,9 @@
 #include <QFrame>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPolygonF>
 #include <QStyleOption>
+#include <algorithm>
 
 namespace desktop {
 namespace {
@@ -63,11 +65,34 @@ QPalette WithVisibleOutline(QPalette palette) {
   return palette;
 }
 
+/// Fusion draws the arrows of a tree in the colour of its texts, also on the ground of a selected line.
+bool IsArrowOfSelectedLine(QStyle::PrimitiveElement element, const QStyleOption& option) {
+  return element == QStyle::PE_IndicatorBranch && (option.state & QStyle::State_Selected) &&
+         (option.state & QStyle::State_Children);
+}
+
+void DrawSelectedArrow(const QStyleOption& option, QPainter& painter) {
+  constexpr double kHalf = 3.5;  ///< device-independent pixels from the middle of the arrow to its corners
+  const QPolygonF open({{-kHalf, -kHalf / 2}, {kHalf, -kHalf / 2}, {0, kHalf / 2 + 1}});
+  const QPolygonF closed({{-kHalf / 2, -kHalf}, {-kHalf / 2, kHalf}, {kHalf / 2 + 1, 0}});
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(option.palette.color(QPalette::HighlightedText));
+  painter.translate(QRectF(option.rect).center());
+  painter.drawPolygon(option.state & QStyle::State_Open ? open : closed);
+  painter.restore();
+}
+
+constexpr int kButtonPadding = 12;  ///< device-independent pixels on each side of a button's text
+constexpr int kHeaderPadding = 6;   ///< the same for the titles of columns
+
 }  // namespace
 
 void KorvoStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
   if (IsReadOnlyPanel(element, *option, widget)) return DrawReadOnlyPanel(*option, *painter);
+  if (IsArrowOfSelectedLine(element, *option)) return DrawSelectedArrow(*option, *painter);
   if (IsPlainFrame(element, widget))
     return DrawBox(*option, *painter, Tint(option->palette, 0.16), Qt::NoBrush);
   if (!HasOutline(element)) return QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -82,6 +107,18 @@ void KorvoStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     return QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
   }
   QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+QSize KorvoStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                                   const QWidget* widget) const {
+  QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+  if (type == CT_PushButton) size.setWidth(std::max(size.width(), contents.width() + 2 * kButtonPadding));
+  return size;
+}
+
+int KorvoStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+  if (metric == PM_HeaderMargin) return kHeaderPadding;
+  return QProxyStyle::pixelMetric(metric, option, widget);
 }
 
 int KorvoStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -1,8 +1,10 @@
 #include "desktop/toolkit/QtBoxes.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
 
 #include "desktop/toolkit/QtText.h"
 
@@ -19,6 +21,13 @@ void SetText(QMessageBox& box, const KorUnicodeString& text) {
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   box.setText(lines.mid(0, kMostLines).join('\n'));
   if (lines.size() > kMostLines) box.setDetailedText(all);
+}
+
+/// The first suffix that a pattern such as "Products (*.lumira *.sqlite);;All files (*)" names; empty when it
+/// names none.
+QString FirstSuffix(const QString& pattern) {
+  static const QRegularExpression suffix(R"(\*\.(\w+))");
+  return suffix.match(pattern).captured(1);
 }
 
 }  // namespace
@@ -49,13 +58,18 @@ std::optional<int> QtBoxes::Ask(const KorDlgQuestion& question) {
 }
 
 std::optional<KorUnicodeString> QtBoxes::ChooseFile(const KorDlgFileRequest& request) {
-  QWidget* window = _windowOf(request.parent);
-  const QString title = ToQt(request.title);
-  const QString pattern = ToQt(request.pattern);
-  const QString file = request.mode == KorDlgFileRequest::Mode::Open
-                           ? QFileDialog::getOpenFileName(window, title, {}, pattern)
-                           : QFileDialog::getSaveFileName(window, title, {}, pattern);
-  return file.isEmpty() ? std::nullopt : std::optional(FromQt(file));
+  const bool saves = request.mode == KorDlgFileRequest::Mode::Save;
+  QFileDialog chooser(_windowOf(request.parent), ToQt(request.title), _folder, ToQt(request.pattern));
+  chooser.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  chooser.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  // Whoever asks for the file decides what becomes of one that exists: asked here, the user might agree to
+  // replace a file that is then refused.
+  chooser.setOption(QFileDialog::DontConfirmOverwrite);
+  if (saves) chooser.setDefaultSuffix(FirstSuffix(ToQt(request.pattern)));
+  if (chooser.exec() != QDialog::Accepted || chooser.selectedFiles().isEmpty()) return std::nullopt;
+  const QString file = chooser.selectedFiles().front();
+  _folder = QFileInfo(file).absolutePath();
+  return FromQt(file);
 }
 
 }  // namespace desktop

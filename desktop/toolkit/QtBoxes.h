@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <functional>
 
 #include "desktop/toolkit/Boxes.h"
@@ -21,6 +22,7 @@ class QtBoxes : public Boxes {
 
  private:
   WindowOf _windowOf;
+  QString _folder;  ///< of the file chosen last; empty before the first
 };
 
 }  // namespace desktop

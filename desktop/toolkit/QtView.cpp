@@ -47,16 +47,22 @@ void QtView::ShowGrid() {
   ShowVisibility();
 }
 
-void QtView::ShowTitle() {
-  const QString own = ToQt(_model.GetTitle());
-  _qt->setAccessibleName(own.isEmpty() && _partner ? ToQt(_partner->Model().GetTitle()) : own);
+void QtView::ShowTitle() { _qt->setAccessibleName(AccessibleName()); }
+
+/// The own title, else that of the label beside it, else that of the frame in which it stands alone.
+QString QtView::AccessibleName() const {
+  if (!_model.GetTitle().IsEmpty()) return ToQt(_model.GetTitle());
+  if (_partner) return ToQt(_partner->Model().GetTitle());
+  const KorDlgObject* above = _model.Parent();
+  const bool framed = above && above->Kind() == KorDlgKind::Frame && above->Children().size() == 1;
+  return framed ? ToQt(above->GetTitle()) : QString();
 }
 
 void QtView::ShowHelp() {
   const QString help = ToQt(_model.GetShortHelp());
   const QString marking = ToQt(_model.GetMarking());
   _qt->setAccessibleDescription(marking.isEmpty() ? help : marking);
-  QStringList lines{marking, help.isEmpty() ? help : help + HelpSuffix()};
+  QStringList lines{TipHeading(), marking, help.isEmpty() ? help : help + HelpSuffix()};
   lines.removeAll(QString());
   // As rich text a tooltip is wrapped; plain, a long help would be one line as wide as the screen.
   _qt->setToolTip(lines.isEmpty()

@@ -52,6 +52,8 @@ class QtView : public QObject {
   virtual void ShowVisibility();
   /// What stands behind the help text in the tooltip, such as the shortcut.
   virtual QString HelpSuffix() const { return {}; }
+  /// What stands above the help text in the tooltip.
+  virtual QString TipHeading() const { return {}; }
 
   /// Hands an action of the user to the widget: edits that are still pending first, then the verb.
   template <class Verb>
@@ -64,6 +66,7 @@ class QtView : public QObject {
 
  private:
   void CommitAllEdits();
+  QString AccessibleName() const;
   void ShowMarking();
   void ShowGrid();
 

@@ -12,13 +12,15 @@ class ObservedCommand {
     if (_observer) _observer->CommandStarted(_command);
   }
   ~ObservedCommand() {
-    if (_observer) _observer->CommandEnded(_command);
+    if (_observer) _observer->CommandEnded(_command, _reply);
   }
+  void Answered(const KorUnicodeString& reply) { _reply = reply; }
   ObservedCommand(const ObservedCommand&) = delete;
   ObservedCommand& operator=(const ObservedCommand&) = delete;
 
  private:
   const KorUnicodeString& _command;
+  KorUnicodeString _reply;
   KorPdmClient::Observer* _observer;
 };
 
@@ -42,8 +44,9 @@ HRESULT ConvertVariant(const VARIANT& variant, KorUnicodeString& text) {
 
 HRESULT RunServerCode(const KorUnicodeString& command, const VARIANT& request, VARIANT& reply) {
   if (!g_transport) return E_FAIL;
-  const ObservedCommand observed(command);
+  ObservedCommand observed(command);
   reply.text = g_transport->Run(command.Utf8(), request.text.Utf8());
+  observed.Answered(reply.text);
   return S_OK;
 }
 

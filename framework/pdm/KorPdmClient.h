@@ -29,7 +29,8 @@ class KOR_FRAMEWORK_API KorPdmClient {
    public:
     virtual ~Observer() = default;
     virtual void CommandStarted(const KorUnicodeString& command) = 0;
-    virtual void CommandEnded(const KorUnicodeString& command) = 0;
+    /// `reply` is what the server answered; empty when it did not come to answer.
+    virtual void CommandEnded(const KorUnicodeString& command, const KorUnicodeString& reply) = 0;
   };
   static void SetObserver(Observer* observer);
 };

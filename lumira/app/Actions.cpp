@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "lumira/app/ValueList.h"
@@ -139,14 +140,33 @@ class TreePrinter {
   int _lines = 0;
 };
 
+// What went wrong with some of many things, told when all are done. The kind is that of the first.
+class Failures {
+ public:
+  void Add(const Error& error) {
+    if (!_all)
+      _all = error;
+    else
+      _all->message += "\n" + error.message;
+  }
+
+  Result<void> All() const { return _all ? Result<void>(*_all) : Result<void>(); }
+
+ private:
+  std::optional<Error> _all;
+};
+
 Result<void> PrintProducts(OpenServer& server, TreePrinter& printer, const Console& console) {
   const auto products = server.Ask(protocol::kCommandProducts, {}, protocol::ReadProductList);
   if (!products) return products.Failure();
+  Failures failures;
+  for (const std::string& problem : products.Value().problems) failures.Add({ErrorKind::Storage, problem});
   for (const protocol::ProductEntry& entry : products.Value().products) {
     console.out << "Product \"" << entry.product << "\"\n";
-    if (const auto printed = printer.Print(entry.root, 1); !printed) return printed;
+    if (entry.root.partId.empty()) continue;  // it is among the problems
+    if (const auto printed = printer.Print(entry.root, 1); !printed) failures.Add(printed.Failure());
   }
-  return {};
+  return failures.All();
 }
 
 // The part as a line of a tree that begins with it. The search also finds what only contains the identifier;

@@ -31,7 +31,7 @@ Result<Computation> Evaluate(const Rollup& rollup, const std::string& partId) {
   return Computation{result.Value(), ToText(fingerprint.Value()), std::move(warnings).Value()};
 }
 
-// Sums that overflow are no result; the numbers could not even be sent.
+// Sums, deviations or bounds that overflow are no result; the numbers could not even be sent.
 Result<void> CheckIsFinite(const Computation& computation, const std::string& partId) {
   for (const Warning& warning : computation.warnings)
     if (warning.kind == WarningKind::NotFinite)
@@ -60,11 +60,11 @@ void LeaveWarnings(Session& session, const Computation& computation) {
 // Results under a filter are not kept: up to date is a question about the whole product.
 Result<void> KeepResult(Session& session, OpenProduct& product, const std::string& partId,
                         const Computation& computation) {
-  StoredResult result{partId, computation.fingerprint, ToMassType(computation.result), product.State()};
+  StoredResult result{partId, computation.fingerprint, ToMassType(computation.result), product.State().data};
   const StoredResult* stored = product.ResultOf(partId);
   if (stored != nullptr && *stored == result) return {};
   const auto saved = session.store.SaveResults({result});
-  if (saved) product.KeepResult(std::move(result));
+  if (saved) product.KeepSaved(std::move(result));
   return saved;
 }
 

@@ -16,7 +16,7 @@ protocol::Result<Rollup> Computed(const Product& product) {
 
 }  // namespace
 
-OpenProduct::OpenProduct(Product product, std::int64_t state, std::vector<StoredResult> results,
+OpenProduct::OpenProduct(Product product, ProductState state, std::vector<StoredResult> results,
                          std::vector<ConfigurationFilter> filters)
     : _product(std::move(product)),
       _state(state),
@@ -41,7 +41,7 @@ OpenProduct::OpenProduct(Product product, std::int64_t state, std::vector<Stored
   auto next = _begin;
   for (std::uint32_t instance = 0; instance < parents.size(); ++instance)
     _below[next[parents[instance]]++] = instance;
-  for (StoredResult& result : results) KeepResult(std::move(result));
+  for (StoredResult& result : results) Keep(std::move(result));
 }
 
 std::optional<std::uint32_t> OpenProduct::FindPart(std::string_view id) const {
@@ -72,7 +72,19 @@ const StoredResult* OpenProduct::ResultOf(std::string_view partId) const {
   return found == _results.end() ? nullptr : &found->second;
 }
 
-void OpenProduct::KeepResult(StoredResult result) {
+// When another session has saved in between, the store has counted further, and all results are read again.
+void OpenProduct::KeepSaved(StoredResult result) {
+  ++_state.results;
+  Keep(std::move(result));
+}
+
+void OpenProduct::ReplaceResults(std::vector<StoredResult> results, std::int64_t resultState) {
+  _results.clear();
+  for (StoredResult& result : results) Keep(std::move(result));
+  _state.results = resultState;
+}
+
+void OpenProduct::Keep(StoredResult result) {
   const std::string id = result.partId;
   _results.insert_or_assign(id, std::move(result));
 }

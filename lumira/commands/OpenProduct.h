@@ -17,16 +17,22 @@
 
 namespace lumira {
 
+/// How far the store had counted the changes of a product.
+struct ProductState {
+  std::int64_t data = 0;     ///< `ProductInfo::state`
+  std::int64_t results = 0;  ///< `ProductInfo::resultState`
+};
+
 /// A product in memory, with what commands ask again and again. Parts and instances are called by their index
 /// in the product.
 class OpenProduct {
  public:
-  /// `state` is that of the store when the product was loaded.
-  OpenProduct(Product product, std::int64_t state, std::vector<StoredResult> results,
+  /// `state` is that of the store when the product was loaded, with all results that it had then.
+  OpenProduct(Product product, ProductState state, std::vector<StoredResult> results,
               std::vector<ConfigurationFilter> filters);
 
   const Product& Data() const { return _product; }
-  std::int64_t State() const { return _state; }
+  const ProductState& State() const { return _state; }
   const std::vector<ConfigurationFilter>& Filters() const { return _filters; }
 
   const Part& PartAt(std::uint32_t part) const { return _product.parts[part]; }
@@ -45,14 +51,21 @@ class OpenProduct {
 
   /// The last stored result of a part; nullptr without one.
   const StoredResult* ResultOf(std::string_view partId) const;
-  void KeepResult(StoredResult result);
+
+  /// Keeps a result that has just been saved, by one saving of its own.
+  void KeepSaved(StoredResult result);
+
+  /// Takes the results that the store has now instead of those that were known.
+  void ReplaceResults(std::vector<StoredResult> results, std::int64_t resultState);
 
   /// Whether a stored result is there and still what would be computed.
   protocol::MassTypeStatus ComputedStatus(std::string_view partId) const;
 
  private:
+  void Keep(StoredResult result);
+
   Product _product;
-  std::int64_t _state;
+  ProductState _state;
   std::vector<ConfigurationFilter> _filters;
   std::unordered_map<std::string, std::uint32_t> _parts;
   std::vector<std::uint32_t> _children;  ///< part of each instance

@@ -162,8 +162,8 @@ PartData MakePartData(const Selection& selection, const protocol::PartDataReques
   data.hasInstance = true;  // whatever the server tells of is in the PDM
   data.massTypes = MassTypesOf(product, part, details);
   data.computed = data.massTypes.front().status == protocol::MassTypeStatus::Defined;
-  data.persisted =
-      data.massTypes.front().status != protocol::MassTypeStatus::Undefined || !part.massTypes.empty();
+  // What was computed can be computed again; a compute leaves this as the client has it.
+  data.persisted = !part.massTypes.empty();
   data.standardPart = part.standardPart;
   data.activeMassType = part.activeMassType;
   if (selection.placement) data.placement = ToNumbers(*selection.placement);
@@ -172,7 +172,7 @@ PartData MakePartData(const Selection& selection, const protocol::PartDataReques
   data.propertiesRequested = details.propertiesRequested;
   data.dateFormat = details.dateFormat;
   data.properties = details.properties;
-  data.stateToken = std::to_string(product.State());
+  data.stateToken = std::to_string(product.State().data);
   return data;
 }
 

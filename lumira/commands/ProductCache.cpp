@@ -20,13 +20,19 @@ Result<OpenProduct*> ProductCache::Open(std::string_view productId) {
     Forget(productId);
     return Error{ErrorKind::NotFound, "there is no product " + protocol::Quoted(productId)};
   }
-  if (OpenProduct* loaded = FindLoaded(*info)) return loaded;
-  return Load(*info);
+  const auto loaded = FindLoaded(*info);
+  return !loaded || loaded.Value() != nullptr ? loaded : Load(*info);
 }
 
-OpenProduct* ProductCache::FindLoaded(const ProductInfo& info) {
+Result<OpenProduct*> ProductCache::FindLoaded(const ProductInfo& info) {
   const auto open = _open.find(info.id);
-  return open != _open.end() && open->second->State() == info.state ? open->second.get() : nullptr;
+  if (open == _open.end() || open->second->State().data != info.state) return nullptr;
+  OpenProduct& product = *open->second;
+  if (product.State().results == info.resultState) return &product;
+  auto results = _store.LoadResults(info.id);
+  if (!results) return results.Failure();
+  product.ReplaceResults(std::move(results).Value(), info.resultState);
+  return &product;
 }
 
 Result<OpenProduct*> ProductCache::Load(const ProductInfo& info) {
@@ -42,8 +48,9 @@ Result<OpenProduct*> ProductCache::Load(const ProductInfo& info) {
   if (!filters) return filters.Failure();
   const std::size_t parts = product.Value().parts.size();
   Report(_progress, "Computing", 0, parts);
-  auto open = std::make_unique<OpenProduct>(std::move(product).Value(), info.state,
-                                            std::move(results).Value(), std::move(filters).Value());
+  auto open =
+      std::make_unique<OpenProduct>(std::move(product).Value(), ProductState{info.state, info.resultState},
+                                    std::move(results).Value(), std::move(filters).Value());
   Report(_progress, "Computing", parts, parts);
   // A structure that cannot be laid out cannot be walked through either. The import lets none in.
   if (!open->Computation()) return _store.Damage(open->Computation().Failure().message);

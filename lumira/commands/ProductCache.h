@@ -11,7 +11,8 @@
 
 namespace lumira {
 
-/// Keeps products loaded as long as the store says that they have not changed.
+/// Keeps products loaded as long as the store says that they have not changed. Results that others have saved
+/// meanwhile are read again, without the rest.
 class ProductCache {
  public:
   ProductCache(Store& store, Progress progress) : _store(store), _progress(std::move(progress)) {}
@@ -19,8 +20,8 @@ class ProductCache {
   /// The product, loaded anew when anybody has changed it. Lives until the next call.
   protocol::Result<OpenProduct*> Open(std::string_view productId);
 
-  /// The product when it is loaded and has not changed since; nullptr otherwise.
-  OpenProduct* FindLoaded(const ProductInfo& info);
+  /// The product when it is loaded and has not changed since, with all results of now; nullptr otherwise.
+  protocol::Result<OpenProduct*> FindLoaded(const ProductInfo& info);
 
   /// The product that a part belongs to.
   protocol::Result<OpenProduct*> OpenForPart(std::string_view partId);

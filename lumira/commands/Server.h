@@ -12,7 +12,7 @@ namespace lumira {
 struct Session;
 
 /// Answers the commands of one client session on a store. Sessions may share a store; they see each other's
-/// changes with the next command. One thread at a time.
+/// changes, computed results among them, with the next command. One thread at a time.
 class Server {
  public:
   /// `store` must outlive the server. `progress` hears of long work.

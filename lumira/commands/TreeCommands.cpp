@@ -40,18 +40,54 @@ protocol::TreeNode MakeRootNode(const ProductRoot& root, std::int64_t state) {
   return node;
 }
 
-// A product that cannot be read is listed all the same, with what is known of it: the others can be opened.
-protocol::ProductEntry MakeEntry(Session& session, const ProductInfo& info) {
-  protocol::ProductEntry entry{.product = info.id, .root = {}, .filters = {}};
-  if (!info.roots.empty()) entry.root.partId = info.roots.front();
-  if (const OpenProduct* loaded = session.products.FindLoaded(info))
-    entry.root = MakeTreeNode(*loaded, loaded->FindPart(loaded->Data().roots.front()).value(), nullptr);
-  else if (const auto root = session.store.LoadRoot(info.id))
-    entry.root = MakeRootNode(root.Value(), info.state);
-  if (const auto filters = session.store.LoadFilters(info.id))
-    for (const ConfigurationFilter& filter : filters.Value()) entry.filters.push_back(filter.name);
-  return entry;
+// The root as a line of the tree, from the loaded product or from the store alone.
+Result<protocol::TreeNode> RootNode(Session& session, const ProductInfo& info) {
+  const auto loaded = session.products.FindLoaded(info);
+  if (!loaded) return loaded.Failure();
+  if (const OpenProduct* product = loaded.Value())
+    return MakeTreeNode(*product, product->FindPart(product->Data().roots.front()).value(), nullptr);
+  const auto root = session.store.LoadRoot(info.id);
+  if (!root) return root.Failure();
+  return MakeRootNode(root.Value(), info.state);
 }
+
+// The list of products. One that cannot be read is listed all the same, with what is known of it, and the
+// reason stands beside the list: the others can be opened.
+class Listing {
+ public:
+  explicit Listing(Session& session) : _session(session) {}
+
+  void Add(const ProductInfo& info) {
+    if (info.damage) Complain(info.id, *info.damage);
+    if (info.id.empty()) return;  // it could not even be asked for
+    protocol::ProductEntry entry{.product = info.id, .root = {}, .filters = {}};
+    if (!info.damage) Fill(entry, info);
+    _list.products.push_back(std::move(entry));
+  }
+
+  const protocol::ProductList& List() const { return _list; }
+
+ private:
+  void Fill(protocol::ProductEntry& entry, const ProductInfo& info) {
+    if (!info.roots.empty()) entry.root.partId = info.roots.front();
+    auto root = RootNode(_session, info);
+    if (root)
+      entry.root = std::move(root).Value();
+    else
+      Complain(info.id, root.Failure());
+    const auto filters = _session.store.LoadFilters(info.id);
+    if (!filters) return Complain(info.id, filters.Failure());
+    for (const ConfigurationFilter& filter : filters.Value()) entry.filters.push_back(filter.name);
+  }
+
+  void Complain(const std::string& product, const Error& error) {
+    const std::string whose = product.empty() ? "a product" : "product " + protocol::Quoted(product);
+    _list.problems.push_back(whose + ": " + error.message);
+  }
+
+  Session& _session;
+  protocol::ProductList _list;
+};
 
 // At most so many bytes of names and identifiers stand in one page: written, a byte takes three at the most,
 // and the numbers beside them the rest of the largest text.
@@ -107,9 +143,9 @@ Result<std::string> GetProducts(Session& session, std::string_view request) {
     return Error{ErrorKind::BadText, "the request should be empty, it is " + protocol::Quoted(request)};
   const auto infos = session.store.Products();
   if (!infos) return infos.Failure();
-  protocol::ProductList list;
-  for (const ProductInfo& info : infos.Value()) list.products.push_back(MakeEntry(session, info));
-  return protocol::WriteProductList(list);
+  Listing listing(session);
+  for (const ProductInfo& info : infos.Value()) listing.Add(info);
+  return protocol::WriteProductList(listing.List());
 }
 
 Result<std::string> GetChildren(Session& session, std::string_view text) {

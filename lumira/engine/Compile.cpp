@@ -15,6 +15,22 @@ protocol::Error CycleError(const std::vector<std::uint32_t>& cycle, const std::v
   return {protocol::ErrorKind::Conflict, text};
 }
 
+// A product that has passed all checks.
+struct OrderedGraph {
+  NamedGraph named;
+  EdgesByParent byParent;
+  std::vector<std::uint32_t> bottomUp;
+};
+
+protocol::Result<OrderedGraph> Order(const Product& product, const CompileOptions& options) {
+  auto named = GraphFromProduct(product, options);
+  if (!named) return named.Failure();
+  auto byParent = GroupByParent(named.Value().graph);
+  auto [order, cycle] = OrderBottomUp(named.Value().graph, byParent);
+  if (!cycle.empty()) return CycleError(cycle, named.Value().partIds);
+  return OrderedGraph{std::move(named).Value(), std::move(byParent), std::move(order)};
+}
+
 ChildIndex ChildrenOf(const ProductGraph& graph, EdgesByParent byParent) {
   for (auto& edge : byParent.edges) edge = graph.edges[edge].child;
   return {std::move(byParent.begin), std::move(byParent.edges)};
@@ -22,13 +38,17 @@ ChildIndex ChildrenOf(const ProductGraph& graph, EdgesByParent byParent) {
 
 }  // namespace
 
+protocol::Result<void> CheckCompiles(const Product& product) {
+  const auto ordered = Order(product, {});
+  if (!ordered) return ordered.Failure();
+  return {};
+}
+
 protocol::Result<CompiledProduct> Compile(const Product& product, const CompileOptions& options) {
-  auto built = GraphFromProduct(product, options);
-  if (!built) return built.Failure();
-  auto& [graph, partIds, partIndex] = built.Value();
-  auto byParent = GroupByParent(graph);
-  const auto [order, cycle] = OrderBottomUp(graph, byParent);
-  if (!cycle.empty()) return CycleError(cycle, partIds);
+  auto ordered = Order(product, options);
+  if (!ordered) return ordered.Failure();
+  auto& [named, byParent, order] = ordered.Value();
+  auto& [graph, partIds, partIndex] = named;
   FlatStructure structure(graph, byParent, order);
   FingerprintIndex fingerprints(graph, order);
   auto children = ChildrenOf(graph, std::move(byParent));

@@ -44,4 +44,7 @@ struct CompiledProduct {
 /// Fails as `GraphFromProduct` does, and with Conflict on a cycle: the message names the chain of parts.
 protocol::Result<CompiledProduct> Compile(const Product& product, const CompileOptions& options = {});
 
+/// What `Compile` would fail with, without laying anything out.
+protocol::Result<void> CheckCompiles(const Product& product);
+
 }  // namespace lumira

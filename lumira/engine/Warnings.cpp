@@ -60,9 +60,21 @@ class Search {
   std::uint32_t _root;
 };
 
+bool IsFinite(const Deviations& deviations) {
+  return std::isfinite(deviations.mass) && IsFinite(deviations.cg) && IsFinite(deviations.inertia);
+}
+
+/// The bounds as they are told: the worst case, and on top of it the spread of what has no limits.
+bool HasFiniteBounds(const Coverage& coverage) {
+  return std::isfinite(coverage.lower + coverage.spreadWithoutBounds) &&
+         std::isfinite(coverage.upper + coverage.spreadWithoutBounds);
+}
+
 bool IsFinite(const MassResult& result) {
-  return std::isfinite(result.mass.value_or(0.0)) && IsFinite(result.firstMoment) &&
-         IsFinite(result.inertiaAtOrigin);
+  return std::isfinite(result.mass.value_or(0.0)) && IsFinite(result.cg.value_or(Vec3{})) &&
+         IsFinite(result.inertiaAtCg.value_or(InertiaTensor{})) && IsFinite(result.firstMoment) &&
+         IsFinite(result.inertiaAtOrigin) && IsFinite(result.deviations.value_or(Deviations{})) &&
+         HasFiniteBounds(result.coverage);
 }
 
 /// Parts whose shape is not added are rare and known without a search when there are none at all.

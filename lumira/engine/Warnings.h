@@ -19,7 +19,7 @@ enum class WarningKind {
   WithoutBounds,     ///< some items have worst-case bounds, these have none: the bounds are too narrow
   ReplacesChildren,  ///< assemblies that count with a mass type of their own instead of their children
   ShapeNotAdded,     ///< parts with children whose own shape is not added to them
-  NotFinite,         ///< the sums overflow
+  NotFinite,         ///< the sums, their deviations or the bounds of the mass overflow
 };
 
 /// One thing that a user should know about a result; the text is made where it is shown.

@@ -15,8 +15,8 @@ using protocol::ErrorKind;
 /// One run over a text. The parser is fed byte by byte, since it does not tell where a row begins.
 class CsvReading {
  public:
-  CsvReading(CsvTable& table, const TableLimits& limits, ImportLog& log)
-      : _table(table), _limits(limits), _log(log) {
+  CsvReading(CsvTable& table, const TableLimits& limits, ImportLog& log, const TableProgress& progress)
+      : _table(table), _limits(limits), _log(log), _progress(progress) {
     csv_init(&_parser, CSV_STRICT | CSV_STRICT_FINI);
   }
   ~CsvReading() { csv_free(&_parser); }
@@ -26,15 +26,17 @@ class CsvReading {
   bool Run(std::string_view text, char separator) {
     csv_set_delim(&_parser, static_cast<unsigned char>(separator));
     for (std::size_t i = 0; i < text.size() && !_failed; ++i) {
+      if (i % kBytesBetweenReports == 0) Report(_progress.listener, _progress.what, i, text.size());
       const bool lineEnd = text[i] == '\n' || (text[i] == '\r' && text.substr(i + 1, 1) != "\n");
       if (_atRowStart && text[i] != '\n' && text[i] != '\r') StartRow();
       if (csv_parse(&_parser, &text[i], 1, OnCell, OnRowEnd, this) != 1)
-        Fail(_line,
+        Fail(_line, _rowCells + 1,
              "a quote stands inside a cell that does not begin with one, or text follows a closing quote");
       if (lineEnd) ++_line;
     }
     if (!_failed && csv_fini(&_parser, OnCell, OnRowEnd, this) != 0)
-      Fail(_rowLine, "a quoted cell that begins in this row is not closed before the file ends");
+      Fail(_rowLine, _rowCells + 1,
+           "a quoted cell that begins in this row is not closed before the file ends");
     return !_failed;
   }
 
@@ -56,10 +58,11 @@ class CsvReading {
     ++_rowCells;
     _rowHasContent |= !cell.empty();
     if (cell.size() > _limits.cellBytes)
-      return Fail(_rowLine, "cell " + std::to_string(_rowCells) + " has " + std::to_string(cell.size()) +
-                                " bytes, the limit is " + std::to_string(_limits.cellBytes));
+      return Fail(_rowLine, _rowCells,
+                  "the cell has " + std::to_string(cell.size()) + " bytes, the limit is " +
+                      std::to_string(_limits.cellBytes));
     if (_rowCells > _limits.columns)
-      return Fail(_rowLine, "more than " + std::to_string(_limits.columns) + " columns");
+      return Fail(_rowLine, _rowCells, "more than " + std::to_string(_limits.columns) + " columns");
     _table._text.append(cell);
     _table._ends.push_back(_table._text.size());
   }
@@ -70,7 +73,7 @@ class CsvReading {
     if (!_rowHasContent) return DropRow();
     if (_table._lines.empty()) _table._columns = _rowCells;
     if (_rowCells != _table._columns)
-      _log.Error({_table._name, _rowLine, 0, {}},
+      _log.Error(PlaceOf(_rowLine, std::min(_rowCells, _table._columns) + 1),
                  "the row has " + std::to_string(_rowCells) + " cells, the header has " +
                      std::to_string(_table._columns),
                  ErrorKind::BadText);
@@ -78,7 +81,7 @@ class CsvReading {
     _table._ends.resize((_table._lines.size() + 1) * _table._columns, _table._text.size());
     _table._lines.push_back(_rowLine);
     if (_table._lines.size() > _limits.rows + 1)
-      Fail(_rowLine, "more than " + std::to_string(_limits.rows) + " rows");
+      Fail(_rowLine, 0, "more than " + std::to_string(_limits.rows) + " rows");
   }
 
   void DropRow() {
@@ -87,14 +90,23 @@ class CsvReading {
     _table._ends.resize(_table._ends.size() - _rowCells);
   }
 
-  void Fail(std::size_t line, const std::string& reason) {
-    if (!_failed) _log.Error({_table._name, line, 0, {}}, reason, ErrorKind::BadText);
+  // With the title of the column, as far as the header has been read and has it.
+  Place PlaceOf(std::size_t line, std::size_t column) const {
+    const bool hasTitle = !_table._lines.empty() && column > 0 && column <= _table._columns;
+    return {_table._name, line, column, hasTitle ? _table.Title(column - 1) : std::string_view{}};
+  }
+
+  void Fail(std::size_t line, std::size_t column, const std::string& reason) {
+    if (!_failed) _log.Error(PlaceOf(line, column), reason, ErrorKind::BadText);
     _failed = true;
   }
+
+  static constexpr std::size_t kBytesBetweenReports = std::size_t{1} << 20;
 
   CsvTable& _table;
   const TableLimits& _limits;
   ImportLog& _log;
+  const TableProgress& _progress;
   csv_parser _parser{};
   bool _failed = false;
   bool _atRowStart = true;
@@ -140,7 +152,8 @@ char SeparatorOf(std::string_view text) {
 
 }  // namespace
 
-CsvTable CsvTable::Read(const TableSource& source, const TableLimits& limits, ImportLog& log) {
+CsvTable CsvTable::Read(const TableSource& source, const TableLimits& limits, ImportLog& log,
+                        const TableProgress& progress) {
   CsvTable table;
   table._name = source.name;
   std::string_view text = source.text;
@@ -149,7 +162,7 @@ CsvTable CsvTable::Read(const TableSource& source, const TableLimits& limits, Im
     log.Error({table._name, problem->first, 0, {}}, problem->second, ErrorKind::BadText);
     return table;
   }
-  const bool read = CsvReading(table, limits, log).Run(text, SeparatorOf(text));
+  const bool read = CsvReading(table, limits, log, progress).Run(text, SeparatorOf(text));
   if (read && table._lines.empty())
     log.Error({table._name, 0, 0, {}}, "is empty; a header row and at least one row expected",
               ErrorKind::BadText);

@@ -8,8 +8,15 @@
 
 #include "lumira/import/ImportLog.h"
 #include "lumira/import/TableSource.h"
+#include "lumira/model/Progress.h"
 
 namespace lumira {
+
+/// Who hears how many bytes of a table are read, out of how many, and what that work is called.
+struct TableProgress {
+  std::string_view what = {};
+  Progress listener = {};
+};
 
 /// A table of texts: a header row and rows of as many cells. Cells lie in one piece of memory.
 class CsvTable {
@@ -17,7 +24,8 @@ class CsvTable {
   /// Reads comma, semicolon or tab separated text (the header row decides), with quotes, in UTF-8.
   /// What is wrong goes to the log; then the table is empty. Rows without any content are skipped and
   /// counted.
-  static CsvTable Read(const TableSource& source, const TableLimits& limits, ImportLog& log);
+  static CsvTable Read(const TableSource& source, const TableLimits& limits, ImportLog& log,
+                       const TableProgress& progress = {});
 
   const std::string& Name() const { return _name; }
   std::size_t ColumnCount() const { return _columns; }

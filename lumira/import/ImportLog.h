@@ -17,6 +17,12 @@ struct Place {
   std::string_view title;  ///< of the column
 };
 
+/// The same column on another line.
+inline Place At(Place column, std::size_t line) {
+  column.line = line;
+  return column;
+}
+
 /// "mass.csv, line 3, column 5 (mass [kg])".
 std::string ToText(const Place& place);
 

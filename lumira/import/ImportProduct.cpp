@@ -36,28 +36,56 @@ class Assembly {
  public:
   Assembly(const ImportTables& tables, const ImportOptions& options) : _tables(tables), _options(options) {}
 
-  Result<ImportedProduct> Run() {
+  // Reads and checks everything that the tables alone can tell.
+  Result<void> Run() {
     if (const auto problem = ProblemOfTheName())
       return Error{ErrorKind::BadValue, "name of the product: " + *problem};
     ReadTables();
     if (_log.HasErrors()) return _log.Failure();
     Report(_options.progress, "Checking the structure", 0, 0);
-    CheckCycles(_structure.rows, StructureFile(), _log);
+    CheckCycles(_structure, _log);
     CollectParts();
     NameProduct();
+    CheckDepth();
     WarnOfLeavesWithoutData();
     if (_log.HasErrors()) return _log.Failure();
-    return Finish();
+    return {};
+  }
+
+  // Why the store would not take the product, each part that is in the way with its place.
+  Result<void> CheckRoom(Store& store) {
+    if (auto good = CheckProduct(_product); !good) return good;
+    const auto products = store.Products();
+    if (!products) return products.Failure();
+    for (const ProductInfo& info : products.Value())
+      if (info.id == _product.id && _options.existing == Existing::Refuse)
+        return Error{ErrorKind::Conflict, "product " + Quoted(_product.id) + " exists already"};
+    const auto owners = store.OtherOwners(_product);
+    if (!owners) return owners.Failure();
+    NameTaken(owners.Value());
+    if (_log.HasErrors()) return _log.Failure();
+    return {};
+  }
+
+  const Product& Imported() const { return _product; }
+
+  ImportReport MakeReport() const {
+    ImportReport report{_product.id, _product.parts.size(), _product.instances.size(),
+                        0,           _log.LeftOut(),        _log.Warnings()};
+    for (const Part& part : _product.parts) report.massTypes += part.massTypes.size();
+    return report;
   }
 
  private:
+  CsvTable ReadTable(const TableSource& source, std::string_view what) {
+    return CsvTable::Read(source, _options.limits, _log, {what, _options.progress});
+  }
+
   void ReadTables() {
-    Report(_options.progress, "Reading the mass table", 0, 0);
-    _massTable = CsvTable::Read(_tables.mass, _options.limits, _log);
+    _massTable = ReadTable(_tables.mass, "Reading the mass table");
     _mass = ReadMassTable(_massTable, _log, _options.progress);
-    Report(_options.progress, "Reading the structure table", 0, 0);
     if (_tables.structure) {
-      _structureTable = CsvTable::Read(*_tables.structure, _options.limits, _log);
+      _structureTable = ReadTable(*_tables.structure, "Reading the structure table");
       _structure = ReadStructure(_structureTable, StructureForm::OwnTable, _log, _options.progress);
       NameLeftOut(_structureTable, _structure.usedColumns);
     } else {
@@ -73,10 +101,6 @@ class Assembly {
   // An empty name stands for that of the top part.
   std::optional<std::string> ProblemOfTheName() const {
     return _options.product.empty() ? std::nullopt : FindIdentifierProblem(_options.product);
-  }
-
-  const std::string& StructureFile() const {
-    return _tables.structure ? _tables.structure->name : _tables.mass.name;
   }
 
   void NameLeftOut(const CsvTable& table, const std::set<std::size_t>& used) {
@@ -101,7 +125,13 @@ class Assembly {
     for (PartRow& row : _mass.parts) TakeData(row);
     for (Part& part : _product.parts) ChooseActive(part);
     for (InstanceRow& row : _structure.rows) _product.instances.push_back(row.instance);
-    _product.roots = single ? std::vector{_mass.parts[0].part.id} : FindRoots(_structure.rows);
+    _product.roots = single ? std::vector{_mass.parts[0].part.id} : Tops();
+  }
+
+  std::vector<std::string> Tops() const {
+    std::vector<std::string> tops;
+    for (const InstanceRow* row : FindRoots(_structure.rows)) tops.push_back(row->instance.parent);
+    return tops;
   }
 
   void AddPart(const std::string& id) {
@@ -116,7 +146,7 @@ class Assembly {
       return;
     }
     const std::string text = "part " + Quoted(row.part.id) + " is not in the structure";
-    const Place place{_massTable.Name(), row.line, 0, {}};
+    const Place place = _mass.PartOf(row);
     if (_options.unknownParts == UnknownParts::LeaveOut)
       _log.LeftOut(place, text);
     else
@@ -135,9 +165,32 @@ class Assembly {
     if (_product.roots.size() == 1)
       _product.id = _options.product.empty() ? _product.roots[0] : _options.product;
     else if (!_product.roots.empty())
-      _log.Error({StructureFile(), 0, 0, {}}, "a product has one top part, here are " +
-                                                  std::to_string(_product.roots.size()) + ": " +
-                                                  List(_product.roots));
+      _log.Error(_structure.ParentOf(*FindRoots(_structure.rows)[1]),
+                 "a product has one top part, here are " + std::to_string(_product.roots.size()) + ": " +
+                     List(_product.roots));
+  }
+
+  // The instances of the product are those of the rows, in the same order.
+  void CheckDepth() {
+    if (const auto deep = FindDepthProblem(_product))
+      _log.Error(_structure.ChildOf(_structure.rows[deep->instance]), deep->text);
+  }
+
+  // Each part once, where the tables name it first.
+  void NameTaken(const std::vector<PartOwner>& owners) {
+    std::unordered_map<std::string_view, const PartOwner*> left;
+    for (const PartOwner& owner : owners) left.emplace(owner.part, &owner);
+    const auto name = [&](const std::string& part, const Place& place) {
+      const auto taken = left.find(part);
+      if (taken == left.end()) return;
+      _log.Error(place, ToText(*taken->second), ErrorKind::Conflict);
+      left.erase(taken);
+    };
+    for (const InstanceRow& row : _structure.rows) {
+      name(row.instance.parent, _structure.ParentOf(row));
+      name(row.instance.child, _structure.ChildOf(row));
+    }
+    for (const PartRow& row : _mass.parts) name(row.part.id, _mass.PartOf(row));
   }
 
   // A shape is data together with a density only.
@@ -152,13 +205,6 @@ class Assembly {
           std::to_string(empty.size()) + " parts have neither children nor mass data: " + List(empty));
   }
 
-  Result<ImportedProduct> Finish() {
-    ImportReport report{_product.id, _product.parts.size(), _product.instances.size(),
-                        0,           _log.LeftOut(),        _log.Warnings()};
-    for (const Part& part : _product.parts) report.massTypes += part.massTypes.size();
-    return ImportedProduct{std::move(_product), std::move(report)};
-  }
-
   const ImportTables& _tables;
   const ImportOptions& _options;
   ImportLog _log;
@@ -171,40 +217,31 @@ class Assembly {
   std::unordered_set<std::string> _parents;
 };
 
-// What `AddProduct` would refuse.
-Result<void> CheckRoom(Store& store, const Product& product, Existing existing) {
-  if (auto good = CheckProduct(product); !good) return good;
-  if (auto good = CheckProduct(product); !good) return good;
-  const auto products = store.Products();
-  if (!products) return products.Failure();
-  for (const ProductInfo& info : products.Value())
-    if (info.id == product.id && existing == Existing::Refuse)
-      return Error{ErrorKind::Conflict, "product " + Quoted(product.id) + " exists already"};
-  for (const Part& part : product.parts) {
-    const auto owner = store.ProductOfPart(part.id);
-    if (owner && owner.Value() != product.id)
-      return Error{ErrorKind::Conflict,
-                   "part " + Quoted(part.id) + " belongs to product " + Quoted(owner.Value()) + " already"};
-    if (!owner && owner.Failure().kind != ErrorKind::NotFound) return owner.Failure();
+Result<ImportReport> Import(Store& store, const ImportTables& tables, const ImportOptions& options) {
+  Assembly assembly(tables, options);
+  if (auto read = assembly.Run(); !read) return read.Failure();
+  if (options.mode == ImportMode::DryRun) {
+    if (auto room = assembly.CheckRoom(store); !room) return room.Failure();
+    return assembly.MakeReport();
   }
-  return {};
+  const auto added = store.AddProduct(assembly.Imported(), options.existing, options.progress);
+  if (added) return assembly.MakeReport();
+  // The store names the first part that is in the way; the tables tell where all of them stand.
+  if (added.Failure().kind == ErrorKind::Conflict)
+    if (auto room = assembly.CheckRoom(store); !room) return room.Failure();
+  return added.Failure();
 }
 
-Result<ImportReport> Import(Store& store, const ImportTables& tables, const ImportOptions& options) {
-  auto imported = ReadProductTables(tables, options);
-  if (!imported) return imported.Failure();
-  const Product& product = imported.Value().product;
-  Report(options.progress, "Writing the product", 0, 0);
-  const auto done = options.mode == ImportMode::DryRun ? CheckRoom(store, product, options.existing)
-                                                       : store.AddProduct(product, options.existing);
-  if (!done) return done.Failure();
-  return std::move(imported.Value().report);
+Result<ImportedProduct> ReadTables(const ImportTables& tables, const ImportOptions& options) {
+  Assembly assembly(tables, options);
+  if (auto read = assembly.Run(); !read) return read.Failure();
+  return ImportedProduct{assembly.Imported(), assembly.MakeReport()};
 }
 
 }  // namespace
 
 Result<ImportedProduct> ReadProductTables(const ImportTables& tables, const ImportOptions& options) {
-  return Guarded([&] { return Assembly(tables, options).Run(); });
+  return Guarded([&] { return ReadTables(tables, options); });
 }
 
 Result<ImportReport> ImportProduct(Store& store, const ImportTables& tables, const ImportOptions& options) {

@@ -21,6 +21,9 @@ struct MassRows {
   std::vector<PartRow> parts;
   std::size_t massTypes = 0;
   std::set<std::size_t> usedColumns;  ///< positions in the table
+  Place partColumn;                   ///< in the header
+
+  Place PartOf(const PartRow& row) const { return At(partColumn, row.line); }
 };
 
 /// Reads the parts with their mass types. A row is one mass type of a part; what belongs to the part itself

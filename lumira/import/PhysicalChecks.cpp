@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "protocol/Numbers.h"
+#include "protocol/Utf8.h"
 
 namespace lumira {
 namespace {
@@ -88,6 +89,12 @@ std::vector<std::string> FindShapeProblems(const Geometry& shape, const InertiaT
   if (!centroid) problems.push_back("the shape has inertia but no centroid, so it does not count");
   CheckMoments(*inertia, rounding, "m5", problems);
   return problems;
+}
+
+void WarnOf(const std::vector<std::string>& problems, const Place& row, const std::string& partId,
+            ImportLog& log) {
+  for (const std::string& problem : problems)
+    log.Warning(row, "part " + protocol::Quoted(partId) + ": " + problem);
 }
 
 }  // namespace lumira

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "lumira/import/ImportLog.h"
 #include "lumira/model/Geometry.h"
 #include "lumira/model/MassProperties.h"
 
@@ -17,5 +18,9 @@ std::vector<std::string> FindPhysicalProblems(const MassProperties& properties,
 
 /// The same of a shape; `rounding` in m⁵.
 std::vector<std::string> FindShapeProblems(const Geometry& shape, const InertiaTensor& rounding);
+
+/// Logs a warning of each problem that the row of a part has.
+void WarnOf(const std::vector<std::string>& problems, const Place& row, const std::string& partId,
+            ImportLog& log);
 
 }  // namespace lumira

@@ -1,6 +1,7 @@
 #include "lumira/import/StructureChecks.h"
 
 #include <algorithm>
+#include <string>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -12,9 +13,9 @@ namespace {
 // Walks down from every part, without recursion since a structure may be deep.
 class CycleSearch {
  public:
-  CycleSearch(const std::vector<InstanceRow>& rows, const std::string& file, ImportLog& log)
-      : _rows(rows), _file(file), _log(log) {
-    for (std::size_t i = 0; i < rows.size(); ++i) _below[rows[i].instance.parent].push_back(i);
+  CycleSearch(const StructureRows& structure, ImportLog& log)
+      : _structure(structure), _rows(structure.rows), _log(log) {
+    for (std::size_t i = 0; i < _rows.size(); ++i) _below[_rows[i].instance.parent].push_back(i);
   }
 
   void Run() {
@@ -61,14 +62,14 @@ class CycleSearch {
         std::find_if(_way.begin(), _way.end(), [&](auto& s) { return s.part == row.instance.child; });
     std::string chain;
     for (auto step = first; step != _way.end(); ++step) chain += step->part + " > ";
-    _log.Error({_file, row.line, 0, {}},
+    _log.Error(_structure.ChildOf(row),
                "part " + protocol::Quoted(row.instance.child) + " would contain itself: " + chain +
                    row.instance.child,
                protocol::ErrorKind::Conflict);
   }
 
+  const StructureRows& _structure;
   const std::vector<InstanceRow>& _rows;
-  const std::string& _file;
   ImportLog& _log;
   std::unordered_map<std::string, std::vector<std::size_t>> _below;  ///< rows by parent
   std::unordered_map<std::string, State> _states;
@@ -77,16 +78,14 @@ class CycleSearch {
 
 }  // namespace
 
-void CheckCycles(const std::vector<InstanceRow>& rows, const std::string& file, ImportLog& log) {
-  CycleSearch(rows, file, log).Run();
-}
+void CheckCycles(const StructureRows& structure, ImportLog& log) { CycleSearch(structure, log).Run(); }
 
-std::vector<std::string> FindRoots(const std::vector<InstanceRow>& rows) {
+std::vector<const InstanceRow*> FindRoots(const std::vector<InstanceRow>& rows) {
   std::unordered_set<std::string> taken;
   for (const InstanceRow& row : rows) taken.insert(row.instance.child);
-  std::vector<std::string> roots;
+  std::vector<const InstanceRow*> roots;
   for (const InstanceRow& row : rows)
-    if (taken.insert(row.instance.parent).second) roots.push_back(row.instance.parent);
+    if (taken.insert(row.instance.parent).second) roots.push_back(&row);
   return roots;
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
 #include "lumira/import/ImportLog.h"
@@ -8,11 +7,12 @@
 
 namespace lumira {
 
-/// Reports every part that would contain itself, with the chain of parts and the line of an instance that
-/// closes it. `file` names the table in messages.
-void CheckCycles(const std::vector<InstanceRow>& rows, const std::string& file, ImportLog& log);
+/// Reports every part that would contain itself, with the chain of parts and the place of an instance that
+/// closes it.
+void CheckCycles(const StructureRows& structure, ImportLog& log);
 
-/// The parts that are no child of another, in the order in which the rows first name them.
-std::vector<std::string> FindRoots(const std::vector<InstanceRow>& rows);
+/// The rows that are the first to name a part that is no child of another, as their parent; one for each such
+/// part, in their order. They belong to `rows`.
+std::vector<const InstanceRow*> FindRoots(const std::vector<InstanceRow>& rows);
 
 }  // namespace lumira

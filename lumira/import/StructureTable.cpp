@@ -50,12 +50,12 @@ constexpr std::array kOwnTable = {
     ColumnRule{"tilt z", Quantity::Angle},
 };
 
-// The same columns, but the part of the row is the child and the parent may be absent. That a part is missing
-// is for the reading of the mass data to say.
+// The same columns, but the part of the row is the child and the parent may be absent. What is wrong with the
+// part is for the reading of the mass data to say; the structure leaves such a row out.
 constexpr auto kInMassTable = [] {
   auto rules = kOwnTable;
   rules[Parent].presence = Presence::Optional;
-  rules[Child] = {"part"};
+  rules[Child] = {"part", Quantity::Text, Presence::CheckedElsewhere};
   return rules;
 }();
 
@@ -68,6 +68,8 @@ class StructureReading {
     StructureRows result;
     _columns.AddFound(result.usedColumns);
     result.hasParentColumn = _columns.Has(Parent);
+    result.parentColumn = _columns.ColumnPlace(Parent);
+    result.childColumn = _columns.ColumnPlace(Child);
     if (_columns.Has(Parent) && _columns.Has(Child))
       _columns.EachRow("Reading the structure", progress, [this](std::size_t row) { ReadRow(row); });
     NameTheNameless();
@@ -110,10 +112,12 @@ class StructureReading {
     std::size_t coefficients = 0;
     for (std::size_t i = 0; i < 9; ++i) coefficients += !_columns.Text(row, R11 + i).empty();
     if (coefficients == 0) return RotationFromTilts(ReadTilts(_columns, row, TiltX));
-    if (hasTilts) return Refuse(row, "the rotation is given twice, by r11 to r33 and by tilts");
+    const std::size_t first = _columns.FirstGiven(row, R11, 9);
+    if (hasTilts) return Refuse(row, first, "the rotation is given twice, by r11 to r33 and by tilts");
     if (coefficients < 9)
       return Refuse(
-          row, "only " + std::to_string(coefficients) + " of the nine coefficients r11 to r33 are given");
+          row, first,
+          "only " + std::to_string(coefficients) + " of the nine coefficients r11 to r33 are given");
     return ReadCoefficients(row);
   }
 
@@ -127,15 +131,17 @@ class StructureReading {
     if (IsRotation(rotation)) return rotation;
     const double error = OrthonormalityError(rotation);
     if (!(error <= kRotationTolerance))
-      return Refuse(row, "r11 to r33 are no rotation: the axes are off orthonormal by " +
-                             protocol::FormatNumber(error) + ", the limit is " +
-                             protocol::FormatNumber(kRotationTolerance));
-    return Refuse(row, "r11 to r33 are no rotation but a mirror (determinant " +
-                           protocol::FormatNumber(Determinant(rotation)) + ")");
+      return Refuse(row, R11,
+                    "r11 to r33 are no rotation: the axes are off orthonormal by " +
+                        protocol::FormatNumber(error) + ", the limit is " +
+                        protocol::FormatNumber(kRotationTolerance));
+    return Refuse(row, R11,
+                  "r11 to r33 are no rotation but a mirror (determinant " +
+                      protocol::FormatNumber(Determinant(rotation)) + ")");
   }
 
-  Rotation Refuse(std::size_t row, const std::string& reason) {
-    _columns.RowError(row, reason);
+  Rotation Refuse(std::size_t row, std::size_t column, const std::string& reason) {
+    _columns.Error(row, column, reason);
     return {};
   }
 

@@ -25,6 +25,11 @@ struct StructureRows {
   std::vector<InstanceRow> rows;
   std::set<std::size_t> usedColumns;  ///< positions in the table
   bool hasParentColumn = false;
+  Place parentColumn;  ///< in the header
+  Place childColumn;
+
+  Place ParentOf(const InstanceRow& row) const { return At(parentColumn, row.line); }
+  Place ChildOf(const InstanceRow& row) const { return At(childColumn, row.line); }
 };
 
 /// Reads the instances: parent, child, instance, quantity, translation, and a rotation as nine coefficients

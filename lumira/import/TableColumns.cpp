@@ -75,6 +75,10 @@ void TableColumns::Find(std::size_t rule) {
   for (std::size_t position = 0; position < _table.ColumnCount(); ++position) {
     const auto [name, unit] = SplitTitle(_table.Title(position));
     if (name != wanted.name) continue;
+    if (wanted.presence == Presence::CheckedElsewhere) {
+      if (!_columns[rule]) _columns[rule] = Found{position, 1};
+      continue;
+    }
     const Place place{_table.Name(), _table.HeaderLine(), position + 1, _table.Title(position)};
     if (_columns[rule]) {
       _log.Error(place, "there is a column of this name already", ErrorKind::BadText);
@@ -112,9 +116,22 @@ std::optional<double> TableColumns::UnitOf(std::size_t rule, std::size_t positio
   return si;
 }
 
+Place TableColumns::ColumnPlace(std::size_t column) const {
+  if (!_columns[column]) return {_table.Name(), _table.HeaderLine(), 0, {}};
+  const std::size_t position = _columns[column]->position;
+  return {_table.Name(), _table.HeaderLine(), position + 1, _table.Title(position)};
+}
+
 Place TableColumns::PlaceOf(std::size_t row, std::size_t column) const {
-  const std::size_t position = _columns[column] ? _columns[column]->position : 0;
-  return {_table.Name(), _table.Line(row), position + 1, _table.Title(position)};
+  Place place = ColumnPlace(column);
+  place.line = _table.Line(row);
+  return place;
+}
+
+std::size_t TableColumns::FirstGiven(std::size_t row, std::size_t first, std::size_t count) const {
+  for (std::size_t column = first; column < first + count; ++column)
+    if (!Text(row, column).empty()) return column;
+  return first;
 }
 
 void TableColumns::Error(std::size_t row, std::size_t column, std::string_view text) const {
@@ -125,8 +142,6 @@ void TableColumns::LeftOut(std::size_t row, std::size_t column, std::string_view
   _log.LeftOut(PlaceOf(row, column), text);
 }
 
-void TableColumns::RowError(std::size_t row, std::string_view text) const { _log.Error(RowPlace(row), text); }
-
 std::string_view TableColumns::Text(std::size_t row, std::size_t column) const {
   return _columns[column] ? _table.Cell(row, _columns[column]->position) : std::string_view{};
 }
@@ -135,7 +150,7 @@ std::optional<std::string> TableColumns::Identifier(std::size_t row, std::size_t
   const std::string_view text = Text(row, column);
   const auto problem = FindIdentifierProblem(text);
   if (!problem) return std::string(text);
-  Error(row, column, *problem);
+  if (_rules[column].presence != Presence::CheckedElsewhere) Error(row, column, *problem);
   return std::nullopt;
 }
 

@@ -15,7 +15,11 @@
 
 namespace lumira {
 
-enum class Presence { Optional, Required };
+enum class Presence {
+  Optional,
+  Required,
+  CheckedElsewhere,  ///< another reader of the same table says what is wrong with it
+};
 
 /// A column that a table may have.
 struct ColumnRule {
@@ -30,6 +34,7 @@ class TableColumns {
  public:
   TableColumns(const CsvTable& table, std::span<const ColumnRule> rules, ImportLog& log);
 
+  std::string_view Name(std::size_t column) const { return _rules[column].name; }
   bool Has(std::size_t column) const { return _columns[column].has_value(); }
 
   /// Every column that must be there is. Without one, no row can be read; the log has said so once.
@@ -48,7 +53,7 @@ class TableColumns {
   /// The cell as it stands; empty when the table has no such column.
   std::string_view Text(std::size_t row, std::size_t column) const;
 
-  /// An identifier (lumira/model/Identifier.h). None after an error.
+  /// An identifier (lumira/model/Identifier.h). None after an error, or where it is checked elsewhere.
   std::optional<std::string> Identifier(std::size_t row, std::size_t column) const;
 
   /// The number in SI units; none for an empty cell and after an error. An angle is at most a full turn
@@ -65,9 +70,17 @@ class TableColumns {
   std::size_t Choice(std::size_t row, std::size_t column, std::span<const std::string_view> choices) const;
 
   void Error(std::size_t row, std::size_t column, std::string_view text) const;
-  void RowError(std::size_t row, std::string_view text) const;
   void LeftOut(std::size_t row, std::size_t column, std::string_view text) const;
   Place RowPlace(std::size_t row) const { return {_table.Name(), _table.Line(row), 0, {}}; }
+
+  /// Where the cell stands; the row as a whole when the table has no such column.
+  Place PlaceOf(std::size_t row, std::size_t column) const;
+
+  /// The first of `count` columns from `first` on whose cell has a text; `first` when none has.
+  std::size_t FirstGiven(std::size_t row, std::size_t first, std::size_t count) const;
+
+  /// The column in the header, for places of any row. Without a column when the table has none such.
+  Place ColumnPlace(std::size_t column) const;
 
   /// How much the number of a cell may be off by rounding: half a unit of the last digit written, SI.
   /// A zero and an empty cell count as exact.
@@ -86,7 +99,6 @@ class TableColumns {
 
   void Find(std::size_t rule);
   std::optional<double> UnitOf(std::size_t rule, std::size_t position, std::string_view unit);
-  Place PlaceOf(std::size_t row, std::size_t column) const;
 
   const CsvTable& _table;
   std::span<const ColumnRule> _rules;

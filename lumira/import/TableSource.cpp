@@ -16,9 +16,10 @@ protocol::Result<TableSource> Read(const std::string& path, const TableLimits& l
   std::error_code error;
   const auto status = std::filesystem::status(path, error);
   if (!std::filesystem::exists(status)) return Error{ErrorKind::NotFound, path + ": there is no such file"};
-  if (!std::filesystem::is_regular_file(status)) return Error{ErrorKind::Storage, path + ": is not a file"};
+  if (!std::filesystem::is_regular_file(status)) return Error{ErrorKind::BadValue, path + ": is not a file"};
   const auto size = std::filesystem::file_size(path, error);
-  if (!error && size > limits.bytes)
+  if (error) return Error{ErrorKind::Storage, path + ": cannot be read: " + error.message()};
+  if (size > limits.bytes)
     return Error{ErrorKind::BadValue, path + ": has " + std::to_string(size) + " bytes, the limit is " +
                                           std::to_string(limits.bytes)};
   std::ifstream file(path, std::ios::binary);

@@ -22,8 +22,8 @@ struct TableSource {
 };
 
 /// Reads a file whole. The name in messages is the file name without its folders. NotFound when there is no
-/// such file, BadValue when it is above the limit, Storage when it cannot be read, Internal when there is not
-/// enough memory.
+/// such file, BadValue when it is no file (a folder, a pipe) or above the limit, Storage when it cannot be
+/// read, Internal when there is not enough memory.
 protocol::Result<TableSource> ReadTableFile(const std::string& path, const TableLimits& limits = {});
 
 }  // namespace lumira

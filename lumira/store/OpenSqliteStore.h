@@ -10,7 +10,8 @@ namespace lumira {
 /// How long to wait for another program that holds the file, milliseconds.
 inline constexpr int kLockPatience = 2'000;
 
-/// Makes a new, empty store in an SQLite file. Conflict when the file exists; Storage when it cannot be made.
+/// Makes a new, empty store in an SQLite file. BadValue without a name, Conflict when the file
+/// exists; Storage when it cannot be made.
 protocol::Result<std::unique_ptr<Store>> CreateSqliteStore(const std::string& file,
                                                            int lockPatience = kLockPatience);
 

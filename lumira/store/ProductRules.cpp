@@ -7,6 +7,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "lumira/engine/Compile.h"
+#include "lumira/engine/Item.h"
 #include "lumira/model/Identifier.h"
 #include "protocol/Limits.h"
 #include "protocol/Utf8.h"
@@ -27,16 +29,24 @@ Result<void> CheckIdentifier(const char* whose, std::string_view id) {
 
 Result<void> CheckIdentifiers(const Product& product) {
   if (auto good = CheckIdentifier("the product", product.id); !good) return good;
-  for (const Part& part : product.parts)
-    if (auto good = CheckIdentifier("a part", part.id); !good) return good;
   for (const Instance& instance : product.instances)
     if (auto good = CheckIdentifier("an instance", instance.id); !good) return good;
   return {};
 }
 
-// Who stands below whom, by the index of the part. Instances of unknown parts are left out.
+Result<void> CheckRoots(const Product& product) {
+  if (product.roots.size() == 1) return {};
+  return Error{ErrorKind::BadValue, "product " + Quoted(product.id) + " has " +
+                                        std::to_string(product.roots.size()) + " root parts, not one"};
+}
+
+// Who stands below whom, by index. Instances of unknown parts are left out.
 struct Structure {
-  std::vector<std::vector<std::uint32_t>> children;
+  struct Below {
+    std::uint32_t part;
+    std::uint32_t instance;
+  };
+  std::vector<std::vector<Below>> children;
   std::vector<std::uint32_t> parentCounts;
 };
 
@@ -44,44 +54,67 @@ Structure StructureOf(const Product& product) {
   std::unordered_map<std::string_view, std::uint32_t> indices;
   indices.reserve(product.parts.size());
   for (const Part& part : product.parts) indices.emplace(part.id, static_cast<std::uint32_t>(indices.size()));
-  Structure structure{std::vector<std::vector<std::uint32_t>>(product.parts.size()),
+  Structure structure{std::vector<std::vector<Structure::Below>>(product.parts.size()),
                       std::vector<std::uint32_t>(product.parts.size())};
-  for (const Instance& instance : product.instances) {
-    const auto parent = indices.find(instance.parent), child = indices.find(instance.child);
+  for (std::uint32_t i = 0; i < product.instances.size(); ++i) {
+    const auto parent = indices.find(product.instances[i].parent);
+    const auto child = indices.find(product.instances[i].child);
     if (parent == indices.end() || child == indices.end()) continue;
-    structure.children[parent->second].push_back(child->second);
+    structure.children[parent->second].push_back({child->second, i});
     ++structure.parentCounts[child->second];
   }
   return structure;
 }
 
+// How far below the top a part stands on its longest path, and the last instance of that path.
+struct Depth {
+  std::size_t levels = 0;
+  std::uint32_t instance = 0;
+};
+
+DepthProblem TooDeep(const Part& part, const Depth& depth) {
+  return {depth.instance, "part " + Quoted(part.id) + " stands " + std::to_string(depth.levels) +
+                              " levels below the top, the limit is " +
+                              std::to_string(protocol::kMaxPathDepth)};
+}
+
+}  // namespace
+
 // A part is visited after all its parents, when its longest path is known; parts on a cycle never are.
-Result<void> CheckDepth(const Product& product) {
+std::optional<DepthProblem> FindDepthProblem(const Product& product) {
   Structure structure = StructureOf(product);
-  std::vector<std::size_t> depths(product.parts.size());
+  std::vector<Depth> depths(product.parts.size());
   std::vector<std::uint32_t> next;
   for (std::uint32_t part = 0; part < depths.size(); ++part)
     if (structure.parentCounts[part] == 0) next.push_back(part);
   while (!next.empty()) {
     const std::uint32_t part = next.back();
     next.pop_back();
-    if (depths[part] > protocol::kMaxPathDepth)
-      return Error{ErrorKind::BadValue,
-                   "part " + Quoted(product.parts[part].id) + " stands " + std::to_string(depths[part]) +
-                       " levels below the top, the limit is " + std::to_string(protocol::kMaxPathDepth)};
-    for (const std::uint32_t child : structure.children[part]) {
-      depths[child] = std::max(depths[child], depths[part] + 1);
+    if (depths[part].levels > protocol::kMaxPathDepth) return TooDeep(product.parts[part], depths[part]);
+    for (const auto& [child, instance] : structure.children[part]) {
+      if (depths[part].levels + 1 > depths[child].levels) depths[child] = {depths[part].levels + 1, instance};
       if (--structure.parentCounts[child] == 0) next.push_back(child);
     }
   }
+  return std::nullopt;
+}
+
+Result<void> CheckPart(const Part& part) {
+  if (auto good = CheckIdentifier("a part", part.id); !good) return good;
+  for (const MassTypeData& type : part.massTypes)
+    if (auto own = ResolveOwnData(part, {type.name}); !own) return own.Failure();
+  if (auto own = ResolveOwnData(part, {}); !own) return own.Failure();
   return {};
 }
 
-}  // namespace
-
 Result<void> CheckProduct(const Product& product) {
   if (auto good = CheckIdentifiers(product); !good) return good;
-  return CheckDepth(product);
+  for (const Part& part : product.parts)
+    if (auto good = CheckPart(part); !good) return good;
+  if (auto good = CheckRoots(product); !good) return good;
+  if (auto good = CheckCompiles(product); !good) return good;
+  if (const auto deep = FindDepthProblem(product)) return Error{ErrorKind::BadValue, deep->text};
+  return {};
 }
 
 }  // namespace lumira

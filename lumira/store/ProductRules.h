@@ -1,13 +1,30 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
+#include <string>
+
 #include "lumira/model/Product.h"
 #include "protocol/Result.h"
 
 namespace lumira {
 
-/// Why a product cannot be stored: BadValue for an identifier of the product, a part or an instance that
-/// breaks the rules of model/Identifier.h, and for a structure of more levels than a path can have elements
-/// (protocol::kMaxPathDepth). Cycles are not looked for.
+/// Where a structure is deeper than a path can have elements (protocol::kMaxPathDepth).
+struct DepthProblem {
+  std::uint32_t instance = 0;  ///< index in the product; places the part that stands too deep
+  std::string text;            ///< which part, how deep, and the limit
+};
+
+/// The first place that is too deep; none when there is none. Parts on a cycle are not looked at.
+std::optional<DepthProblem> FindDepthProblem(const Product& product);
+
+/// Why a part cannot be stored: BadValue for its identifier (model/Identifier.h), and for a number of any
+/// mass type, or of volume times density, that the engine could not compute with.
+protocol::Result<void> CheckPart(const Part& part);
+
+/// Why a product cannot be stored: as `CheckPart`; BadValue for the identifiers of the product and of its
+/// instances, for more or less than one root, and for a structure that is too deep; and whatever
+/// `Compile` fails with. What is stored can be opened.
 protocol::Result<void> CheckProduct(const Product& product);
 
 }  // namespace lumira

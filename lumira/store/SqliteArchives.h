@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -16,6 +17,7 @@
 #include "lumira/model/Rotation.h"
 #include "lumira/store/SqliteColumns.h"
 #include "lumira/store/SqliteErrors.h"
+#include "protocol/Numbers.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
@@ -91,7 +93,7 @@ struct IsOptional<std::optional<T>> : std::true_type {
 class ColumnNames {
  public:
   template <class T>
-  void operator()(const std::string& name, const T&) {
+  void operator()(const std::string& name, const T&, protocol::IntRange = {}) {
     if constexpr (IsOptional<T>::value)
       Add<typename IsOptional<T>::Value>(name);
     else
@@ -112,32 +114,62 @@ class ColumnNames {
   std::vector<std::string> _names;
 };
 
-/// Binds the members to the parameters of a statement, from a given parameter on.
+/// What is wrong with a number of a column, as the end of a sentence; none when all is well.
+inline std::optional<std::string> FindNumberProblem(double number) {
+  if (std::isfinite(number)) return std::nullopt;
+  return protocol::FormatNumber(number) + " is not a finite number";
+}
+
+inline std::optional<std::string> FindNumberProblem(std::int64_t number, protocol::IntRange range) {
+  if (number >= range.from && number <= range.to) return std::nullopt;
+  if (range.from == 0 && range.to == 1) return std::to_string(number) + " is neither 0 nor 1";
+  return std::to_string(number) + " is not an integer from " + std::to_string(range.from) + " to " +
+         std::to_string(range.to);
+}
+
+/// Binds the members to the parameters of a statement, from a given parameter on. Throws UnstorableValue for
+/// what the reader would call damage.
 class Binder {
  public:
   Binder(SQLite::Statement& statement, int first) : _statement(statement), _next(first) {}
 
   template <class T>
-  void operator()(const char*, const T& value) {
+  void operator()(const char* name, const T& value, protocol::IntRange range = {}) {
+    _name = name;
     if constexpr (IsOptional<T>::value)
-      value ? Bind(*value) : Skip<typename IsOptional<T>::Value>();
+      value ? Bind(*value, range) : Skip<typename IsOptional<T>::Value>();
     else
-      Bind(value);
+      Bind(value, range);
   }
 
  private:
   template <class T>
-  void Bind(const T& value) {
+  void Bind(const T& value, [[maybe_unused]] protocol::IntRange range) {
     if constexpr (Spreadable<T>)
       for (const auto& number : Spread<T>::Out(value)) BindNumber(number);
-    else if constexpr (std::is_same_v<T, std::string> || std::is_same_v<T, double>)
+    else if constexpr (std::is_same_v<T, std::string>)
       _statement.bind(_next++, value);
+    else if constexpr (std::is_same_v<T, double>)
+      BindNumber(value);
     else
-      _statement.bind(_next++, static_cast<std::int64_t>(value));
+      BindInteger(static_cast<std::int64_t>(value),
+                  std::is_same_v<T, std::int64_t> ? std::nullopt : std::optional(range));
   }
 
-  void BindNumber(double number) { _statement.bind(_next++, number); }
+  void BindNumber(double number) {
+    Refuse(FindNumberProblem(number));
+    _statement.bind(_next++, number);
+  }
   void BindNumber(const std::optional<double>& number) { number ? BindNumber(*number) : Skip<double>(); }
+
+  void BindInteger(std::int64_t number, std::optional<protocol::IntRange> range) {
+    if (range) Refuse(FindNumberProblem(number, *range));
+    _statement.bind(_next++, number);
+  }
+
+  void Refuse(const std::optional<std::string>& problem) const {
+    if (problem) throw UnstorableValue("column " + std::string(_name) + ": " + *problem);
+  }
 
   // A parameter that is not bound is NULL.
   template <class T>
@@ -150,46 +182,61 @@ class Binder {
 
   SQLite::Statement& _statement;
   int _next;
+  const char* _name = "";  ///< of the member that is bound
 };
 
 /// The content of a column that no row of ours has.
-[[noreturn]] inline void RefuseColumn(SQLite::Statement& row, int column, const std::string& value,
-                                      const char* reason) {
+[[noreturn]] inline void RefuseColumn(SQLite::Statement& row, int column, const std::string& problem) {
   throw DamagedContent("row " + std::string(row.getColumnName(0)) + " = " +
                        protocol::Quoted(row.getColumn(0).getString()) + ", column " +
-                       row.getColumnName(column) + ": " + value + " " + reason);
+                       row.getColumnName(column) + ": " + problem);
 }
 
 /// A text of the current row, which is UTF-8.
 inline std::string TextIn(SQLite::Statement& row, int column) {
   std::string text = row.getColumn(column).getString();
-  if (protocol::FindInvalidUtf8(text)) RefuseColumn(row, column, protocol::Quoted(text), "is not UTF-8");
+  if (protocol::FindInvalidUtf8(text)) RefuseColumn(row, column, protocol::Quoted(text) + " is not UTF-8");
   return text;
 }
 
-/// Fills the members from the columns of the current row, from a given column on.
+/// A number of the current row, which is finite.
+inline double NumberIn(SQLite::Statement& row, int column) {
+  const double number = row.getColumn(column).getDouble();
+  if (const auto problem = FindNumberProblem(number)) RefuseColumn(row, column, *problem);
+  return number;
+}
+
+/// A whole number of the current row, which is within the range.
+inline std::int64_t IntegerIn(SQLite::Statement& row, int column, protocol::IntRange range) {
+  const std::int64_t number = row.getColumn(column).getInt64();
+  if (const auto problem = FindNumberProblem(number, range)) RefuseColumn(row, column, *problem);
+  return number;
+}
+
+/// Fills the members from the columns of the current row, from a given column on. Throws DamagedContent for
+/// what the binder would not have bound, and for texts that are not UTF-8.
 class RowReader {
  public:
   RowReader(SQLite::Statement& row, int first) : _row(row), _next(first) {}
 
   template <class T>
-  void operator()(const char*, T& value) {
+  void operator()(const char*, T& value, protocol::IntRange range = {}) {
     if constexpr (IsOptional<T>::value)
-      ReadOptional(value);
+      ReadOptional(value, range);
     else
-      value = Read<T>();
+      value = Read<T>(range);
   }
 
  private:
   template <class T>
-  void ReadOptional(std::optional<T>& value) {
+  void ReadOptional(std::optional<T>& value, protocol::IntRange range) {
     const bool absent = _row.isColumnNull(_next);
-    T read = Read<T>();
+    T read = Read<T>(range);
     if (!absent) value = std::move(read);
   }
 
   template <class T>
-  T Read() {
+  T Read([[maybe_unused]] protocol::IntRange range) {
     if constexpr (Spreadable<T>) {
       std::remove_cvref_t<decltype(Spread<T>::Out(std::declval<const T&>()))> numbers{};
       for (auto& number : numbers) ReadNumber(number);
@@ -197,23 +244,17 @@ class RowReader {
     } else if constexpr (std::is_same_v<T, std::string>) {
       return TextIn(_row, _next++);
     } else if constexpr (std::is_same_v<T, double>) {
-      return _row.getColumn(_next++).getDouble();
-    } else if constexpr (std::is_same_v<T, DensityPriority>) {
-      return ReadPriority(_next++);
+      return NumberIn(_row, _next++);
+    } else if constexpr (std::is_same_v<T, std::int64_t>) {
+      return _row.getColumn(_next++).getInt64();
     } else {
-      return static_cast<T>(_row.getColumn(_next++).getInt64());
+      return static_cast<T>(IntegerIn(_row, _next++, std::is_same_v<T, bool> ? kZeroOrOne : range));
     }
   }
 
-  DensityPriority ReadPriority(int column) {
-    const std::int64_t value = _row.getColumn(column).getInt64();
-    if (value != 0 && value != 1) RefuseColumn(_row, column, std::to_string(value), "is neither 0 nor 1");
-    return static_cast<DensityPriority>(value);
-  }
-
-  void ReadNumber(double& number) { number = _row.getColumn(_next++).getDouble(); }
+  void ReadNumber(double& number) { number = NumberIn(_row, _next++); }
   void ReadNumber(std::optional<double>& number) {
-    if (!_row.isColumnNull(_next)) number = _row.getColumn(_next).getDouble();
+    if (!_row.isColumnNull(_next)) number = NumberIn(_row, _next);
     ++_next;
   }
 

@@ -4,9 +4,13 @@
 #include "lumira/model/Part.h"
 #include "lumira/store/PartDetails.h"
 #include "lumira/store/StoredResult.h"
+#include "protocol/FieldRules.h"
 
-/// Which column holds which member. Used to write SQL, to bind values and to read them.
+/// Which column holds which member, and which numbers a whole number may be when not all. Used to write SQL,
+/// to bind values and to read them.
 namespace lumira {
+
+inline constexpr protocol::IntRange kZeroOrOne = {0, 1};
 
 template <class T>
 struct Columns;
@@ -23,7 +27,7 @@ struct Columns<Part> {
     a("density", x.density);
     a("cad_material", x.cadMaterial);
     a("cad_density", x.cadDensity);
-    a("density_priority", x.densityPriority);
+    a("density_priority", x.densityPriority, kZeroOrOne);
     a("standard_part", x.standardPart);
     a("", x.geometry);
   }
@@ -72,8 +76,8 @@ struct Columns<Precision> {
   template <class Archive, class X>
   static void List(Archive& a, X& x) {
     a("mass_type", x.massType);
-    a("precision_type", x.precisionType);
-    a("value_type", x.precisionValueType);
+    a("precision_type", x.precisionType, kZeroOrOne);
+    a("value_type", x.precisionValueType, kZeroOrOne);
     a("lower", x.lowerPrecision);
     a("upper", x.upperPrecision);
     a("type_lower", x.massTypeLowerPrecision);
@@ -117,7 +121,7 @@ struct Columns<PartDetails> {
     a("documents_used", x.documents.used);
     a("active_document", x.documents.activeId);
     a("active_version", x.documents.activeVersion);
-    a("auto_mode", x.documents.autoMode);
+    a("auto_mode", x.documents.autoMode, kZeroOrOne);
     a("used_specific_revision", x.documents.usedSpecificRevisionBefore);
     a("attached_version", x.documents.attachedVersion);
     a("properties_requested", x.propertiesRequested);

@@ -17,13 +17,21 @@ class DamagedContent : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// A value that no column may hold: a number that is not finite, or outside its range. Thrown while values
+/// are bound; `Guarded` makes a BadValue error of it.
+class UnstorableValue : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
 /// A Storage error that names the file and says what is damaged in it.
 protocol::Error DamageError(const std::string& file, const std::string& what);
 
 /// A Storage error that names the file and says what an SQLite failure means for its user.
 protocol::Error StorageError(const std::string& file, const SQLite::Exception& exception);
 
-/// Runs work on the database of `file`; no exception of SQLite or of damaged content leaves it.
+/// Runs work on the database of `file`; no exception of SQLite, of damaged content or of values that cannot
+/// be stored leaves it.
 template <class Work>
 auto Guarded(const std::string& file, Work&& work) -> decltype(work()) {
   try {
@@ -32,6 +40,8 @@ auto Guarded(const std::string& file, Work&& work) -> decltype(work()) {
     return StorageError(file, exception);
   } catch (const DamagedContent& damage) {
     return DamageError(file, damage.what());
+  } catch (const UnstorableValue& value) {
+    return protocol::Error{protocol::ErrorKind::BadValue, value.what()};
   }
 }
 

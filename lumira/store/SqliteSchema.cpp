@@ -10,6 +10,7 @@ namespace {
 constexpr char kTables[] = R"sql(
 CREATE TABLE products(
   key INTEGER PRIMARY KEY, product TEXT NOT NULL UNIQUE, state INTEGER NOT NULL,
+  result_state INTEGER NOT NULL DEFAULT 0,
   part_count INTEGER NOT NULL, instance_count INTEGER NOT NULL) STRICT;
 
 CREATE TABLE roots(

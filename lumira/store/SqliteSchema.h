@@ -12,7 +12,7 @@ namespace lumira {
 inline constexpr int kApplicationId = 0x4C554D49;
 
 /// Version of the tables. A program opens files of this version only.
-inline constexpr int kSchemaVersion = 2;
+inline constexpr int kSchemaVersion = 3;
 
 /// Makes all tables in an empty database, in one transaction. Throws SQLite::Exception.
 void CreateSchema(SQLite::Database& database);

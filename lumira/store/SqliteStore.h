@@ -26,7 +26,9 @@ class SqliteStore final : public Store {
   protocol::Result<Product> LoadProduct(std::string_view productId, const Progress& progress) override;
   protocol::Result<ProductRoot> LoadRoot(std::string_view productId) override;
   protocol::Error Damage(const std::string& what) const override { return DamageError(_file, what); }
-  protocol::Result<void> AddProduct(const Product& product, Existing existing) override;
+  protocol::Result<void> AddProduct(const Product& product, Existing existing,
+                                    const Progress& progress) override;
+  protocol::Result<std::vector<PartOwner>> OtherOwners(const Product& product) override;
   protocol::Result<void> UpdatePart(const Part& part) override;
   protocol::Result<PartDetails> LoadDetails(std::string_view partId) override;
   protocol::Result<void> SaveDetails(std::string_view partId, const PartDetails& details) override;
@@ -60,11 +62,13 @@ class SqliteStore final : public Store {
   std::optional<std::int64_t> Key(const char* sql, std::string_view id);
   protocol::Result<std::int64_t> ProductKey(std::string_view productId);
   protocol::Result<std::int64_t> PartKey(std::string_view partId);
+  std::int64_t ProductOf(std::int64_t partKey);
   std::size_t RowCount(std::int64_t productKey);
-  protocol::Result<void> CheckPartsAreFree(const Product& product);
+  ProductInfo InfoIn(SQLite::Statement& row);
+  std::vector<PartOwner> FindOtherOwners(const Product& product, std::size_t most);
   std::int64_t InsertProduct(const Product& product, std::int64_t state);
-  void InsertParts(const Product& product, std::int64_t key);
-  void InsertInstances(const Product& product, std::int64_t key);
+  void InsertParts(const Product& product, std::int64_t key, const Progress& progress);
+  void InsertInstances(const Product& product, std::int64_t key, const Progress& progress);
   void LoadMassTypes(std::int64_t productKey, std::vector<Part>& parts,
                      const std::unordered_map<std::int64_t, std::size_t>& indices);
   std::vector<std::string> Roots(std::int64_t productKey);

@@ -13,15 +13,15 @@ Result<std::vector<ConfigurationFilter>> SqliteStore::LoadFilters(std::string_vi
     if (!key) return key.Failure();
     std::vector<ConfigurationFilter> filters;
     SQLite::Statement query(_db, "SELECT key, name FROM filters WHERE product = ? ORDER BY name");
-    SQLite::Statement excluded(_db,
-                               "SELECT instance FROM filter_instances WHERE filter = ? ORDER BY position");
+    SQLite::Statement excluded(
+        _db, "SELECT filter, instance FROM filter_instances WHERE filter = ? ORDER BY position");
     query.bind(1, key.Value());
     while (query.executeStep()) {
       ConfigurationFilter& filter = filters.emplace_back();
-      filter.name = query.getColumn(1).getString();
+      filter.name = TextIn(query, 1);
       excluded.reset();
       excluded.bind(1, query.getColumn(0).getInt64());
-      while (excluded.executeStep()) filter.excludedInstances.push_back(excluded.getColumn(0).getString());
+      while (excluded.executeStep()) filter.excludedInstances.push_back(TextIn(excluded, 1));
     }
     return filters;
   });

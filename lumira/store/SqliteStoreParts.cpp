@@ -1,3 +1,6 @@
+#include <set>
+
+#include "lumira/store/ProductRules.h"
 #include "lumira/store/SqliteArchives.h"
 #include "lumira/store/SqliteStore.h"
 #include "lumira/store/SqliteTables.h"
@@ -7,6 +10,7 @@ namespace lumira {
 using protocol::Result;
 
 Result<void> SqliteStore::UpdatePart(const Part& part) {
+  if (auto good = CheckPart(part); !good) return good;
   return Write([&]() -> Result<void> {
     const auto key = PartKey(part.id);
     if (!key) return key.Failure();
@@ -58,28 +62,36 @@ Result<std::vector<StoredResult>> SqliteStore::LoadResults(std::string_view prod
     const auto key = ProductKey(productId);
     if (!key) return key.Failure();
     std::vector<StoredResult> results;
-    SQLite::Statement query(
-        _db, SelectSql<StoredResult>("parts.part", "results JOIN parts ON parts.key = results.part",
-                                     "WHERE parts.product = ?", "results."));
+    SQLite::Statement query(_db, SelectSql<StoredResult>("results.part, parts.part",
+                                                         "results JOIN parts ON parts.key = results.part",
+                                                         "WHERE parts.product = ?", "results."));
     query.bind(1, key.Value());
     while (query.executeStep()) {
-      results.push_back(ReadRow<StoredResult>(query, 1));
-      results.back().partId = query.getColumn(0).getString();
+      results.push_back(ReadRow<StoredResult>(query, 2));
+      results.back().partId = TextIn(query, 1);
     }
     return results;
   });
 }
 
+std::int64_t SqliteStore::ProductOf(std::int64_t partKey) {
+  return _db.execAndGet("SELECT product FROM parts WHERE key = " + std::to_string(partKey)).getInt64();
+}
+
 Result<void> SqliteStore::SaveResults(const std::vector<StoredResult>& results) {
   return Write([&]() -> Result<void> {
     SQLite::Statement insert(_db, InsertSql<StoredResult>("results", {"part"}));
+    std::set<std::int64_t> products;
     for (const StoredResult& result : results) {
       const auto key = PartKey(result.partId);
       if (!key) return key.Failure();
       DeleteRows(_db, "results", key.Value());
       insert.bind(1, key.Value());
       InsertRow(insert, 2, result);
+      products.insert(ProductOf(key.Value()));
     }
+    for (const std::int64_t product : products)
+      _db.exec("UPDATE products SET result_state = result_state + 1 WHERE key = " + std::to_string(product));
     return {};
   });
 }

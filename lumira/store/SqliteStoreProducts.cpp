@@ -16,33 +16,52 @@ using protocol::Result;
 namespace {
 
 // Seldom enough to cost nothing.
-void ReportRow(const Progress& progress, std::size_t row, std::size_t rows) {
+void ReportRow(const Progress& progress, std::string_view what, std::size_t row, std::size_t rows) {
   constexpr std::size_t kRowsBetweenReports = 10'000;
-  if (row % kRowsBetweenReports == 0 || row == rows) Report(progress, "Loading the product", row, rows);
+  if (row % kRowsBetweenReports == 0 || row == rows) Report(progress, what, row, rows);
 }
+
+constexpr std::string_view kLoading = "Loading the product";
+constexpr std::string_view kWriting = "Writing the product";
+
+std::size_t RowsOf(const Product& product) { return product.parts.size() + product.instances.size(); }
 
 }  // namespace
 
 Result<std::vector<ProductInfo>> SqliteStore::Products() {
   return Read([&]() -> Result<std::vector<ProductInfo>> {
     std::vector<ProductInfo> products;
-    SQLite::Statement query(
-        _db, "SELECT product, key, state, part_count, instance_count FROM products ORDER BY product");
-    while (query.executeStep())
-      products.push_back({query.getColumn(0).getString(), Roots(query.getColumn(1).getInt64()),
-                          query.getColumn(2).getInt64(), query.getColumn(3).getInt64(),
-                          query.getColumn(4).getInt64()});
+    SQLite::Statement query(_db,
+                            "SELECT key, product, state, result_state, part_count, instance_count "
+                            "FROM products ORDER BY product");
+    while (query.executeStep()) products.push_back(InfoIn(query));
     return products;
   });
 }
 
+ProductInfo SqliteStore::InfoIn(SQLite::Statement& row) {
+  ProductInfo info;
+  info.state = row.getColumn(2).getInt64();
+  info.resultState = row.getColumn(3).getInt64();
+  info.partCount = row.getColumn(4).getInt64();
+  info.instanceCount = row.getColumn(5).getInt64();
+  try {
+    info.id = TextIn(row, 1);
+    info.roots = Roots(row.getColumn(0).getInt64());
+  } catch (const DamagedContent& damage) {
+    info.damage = DamageError(_file, damage.what());
+  }
+  return info;
+}
+
 Result<std::string> SqliteStore::ProductOfPart(std::string_view partId) {
   return Read([&]() -> Result<std::string> {
-    SQLite::Statement query(_db,
-                            "SELECT products.product FROM parts JOIN products ON parts.product = "
-                            "products.key WHERE parts.part = ?");
+    SQLite::Statement query(
+        _db,
+        "SELECT products.key, products.product FROM parts JOIN products ON parts.product = "
+        "products.key WHERE parts.part = ?");
     query.bind(1, std::string(partId));
-    if (query.executeStep()) return query.getColumn(0).getString();
+    if (query.executeStep()) return TextIn(query, 1);
     return Error{ErrorKind::NotFound, "there is no part " + Quoted(partId)};
   });
 }
@@ -60,7 +79,7 @@ Result<Product> SqliteStore::LoadProduct(std::string_view productId, const Progr
     while (parts.executeStep()) {
       indices.emplace(parts.getColumn(0).getInt64(), product.parts.size());
       product.parts.push_back(ReadRow<Part>(parts, 1));
-      ReportRow(progress, product.parts.size(), rows);
+      ReportRow(progress, kLoading, product.parts.size(), rows);
     }
     LoadMassTypes(key.Value(), product.parts, indices);
 
@@ -69,7 +88,7 @@ Result<Product> SqliteStore::LoadProduct(std::string_view productId, const Progr
     instances.bind(1, key.Value());
     while (instances.executeStep()) {
       product.instances.push_back(ReadRow<Instance>(instances, 1));
-      ReportRow(progress, product.parts.size() + product.instances.size(), rows);
+      ReportRow(progress, kLoading, RowsOf(product), rows);
     }
 
     if (auto counts = CheckCounts(key.Value(), product); !counts) return counts.Failure();
@@ -102,9 +121,9 @@ Result<ProductRoot> SqliteStore::LoadRoot(std::string_view productId) {
 
 std::vector<std::string> SqliteStore::Roots(std::int64_t productKey) {
   std::vector<std::string> roots;
-  SQLite::Statement query(_db, "SELECT part FROM roots WHERE product = ? ORDER BY position");
+  SQLite::Statement query(_db, "SELECT product, part FROM roots WHERE product = ? ORDER BY position");
   query.bind(1, productKey);
-  while (query.executeStep()) roots.push_back(query.getColumn(0).getString());
+  while (query.executeStep()) roots.push_back(TextIn(query, 1));
   return roots;
 }
 
@@ -142,7 +161,7 @@ Result<void> SqliteStore::CheckCounts(std::int64_t productKey, const Product& pr
                                 std::to_string(instances));
 }
 
-Result<void> SqliteStore::AddProduct(const Product& product, Existing existing) {
+Result<void> SqliteStore::AddProduct(const Product& product, Existing existing, const Progress& progress) {
   if (auto good = CheckProduct(product); !good) return good;
   return Write([&]() -> Result<void> {
     const auto old = Key("SELECT key FROM products WHERE product = ?", product.id);
@@ -154,26 +173,34 @@ Result<void> SqliteStore::AddProduct(const Product& product, Existing existing) 
       state = _db.execAndGet("SELECT state FROM products WHERE key = " + std::to_string(*old)).getInt64() + 1;
       _db.exec("DELETE FROM products WHERE key = " + std::to_string(*old));
     }
-    if (auto free = CheckPartsAreFree(product); !free) return free;
+    for (const PartOwner& taken : FindOtherOwners(product, 1))
+      return Error{ErrorKind::Conflict, ToText(taken)};
     const std::int64_t key = InsertProduct(product, state);
-    InsertParts(product, key);
-    InsertInstances(product, key);
+    InsertParts(product, key, progress);
+    InsertInstances(product, key, progress);
     return {};
   });
 }
 
-Result<void> SqliteStore::CheckPartsAreFree(const Product& product) {
+Result<std::vector<PartOwner>> SqliteStore::OtherOwners(const Product& product) {
+  return Read(
+      [&]() -> Result<std::vector<PartOwner>> { return FindOtherOwners(product, product.parts.size()); });
+}
+
+std::vector<PartOwner> SqliteStore::FindOtherOwners(const Product& product, std::size_t most) {
   SQLite::Statement query(_db,
-                          "SELECT products.product FROM parts JOIN products ON parts.product = products.key "
-                          "WHERE parts.part = ?");
+                          "SELECT products.key, products.product FROM parts JOIN products ON parts.product = "
+                          "products.key WHERE parts.part = ?");
+  std::vector<PartOwner> owners;
   for (const Part& part : product.parts) {
+    if (owners.size() == most) break;
     query.reset();
     query.bind(1, part.id);
-    if (query.executeStep())
-      return Error{ErrorKind::Conflict, "part " + Quoted(part.id) + " belongs to product " +
-                                            Quoted(query.getColumn(0).getString()) + " already"};
+    if (!query.executeStep()) continue;
+    std::string owner = TextIn(query, 1);
+    if (owner != product.id) owners.push_back({part.id, std::move(owner)});
   }
-  return {};
+  return owners;
 }
 
 std::int64_t SqliteStore::InsertProduct(const Product& product, std::int64_t state) {
@@ -188,21 +215,25 @@ std::int64_t SqliteStore::InsertProduct(const Product& product, std::int64_t sta
   return key;
 }
 
-void SqliteStore::InsertParts(const Product& product, std::int64_t key) {
+void SqliteStore::InsertParts(const Product& product, std::int64_t key, const Progress& progress) {
   SQLite::Statement insert(_db, InsertSql<Part>("parts", {"product"}));
   SQLite::Statement insertType(_db, InsertListSql<MassTypeData>("mass_types"));
+  std::size_t written = 0;
   for (const Part& part : product.parts) {
     insert.bind(1, key);
     InsertRow(insert, 2, part);
     WriteRows(insertType, _db.getLastInsertRowid(), part.massTypes);
+    ReportRow(progress, kWriting, ++written, RowsOf(product));
   }
 }
 
-void SqliteStore::InsertInstances(const Product& product, std::int64_t key) {
+void SqliteStore::InsertInstances(const Product& product, std::int64_t key, const Progress& progress) {
   SQLite::Statement insert(_db, InsertSql<Instance>("instances", {"product"}));
+  std::size_t written = product.parts.size();
   for (const Instance& instance : product.instances) {
     insert.bind(1, key);
     InsertRow(insert, 2, instance);
+    ReportRow(progress, kWriting, ++written, RowsOf(product));
   }
 }
 

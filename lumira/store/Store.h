@@ -13,6 +13,7 @@
 #include "lumira/store/PartDetails.h"
 #include "lumira/store/StoredResult.h"
 #include "protocol/Result.h"
+#include "protocol/Utf8.h"
 
 namespace lumira {
 
@@ -21,9 +22,24 @@ struct ProductInfo {
   std::string id;
   std::vector<std::string> roots;  ///< part ids
   std::int64_t state = 0;          ///< grows with every change of structure or data
+  std::int64_t resultState = 0;    ///< grows by one with every saving of results, whoever saves them
   std::int64_t partCount = 0;
   std::int64_t instanceCount = 0;
+  /// Why the product cannot be told whole: then it has no roots, and no identifier either if that is damaged.
+  std::optional<protocol::Error> damage = std::nullopt;
 };
+
+/// A part and the product that has it.
+struct PartOwner {
+  std::string part;
+  std::string product;
+};
+
+/// The owner as the reason why another product cannot have the part.
+inline std::string ToText(const PartOwner& owner) {
+  return "part " + protocol::Quoted(owner.part) + " belongs to product " + protocol::Quoted(owner.product) +
+         " already";
+}
 
 /// The root part of a stored product, without the rest of it.
 struct ProductRoot {
@@ -47,7 +63,7 @@ class Store {
  public:
   virtual ~Store() = default;
 
-  /// All products, by identifier.
+  /// All products, by identifier. A damaged one does not hide the others: its entry says what is wrong.
   virtual protocol::Result<std::vector<ProductInfo>> Products() = 0;
 
   /// The product that a part belongs to. NotFound when no product has the part.
@@ -66,21 +82,28 @@ class Store {
   /// the place where it lies.
   virtual protocol::Error Damage(const std::string& what) const = 0;
 
-  /// Conflict when the product exists (and is not to be replaced), or when one of its parts belongs to
-  /// another product. BadValue for identifiers and structures that no command could tell of
-  /// (store/ProductRules.h). A replaced product loses its results, details and filters.
-  virtual protocol::Result<void> AddProduct(const Product& product, Existing existing) = 0;
+  /// The parts of `product` that belong to other products of the store, in the order of its parts.
+  virtual protocol::Result<std::vector<PartOwner>> OtherOwners(const Product& product) = 0;
 
-  /// Replaces the data of one part; its instances, details and results stay.
+  /// Conflict when the product exists (and is not to be replaced), or when one of its parts belongs to
+  /// another product. BadValue for what no command could tell of or compute (store/ProductRules.h). A
+  /// replaced product loses its results, details and filters. `progress` hears of rows written, out of all
+  /// rows.
+  virtual protocol::Result<void> AddProduct(const Product& product, Existing existing,
+                                            const Progress& progress = {}) = 0;
+
+  /// Replaces the data of one part; its instances, details and results stay. BadValue as above.
   virtual protocol::Result<void> UpdatePart(const Part& part) = 0;
 
   virtual protocol::Result<PartDetails> LoadDetails(std::string_view partId) = 0;
+  /// BadValue for a number that is not finite or outside its range.
   virtual protocol::Result<void> SaveDetails(std::string_view partId, const PartDetails& details) = 0;
 
   /// Computed results of a product's parts, in no particular order.
   virtual protocol::Result<std::vector<StoredResult>> LoadResults(std::string_view productId) = 0;
 
-  /// Adds results or replaces those of the same parts. Does not change the state of the product.
+  /// Adds results or replaces those of the same parts. Raises `resultState` of each product concerned by one
+  /// and does not change its `state`. BadValue for a number that is not finite.
   virtual protocol::Result<void> SaveResults(const std::vector<StoredResult>& results) = 0;
 
   virtual protocol::Result<std::vector<ConfigurationFilter>> LoadFilters(std::string_view productId) = 0;

@@ -93,8 +93,7 @@ void KorWBNymMainPanel::EnterResultsPage(bool showsDefinedUserType) {
   if (w.edit->IsEnabled()) {
     w.inertiaModeFrame->SetSensitivity(KorSensitivity::Enabled);
     w.referenceModeFrame->SetSensitivity(KorSensitivity::Enabled);
-    // Leaving the page chose another reference; should something have checked this one since, its frame is
-    // on.
+    // Leaving the page chose another reference; should this one ever be checked since, its frame is on too.
     if (w.customReference->IsChecked()) w.customFrame->SetSensitivity(KorSensitivity::Enabled);
   }
   // This asks for the second page while the first is in front, so that it never runs and a change of page

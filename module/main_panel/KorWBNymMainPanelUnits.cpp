@@ -17,6 +17,7 @@ using Display = KorWBNymNavUnitDisplay;
 
 HRESULT KorWBNymMainPanel::RefreshMomentOfInertiaUnits(const KorMath3x3Matrix& inertia,
                                                        const KorUnicodeString& label) {
+  if (!_dataBuffer) return E_FAIL;
   // The tensor keeps the products of inertia negated, the editors show them with their physical sign.
   const std::array shown{inertia.GetCoef(1, 1),        inertia.GetCoef(2, 2),
                          inertia.GetCoef(3, 3),        -0.0 - inertia.GetCoef(1, 2),

@@ -67,8 +67,8 @@ void KorWBNymMainPanel::WireDocumentsPage() {
   // clang-format on
 }
 
-// The panel opens in display mode. The products of inertia go from the last to the first, as ever: who
-// listens to the changes hears them in this order.
+// The panel opens in display mode. The products of inertia go from the last to the first: subscribers hear of
+// the changes in this order, which stays.
 void KorWBNymMainPanel::SetInitialState() {
   const KorWBNymMainPanelWidgets& w = _widgets;
   const std::initializer_list<KorDlgObject*> disabled{w.activeMass,

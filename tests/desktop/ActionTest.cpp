@@ -1,4 +1,13 @@
 // What the user does reaches the verbs of the widgets, and nothing reaches a widget that is disabled.
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTest>
 
 #include "tests/desktop/support/DemoDialog.h"

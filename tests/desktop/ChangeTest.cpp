@@ -1,5 +1,13 @@
 // Each change of an attached dialog is shown at once.
+#include <QAbstractSpinBox>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QSignalSpy>
+#include <QTabWidget>
+#include <QTest>
 
 #include "tests/desktop/support/DemoDialog.h"
 #include "tests/desktop/support/QtApplication.h"

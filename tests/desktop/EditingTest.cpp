@@ -1,4 +1,6 @@
 // Editors hand over whole texts, when the user has finished with them.
+#include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 
 #include "tests/desktop/support/DemoDialog.h"

@@ -1,4 +1,12 @@
 // The whole dialog can be worked without a mouse.
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTest>
 
 #include "tests/desktop/support/DemoDialog.h"

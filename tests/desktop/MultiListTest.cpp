@@ -1,4 +1,7 @@
+#include <QAbstractItemModel>
 #include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QTableView>
 #include <QTest>
 
 #include "tests/desktop/support/DemoDialog.h"

@@ -1,5 +1,17 @@
 // A dialog is told to the backend whole: what Qt shows right after is what the widgets hold.
+#include <QAbstractSpinBox>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QDialogButtonBox>
 #include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTableView>
 #include <QTest>
 
 #include "desktop/toolkit/LampLabel.h"

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "framework/dialog/KorApplicationFrame.h"
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/pdm/KorPdmClient.h"
@@ -16,10 +18,6 @@ constexpr const char* kCommand = "WBComputeNymValues";
 /// 3 kg (-0.1, +0.2) at (0.5, 0, 0) m, Ixx 1, Iyy 2, Izz 3 kg·m².
 constexpr const char* kReply =
     "ComputeReply/1|P-100|Computed|1|3|0.5|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0|end";
-
-constexpr const char* kTwelveEditors[] = {"CPxEditor",    "CPyEditor",    "CPzEditor",    "XAxisxEditor",
-                                          "XAxisYEditor", "XAxisZEditor", "YAxisXEditor", "YAxisYEditor",
-                                          "YAxisZEditor", "ZAxisXEditor", "ZAxisYEditor", "ZAxisZEditor"};
 
 class Compute : public PanelTest {
  protected:
@@ -105,7 +103,7 @@ TEST_F(Compute, WithoutTheBuffersTextIsStillSentAndStandardOutputSaysSo) {
   Open(buffer);
   ComputeWith(kReply);
   EXPECT_EQ(Server().Requests()[0].text, "1|P-100|");
-  EXPECT_THAT(Output(), HasSubstr("GetComputedInfo Failed!"));
+  EXPECT_THAT(Output(), HasSubstr("GetComputedInfo Failed!\nString to send to the server for compute : "));
   EXPECT_EQ(Text("MassEditor"), "3 kg");
 }
 
@@ -172,6 +170,27 @@ TEST_F(Compute, BringsTheResultsToTheFrontAndLetsTheModesBeChosen) {
   EXPECT_EQ(SelectedPage(), "TabPage002");
   EXPECT_TRUE(IsEnabled("InertiaModeFrame"));
   EXPECT_TRUE(IsEnabled("ReferenceModeFrame"));
+}
+
+TEST_F(Compute, LetsTheModesBeChosenInEditModeTooWhereAChangeOfPageDoesNot) {
+  Open(SamplePart());
+  Widget("EditButton").SetSensitivity(KorSensitivity::Disabled);  // as in edit mode
+  PickPage("TabPage003");
+  ComputeWith(kReply);
+  EXPECT_TRUE(IsEnabled("InertiaModeFrame"));
+  EXPECT_TRUE(IsEnabled("ReferenceModeFrame"));
+}
+
+TEST_F(Compute, RefreshesThePanelBeforeItMarksTheBufferComputed) {
+  auto buffer = ProbeBuffer::Of(NotComputed());
+  Open(buffer);
+  buffer->calls.clear();
+  ComputeWith(kReply);
+  const auto refreshed = std::find(buffer->calls.begin(), buffer->calls.end(), "GetMassTypeList");
+  const auto marked = std::find(buffer->calls.begin(), buffer->calls.end(), "SetCalculationUpToDate");
+  ASSERT_NE(refreshed, buffer->calls.end());
+  ASSERT_NE(marked, buffer->calls.end());
+  EXPECT_LT(refreshed, marked);
 }
 
 TEST_F(Compute, OnAComputedPartWithAnotherActiveMassTypeTheReplyIsNotStoredButThePanelTurnsGreenOnPurpose) {
@@ -242,6 +261,22 @@ TEST_F(Compute, ShowsTheServersWarningsAndGoesOn) {
   EXPECT_TRUE(IsShown("FlagGreenLabel[1]"));
 }
 
+TEST_F(Compute, StoresTheReplyBeforeTheWarningsAndRefreshesThePanelBehindThem) {
+  Open(SamplePart());
+  Server().SetPendingWarnings("PendingWarnings/1|1|1|2 parts have no mass|end");
+  std::string shown;
+  double stored = 0;
+  Boxes().ExpectMessage(
+      {"KorWBNymMainPanel", CatalogueText("WBWarnings001.Title"), "2 parts have no mass", kErrorFlags}, [&] {
+        shown = Text("MassEditor");
+        stored = Buffer().GetMass("Computed");
+      });
+  ComputeWith(kReply);
+  EXPECT_EQ(shown, "2 kg");
+  EXPECT_EQ(stored, 3.0);
+  EXPECT_EQ(Text("MassEditor"), "3 kg");
+}
+
 TEST_F(Compute, WarningsThatHoldAnErrorAreTitledAsErrors) {
   Open(SamplePart());
   Server().SetPendingWarnings("PendingWarnings/1|2|1|first|2|second|end");
@@ -286,7 +321,9 @@ TEST_F(Compute, AnErrorHeaderInTheMiddleCutsTheReplyAtTheHeadersLengthOnPurpose)
 struct Hostile {
   const char* name;
   std::string reply;
+  const char* reason;
 };
+std::ostream& operator<<(std::ostream& out, const Hostile& hostile) { return out << hostile.name; }
 class HostileReply : public Compute, public testing::WithParamInterface<Hostile> {};
 
 TEST_P(HostileReply, IsShownWithItsReasonAndNothingChanges) {
@@ -294,11 +331,8 @@ TEST_P(HostileReply, IsShownWithItsReasonAndNothingChanges) {
   PickPage("TabPage003");
   const std::string screen = Screen();
   const std::string data = AllData();
-  auto unread = BufferOf(NotComputed());
-  ASSERT_EQ(unread->SetComputedData(GetParam().reply, true), E_FAIL);
-  const std::string reason = unread->GetLastRefusal().Utf8();
-  ASSERT_NE(reason, "");
-  Boxes().ExpectMessage({"KorWBNymMainPanel", CatalogueText("ServerError.Title"), reason, kErrorFlags});
+  Boxes().ExpectMessage(
+      {"KorWBNymMainPanel", CatalogueText("ServerError.Title"), GetParam().reason, kErrorFlags});
   ComputeWith(GetParam().reply);
   EXPECT_EQ(Screen(), screen);
   EXPECT_EQ(AllData(), data);
@@ -306,20 +340,31 @@ TEST_P(HostileReply, IsShownWithItsReasonAndNothingChanges) {
 }
 
 const Hostile kHostile[] = {
-    {"Empty", ""},
-    {"Blank", " "},
-    {"Garbage", "\x01\x02\xff\xfe garbage"},
-    {"Cut", "ComputeReply/1|P-100|Computed|1|3|0.5|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0"},
-    {"CutInTheMiddle", "ComputeReply/1|P-100|Computed|1|3|0.5"},
-    {"OfAnotherVersion", "ComputeReply/99|P-100|Computed|1|3|0.5|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0|end"},
-    {"OfAnotherForm", "PendingWarnings/1|0|end"},
-    {"OfAnotherPart", "ComputeReply/1|P-999|Computed|1|3|0.5|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0|end"},
-    {"OfAnotherMassType", "ComputeReply/1|P-100|Estimated|1|3|0.5|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0|end"},
-    {"NotANumber", "ComputeReply/1|P-100|Computed|1|nan|0.5|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0|end"},
-    {"Infinite", "ComputeReply/1|P-100|Computed|1|3|inf|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0|end"},
-    {"WronglyTyped", "ComputeReply/1|P-100|Computed|1|heavy|0.5|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0|end"},
-    {"WithMoreBehindTheEnd", std::string(kReply) + "|more"},
-    {"Oversized", std::string(65 * 1024 * 1024, 'x')},
+    {"Empty", "", "ComputeReply: field 1 (form): \"\" is not \"ComputeReply/1\""},
+    {"Blank", " ", "ComputeReply: field 1 (form): \" \" is not \"ComputeReply/1\""},
+    {"Garbage", "\x01\x02\xff\xfe garbage", "ComputeReply: byte 3 is not well-formed UTF-8"},
+    {"Cut", "ComputeReply/1|P-100|Computed|1|3|0.5|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0",
+     "ComputeReply: field 23 (end) is missing, the text ends after field 22"},
+    {"CutInTheMiddle", "ComputeReply/1|P-100|Computed|1|3|0.5",
+     "ComputeReply: field 7 (computed.cg[2]) is missing, the text ends after field 6"},
+    {"OfAnotherVersion", "ComputeReply/99|P-100|Computed|1|3|0.5|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0|end",
+     "ComputeReply: version \"99\" is not known here, version 1 is"},
+    {"OfAnotherForm", "PendingWarnings/1|0|end",
+     "ComputeReply: field 1 (form): \"PendingWarnings/1\" is not \"ComputeReply/1\""},
+    {"OfAnotherPart", "ComputeReply/1|P-999|Computed|1|3|0.5|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0|end",
+     "ComputeReply: field 2 (partId): \"P-999\" is not the part of this buffer, \"P-100\""},
+    {"OfAnotherMassType", "ComputeReply/1|P-100|Estimated|1|3|0.5|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0|end",
+     "ComputeReply: field 3 (computed.name): \"Estimated\" is not the computed mass type, \"Computed\""},
+    {"NotANumber", "ComputeReply/1|P-100|Computed|1|nan|0.5|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0|end",
+     "ComputeReply: field 5 (computed.mass): \"nan\" is not a finite number"},
+    {"Infinite", "ComputeReply/1|P-100|Computed|1|3|inf|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0|end",
+     "ComputeReply: field 6 (computed.cg[1]): \"inf\" is not a finite number"},
+    {"WronglyTyped", "ComputeReply/1|P-100|Computed|1|heavy|0.5|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0|end",
+     "ComputeReply: field 5 (computed.mass): \"heavy\" is not a finite number"},
+    {"WithMoreBehindTheEnd", std::string(kReply) + "|more",
+     "ComputeReply: field 23 (firstMoment[1]): \"end\" is not a finite number"},
+    {"Oversized", std::string(65 * 1024 * 1024, 'x'),
+     "ComputeReply: the text has 68157440 bytes, the limit is 67108864"},
 };
 INSTANTIATE_TEST_SUITE_P(Replies, HostileReply, testing::ValuesIn(kHostile),
                          [](const testing::TestParamInfo<Hostile>& one) { return one.param.name; });
@@ -328,10 +373,8 @@ TEST_F(Compute, WithoutAServerTheEmptyReplyIsRefused) {
   Open(SamplePart());
   const std::string screen = Screen();
   KorPdmClient::SetTransport(nullptr);
-  auto unread = BufferOf(SamplePart());
-  unread->SetComputedData("", true);
   Boxes().ExpectMessage({"KorWBNymMainPanel", CatalogueText("ServerError.Title"),
-                         unread->GetLastRefusal().Utf8(), kErrorFlags});
+                         "ComputeReply: field 1 (form): \"\" is not \"ComputeReply/1\"", kErrorFlags});
   Press("ComputeButton");
   EXPECT_EQ(Screen(), screen);
 }
@@ -345,25 +388,29 @@ class ComputeInCustomFrame : public Compute {
     Open(SamplePart());
     Check("CustomReferenceButton");
     TypeCustomFrame(texts);
-    for (const char* editor : kTwelveEditors)
+    for (const char* editor : kCustomFrameEditors)
       Widget(editor).Subscribe(KorEvent::EditorModify,
                                [this, editor](KorCommand*, KorNotification*, KorCommandClientData) {
                                  rewritten.push_back(editor);
                                });
   }
-  void ExpectRefusedFrame() {
+  void ExpectRefusedFrame(std::function<void()> whileShown = {}) {
     Boxes().ExpectMessage({"KorWBNymMainPanel", CatalogueText("KorWBNymMainPanel.CustomModeEmptyValue.Title"),
-                           CatalogueText("KorWBNymMainPanel.CustomModeEmptyValue.Message"), kErrorFlags});
+                           CatalogueText("KorWBNymMainPanel.CustomModeEmptyValue.Message"), kErrorFlags},
+                          std::move(whileShown));
   }
   std::vector<std::string> rewritten;
 };
 
 TEST_F(ComputeInCustomFrame, WithAxesThatAreAllZeroTheMessageIsShownTheEditorsAreRewrittenAndNothingIsSent) {
   OpenWith({"1.50", "abc", "3", "0", "0.0", "0", "0", "0", "0", "0", "0", "0"});
-  ExpectRefusedFrame();
+  ExpectRefusedFrame([this] {
+    EXPECT_TRUE(rewritten.empty());
+    EXPECT_EQ(Text("CPxEditor"), "1.50");
+  });
   Press("ComputeButton");
   EXPECT_TRUE(Server().Requests().empty());
-  EXPECT_THAT(rewritten, testing::ElementsAreArray(kTwelveEditors));
+  EXPECT_THAT(rewritten, testing::ElementsAreArray(kCustomFrameEditors));
   EXPECT_EQ(Text("CPxEditor"), "1.5");
   EXPECT_EQ(Text("CPyEditor"), "0");
   EXPECT_EQ(Text("CPzEditor"), "3");

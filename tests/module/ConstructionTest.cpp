@@ -7,6 +7,7 @@
 
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
@@ -104,12 +105,19 @@ TEST_F(Construction, ItsEndWritesDoneToTheStandardOutput) {
 
 TEST_F(Construction, WithoutABufferThePanelIsEmptyAndEverythingDoesNothing) {
   OpenWithoutBuffer();
+  TraceCapture trace("KorWBCompPart");
   EXPECT_EQ(Panel().RefreshPanelWithInfo(), S_OK);
+  EXPECT_THAT(trace.Text(), HasSubstr("RefreshPanelWithInfo()"));
+  EXPECT_THAT(trace.Text(), Not(HasSubstr("All pages have been refreshed")));
   EXPECT_EQ(Panel().RefreshMassUnits(), E_FAIL);
   EXPECT_EQ(Panel().RefreshLengthUnits(), E_FAIL);
   EXPECT_EQ(Panel().RefreshDensityUnits(), E_FAIL);
   EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(), E_FAIL);
-  Panel().RefreshResultsTab();
+  EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(KorMath3x3Matrix(), "Active"), E_FAIL);
+  EXPECT_EQ(Panel().RefreshResultsTab(), E_FAIL);
+  EXPECT_EQ(Panel().RefreshMassTypeTab(), E_FAIL);
+  EXPECT_EQ(Panel().RefreshMaterialTab(), E_FAIL);
+  EXPECT_EQ(Panel().RefreshPrecisionTab(), E_FAIL);
   EXPECT_TRUE(Panel().Children().empty());
   Close();
   EXPECT_THAT(Output(), HasSubstr("done!"));

@@ -1,9 +1,9 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <iostream>
 
-#include "tests/support/FilterStatePeer.h"
+#include "module/filter_panel/KorWBNymNavFilterPanel.h"
+#include "tests/support/FilterState.h"
 #include "tests/support/StreamCapture.h"
 
 namespace {
@@ -15,8 +15,8 @@ using List = KorListValKorUnicodeString;
 constexpr const char* kTwoRows = "1|2|I1|P1|A|2|R|S|I2|P2|B|0";
 
 struct FilterState : testing::Test {
-  FilterState() { KorWBNymNavFilterPanelPeer::Reset(); }
-  ~FilterState() override { KorWBNymNavFilterPanelPeer::Reset(); }
+  FilterState() { ResetFilterState(); }
+  ~FilterState() override { ResetFilterState(); }
 
   static void ChooseUserFilter(const char* rows) {
     Panel::selectedFilterOption = 0;

@@ -1,23 +1,30 @@
-#include <set>
-
 #include "module/filter_panel/KorWBNymNavFilterPanel.h"
 #include "tests/module/PanelTest.h"
 
+using testing::ElementsAreArray;
 using testing::UnorderedElementsAreArray;
 
 namespace {
 
-constexpr const char* kDisabledAtFirst[] = {
-    "ActiveMassCombo", "MTMassEditor",      "MTCGxEditor",      "MTCGyEditor",    "MTCGzEditor",
-    "MTIxxEditor",     "MTIyyEditor",       "MTIzzEditor",      "MTIyzEditor",    "MTIxzEditor",
-    "MTIxyEditor",     "DensityEditor",     "WBMaterialEditor", "FirstCombo",     "SecondCombo",
-    "TypeCombo",       "UpperValueEditor",  "LowerValueEditor", "ValueTypeCombo", "SaveButton",
-    "DeleteButton",    "CustomRefModeFrame"};
-constexpr const char* kDisabledDocuments[] = {"ActiveDocLatestButton", "ActiveDocUsrSelButton",
-                                              "ActiveDocsCombo",       "ChangeActiveDocButton",
-                                              "ApplyActiveDocButton",  "CancelActiveDocButton"};
+using Names = std::vector<std::string>;
 
-void CollectDisabled(const KorDlgObject& parent, std::vector<std::string>& names) {
+/// In the order in which they are disabled: the products of inertia go from the last to the first.
+const Names kDisabledAtFirst = {"ActiveMassCombo",  "MTMassEditor",      "MTCGxEditor",    "MTCGyEditor",
+                                "MTCGzEditor",      "MTIxxEditor",       "MTIyyEditor",    "MTIzzEditor",
+                                "MTIyzEditor",      "MTIxzEditor",       "MTIxyEditor",    "DensityEditor",
+                                "WBMaterialEditor", "FirstCombo",        "SecondCombo",    "TypeCombo",
+                                "UpperValueEditor", "LowerValueEditor",  "ValueTypeCombo", "SaveButton",
+                                "DeleteButton",     "CustomRefModeFrame"};
+/// Behind them, of a part whose document revisions may be used.
+const Names kDisabledDocuments = {"ActiveDocLatestButton", "ActiveDocUsrSelButton", "ActiveDocsCombo",
+                                  "ChangeActiveDocButton", "ApplyActiveDocButton",  "CancelActiveDocButton"};
+
+Names Both(Names first, const Names& second) {
+  first.insert(first.end(), second.begin(), second.end());
+  return first;
+}
+
+void CollectDisabled(const KorDlgObject& parent, Names& names) {
   for (const auto& child : parent.Children()) {
     if (!child->IsEnabled()) names.push_back(child->Name());
     CollectDisabled(*child, names);
@@ -26,30 +33,53 @@ void CollectDisabled(const KorDlgObject& parent, std::vector<std::string>& names
 
 class InitialState : public PanelTest {
  protected:
-  std::vector<std::string> Disabled() {
-    std::vector<std::string> names;
+  Names Disabled() {
+    Names names;
     CollectDisabled(Panel(), names);
+    return names;
+  }
+  /// Names of the widgets whose sensitivity changed since the last one, the button that closes the panel, was
+  /// created and announced its own state; in the order of the changes.
+  Names ChangesOfSensitivity() {
+    const std::string change = ": Sensitivity";
+    Names names;
+    for (const std::string& line : Backend().Log()) {
+      if (line.starts_with("created ")) names.clear();
+      if (line.ends_with(change) && !line.starts_with("CloseButton"))
+        names.push_back(line.substr(0, line.size() - change.size()));
+    }
     return names;
   }
 };
 
-TEST_F(InitialState, OpensReadOnlyWithExactlyTheseWidgetsDisabled) {
-  Open(SamplePart());
-  EXPECT_THAT(Disabled(), UnorderedElementsAreArray(kDisabledAtFirst));
-}
+struct OpenedPart {
+  const char* name;
+  protocol::PartData (*part)();
+  Names disabled;
+};
+class InitialStateOfAPart : public InitialState, public testing::WithParamInterface<OpenedPart> {};
 
-TEST_F(InitialState, DisablesTheChoiceOfTheActiveDocumentToo) {
-  Open(SamplePartWithDocuments());
-  std::vector<std::string> expected(std::begin(kDisabledAtFirst), std::end(kDisabledAtFirst));
-  expected.insert(expected.end(), std::begin(kDisabledDocuments), std::end(kDisabledDocuments));
-  EXPECT_THAT(Disabled(), UnorderedElementsAreArray(expected));
+TEST_P(InitialStateOfAPart, IsReadOnlyWithExactlyTheseWidgetsDisabled) {
+  Open(GetParam().part());
+  EXPECT_THAT(Disabled(), UnorderedElementsAreArray(GetParam().disabled));
 }
+INSTANTIATE_TEST_SUITE_P(Parts, InitialStateOfAPart,
+                         testing::Values(OpenedPart{"Plain", &SamplePart, kDisabledAtFirst},
+                                         OpenedPart{"WithDocuments", &SamplePartWithDocuments,
+                                                    Both(kDisabledAtFirst, kDisabledDocuments)},
+                                         OpenedPart{"WithProperties", &SamplePartWithProperties,
+                                                    Both(kDisabledAtFirst, {"PropertyValueEditor"})}),
+                         [](const auto& one) { return one.param.name; });
 
-TEST_F(InitialState, DisablesTheValueOfAnAdditionalPropertyToo) {
-  Open(SamplePartWithProperties());
-  std::vector<std::string> expected(std::begin(kDisabledAtFirst), std::end(kDisabledAtFirst));
-  expected.push_back("PropertyValueEditor");
-  EXPECT_THAT(Disabled(), UnorderedElementsAreArray(expected));
+TEST_F(InitialState, IsReachedInThisOrder) {
+  OpenWithoutBuffer();
+  auto buffer = BufferOf(SamplePartWithDocuments());
+  Panel().SetModel(buffer.Get());
+  const Names expected = Both(kDisabledAtFirst, kDisabledDocuments);
+  Names changes = ChangesOfSensitivity();
+  ASSERT_GE(changes.size(), expected.size());
+  changes.resize(expected.size());  // what follows is of the refresh
+  EXPECT_THAT(changes, ElementsAreArray(expected));
 }
 
 TEST_F(InitialState, ShowsInertiaAtTheCentreOfGravityOfTheCurrentPart) {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <functional>
 #include <sstream>
 
 #include "framework/dialog/KorApplicationFrame.h"
@@ -318,7 +319,9 @@ TEST_F(Layout, WithoutEitherHasFourPages) {
 TEST_F(Layout, PlacesNoTwoWidgetsOfAParentInTheSameCell) {
   protocol::PartData part = SamplePartWithDocuments();
   part.propertiesRequested = true;
+  part.properties = SamplePartWithADate().properties;
   Open(part);
+  ASSERT_TRUE(Has("Hint for \"Date\" type of properties: YYYY-MM-DD"));
   Check("CustomReferenceButton");
   const std::function<void(const KorDlgObject&)> check = [&](const KorDlgObject& parent) {
     const auto& children = parent.Children();

@@ -41,6 +41,9 @@ TEST_F(MassTypesPage, ShowsAUserMassTypeOfAStandardPartByItsMassAlone) {
   Pick("MassTypeCombo", "Estimated");
   EXPECT_EQ(Text("MTMassEditor"), "4 kg");
   ExpectNoDistribution();
+  EXPECT_EQ(Panel().RefreshLengthUnits(), S_OK);
+  EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(), S_OK);
+  ExpectNoDistribution();
 }
 
 TEST_F(MassTypesPage, TellsThePrecisionPageWhichMassTypeIsActive) {

@@ -3,22 +3,22 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "tests/support/PanelHarness.h"
 #include "tests/support/SamplePart.h"
 
-/// Flags of message boxes.
-inline constexpr unsigned kErrorFlags = 0x10000000;
-inline constexpr unsigned kInformationFlags = 0x8000000;
+/// The editors of the custom frame: the point, then the X, Y and Z axis.
+inline constexpr std::array kCustomFrameEditors{
+    "CPxEditor",    "CPyEditor",    "CPzEditor",    "XAxisxEditor", "XAxisYEditor", "XAxisZEditor",
+    "YAxisXEditor", "YAxisYEditor", "YAxisZEditor", "ZAxisXEditor", "ZAxisYEditor", "ZAxisZEditor"};
 
 /// A test of the part panel: the user's verbs are the test's own.
 class PanelTest : public testing::Test, protected PanelHarness {
  protected:
   /// Types a reference frame of one's own: the point in the current length unit, then the X, Y and Z axis.
   void TypeCustomFrame(const std::array<const char*, 12>& texts) {
-    static constexpr std::array kEditors{"CPxEditor",    "CPyEditor",    "CPzEditor",    "XAxisxEditor",
-                                         "XAxisYEditor", "XAxisZEditor", "YAxisXEditor", "YAxisYEditor",
-                                         "YAxisZEditor", "ZAxisXEditor", "ZAxisYEditor", "ZAxisZEditor"};
-    for (std::size_t i = 0; i < texts.size(); ++i) Type(kEditors[i], texts[i]);
+    for (std::size_t i = 0; i < texts.size(); ++i) Type(kCustomFrameEditors[i], texts[i]);
   }
   /// Chooses the custom reference and types its frame. The results follow at the next choice of a mode.
   void ChooseCustomFrame(const std::array<const char*, 12>& texts) {

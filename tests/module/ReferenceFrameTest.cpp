@@ -115,6 +115,21 @@ TEST_F(ReferenceFrame, TheFormOfTheOtherPanelsOverwritesAnObjectThatIsThere) {
   EXPECT_EQ(ownAxes, KorMath3x3Matrix::Identity());
 }
 
+TEST_F(ReferenceFrame, WhatASubscriberDoesToAnEditorThatIsWrittenBackDoesNotChangeTheResult) {
+  dialog.Show({"1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "13"});
+  for (KorDlgEditor* editor : dialog.editors)
+    editor->Subscribe(KorEvent::EditorModify, [editor](KorCommand*, KorNotification*, KorCommandClientData) {
+      editor->SetText("99");
+    });
+  KorMathPoint ownPoint;
+  KorMath3x3Matrix ownAxes;
+  KorMathPoint* point = &ownPoint;
+  KorMath3x3Matrix* axes = &ownAxes;
+  dialog.Frame().GetCustomRefModeValues(point, axes);
+  EXPECT_EQ(ownPoint, KorMathPoint(1, 2, 3));
+  EXPECT_EQ(ownAxes, KorMath3x3Matrix(4, 5, 6, 7, 8, 9, 10, 11, 13));
+}
+
 TEST_F(ReferenceFrame, WritingBackTellsTheSubscribersOfEveryEditorChangedOrNot) {
   dialog.Show({"1", "2", "3", "1", "0", "0", "0", "1", "0", "0", "0", "1"});
   dialog.Frame().WriteBackPoint();

@@ -4,117 +4,104 @@
 
 namespace {
 
+/// A unit system with what the results show in every mode, and the custom point as it is typed there.
+struct Units {
+  const char* system;
+  const char* masses;
+  std::array<const char*, 3> point;
+};
+
+// 1 in = 25.4 mm; 1 lb·in² = 0.45359237 · 0.0254² kg·m².
+constexpr Units kMixed{"Mixed", "2 kg, 0.5 kg, 0.25 kg", {"100", "200", "300"}};
+constexpr Units kSi{"SI", "2 kg, 0.5 kg, 0.25 kg", {"0.1", "0.2", "0.3"}};
+constexpr Units kImperial{"Imperial", "4.409245244 lb, 1.102311311 lb, 0.5511556555 lb", {"0", "0", "0"}};
+
 /// How the sample part's results read in one reference mode and one inertia mode.
 struct View {
   const char* name;
+  const Units& units;
   const char* referenceButton;
   const char* inertiaButton;
   const char* cg;
   const char* moments;
   const char* products;
 };
-std::ostream& operator<<(std::ostream& out, const View& view) { return out << view.name; }
+std::ostream& operator<<(std::ostream& out, const View& view) {
+  return out << view.name << " in " << view.units.system;
+}
 
 // The part: 2 kg at c = (0.1, 0.2, 0.3) m; tensor rows (10, -1, -2), (-1, 20, -3), (-2, -3, 30) about c.
-// The root product: turned by 90° about z, (x, y) -> (-y, x), and moved by (1, 2, 3) m: c = (0.8, 2.1, 3.3)
-// m, tensor rows
-//   (20, 1, 3), (1, 10, -2), (3, -2, 30).
-// The custom frame: point p = (0.1, 0.2, 0.3) m, axes A = (1, 0, 0), (0, 0, 1), (0, -1, 0): reference A·p =
-// (0.1, 0.3, -0.2) m,
-//   A·c = (0.8, 3.3, -2.1) m, tensor A⁻¹·M·A with rows (20, -3, 1), (-3, 30, 2), (1, 2, 10).
+//
+// The root product: turned by 90° about z, (x, y) -> (-y, x), and moved by (1, 2, 3) m:
+// - c = (0.8, 2.1, 3.3) m
+// - tensor rows (20, 1, 3), (1, 10, -2), (3, -2, 30)
+//
+// The custom frame: point p = (0.1, 0.2, 0.3) m, axes A = (1, 0, 0), (0, 0, 1), (0, -1, 0):
+// - reference A·p = (0.1, 0.3, -0.2) m
+// - A·c = (0.8, 3.3, -2.1) m
+// - tensor A⁻¹·M·A with rows (20, -3, 1), (-3, 30, 2), (1, 2, 10)
+//
 // About the reference: I + m·(|d|²·E − d·dᵀ), d from the centre of gravity to the reference.
-constexpr View kMillimetres[] = {
-    {"CurrentPartAtCG", "CurrentPartButton", "CGButton", "100 mm, 200 mm, 300 mm",
+constexpr View kViews[] = {
+    {"CurrentPartAtCG", kMixed, "CurrentPartButton", "CGButton", "100 mm, 200 mm, 300 mm",
      "10 kg·m², 20 kg·m², 30 kg·m²", "1 kg·m², 2 kg·m², 3 kg·m²"},
-    {"CurrentPartAtReference", "CurrentPartButton", "ReferenceButton", "100 mm, 200 mm, 300 mm",
+    {"CurrentPartAtReference", kMixed, "CurrentPartButton", "ReferenceButton", "100 mm, 200 mm, 300 mm",
      "10.26 kg·m², 20.2 kg·m², 30.1 kg·m²", "1.04 kg·m², 2.06 kg·m², 3.12 kg·m²"},
-    {"RootProductAtCG", "RootProductButton", "CGButton", "800 mm, 2100 mm, 3300 mm",
+    {"RootProductAtCG", kMixed, "RootProductButton", "CGButton", "800 mm, 2100 mm, 3300 mm",
      "20 kg·m², 10 kg·m², 30 kg·m²", "-1 kg·m², -3 kg·m², 2 kg·m²"},
-    {"RootProductAtReference", "RootProductButton", "ReferenceButton", "800 mm, 2100 mm, 3300 mm",
+    {"RootProductAtReference", kMixed, "RootProductButton", "ReferenceButton", "800 mm, 2100 mm, 3300 mm",
      "50.6 kg·m², 33.06 kg·m², 40.1 kg·m²", "2.36 kg·m², 2.28 kg·m², 15.86 kg·m²"},
-    {"CustomAtCG", "CustomReferenceButton", "CGButton", "700 mm, 3000 mm, -1900 mm",
+    {"CustomAtCG", kMixed, "CustomReferenceButton", "CGButton", "700 mm, 3000 mm, -1900 mm",
      "20 kg·m², 30 kg·m², 10 kg·m²", "3 kg·m², -1 kg·m², -2 kg·m²"},
-    {"CustomAtReference", "CustomReferenceButton", "ReferenceButton", "700 mm, 3000 mm, -1900 mm",
+    {"CustomAtReference", kMixed, "CustomReferenceButton", "ReferenceButton", "700 mm, 3000 mm, -1900 mm",
      "45.22 kg·m², 38.2 kg·m², 28.98 kg·m²", "7.2 kg·m², -3.66 kg·m², -13.4 kg·m²"},
-};
-
-constexpr View kSi[] = {
-    {"CurrentPartAtCG", "CurrentPartButton", "CGButton", "0.1 m, 0.2 m, 0.3 m",
+    {"CurrentPartAtCG", kSi, "CurrentPartButton", "CGButton", "0.1 m, 0.2 m, 0.3 m",
      "10 kg·m², 20 kg·m², 30 kg·m²", "1 kg·m², 2 kg·m², 3 kg·m²"},
-    {"CurrentPartAtReference", "CurrentPartButton", "ReferenceButton", "0.1 m, 0.2 m, 0.3 m",
+    {"CurrentPartAtReference", kSi, "CurrentPartButton", "ReferenceButton", "0.1 m, 0.2 m, 0.3 m",
      "10.26 kg·m², 20.2 kg·m², 30.1 kg·m²", "1.04 kg·m², 2.06 kg·m², 3.12 kg·m²"},
-    {"RootProductAtCG", "RootProductButton", "CGButton", "0.8 m, 2.1 m, 3.3 m",
+    {"RootProductAtCG", kSi, "RootProductButton", "CGButton", "0.8 m, 2.1 m, 3.3 m",
      "20 kg·m², 10 kg·m², 30 kg·m²", "-1 kg·m², -3 kg·m², 2 kg·m²"},
-    {"RootProductAtReference", "RootProductButton", "ReferenceButton", "0.8 m, 2.1 m, 3.3 m",
+    {"RootProductAtReference", kSi, "RootProductButton", "ReferenceButton", "0.8 m, 2.1 m, 3.3 m",
      "50.6 kg·m², 33.06 kg·m², 40.1 kg·m²", "2.36 kg·m², 2.28 kg·m², 15.86 kg·m²"},
-    {"CustomAtCG", "CustomReferenceButton", "CGButton", "0.7 m, 3 m, -1.9 m", "20 kg·m², 30 kg·m², 10 kg·m²",
-     "3 kg·m², -1 kg·m², -2 kg·m²"},
-    {"CustomAtReference", "CustomReferenceButton", "ReferenceButton", "0.7 m, 3 m, -1.9 m",
+    {"CustomAtCG", kSi, "CustomReferenceButton", "CGButton", "0.7 m, 3 m, -1.9 m",
+     "20 kg·m², 30 kg·m², 10 kg·m²", "3 kg·m², -1 kg·m², -2 kg·m²"},
+    {"CustomAtReference", kSi, "CustomReferenceButton", "ReferenceButton", "0.7 m, 3 m, -1.9 m",
      "45.22 kg·m², 38.2 kg·m², 28.98 kg·m²", "7.2 kg·m², -3.66 kg·m², -13.4 kg·m²"},
-};
-
-// 1 in = 25.4 mm; 1 lb·in² = 0.45359237 · 0.0254² kg·m².
-constexpr View kImperial[] = {
-    {"CurrentPartAtCG", "CurrentPartButton", "CGButton", "3.937007874 in, 7.874015748 in, 11.81102362 in",
+    {"CurrentPartAtCG", kImperial, "CurrentPartButton", "CGButton",
+     "3.937007874 in, 7.874015748 in, 11.81102362 in",
      "34171.71898 lb·in², 68343.43796 lb·in², 102515.1569 lb·in²",
      "3417.171898 lb·in², 6834.343796 lb·in², 10251.51569 lb·in²"},
-    {"RootProductAtCG", "RootProductButton", "CGButton", "31.49606299 in, 82.67716535 in, 129.9212598 in",
+    {"RootProductAtCG", kImperial, "RootProductButton", "CGButton",
+     "31.49606299 in, 82.67716535 in, 129.9212598 in",
      "68343.43796 lb·in², 34171.71898 lb·in², 102515.1569 lb·in²",
      "-3417.171898 lb·in², -10251.51569 lb·in², 6834.343796 lb·in²"},
-    {"RootProductAtReference", "RootProductButton", "ReferenceButton",
+    {"RootProductAtReference", kImperial, "RootProductButton", "ReferenceButton",
      "31.49606299 in, 82.67716535 in, 129.9212598 in",
      "172908.898 lb·in², 112971.703 lb·in², 137028.5931 lb·in²",
      "8064.52568 lb·in², 7791.151928 lb·in², 54196.34631 lb·in²"},
 };
 
-/// Brings the sample part, open, into the mode of `view`; the custom point is typed in the current length
-/// unit.
-class ReferenceModes : public PanelTest, public testing::WithParamInterface<View> {
- protected:
-  void Choose(const View& view, const char* px, const char* py, const char* pz) {
-    Check("CustomReferenceButton");
-    TypeCustomFrame({px, py, pz, "1", "0", "0", "0", "0", "1", "0", "-1", "0"});
-    Check("CurrentPartButton");
-    Check(view.inertiaButton);
-    Check(view.referenceButton);
-  }
-  void Expect(const View& view) {
-    EXPECT_EQ(CG(), view.cg);
-    EXPECT_EQ(Moments(), view.moments);
-    EXPECT_EQ(Products(), view.products);
-  }
-};
+class ReferenceModes : public PanelTest, public testing::WithParamInterface<View> {};
 
-std::string NameOf(const testing::TestParamInfo<View>& info) { return info.param.name; }
-
-class ReferenceModesInMillimetres : public ReferenceModes {};
-TEST_P(ReferenceModesInMillimetres, ShowCentreOfGravityAndInertiaAsWorkedOutByHand) {
+TEST_P(ReferenceModes, ShowCentreOfGravityAndInertiaAsWorkedOutByHand) {
+  const View& view = GetParam();
+  const auto& [px, py, pz] = view.units.point;
+  KorApplyUnitSystem(view.units.system);
   Open(SamplePart());
-  Choose(GetParam(), "100", "200", "300");
-  EXPECT_EQ(Masses(), "2 kg, 0.5 kg, 0.25 kg");
-  Expect(GetParam());
+  Check("CustomReferenceButton");
+  TypeCustomFrame({px, py, pz, "1", "0", "0", "0", "0", "1", "0", "-1", "0"});
+  Check("CurrentPartButton");
+  Check(view.inertiaButton);
+  Check(view.referenceButton);
+  EXPECT_EQ(Masses(), view.units.masses);
+  EXPECT_EQ(CG(), view.cg);
+  EXPECT_EQ(Moments(), view.moments);
+  EXPECT_EQ(Products(), view.products);
 }
-INSTANTIATE_TEST_SUITE_P(Modes, ReferenceModesInMillimetres, testing::ValuesIn(kMillimetres), NameOf);
-
-class ReferenceModesInSi : public ReferenceModes {};
-TEST_P(ReferenceModesInSi, ShowCentreOfGravityAndInertiaAsWorkedOutByHand) {
-  KorApplyUnitSystem("SI");
-  Open(SamplePart());
-  Choose(GetParam(), "0.1", "0.2", "0.3");
-  EXPECT_EQ(Masses(), "2 kg, 0.5 kg, 0.25 kg");
-  Expect(GetParam());
-}
-INSTANTIATE_TEST_SUITE_P(Modes, ReferenceModesInSi, testing::ValuesIn(kSi), NameOf);
-
-class ReferenceModesInPounds : public ReferenceModes {};
-TEST_P(ReferenceModesInPounds, ShowCentreOfGravityAndInertiaAsWorkedOutByHand) {
-  KorApplyUnitSystem("Imperial");
-  Open(SamplePart());
-  Choose(GetParam(), "0", "0", "0");
-  EXPECT_EQ(Masses(), "4.409245244 lb, 1.102311311 lb, 0.5511556555 lb");
-  Expect(GetParam());
-}
-INSTANTIATE_TEST_SUITE_P(Modes, ReferenceModesInPounds, testing::ValuesIn(kImperial), NameOf);
+INSTANTIATE_TEST_SUITE_P(Modes, ReferenceModes, testing::ValuesIn(kViews),
+                         [](const testing::TestParamInfo<View>& one) {
+                           return std::string(one.param.units.system) + one.param.name;
+                         });
 
 class ReferenceMode : public PanelTest {};
 
@@ -159,6 +146,15 @@ TEST_F(ReferenceMode, AxesThatAreSingularChangeNothing) {
   EXPECT_EQ(Masses() + CG() + Moments() + Products(), root);
 }
 
+TEST_F(ReferenceMode, AxesWhoseInverseIsNotFiniteChangeNothingAlthoughTheirDeterminantIsNotZero) {
+  Open(SamplePart());
+  Check("CustomReferenceButton");
+  TypeCustomFrame({"0", "0", "0", "1e-320", "0", "0", "0", "1", "0", "0", "0", "1"});
+  EXPECT_EQ(Panel().RefreshResultsTab(), E_FAIL);
+  EXPECT_EQ(CG(), "100 mm, 200 mm, 300 mm");
+  EXPECT_EQ(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²");
+}
+
 TEST_F(ReferenceMode, AMassOfExactlyZeroLeavesTheCentreOfGravityUntransformed) {
   protocol::PartData part = SamplePart();
   part.massTypes[0].mass = 0;
@@ -166,6 +162,24 @@ TEST_F(ReferenceMode, AMassOfExactlyZeroLeavesTheCentreOfGravityUntransformed) {
   Check("RootProductButton");
   EXPECT_EQ(CG(), "100 mm, 200 mm, 300 mm");
   EXPECT_EQ(Moments(), "20 kg·m², 10 kg·m², 30 kg·m²") << "the tensor is turned all the same";
+}
+
+TEST_F(ReferenceMode, AMassOfExactlyZeroIsNotPlacedInTheCustomAxesEither) {
+  protocol::PartData part = SamplePart();
+  part.massTypes[0].mass = 0;
+  Open(part);
+  ChooseCustomFrame({"10", "20", "30", "1", "0", "0", "0", "0", "1", "0", "-1", "0"});
+  EXPECT_EQ(CG(), "90 mm, 270 mm, -180 mm");  // A·c - A·p with c = (100, 200, 300), p = (10, 20, 30) mm
+}
+
+TEST_F(ReferenceMode, SingularAxesFailAndKeepTheOldTextsOfAPartThatIsNotComputedToo) {
+  Open(SamplePart());
+  Buffer().SetMassTypeDefined("Computed", false);
+  Check("CustomReferenceButton");  // its axes are still all zero
+  EXPECT_EQ(Panel().RefreshResultsTab(), E_FAIL);
+  EXPECT_EQ(Masses(), "2 kg, 0.5 kg, 0.25 kg");
+  EXPECT_EQ(CG(), "100 mm, 200 mm, 300 mm");
+  EXPECT_EQ(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²");
 }
 
 TEST_F(ReferenceMode, ANegativeMassIsPlacedLikeAnyOther) {

@@ -1,9 +1,12 @@
+#include <set>
+
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgTabContainer.h"
 #include "framework/dialog/KorMsgCatalog.h"
 #include "tests/module/PanelTest.h"
 #include "tests/module/ProbeBuffer.h"
+#include "tests/module/ProbePanel.h"
 #include "tests/support/TemporaryCatalogues.h"
 #include "tests/support/TraceCapture.h"
 
@@ -223,8 +226,11 @@ TEST_F(Refresh, APartWithoutADocumentBringsTheFirstPageToTheFront) {
   part.documents.activeId = "0";
   Open(part);
   PickPage("TabPage003");
+  EXPECT_FALSE(IsEnabled("InertiaModeFrame"));
   Panel().RefreshPanelWithInfo();
   EXPECT_EQ(SelectedPage(), "TabPage002");
+  EXPECT_TRUE(IsEnabled("InertiaModeFrame")) << "the change of page is told of";
+  EXPECT_TRUE(IsEnabled("ReferenceModeFrame"));
 }
 
 TEST_F(Refresh, APartWithDocumentsLeavesThePageInFront) {
@@ -278,16 +284,31 @@ TEST_F(Refresh, TellsWhenAllPagesAreDone) {
 }
 
 TEST_F(Refresh, FillsThePagesInTheirFixedOrder) {
-  protocol::PartData part = SamplePartWithProperties();
+  protocol::PartData part = SamplePartWithDocuments();
+  part.propertiesRequested = true;
   Open(part);
   const std::string trace = TraceOfRefresh();
   std::size_t last = 0;
-  for (const char* page : {"RefreshAdditionalInfoTab()", "RefreshResultsTab()", "RefreshMassTypeTab()",
-                           "RefreshMaterialTab()", "RefreshPrecisionTab()"}) {
+  for (const char* page : {"RefreshDocsTab()", "RefreshAdditionalInfoTab()", "RefreshResultsTab()",
+                           "RefreshMassTypeTab()", "RefreshMaterialTab()", "RefreshPrecisionTab()"}) {
     const std::size_t place = trace.find(page);
     ASSERT_NE(place, std::string::npos) << page << " is not in " << trace;
     EXPECT_GT(place, last) << page;
     last = place;
+  }
+}
+
+TEST_F(Refresh, PassesTheDocumentsOverWhenTheyAreNotUsedOrThereIsNone) {
+  protocol::PartData unused = SamplePartWithDocuments();
+  unused.documents.used = false;
+  protocol::PartData none = SamplePartWithDocuments();
+  none.documents.activeId = "0";
+  protocol::PartData failed = SamplePartWithDocuments();
+  failed.documents.activeId = "__EXCEPTION__";
+  for (const protocol::PartData& part : {unused, none, failed}) {
+    Open(part);
+    EXPECT_THAT(TraceOfRefresh(), Not(HasSubstr("RefreshDocsTab()"))) << part.documents.activeId;
+    Close();
   }
 }
 
@@ -320,6 +341,54 @@ TEST_F(Refresh, AgainAndAgainShowsTheSame) {
   for (int i = 0; i < 3; ++i) Panel().RefreshPanelWithInfo();
   EXPECT_EQ(Masses() + CG() + Moments() + Products() + Text("SelectionEditor") + Text("Act"), first);
   EXPECT_EQ(As<KorDlgCombo>("MassTypeCombo").GetLineCount(), 3);
+}
+
+// ---- silence ----
+
+class SilentRefresh : public Refresh {
+ protected:
+  /// Refreshes everything in other units.
+  void ShowAllAgain() {
+    Buffer().SetMass("Computed", 5);
+    for (const auto& [magnitude, unit] :
+         {std::pair("MASS", "GRAM"), std::pair("LENGTH", "METER"), std::pair("INERTIAMOMENT", "KG_CM2"),
+          std::pair("DENSITY", "G__CM3")})
+      SetUnit(magnitude, unit);
+    Panel().RefreshPanelWithInfo();
+    Panel().RefreshDensityUnits();
+    Panel().RefreshLengthUnits();
+    Panel().RefreshMassUnits();
+    Panel().RefreshMomentOfInertiaUnits();
+  }
+};
+
+TEST_F(SilentRefresh, ValuesAreShownWithoutTheNotificationsOfTyping) {
+  Open(SamplePartWithDocuments());
+  std::vector<std::string> told;
+  for (const char* editor :
+       {"MassEditor", "LowerDeviationEditor", "UpperDeviationEditor", "CGxEditor", "CGyEditor", "CGzEditor",
+        "IxxEditor", "IyyEditor", "IzzEditor", "IxyEditor", "IxzEditor", "IyzEditor", "MTMassEditor",
+        "MTCGxEditor", "MTIxxEditor", "MTIxyEditor", "WBMaterialEditor", "DensityEditor"})
+    Widget(editor).Subscribe(
+        KorEvent::EditorModify,
+        [&told, editor](KorCommand*, KorNotification*, KorCommandClientData) { told.push_back(editor); });
+  ShowAllAgain();
+  EXPECT_EQ(Text("MassEditor"), "5000 g");
+  EXPECT_THAT(told, testing::IsEmpty());
+}
+
+TEST_F(SilentRefresh, CallsNoHandlerOfTypedMassMaterialOrDensity) {
+  UseMaker([](KorWBAllDataBuffer* buffer) { return std::make_unique<ProbePanel>(buffer); });
+  Open(SamplePart());
+  auto& probe = dynamic_cast<ProbePanel&>(Panel());
+  probe.calls.clear();
+  ShowAllAgain();
+  std::set<std::string> called;
+  for (const ProbePanel::Call& call : probe.calls) called.insert(call.handler);
+  EXPECT_TRUE(called.contains("OnMassTypeChangeNotification")) << "selections are told of";
+  for (const char* handler : {"OnMTMassEditorModifyNotification", "OnMaterialNameModifyNotification",
+                              "OnDensityModifyNotification"})
+    EXPECT_FALSE(called.contains(handler)) << handler;
 }
 
 }  // namespace

@@ -54,22 +54,6 @@ TEST_F(Results, AProductOfInertiaThatIsZeroShowsNoSign) {
   EXPECT_EQ(Products(), "0 kg·m², 0 kg·m², 0 kg·m²");
 }
 
-TEST_F(Results, OfAPartThatWasNeverComputedAreDots) {
-  protocol::PartData part = SamplePart();
-  part.massTypes[0].status = protocol::MassTypeStatus::Undefined;
-  Open(part);
-  ExpectNoResults();
-  EXPECT_EQ(Panel().RefreshResultsTab(), S_OK);
-}
-
-TEST_F(Results, WithStatusTwoAreDots) {
-  protocol::PartData part = SamplePart();
-  part.massTypes[0].status = protocol::MassTypeStatus::OutOfDate;
-  Open(part);
-  ExpectNoResults();
-  EXPECT_EQ(Panel().RefreshResultsTab(), S_OK);
-}
-
 TEST_F(Results, AStatusQueryThatFailsEndsTheRefreshWithItsStatus) {
   auto buffer = ProbeBuffer::Of(SamplePart());
   Open(buffer);
@@ -83,9 +67,10 @@ TEST_F(Results, ALowerDeviationQueryThatFailsEndsTheRefreshBehindTheMass) {
   auto buffer = ProbeBuffer::Of(SamplePart());
   Open(buffer);
   ChangeComputed();
+  SetUnit("MASS", "GRAM");
   buffer->failures["GetLowerDeviation"] = -8;
   EXPECT_EQ(Panel().RefreshResultsTab(), -8);
-  EXPECT_EQ(Text("MassEditor"), "5 kg");
+  EXPECT_EQ(Masses(), "5000 g, 0.5 kg, 0.25 kg");
   EXPECT_EQ(CG(), "100 mm, 200 mm, 300 mm");
 }
 
@@ -93,9 +78,10 @@ TEST_F(Results, AnUpperDeviationQueryThatFailsEndsTheRefreshBehindTheLower) {
   auto buffer = ProbeBuffer::Of(SamplePart());
   Open(buffer);
   ChangeComputed();
+  SetUnit("MASS", "GRAM");
   buffer->failures["GetUpperDeviation"] = -9;
   EXPECT_EQ(Panel().RefreshResultsTab(), -9);
-  EXPECT_EQ(Masses(), "5 kg, 0.5 kg, 0.25 kg");
+  EXPECT_EQ(Masses(), "5000 g, 500 g, 0.25 kg");
   EXPECT_EQ(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²");
 }
 
@@ -123,6 +109,10 @@ TEST_F(Results, WithoutTheLengthMagnitudeWhatWasShownBeforeItStays) {
   EXPECT_EQ(Panel().RefreshResultsTab(), E_FAIL);
   EXPECT_EQ(Masses(), "5 kg, 0.5 kg, 0.25 kg");
   EXPECT_EQ(CG(), "100 mm, 200 mm, 300 mm");
+  EXPECT_EQ(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²") << "it comes after the centre of gravity";
+  EXPECT_EQ(Products(), "1 kg·m², 2 kg·m², 3 kg·m²");
+  EXPECT_EQ(MTMoments(), "7 kg·m², 8 kg·m², 9 kg·m²") << "written before the centre of gravity";
+  EXPECT_EQ(MTProducts(), "0 kg·m², 0 kg·m², 0 kg·m²");
 }
 
 TEST_F(Results, WithoutTheInertiaMagnitudeTheMassIsShownAndTheInertiaStays) {
@@ -165,6 +155,20 @@ TEST_F(Results, ACentreOfGravityWithoutInertiaIsShownInEveryMode) {
   Check("ReferenceButton");
   EXPECT_EQ(CG(), "800 mm, 2100 mm, 3300 mm");
   EXPECT_EQ(Moments(), "..., ..., ...");
+}
+
+TEST_F(Results, InertiaWithoutACentreOfGravityIsTurnedButCannotBeMoved) {
+  protocol::PartData part = SamplePart();
+  part.massTypes[0].cg.reset();
+  Open(part);
+  Check("RootProductButton");
+  EXPECT_EQ(CG(), "..., ..., ...");
+  EXPECT_EQ(Moments(), "20 kg·m², 10 kg·m², 30 kg·m²");
+  EXPECT_EQ(Products(), "-1 kg·m², -3 kg·m², 2 kg·m²");
+  Check("ReferenceButton");
+  EXPECT_EQ(Panel().RefreshResultsTab(), S_OK);
+  EXPECT_EQ(Moments(), "..., ..., ...");
+  EXPECT_EQ(Products(), "..., ..., ...");
 }
 
 TEST_F(Results, ReadOnlyEditorsCannotBeTypedInto) {
@@ -249,6 +253,66 @@ TEST_F(Results, MomentsAreShownAgainInTheCurrentUnitOnBothPages) {
   EXPECT_EQ(MTProducts(), "10000 kg·cm², 20000 kg·cm², 30000 kg·cm²");
 }
 
+TEST_F(Results, LengthsAndMomentsAreShownAgainInTheChosenReference) {
+  Open(SamplePart());
+  Check("RootProductButton");
+  Check("ReferenceButton");
+  SetUnit("LENGTH", "METER");
+  SetUnit("INERTIAMOMENT", "KG_CM2");
+  EXPECT_EQ(Panel().RefreshLengthUnits(), S_OK);
+  EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(), S_OK);
+  EXPECT_EQ(CG(), "0.8 m, 2.1 m, 3.3 m");
+  EXPECT_EQ(Moments(), "506000 kg·cm², 330600 kg·cm², 401000 kg·cm²");
+}
+
+TEST_F(Results, LengthsAndMomentsAreShownAgainInTheCustomAxes) {
+  Open(SamplePart());
+  ChooseCustomFrame({"100", "200", "300", "1", "0", "0", "0", "0", "1", "0", "-1", "0"});
+  SetUnit("INERTIAMOMENT", "KG_CM2");
+  EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(), S_OK);
+  EXPECT_EQ(Moments(), "200000 kg·cm², 300000 kg·cm², 100000 kg·cm²");
+  SetUnit("LENGTH", "METER");
+  EXPECT_EQ(Panel().RefreshLengthUnits(), S_OK);
+  // The point as it is typed reads as 100, 200, 300 m now: A·p = (100, 300, -200) m.
+  EXPECT_EQ(CG(), "-99.2 m, -296.7 m, 197.9 m");
+}
+
+TEST_F(Results, AtTheReferenceTheShownMassTypeIsShownAgainMovedToTheOrigin) {
+  protocol::PartData part = SamplePart();
+  part.activeMassType = "Estimated";
+  Open(part);
+  Check("ReferenceButton");
+  SetUnit("INERTIAMOMENT", "KG_CM2");
+  EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(), S_OK);
+  EXPECT_EQ(MTMoments(), "50000 kg·cm², 100000 kg·cm², 110000 kg·cm²");  // 4 kg at (1, 0, 0) m
+}
+
+TEST_F(Results, AFailingDeviationQueryDoesNotFailTheMassesShownAgain) {
+  auto buffer = ProbeBuffer::Of(SamplePart());
+  Open(buffer);
+  SetUnit("MASS", "GRAM");
+  buffer->failures["GetLowerDeviation"] = -8;
+  EXPECT_EQ(Panel().RefreshMassUnits(), S_OK);
+  EXPECT_EQ(Masses(), "2000 g, 0.5 kg, 0.25 kg");
+}
+
+class ResultsOfStatus : public Results, public testing::WithParamInterface<protocol::MassTypeStatus> {};
+
+TEST_P(ResultsOfStatus, AreDotsAndStayDotsWhenTheUnitsAreShownAgain) {
+  protocol::PartData part = SamplePart();
+  part.massTypes[0].status = GetParam();
+  Open(part);
+  EXPECT_EQ(Panel().RefreshResultsTab(), S_OK);
+  ExpectNoResults();
+  EXPECT_EQ(Panel().RefreshMassUnits(), S_OK);
+  EXPECT_EQ(Panel().RefreshLengthUnits(), S_OK);
+  EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(), S_OK);
+  ExpectNoResults();
+}
+INSTANTIATE_TEST_SUITE_P(ZeroAndTwo, ResultsOfStatus,
+                         testing::Values(protocol::MassTypeStatus::Undefined,
+                                         protocol::MassTypeStatus::OutOfDate));
+
 TEST_F(Results, TheDensityIsShownAgainInTheCurrentUnit) {
   Open(SamplePart());
   SetUnit("DENSITY", "G__CM3");
@@ -292,6 +356,8 @@ TEST_F(Results, WithoutABufferNothingIsShownAgain) {
   EXPECT_EQ(Panel().RefreshLengthUnits(), E_FAIL);
   EXPECT_EQ(Panel().RefreshDensityUnits(), E_FAIL);
   EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(), E_FAIL);
+  EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(KorMath3x3Matrix(), "Active"), E_FAIL);
+  EXPECT_EQ(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²");
 }
 
 }  // namespace

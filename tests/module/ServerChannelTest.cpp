@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr unsigned kFlags = 0x10000000;
-
 struct ServerChannel : testing::Test {
   ServerChannel() {
     catalogues.Write("en", "Panel",
@@ -51,29 +49,29 @@ TEST_F(ServerChannel, AReplyWithoutTheHeaderIsNoError) {
 }
 
 TEST_F(ServerChannel, AReplyThatIsExactlyTheHeaderShowsAnEmptyText) {
-  backend.Boxes().ExpectMessage({"Sender", "The server refuses", "", kFlags});
+  backend.Boxes().ExpectMessage({"Sender", "The server refuses", "", kErrorFlags});
   EXPECT_TRUE(channel.ShowError("LumiraError: ", &panel));
 }
 
 TEST_F(ServerChannel, TheTextBehindTheHeaderIsShown) {
-  backend.Boxes().ExpectMessage({"Sender", "The server refuses", "no such part", kFlags});
+  backend.Boxes().ExpectMessage({"Sender", "The server refuses", "no such part", kErrorFlags});
   EXPECT_TRUE(channel.ShowError("LumiraError: no such part", &panel));
 }
 
 TEST_F(ServerChannel, AHeaderInTheMiddleCutsTheReplyAtTheHeadersLengthOnPurpose) {
   // The first 13 characters of the reply go, wherever the header stands.
-  backend.Boxes().ExpectMessage({"Sender", "The server refuses", "789 LumiraError: broken", kFlags});
+  backend.Boxes().ExpectMessage({"Sender", "The server refuses", "789 LumiraError: broken", kErrorFlags});
   EXPECT_TRUE(channel.ShowError("reply 0123456789 LumiraError: broken", &panel));
 }
 
 TEST_F(ServerChannel, TheHeaderCountsCharactersAndNotBytes) {
-  backend.Boxes().ExpectMessage({"Sender", "The server refuses", "nLumiraError: x", kFlags});
+  backend.Boxes().ExpectMessage({"Sender", "The server refuses", "nLumiraError: x", kErrorFlags});
   EXPECT_TRUE(channel.ShowError("ääääääääääääänLumiraError: x", &panel));
 }
 
 TEST_F(ServerChannel, AnErrorIsShownOverTheParentThatTheCommandSays) {
   KorDlgDialog* mainWindow = KorApplicationFrame::GetMainWindow();
-  backend.Boxes().ExpectMessage({mainWindow->Name(), "The server refuses", "no", kFlags});
+  backend.Boxes().ExpectMessage({mainWindow->Name(), "The server refuses", "no", kErrorFlags});
   EXPECT_TRUE(channel.ShowError("LumiraError: no", mainWindow));
 }
 
@@ -84,26 +82,33 @@ TEST_F(ServerChannel, WithoutPendingWarningsNothingIsShown) {
 
 TEST_F(ServerChannel, PendingWarningsAreShownCleanOverThePanel) {
   server.SetPendingWarnings("PendingWarnings/1|2|1|2 parts have no mass|0|done|end");
-  backend.Boxes().ExpectMessage({"Sender", "Warnings", "2 parts have no mass\ndone", kFlags});
+  backend.Boxes().ExpectMessage({"Sender", "Warnings", "2 parts have no mass\ndone", kErrorFlags});
   channel.ShowWarnings();
 }
 
 TEST_F(ServerChannel, WarningsAmongWhichIsAnErrorAreTitledErrors) {
   server.SetPendingWarnings("PendingWarnings/1|2|1|no mass|2|not reliable|end");
-  backend.Boxes().ExpectMessage({"Sender", "Errors", "no mass\nnot reliable", kFlags});
+  backend.Boxes().ExpectMessage({"Sender", "Errors", "no mass\nnot reliable", kErrorFlags});
   channel.ShowWarnings();
+}
+
+TEST_F(ServerChannel, WithoutAMarkInTheCatalogueEveryWarningIsTitledAnErrorOnPurpose) {
+  catalogues.Write("en", "Marked", "WBWarnings001.Title = \"Warnings\"\nWBErrors001.Title = \"Errors\"\n");
+  server.SetPendingWarnings("PendingWarnings/1|1|0|done|end");
+  backend.Boxes().ExpectMessage({"Sender", "Errors", "done", kErrorFlags});
+  KorWBNymNavServerChannel(KorWBNymNavMessages{&panel, "Marked"}).ShowWarnings();
 }
 
 TEST_F(ServerChannel, WarningsAreShownOnce) {
   server.SetPendingWarnings("PendingWarnings/1|1|1|no mass|end");
-  backend.Boxes().ExpectMessage({"Sender", "Warnings", "no mass", kFlags});
+  backend.Boxes().ExpectMessage({"Sender", "Warnings", "no mass", kErrorFlags});
   channel.ShowWarnings();
   channel.ShowWarnings();
 }
 
 TEST_F(ServerChannel, WithoutACatalogueAnErrorHasNoTitle) {
   const TemporaryCatalogues empty;
-  backend.Boxes().ExpectMessage({"Sender", "", "no", kFlags});
+  backend.Boxes().ExpectMessage({"Sender", "", "no", kErrorFlags});
   EXPECT_TRUE(channel.ShowError("LumiraError: no", &panel));
 }
 

@@ -1,3 +1,4 @@
+#include "framework/dialog/KorDlgRadioButton.h"
 #include "tests/module/PanelTest.h"
 
 namespace {
@@ -96,5 +97,26 @@ TEST_F(TabChange, BackOnTheResultsTheValuesAreThoseOfTheCurrentPart) {
   EXPECT_EQ(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²") << "back to the current part";
   EXPECT_EQ(CG(), "100 mm, 200 mm, 300 mm");
 }
+
+struct CustomFrameCase {
+  const char* name;
+  KorSensitivity editButton;
+  bool enabled;
+};
+class TabChangeToACustomReference : public TabChange, public testing::WithParamInterface<CustomFrameCase> {};
+
+TEST_P(TabChangeToACustomReference, BackOnTheResultsItsFrameIsEnabledUnlessInEditMode) {
+  Open(SamplePart());
+  PickPage("TabPage003");
+  As<KorDlgRadioButton>("CustomReferenceButton").SetState(KorCheckState::Checked);  // tells nobody
+  ASSERT_FALSE(IsEnabled("CustomRefModeFrame"));
+  Widget("EditButton").SetSensitivity(GetParam().editButton);
+  PickPage("TabPage002");
+  EXPECT_EQ(IsEnabled("CustomRefModeFrame"), GetParam().enabled);
+}
+INSTANTIATE_TEST_SUITE_P(Modes, TabChangeToACustomReference,
+                         testing::Values(CustomFrameCase{"Display", KorSensitivity::Enabled, true},
+                                         CustomFrameCase{"Edit", KorSensitivity::Disabled, false}),
+                         [](const auto& one) { return one.param.name; });
 
 }  // namespace

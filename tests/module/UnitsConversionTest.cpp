@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <limits>
-
 #include "framework/knowledge/KorCkeParmDictionary.h"
 #include "framework/knowledge/KorUnitSystems.h"
 #include "module/shared/KorWBNymNavUnitsConversion.h"
@@ -132,7 +130,8 @@ TEST_F(UnitsConversion, SkipsAMagnitudeThatTheDictionaryDoesNotKnow) {
   const OwnManager own;
   EXPECT_EQ(NamesOf(own.Magnitudes()), (std::vector<KorString>{"DENSITY", "MASS", "INERTIAMOMENT"}));
   EXPECT_EQ(own.CurrentUnits().size(), 3u);
-  EXPECT_EQ(own.StorageUnits().size(), 4u) << "every storage unit is looked up and appended";
+  EXPECT_EQ(NamesOf(own.StorageUnits()), (std::vector<KorString>{"KG__M3", "null", "KILOGRAM", "KG_M2"}))
+      << "every storage unit is looked up and appended";
 }
 
 TEST_F(UnitsConversion, WithoutADictionaryItsConstructionRaisesTheNullHandleError) {
@@ -148,6 +147,19 @@ TEST_F(UnitsConversion, ACopyHasTheSameListsAndIsSubscribedToNothing) {
   EXPECT_EQ(NamesOf(copy.CurrentUnits()), NamesOf(manager.CurrentUnits()));
   EXPECT_EQ(NamesOf(copy.StorageUnits()), NamesOf(manager.StorageUnits()));
   EXPECT_EQ(magnitude->CallbackCount(), before);
+}
+
+TEST_F(UnitsConversion, AnAssignedManagerTakesOverTheThreeLists) {
+  KorApplyUnitSystem("Imperial");
+  const OwnManager source;
+  KorCkeParmDictionary empty;
+  KorCkeGlobalFunctions::SetParmDictionary(&empty);
+  OwnManager target;
+  target = source;
+  EXPECT_EQ(NamesOf(target.Magnitudes()),
+            (std::vector<KorString>{"DENSITY", "LENGTH", "MASS", "INERTIAMOMENT"}));
+  EXPECT_EQ(NamesOf(target.CurrentUnits()), (std::vector<KorString>{"LB__IN3", "INCH", "POUND", "LB_IN2"}));
+  EXPECT_EQ(NamesOf(target.StorageUnits()), (std::vector<KorString>{"KG__M3", "METER", "KILOGRAM", "KG_M2"}));
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include <cstring>
+#include <set>
 
 #include "framework/dialog/KorDlgCheckButton.h"
 #include "framework/dialog/KorDlgCombo.h"
@@ -168,6 +169,7 @@ class Wiring : public PanelTest {
     EXPECT_EQ(call.sender, &widget) << row.widget;
     switch (row.data) {
       case Data::None:
+        EXPECT_EQ(call.data, nullptr) << row.widget;
         break;
       case Data::Button:
         EXPECT_EQ(call.data, static_cast<void*>(&widget)) << row.widget;

@@ -101,6 +101,13 @@ TEST(MassTypes, TakeValues) {
   EXPECT_EQ(sent.inertia, (protocol::Tensor{1, 2, 3, -4, -5, -6}));
 }
 
+TEST(MassTypes, TakeTheUpperTriangleOfATensorThatIsNotSymmetric) {
+  const LoadedBuffer buffer;
+  EXPECT_EQ(buffer->SetInertia("Weighed", {1, -4, -5, 99, 2, -6, 98, 97, 3}), S_OK);
+  EXPECT_EQ(buffer.Sent().massTypes[2].inertia, (protocol::Tensor{1, 2, 3, -4, -5, -6}));
+  EXPECT_EQ(*buffer->GetInertia("Weighed"), KorMath3x3Matrix(1, -4, -5, -4, 2, -6, -5, -6, 3));
+}
+
 TEST(MassTypes, MayHaveANegativeOrZeroMass) {
   const LoadedBuffer buffer;
   EXPECT_EQ(buffer->SetMass("Weighed", -2.5), S_OK);

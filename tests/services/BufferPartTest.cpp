@@ -83,4 +83,12 @@ TEST(Buffer, IsComputableWithAUserMassTypeUnlessTheHostSaysOtherwise) {
   EXPECT_FALSE(buffer->IsComputableWithUserMassType());
 }
 
+TEST(Buffer, KeepsThePreComputeSwitchWhenItTakesAnotherPart) {
+  const LoadedBuffer buffer;
+  buffer->SetPreComputeSwitch(false);
+  buffer->SetAllData(protocol::WritePartData(SamplePart()), true);
+  EXPECT_EQ(TextOf<Base>(*buffer.Get(), &Base::GetComputedInfo),
+            "ComputeOptions/1|0%7CNo Filter|0|0|Cast iron|end");
+}
+
 }  // namespace

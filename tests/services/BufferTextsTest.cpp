@@ -88,6 +88,17 @@ TEST(ComputeReply, LeavesEverythingElse) {
   EXPECT_EQ(buffer.AllData(), protocol::WritePartData(expected));
 }
 
+TEST(ComputeReply, WithMomentsAboutTheOriginIsTakenWithoutThem) {
+  const LoadedBuffer buffer;
+  protocol::PartData expected = SamplePart();
+  expected.massTypes[0] = SampleReply().computed;
+  protocol::ComputeReply reply = SampleReply();
+  reply.firstMoment = protocol::Vector{11, 12, 13};
+  reply.inertiaAtOrigin = protocol::Tensor{14, 15, 16, 17, 18, 19};
+  ASSERT_EQ(buffer->SetComputedData(protocol::WriteComputeReply(reply), true), S_OK);
+  EXPECT_EQ(buffer.AllData(), protocol::WritePartData(expected));
+}
+
 TEST(ComputeReply, LeavesTheBoundsThatTheUserTyped) {
   const LoadedBuffer buffer;
   buffer->SetPrecisionType("Computed", 1);

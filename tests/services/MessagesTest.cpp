@@ -15,12 +15,12 @@ struct DisplayMsg : testing::Test {
 
 TEST_F(DisplayMsg, ShowsAMessageBoxOverItsParent) {
   KorDlgDialog panel(nullptr, "Panel", 0);
-  backend.Boxes().ExpectMessage({"Panel", "Server", "No such part: é", 0x10000000});
+  backend.Boxes().ExpectMessage({"Panel", "Server", "No such part: é", kErrorFlags});
   KorWBServices::DisplayMsg(&panel, "Server", "No such part: é", KorWBServices::kErrorOrWarning);
 }
 
-TEST_F(DisplayMsg, ShowsAMessageBoxOverTheMainWindowWithoutAParent) {
-  backend.Boxes().ExpectMessage({"", "", "text", 0x8000000});
+TEST_F(DisplayMsg, HandsANullParentOnForTheBackendToTakeAsTheMainWindow) {
+  backend.Boxes().ExpectMessage({"", "", "text", kInformationFlags});
   KorWBServices::DisplayMsg(nullptr, nullptr, "text", KorWBServices::kInformation);
 }
 

@@ -6,6 +6,7 @@
 #include "services/KorLumWBCSCommonDefinitions.h"
 #include "services/KorWBServices.h"
 #include "tests/support/ScriptedServer.h"
+#include "tests/support/TemporaryCatalogues.h"
 
 namespace {
 
@@ -65,6 +66,16 @@ TEST(ServerWarnings, ThatCannotBeFetchedTellWhy) {
   KorUnicodeString text;
   EXPECT_EQ(KorWBServices::GetWarningMsgFromLumira(text), E_FAIL);
   EXPECT_EQ(Clean(text), "The server's warnings could not be fetched: the session has ended");
+}
+
+TEST(ServerWarnings, ThatCannotBeFetchedTellSoInTheWordsOfTheCatalogue) {
+  TemporaryCatalogues catalogues;
+  catalogues.Write("en", "KorWBServices", "WarningsNotFetched.Message = \"No word from the server ({1})\"\n");
+  ScriptedServer server;
+  server.SetPendingWarnings(protocol::ErrorReply("the session has ended"));
+  KorUnicodeString text;
+  EXPECT_EQ(KorWBServices::GetWarningMsgFromLumira(text), E_FAIL);
+  EXPECT_EQ(Clean(text), "No word from the server (the session has ended)");
 }
 
 TEST(ServerWarnings, ThatCannotBeReadTellWhy) {

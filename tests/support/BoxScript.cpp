@@ -23,12 +23,14 @@ std::ostream& operator<<(std::ostream& out, const ShownMessage& message) {
 }
 
 BoxScript::~BoxScript() {
-  for (const ShownMessage& message : _expectedMessages) ADD_FAILURE() << "never shown: " << message;
+  for (const auto& expected : _expectedMessages) ADD_FAILURE() << "never shown: " << expected.message;
   for (const auto& question : _questions) ADD_FAILURE() << "never asked: " << question.expected;
   for (const auto& request : _fileRequests) ADD_FAILURE() << "no file was asked for: " << request.expected;
 }
 
-void BoxScript::ExpectMessage(ShownMessage message) { _expectedMessages.push_back(std::move(message)); }
+void BoxScript::ExpectMessage(ShownMessage message, std::function<void()> whileShown) {
+  _expectedMessages.push_back({std::move(message), std::move(whileShown)});
+}
 
 void BoxScript::ExpectQuestion(std::string text, std::optional<int> answer) {
   _questions.push_back({std::move(text), answer});
@@ -41,10 +43,13 @@ void BoxScript::ExpectFileRequest(std::string title, std::optional<std::string> 
 void BoxScript::Show(const KorDlgMessage& message) {
   _messages.push_back({message.parent ? message.parent->Name() : "", message.title.Utf8(),
                        message.text.Utf8(), message.flags});
-  if (const auto expected = Take(_expectedMessages))
-    EXPECT_EQ(_messages.back(), *expected);
-  else
+  const auto expected = Take(_expectedMessages);
+  if (!expected) {
     ADD_FAILURE() << "unexpected: " << _messages.back();
+    return;
+  }
+  EXPECT_EQ(_messages.back(), expected->message);
+  if (expected->whileShown) expected->whileShown();
 }
 
 std::optional<int> BoxScript::Answer(const KorDlgQuestion& question) {

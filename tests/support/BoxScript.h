@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,6 +18,10 @@ struct ShownMessage {
 };
 std::ostream& operator<<(std::ostream& out, const ShownMessage& message);
 
+/// Flags of message boxes.
+inline constexpr unsigned kErrorFlags = 0x10000000;
+inline constexpr unsigned kInformationFlags = 0x8000000;
+
 /// Answers message boxes, questions and file requests as a test wrote down beforehand, and records them.
 ///
 /// What no script expects fails the test, and so does what a script expects and never comes.
@@ -24,7 +29,8 @@ class BoxScript {
  public:
   ~BoxScript();
 
-  void ExpectMessage(ShownMessage message);
+  /// `whileShown` is called while the box is up: it sees what the user sees behind it.
+  void ExpectMessage(ShownMessage message, std::function<void()> whileShown = {});
   /// `answer`: index of the answer; nothing closes the box.
   void ExpectQuestion(std::string text, std::optional<int> answer);
   void ExpectFileRequest(std::string title, std::optional<std::string> file);
@@ -43,7 +49,12 @@ class BoxScript {
     std::optional<Answer> answer;
   };
 
-  std::deque<ShownMessage> _expectedMessages;
+  struct ExpectedMessage {
+    ShownMessage message;
+    std::function<void()> whileShown;
+  };
+
+  std::deque<ExpectedMessage> _expectedMessages;
   std::deque<Scripted<int>> _questions;
   std::deque<Scripted<std::string>> _fileRequests;
   std::vector<ShownMessage> _messages;

@@ -12,7 +12,7 @@
 #include "framework/dialog/KorMsgCatalog.h"
 #include "protocol/Codec.h"
 #include "protocol/Constants.h"
-#include "tests/support/FilterStatePeer.h"
+#include "tests/support/FilterState.h"
 
 namespace {
 
@@ -28,7 +28,7 @@ KorDlgObject* FindNamed(const KorDlgObject& parent, const std::string& name) {
 
 FilterPanelHarness::FilterPanelHarness() {
   if (KorMsgCatalog::GetFolder().empty()) KorMsgCatalog::SetFolder(KORVO_SOURCE_DIR "/catalogues");
-  KorWBNymNavFilterPanelPeer::Reset();
+  ResetFilterState();
   KorApplicationFrame::SetBackend(&_backend);
 }
 
@@ -36,7 +36,7 @@ FilterPanelHarness::~FilterPanelHarness() {
   Close();
   EXPECT_EQ(_backend.WidgetCount(), 0u);
   KorApplicationFrame::SetBackend(nullptr);
-  KorWBNymNavFilterPanelPeer::Reset();
+  ResetFilterState();
 }
 
 void FilterPanelHarness::Make(const std::string& pathsRelativeTo) {

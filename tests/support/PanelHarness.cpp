@@ -15,7 +15,7 @@
 #include "framework/dialog/KorMsgCatalog.h"
 #include "framework/knowledge/KorUnitSystems.h"
 #include "protocol/Codec.h"
-#include "tests/support/FilterStatePeer.h"
+#include "tests/support/FilterState.h"
 #include "tests/support/ShownText.h"
 
 namespace {
@@ -26,7 +26,7 @@ constexpr const char* kCatalogue = "KorWBNymMainPanel";
 void ResetProcess() {
   KorCkeGlobalFunctions::RestoreParmDictionary();
   KorApplyUnitSystem("Mixed");
-  KorWBNymNavFilterPanelPeer::Reset();
+  ResetFilterState();
 }
 
 /// Path with the occurrence behind each repeated name.

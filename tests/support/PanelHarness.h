@@ -74,8 +74,8 @@ class PanelHarness {
   bool IsChecked(const std::string& button);
   std::string SelectedLine(const std::string& combo);
   std::string SelectedPage();
-  /// The texts of the fifteen results editors, "mass -lower +upper", "x y z", "Ixx Iyy Izz" and "Ixy Ixz
-  /// Iyz".
+  /// The texts of the twelve results editors, joined by ", ": mass, lower and upper deviation; x, y, z; Ixx,
+  /// Iyy, Izz; Ixy, Ixz, Iyz.
   std::string Masses();
   std::string CG();
   std::string Moments();

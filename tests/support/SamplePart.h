@@ -5,9 +5,11 @@
 /// A part with simple numbers, up to date and stored. SI units, as on the wire.
 ///
 /// Part P-100, placed in the product root ROOT turned by 90° about z and moved by (1, 2, 3) m.
-///   Computed  2 kg (-0.5, +0.25), centre of gravity (0.1, 0.2, 0.3) m, Ixx 10, Iyy 20, Izz 30, Ixy 1, Ixz 2,
-///   Iyz 3 kg·m² Estimated 4 kg, centre of gravity (1, 0, 0) m, Ixx 5, Iyy 6, Izz 7 kg·m² Weighed   without
-///   values
+/// - Computed: 2 kg (-0.5, +0.25), centre of gravity (0.1, 0.2, 0.3) m,
+///   Ixx 10, Iyy 20, Izz 30, Ixy 1, Ixz 2, Iyz 3 kg·m²
+/// - Estimated: 4 kg, centre of gravity (1, 0, 0) m, Ixx 5, Iyy 6, Izz 7 kg·m²
+/// - Weighed: without values
+///
 /// It has an instance, a material (Steel, 7850 kg/m³), no documents and no additional properties.
 inline protocol::PartData SamplePart() {
   protocol::PartData part;

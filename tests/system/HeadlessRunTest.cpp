@@ -105,6 +105,13 @@ class Run : public testing::Test {
  protected:
   ~Run() override { fs::remove_all(folder); }
 
+  /// Starts the desktop in an environment changed as `env` reads it; the exit code.
+  int Start(const std::string& environment, const std::string& arguments) const {
+    const std::string command =
+        "env " + environment + " " + KORVO_PROGRAM + " " + arguments + " > '" + said.string() + "' 2>&1";
+    return WEXITSTATUS(std::system(command.c_str()));
+  }
+
   const fs::path folder = OwnFolder();
   const fs::path said = folder / "said";
 };
@@ -113,9 +120,16 @@ class Run : public testing::Test {
 
 TEST_F(HeadlessRun, EndsWellAndLeavesItsPictures) {
   ASSERT_EQ(s_exitStatus, 0) << FileText(s_folder / "log");
-  for (const char* name : {"window.png", "part-panel-results.png", "part-panel-mass-types.png",
-                           "part-panel-material.png", "part-panel-precision.png"})
+  for (const char* name :
+       {"window.png", "window-dark.png", "part-panel-results.png", "part-panel-mass-types.png",
+        "part-panel-material.png", "part-panel-precision.png", "part-panel-imperial.png",
+        "part-panel-mixed.png", "part-panel-dark.png", "part-panel-custom.png"})
     EXPECT_TRUE(IsPng(name)) << name;
+}
+
+TEST_F(HeadlessRun, KeepsWhatQtCannotDoWithoutADisplayToItself) {
+  ASSERT_TRUE(fs::exists(s_folder / "log"));
+  EXPECT_EQ(FileText(s_folder / "log").find("This plugin"), std::string::npos) << FileText(s_folder / "log");
 }
 
 // Published rows of the IEA 15 MW nacelle, see tests/lumira/data/README.md.
@@ -191,4 +205,68 @@ TEST_F(Run, SaysHowToGoOnWhenTheDisplayIsDead) {
 TEST_F(Run, RefusesAHeadlessFolderWithoutAName) {
   const std::string command = std::string(KORVO_PROGRAM) + " --headless '' > /dev/null 2>&1";
   EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 2);
+}
+
+TEST_F(Run, RefusesAHeadlessFolderThatIsLeftOut) {
+  EXPECT_EQ(Start("QT_QPA_PLATFORM=offscreen", "--headless"), 2);
+  EXPECT_NE(FileText(said).find("headless"), std::string::npos) << FileText(said);
+}
+
+TEST_F(Run, RefusesAnOptionThatItDoesNotKnow) {
+  EXPECT_EQ(Start("QT_QPA_PLATFORM=offscreen", "--nonsense"), 2);
+  EXPECT_NE(FileText(said).find("nonsense"), std::string::npos) << FileText(said);
+}
+
+TEST_F(Run, RefusesAnOptionThatItDoesNotKnowWithoutADisplayToo) {
+  EXPECT_EQ(Start("-u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM", "--nonsense"), 2);
+  EXPECT_NE(FileText(said).find("nonsense"), std::string::npos) << FileText(said);
+}
+
+TEST_F(Run, TellsAllOptionsWithoutADisplay) {
+  EXPECT_EQ(Start("-u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM", "--help-all"), 0);
+  EXPECT_NE(FileText(said).find("-platform"), std::string::npos) << FileText(said);
+}
+
+TEST_F(Run, NamesTheFolderWithoutCatalogues) {
+  EXPECT_EQ(Start("KORVO_CATALOGUES=/no/such/folder", "--headless " + (folder / "out").string()), 1);
+  EXPECT_NE(FileText(said).find("/no/such/folder"), std::string::npos) << FileText(said);
+}
+
+TEST_F(Run, NamesTheFolderWithoutSamples) {
+  EXPECT_EQ(Start("KORVO_SAMPLES=/no/such/folder", "--headless " + (folder / "out").string()), 1);
+  EXPECT_NE(FileText(said).find("/no/such/folder"), std::string::npos) << FileText(said);
+}
+
+/// The script ./run among programs that only look like those that it calls.
+class RunScript : public Run {
+ protected:
+  RunScript() {
+    fs::copy_file(fs::path(KORVO_SOURCE_DIR) / "run", folder / "run");
+    Script(folder / "scripts" / "install-packages", "exit 0");
+    Script(folder / "bin" / "cmake", "exit 0");
+    Script(folder / "build" / "release" / "bin" / "korvo", "echo started with \"$@\"");
+  }
+  static void Script(const fs::path& file, const std::string& text) {
+    fs::create_directories(file.parent_path());
+    std::ofstream(file) << "#!/bin/sh\n" << text << "\n";
+    fs::permissions(file, fs::perms::owner_all);
+  }
+  int RunWith(const std::string& arguments) const {
+    const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM PATH='" +
+                                (folder / "bin").string() + "':\"$PATH\" '" + (folder / "run").string() +
+                                "' " + arguments + " > '" + said.string() + "' 2>&1";
+    return WEXITSTATUS(std::system(command.c_str()));
+  }
+};
+
+TEST_F(RunScript, StartsTheDesktopWithoutADisplayForWhatNeedsNone) {
+  for (const char* arguments : {"--headless out", "--headless=out", "--help", "--help-all", "-h", "--version",
+                                "-v", "-platform offscreen", "--platform offscreen"}) {
+    EXPECT_EQ(RunWith(arguments), 0) << arguments;
+    EXPECT_EQ(FileText(said), std::string("started with ") + arguments + "\n");
+  }
+}
+
+TEST_F(RunScript, RefusesEverythingElseWithoutADisplay) {
+  for (const char* arguments : {"", "product.lumira"}) EXPECT_EQ(RunWith(arguments), 2) << arguments;
 }

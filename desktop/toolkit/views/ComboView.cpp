@@ -1,9 +1,9 @@
 #include "desktop/toolkit/views/ComboView.h"
 
-#include <QEvent>
 #include <QSignalBlocker>
 
 #include "desktop/toolkit/QtText.h"
+#include "desktop/toolkit/WheelGuard.h"
 
 namespace desktop {
 
@@ -16,8 +16,7 @@ ComboView::ComboView(QtBackend& backend, KorDlgObject& model, QWidget* parent)
   Qt()->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   Qt()->setMinimumContentsLength(kLeastCharacters);
   Qt()->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-  Qt()->setFocusPolicy(Qt::StrongFocus);
-  Qt()->installEventFilter(this);
+  KeepWheelToFocus(*Qt());
   QObject::connect(Qt(), &QComboBox::activated, this,
                    [this](int line) { Act([&] { Model().Pick(line); }, KorDlgProperty::Selection); });
 }
@@ -30,15 +29,6 @@ void ComboView::Show(KorDlgProperty property) {
     QtView::Show(property);
   else if (Qt()->currentIndex() != Model().GetSelect())
     Qt()->setCurrentIndex(Model().GetSelect());
-}
-
-bool ComboView::eventFilter(QObject* watched, QEvent* event) {
-  // The wheel over a combo that has not the focus belongs to whoever scrolls past it.
-  if (event->type() == QEvent::Wheel && !Qt()->hasFocus()) {
-    event->ignore();
-    return true;
-  }
-  return QtView::eventFilter(watched, event);
 }
 
 void ComboView::ShowLines() {

@@ -12,9 +12,6 @@ class ComboView : public QtViewOf<KorDlgCombo, QComboBox> {
   ComboView(QtBackend& backend, KorDlgObject& model, QWidget* parent);
   void Show(KorDlgProperty property) override;
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
   void ShowLines();
 };

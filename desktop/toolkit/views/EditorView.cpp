@@ -1,6 +1,7 @@
 #include "desktop/toolkit/views/EditorView.h"
 
 #include <QFocusEvent>
+#include <QRegularExpression>
 #include <algorithm>
 
 #include "desktop/toolkit/QtText.h"
@@ -10,15 +11,19 @@ namespace {
 /// Characters for which an editor makes room at least: a value of ten digits with its unit.
 constexpr int kLeastCharacters = 12;
 constexpr int kFrame = 10;  ///< device-independent pixels that border and padding take
+
+/// Whether a text is a number, with or without the symbol of a unit behind it.
+bool IsQuantity(const QString& text) {
+  static const QRegularExpression quantity(R"(^[-+]?\d[\d.,]*([eE][-+]?\d+)?( \S+)?$)");
+  return quantity.match(text).hasMatch();
+}
 }  // namespace
 
 EditorView::EditorView(QtBackend& backend, KorDlgObject& model, QWidget* parent)
     : QtViewOf(backend, model, new QLineEdit(parent)) {
   Qt()->setReadOnly(Model().IsReadOnly());
-  if (model.Style() & KorDlgStyle::kNumberEditor) {
-    Qt()->setAlignment(Qt::AlignRight);
-    Qt()->setInputMethodHints(Qt::ImhFormattedNumbersOnly);
-  }
+  if (model.Style() & KorDlgStyle::kNumberEditor) Qt()->setInputMethodHints(Qt::ImhFormattedNumbersOnly);
+  Align();
   QObject::connect(Qt(), &QLineEdit::editingFinished, this, [this] { CommitEdit(); });
   Qt()->installEventFilter(this);
 }
@@ -53,6 +58,7 @@ bool EditorView::eventFilter(QObject* watched, QEvent* event) {
     Qt()->update();
     return true;
   }
+  if (event->type() == QEvent::Resize) ShowHelp();
   if (event->type() == QEvent::FocusIn) FocusCame();
   if (event->type() == QEvent::FocusOut) {
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
@@ -84,6 +90,18 @@ void EditorView::ShowText() {
   Qt()->setText(text);
   // A text that is too long shows its beginning.
   Qt()->setCursorPosition(0);
+  Align();
+  ShowHelp();
+}
+
+void EditorView::Align() {
+  const bool number = (Model().Style() & KorDlgStyle::kNumberEditor) || IsQuantity(Qt()->text());
+  Qt()->setAlignment((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+}
+
+QString EditorView::TipHeading() const {
+  const bool fits = Qt()->fontMetrics().horizontalAdvance(Qt()->text()) + kFrame <= Qt()->width();
+  return fits ? QString() : Qt()->text();
 }
 
 void EditorView::ShowTextSelection() {

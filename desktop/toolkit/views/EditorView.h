@@ -17,12 +17,16 @@ class EditorView : public QtViewOf<KorDlgEditor, QLineEdit> {
   void CommitEdit() override;
 
  protected:
+  /// The whole text where there is no room for it.
+  QString TipHeading() const override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void FocusCame();
   void FocusWent();
   void ShowText();
+  /// Numbers stand at the right, so that their units line up; other texts at the left.
+  void Align();
   void ShowTextSelection();
   void ShowTextWidth();
 

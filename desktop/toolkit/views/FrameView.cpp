@@ -2,6 +2,7 @@
 
 #include <QFrame>
 
+#include "desktop/toolkit/QtBackend.h"
 #include "desktop/toolkit/QtText.h"
 
 namespace desktop {
@@ -24,6 +25,9 @@ FrameView::FrameView(QtBackend& backend, KorDlgObject& model, QWidget* parent)
 
 void FrameView::ShowTitle() {
   if (auto* group = qobject_cast<QGroupBox*>(Qt())) group->setTitle(Literal(Model().GetTitle()));
+  if (Model().Children().size() != 1) return;
+  // What stands alone in the frame is named by it.
+  if (QtView* only = Backend().ViewOf(*Model().Children().front())) only->Show(KorDlgProperty::Title);
 }
 
 }  // namespace desktop

@@ -1,5 +1,6 @@
 #include "desktop/toolkit/views/MultiListView.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QMetaObject>

@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QStatusBar>
 
 #include "desktop/app/PdmCommands.h"

@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include "desktop/app/HeadlessRun.h"
+#include "framework/dialog/KorMsgCatalog.h"
 
 namespace desktop::test {
 namespace {
@@ -41,11 +43,28 @@ TEST_F(HeadlessRunTest, FailsWhenAPictureCannotBeWritten) {
   EXPECT_NE(done.Failure().message.find("window.png"), std::string::npos);
 }
 
-TEST_F(HeadlessRunTest, FailsWithoutTheSample) {
+TEST_F(HeadlessRunTest, FailsWhenTheValuesCannotBeWritten) {
+  ASSERT_TRUE(QDir(scratch.path()).mkpath("out/values.txt"));
+  const auto done = HeadlessRun(scratch.filePath("out")).Run();
+  ASSERT_FALSE(done.Ok());
+  EXPECT_NE(done.Failure().message.find("values.txt"), std::string::npos);
+}
+
+TEST_F(HeadlessRunTest, FailsWithoutTheSampleAndNamesTheFolderThatWasLookedIn) {
   qputenv("KORVO_SAMPLES", scratch.path().toUtf8());
   const auto done = HeadlessRun(scratch.filePath("out")).Run();
   ASSERT_FALSE(done.Ok());
-  EXPECT_NE(done.Failure().message.find("samples"), std::string::npos);
+  EXPECT_NE(done.Failure().message.find(scratch.path().toStdString()), std::string::npos);
+}
+
+TEST_F(HeadlessRunTest, FailsWhenAMessageBoxComesUp) {
+  const KorString before = KorMsgCatalog::GetFolder();
+  KorMsgCatalog::SetFolder(scratch.path().toStdString());
+  const auto done = HeadlessRun(scratch.filePath("out")).Run();
+  KorMsgCatalog::SetFolder(before);
+  ASSERT_FALSE(done.Ok());
+  EXPECT_NE(done.Failure().message.find("KorWBNymMainPanel.txt"), std::string::npos)
+      << done.Failure().message;
 }
 
 }  // namespace

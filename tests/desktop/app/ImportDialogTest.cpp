@@ -76,6 +76,17 @@ TEST_F(ImportDialogTest, AnErrorIsReportedWithFileLineAndColumn) {
   EXPECT_EQ(ProductCount(), 0u);
 }
 
+TEST_F(ImportDialogTest, WithoutAMassTableOneIsAskedFor) {
+  ImportDialog dialog(*store);
+  FillIn(dialog);
+  dialog.MassEdit()->setText(" ");
+  for (QPushButton* button : {dialog.CheckButton(), dialog.ImportButton()}) {
+    button->click();
+    EXPECT_EQ(dialog.ReportText(), "Choose a mass table first.");
+  }
+  EXPECT_EQ(ProductCount(), 0u);
+}
+
 TEST_F(ImportDialogTest, ATableThatIsNotThereIsNamed) {
   ImportDialog dialog(*store);
   dialog.MassEdit()->setText(folder.filePath("nowhere.csv"));

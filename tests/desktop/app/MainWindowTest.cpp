@@ -1,8 +1,13 @@
 #include <sqlite3.h>
 
 #include <QAction>
+#include <QApplication>
+#include <QByteArray>
 #include <QFile>
+#include <QIODevice>
+#include <QLineEdit>
 #include <QMenuBar>
+#include <QModelIndex>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeView>
@@ -10,6 +15,7 @@
 #include "desktop/app/SearchBox.h"
 #include "desktop/app/SelectionPane.h"
 #include "framework/knowledge/KorUnitSystems.h"
+#include "tests/desktop/app/ScriptedTransport.h"
 #include "tests/desktop/app/WindowHarness.h"
 #include "tests/desktop/support/QtApplication.h"
 
@@ -36,11 +42,11 @@ TEST_F(WindowTest, SelectsNothingUnderAPathThatDoesNotExist) {
 
 TEST_F(WindowTest, ThePaneShowsWhatIsSelected) {
   Select({"nacelle.1", "yaw.1"});
-  EXPECT_EQ(window.Selection().ValueText("Selection.Part"), "yaw");
-  EXPECT_EQ(window.Selection().ValueText("Selection.Path"),
+  EXPECT_EQ(window.Selection().PartText("Selection.Part"), "yaw");
+  EXPECT_EQ(window.Selection().PartText("Selection.Path"),
             QString::fromUtf8("Rotor-nacelle assembly \u203a Nacelle \u203a Yaw system"));
-  EXPECT_EQ(window.Selection().ValueText("Selection.Status"), "not computed");
-  EXPECT_EQ(window.Selection().ValueText("Selection.Mass"), QString::fromUtf8("\u2013"));
+  EXPECT_EQ(window.Selection().PartText("Selection.Status"), "not computed");
+  EXPECT_EQ(window.Selection().ComputedText("Selection.Mass"), QString::fromUtf8("\u2013"));
 }
 
 TEST_F(WindowTest, AProductThatIsNotThereGivesAMessageAndLeavesTheOpenOneOpen) {
@@ -135,16 +141,56 @@ TEST_F(WindowTest, ControlFLeadsToTheSearch) {
   EXPECT_EQ(QApplication::focusWidget(), static_cast<QWidget*>(window.Search().Edit()));
 }
 
-TEST_F(WindowTest, EachCommandHasATextAndAHelpInEachLanguage) {
-  for (const char* language : {"en", "de"}) {
-    ASSERT_TRUE(window.ChooseLanguage(language));
-    for (const char* name : {"NewProduct", "OpenProduct", "ImportTables", "OpenSample", "Quit", "PartPanel",
-                             "Find", "Units", "About"}) {
-      ASSERT_NE(window.Command(name), nullptr) << name;
-      EXPECT_FALSE(window.Command(name)->text().startsWith("Command.")) << name;
-      EXPECT_FALSE(window.Command(name)->statusTip().startsWith("Command.")) << name;
-    }
+TEST_F(WindowTest, EachCommandHasAnActionWithTextAndHelp) {
+  ASSERT_FALSE(MainWindow::CommandNames().isEmpty());
+  for (const QString& name : MainWindow::CommandNames()) {
+    const QAction* action = window.Command(name.toStdString());
+    ASSERT_NE(action, nullptr) << name.toStdString();
+    EXPECT_FALSE(action->text().startsWith("Command.")) << name.toStdString();
+    EXPECT_FALSE(action->statusTip().startsWith("Command.")) << name.toStdString();
   }
+}
+
+TEST_F(WindowTest, ThePaneShowsTheValuesOfTheActiveMassTypeBesideTheComputedOnes) {
+  Select({"nacelle.1", "Above_yaw.1", "bedplate.1"});
+  EXPECT_EQ(window.Selection().ActiveText("Selection.Mass"), "42274.27441 kg");
+  EXPECT_EQ(window.Selection().ActiveText("Selection.Ixz"),
+            QString::fromUtf8("-176991.4853 kg\u00b7m\u00b2"));
+  EXPECT_EQ(window.Selection().ComputedText("Selection.Mass"), QString::fromUtf8("\u2013"));
+}
+
+TEST_F(WindowTest, ThePaneShowsOneColumnWhenTheComputedMassTypeIsActive) {
+  Select({"nacelle.1", "Above_yaw.1"});
+  EXPECT_EQ(window.Selection().PartText("Selection.Active"), "Computed");
+  EXPECT_EQ(window.Selection().ActiveText("Selection.Mass"), "");
+}
+
+TEST_F(WindowTest, APartThatCannotBeReadGivesOneMessageAndLeavesThePane) {
+  Select({"nacelle.1", "Above_yaw.1", "bedplate.1"});
+  {
+    ScriptedTransport server;
+    server.answer = [](auto&...) { return "nonsense"; };
+    window.Select("IEA15", {"nacelle.1", "Above_yaw.1", "nose.1"});
+  }
+  OnlyMessage();
+  EXPECT_EQ(window.Selection().PartText("Selection.Part"), "bedplate");
+}
+
+TEST_F(WindowTest, F5ComputesWhatIsSelectedAndOpensThePanelForIt) {
+  Select({"nacelle.1", "Above_yaw.1"});
+  QApplication::setActiveWindow(&window);
+  QTest::keyClick(&window, Qt::Key_F5);
+  RunPendingEvents();
+  EXPECT_TRUE(window.PartPanel().IsOpen());
+  EXPECT_EQ(window.Selection().ComputedText("Selection.Mass"), "644856.5481 kg");
+}
+
+TEST_F(WindowTest, KeepsTheWidthsOfTheTreesColumnsForTheNextStart) {
+  const int before = window.TreeView().columnWidth(ProductTreeModel::Mass);
+  window.TreeView().setColumnWidth(ProductTreeModel::Mass, before + 37);
+  window.close();
+  MainWindow next(settings, backend);
+  EXPECT_EQ(next.TreeView().columnWidth(ProductTreeModel::Mass), before + 37);
 }
 
 }  // namespace

@@ -1,10 +1,15 @@
 // The module's part panel in its host: opened, worked and closed on the screen.
+#include <QAbstractSpinBox>
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QModelIndex>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
+#include <QTreeView>
 
 #include "desktop/app/SelectionPane.h"
 #include "framework/dialog/KorDlgEditor.h"
@@ -12,6 +17,7 @@
 #include "framework/dialog/KorDlgRadioButton.h"
 #include "framework/dialog/KorDlgTabContainer.h"
 #include "framework/knowledge/KorUnitSystems.h"
+#include "tests/desktop/app/ScriptedTransport.h"
 #include "tests/desktop/app/WindowHarness.h"
 #include "tests/desktop/support/QtApplication.h"
 
@@ -68,7 +74,7 @@ TEST_F(PartPanelTest, ComputingBringsTreeAndPaneUpToDate) {
   const QModelIndex line = window.TreeView().currentIndex();
   EXPECT_EQ(line.siblingAtColumn(ProductTreeModel::Status).data().toString(), "up to date");
   EXPECT_EQ(line.siblingAtColumn(ProductTreeModel::Mass).data().toString(), "644856.5481 kg");
-  EXPECT_EQ(window.Selection().ValueText("Selection.CGz"), "4314.502124 mm");
+  EXPECT_EQ(window.Selection().ComputedText("Selection.CGz"), "4314.502124 mm");
 }
 
 TEST_F(PartPanelTest, ComputingTurnsTheRedLampGreen) {
@@ -179,29 +185,88 @@ TEST_F(PartPanelTest, HidingTheCustomReferenceLeavesNoGap) {
 TEST_F(PartPanelTest, EachInputHasAnAccessibleName) {
   for (QLineEdit* edit : PanelWindow()->findChildren<QLineEdit*>()) {
     if (qobject_cast<QAbstractSpinBox*>(edit->parentWidget())) continue;
-    // These two stand alone in a frame that carries the title.
-    if (edit->objectName() == "ConfigHandlerEditor" || edit->objectName() == "Act") continue;
     EXPECT_FALSE(edit->accessibleName().isEmpty()) << edit->objectName().toStdString();
   }
 }
 
-TEST_F(PartPanelTest, AServerErrorIsShownAndChangesNothing) {
-  window.PartPanel().Close();
-  OpenPanelOnAboveYaw();
-  KorPdmTransport* server = KorPdmClient::GetTransport();
-  class Refusing : public KorPdmTransport {
-   public:
-    std::string Run(const std::string&, const std::string&) override {
-      return "LumiraError: the disk is full";
-    }
-    std::string Address() const override { return "refusing"; }
-  } refusing;
-  KorPdmClient::SetTransport(&refusing);
+TEST_F(PartPanelTest, AnEditorAloneInAFrameIsNamedByTheFrame) {
+  EXPECT_EQ(PanelWindow()->findChild<QLineEdit*>("ConfigHandlerEditor")->accessibleName(),
+            "Configuration filter");
+  ASSERT_TRUE(window.ChooseLanguage("de"));
+  EXPECT_NE(PanelWindow()->findChild<QLineEdit*>("ConfigHandlerEditor")->accessibleName(),
+            "Configuration filter");
+}
+
+TEST_F(PartPanelTest, AServerErrorIsShownOnceAndChangesNothing) {
   QTest::keyClick(PanelWindow(), Qt::Key_F5);
-  KorPdmClient::SetTransport(server);
-  ASSERT_FALSE(boxes.Messages().empty());
-  EXPECT_EQ(boxes.Messages().front().text, "the disk is full");
-  EXPECT_EQ(ShownMass(), "...");
+  RunPendingEvents();
+  ASSERT_EQ(ShownMass(), "644856.5481 kg");
+  ScriptedTransport server;
+  server.answer = [](auto&...) { return protocol::ErrorReply("the disk is full"); };
+  QTest::keyClick(PanelWindow(), Qt::Key_F5);
+  RunPendingEvents();
+  EXPECT_EQ(server.commands, std::vector<std::string>{"WBComputeNymValues"});
+  EXPECT_EQ(OnlyMessage(), "the disk is full");
+  EXPECT_EQ(ShownMass(), "644856.5481 kg");
+  EXPECT_EQ(window.Selection().ComputedText("Selection.Mass"), "644856.5481 kg");
+}
+
+TEST_F(PartPanelTest, ARefreshThatFailsGivesOneMessage) {
+  KorPdmTransport* before = KorPdmClient::GetTransport();
+  ScriptedTransport server;
+  server.answer = [before](const std::string& command, const std::string& request) {
+    return command.starts_with("Lum") ? protocol::ErrorReply("the disk is full")
+                                      : before->Run(command, request);
+  };
+  QTest::keyClick(PanelWindow(), Qt::Key_F5);
+  RunPendingEvents();
+  EXPECT_EQ(OnlyMessage(), "the disk is full");
+  EXPECT_EQ(ShownMass(), "644856.5481 kg");
+}
+
+TEST_F(PartPanelTest, AReplyThatCannotBeReadLeavesTheOpenPanelAsItWas) {
+  const KorWBNymMainPanel* before = window.PartPanel().Panel();
+  const auto shown = window.PartPanel().Show("PartData/1|nonsense|end");
+  ASSERT_FALSE(shown.Ok());
+  EXPECT_FALSE(shown.Failure().message.empty());
+  EXPECT_EQ(window.PartPanel().Panel(), before);
+  EXPECT_EQ(ShownText("Frame012.SelectionEditor"), "IEA15/Above_yaw/nacelle.1/Above_yaw.1");
+}
+
+TEST_F(PartPanelTest, ASelectionThatCannotBeReadLeavesTheOpenPanelAsItWas) {
+  ScriptedTransport server;
+  server.answer = [](auto&...) { return "nonsense"; };
+  window.Select("IEA15", {"nacelle.1", "yaw.1"});
+  OnlyMessage();
+  EXPECT_TRUE(window.PartPanel().IsOpen());
+  EXPECT_EQ(ShownText("Frame012.SelectionEditor"), "IEA15/Above_yaw/nacelle.1/Above_yaw.1");
+}
+
+TEST_F(PartPanelTest, KeepsItsSizeUntilItIsOpenedAgain) {
+  const QSize larger = PanelWindow()->minimumSizeHint() + QSize(31, 17);
+  PanelWindow()->resize(larger);
+  window.PartPanel().Close();
+  window.ShowPartPanel();
+  EXPECT_EQ(PanelWindow()->size(), larger);
+}
+
+TEST_F(PartPanelTest, NumbersStandAtTheRightAndOtherTextsAtTheLeft) {
+  QTest::keyClick(PanelWindow(), Qt::Key_F5);
+  EXPECT_TRUE(On<QLineEdit>(std::string(kResults) + "MassFrame.MassEditor")->alignment() & Qt::AlignRight);
+  EXPECT_TRUE(On<QLineEdit>("Frame012.SelectionEditor")->alignment() & Qt::AlignLeft);
+}
+
+TEST_F(PartPanelTest, AValueWithoutRoomForItsDigitsStandsInTheTooltipToo) {
+  QTest::keyClick(PanelWindow(), Qt::Key_F5);
+  auto* ixx = On<QLineEdit>(std::string(kResults) + "MomentOfInertiaFrame.IxxEditor");
+  EXPECT_FALSE(ixx->toolTip().contains(ixx->text())) << ixx->toolTip().toStdString();
+  KorCkeUnit::SetShownDigits(17);
+  window.UnitsChanged();
+  KorCkeUnit::SetShownDigits(10);
+  ASSERT_GE(ixx->text().size(), 20);
+  ixx->setFixedWidth(90);
+  RunPendingEvents();
+  EXPECT_TRUE(ixx->toolTip().contains(ixx->text())) << ixx->toolTip().toStdString();
 }
 
 }  // namespace

@@ -81,9 +81,9 @@ TEST_F(ProductTreeModelTest, ObeysTheRulesOfItemModels) {
   // The tester looks at every line, and so has all children asked for.
   const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
   EXPECT_EQ(model.rowCount(model.index(1, 0, Root())), 1);
-  model.RefreshValues();
+  EXPECT_TRUE(model.RefreshValues().Ok());
   children["W"].clear();
-  model.RefreshValues();
+  EXPECT_TRUE(model.RefreshValues().Ok());
   EXPECT_EQ(model.rowCount(model.index(1, 0, Root())), 0);
 }
 
@@ -120,7 +120,7 @@ TEST_F(ProductTreeModelTest, RefreshesTheValuesOfTheLinesItKnows) {
   children["R"][2].mass = 13;
   children["R"][2].computedStatus = protocol::MassTypeStatus::Defined;
   QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
-  model.RefreshValues();
+  EXPECT_TRUE(model.RefreshValues().Ok());
   EXPECT_GT(changes.count(), 0);
   EXPECT_EQ(Cell(model.index(2, 0, Root()), ProductTreeModel::Mass), "13 kg");
 }
@@ -128,7 +128,7 @@ TEST_F(ProductTreeModelTest, RefreshesTheValuesOfTheLinesItKnows) {
 TEST_F(ProductTreeModelTest, AsksAnewForChildrenThatAreNoLongerTheSame) {
   model.fetchMore(Root());
   children["R"].pop_back();
-  model.RefreshValues();
+  EXPECT_TRUE(model.RefreshValues().Ok());
   EXPECT_EQ(model.rowCount(Root()), 0);
   ASSERT_TRUE(model.canFetchMore(Root()));
   model.fetchMore(Root());
@@ -141,6 +141,16 @@ TEST_F(ProductTreeModelTest, TellsOfChildrenThatCannotBeHadAndAsksNoMore) {
   EXPECT_EQ(errors, std::vector<std::string>{"the disk is full"});
   EXPECT_EQ(model.rowCount(Root()), 0);
   EXPECT_FALSE(model.canFetchMore(Root()));
+}
+
+TEST_F(ProductTreeModelTest, ARefreshStopsAtTheFirstFailureAndLeavesTheLines) {
+  model.fetchMore(Root());
+  failing = true;
+  const auto refreshed = model.RefreshValues();
+  ASSERT_FALSE(refreshed.Ok());
+  EXPECT_EQ(refreshed.Failure().message, "the disk is full");
+  EXPECT_EQ(model.rowCount(Root()), 3);
+  EXPECT_TRUE(errors.empty());
 }
 
 TEST_F(ProductTreeModelTest, IsEmptyWhenTheProductsCannotBeHad) {

@@ -9,11 +9,14 @@
 
 namespace desktop::test {
 
-/// A server that answers as a test says, and records what it was asked. Connected while it lives.
+/// A server that answers as a test says, and records what it was asked. Connected while it lives; then
+/// the one before it is again.
 class ScriptedTransport : public KorPdmTransport {
  public:
-  ScriptedTransport() { KorPdmClient::SetTransport(this); }
-  ~ScriptedTransport() override { KorPdmClient::SetTransport(nullptr); }
+  ScriptedTransport() : _before(KorPdmClient::GetTransport()) { KorPdmClient::SetTransport(this); }
+  ~ScriptedTransport() override { KorPdmClient::SetTransport(_before); }
+  ScriptedTransport(const ScriptedTransport&) = delete;
+  ScriptedTransport& operator=(const ScriptedTransport&) = delete;
 
   std::function<std::string(const std::string& command, const std::string& request)> answer =
       [](const std::string&, const std::string&) { return protocol::ErrorReply("unexpected"); };
@@ -24,6 +27,9 @@ class ScriptedTransport : public KorPdmTransport {
     return answer(command, request);
   }
   std::string Address() const override { return "scripted"; }
+
+ private:
+  KorPdmTransport* _before;
 };
 
 }  // namespace desktop::test

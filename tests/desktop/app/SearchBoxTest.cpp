@@ -1,8 +1,12 @@
+#include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
 
 #include "desktop/app/SearchBox.h"
+#include "tests/desktop/app/ScriptedTransport.h"
 #include "tests/desktop/app/WindowHarness.h"
 
 namespace desktop::test {
@@ -46,6 +50,26 @@ TEST_F(SearchBoxTest, TheArrowKeyDownLeadsToTheListAndEnterThereSelects) {
   QTest::keyClick(window.Search().Hits(), Qt::Key_Down);
   QTest::keyClick(window.Search().Hits(), Qt::Key_Return);
   EXPECT_EQ(SelectedPart(), "generator_rotor");
+}
+
+TEST_F(SearchBoxTest, EnterSearchesOnceAndNotAgainAfterAPause) {
+  auto* pause = window.Search().findChild<QTimer*>();
+  ASSERT_NE(pause, nullptr);
+  QTest::keyClicks(window.Search().Edit(), "bedplate");
+  EXPECT_TRUE(pause->isActive());
+  QTest::keyClick(window.Search().Edit(), Qt::Key_Return);
+  EXPECT_FALSE(pause->isActive());
+}
+
+TEST_F(SearchBoxTest, AServersMessageIsShownAsPlainText) {
+  ScriptedTransport server;
+  server.answer = [](auto&...) { return protocol::ErrorReply("there is no <b>product</b>"); };
+  Type("nose");
+  EXPECT_EQ(window.Search().Summary(), "there is no <b>product</b>");
+  for (const QLabel* label : window.Search().findChildren<QLabel*>()) {
+    EXPECT_EQ(label->textFormat(), Qt::PlainText);
+    EXPECT_TRUE(label->wordWrap());
+  }
 }
 
 TEST_F(SearchBoxTest, EscapeClosesTheList) {

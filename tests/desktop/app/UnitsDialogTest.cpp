@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QComboBox>
 #include <QSpinBox>
+#include <QWheelEvent>
 
 #include "desktop/app/UnitsDialog.h"
 
@@ -25,6 +27,12 @@ class UnitsDialogTest : public ::testing::Test {
     ASSERT_GE(combo->findText(symbol), 0);
     combo->setCurrentText(symbol);
     Q_EMIT combo->activated(combo->currentIndex());
+  }
+  static void TurnWheelOver(QWidget& widget) {
+    const QPointF middle = widget.rect().center();
+    QWheelEvent down(middle, widget.mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                     Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&widget, &down);
   }
   static KorString Current(const char* magnitude) {
     return KorCkeGlobalFunctions::GetParmDictionary()->FindMagnitude(magnitude)->CurrentUnit()->Name();
@@ -75,6 +83,20 @@ TEST_F(UnitsDialogTest, OKMakesUnitsAndDigitsCurrent) {
   dialog.accept();
   EXPECT_EQ(Current("MASS"), "POUND");
   EXPECT_EQ(KorCkeUnit::GetShownDigits(), 4);
+}
+
+TEST_F(UnitsDialogTest, TheWheelScrollsPastAChoiceThatHasNotTheFocus) {
+  UnitsDialog dialog;
+  dialog.show();
+  QApplication::setActiveWindow(&dialog);
+  dialog.DigitsBox()->setFocus();
+  TurnWheelOver(*dialog.UnitCombo("LENGTH"));
+  EXPECT_EQ(dialog.UnitCombo("LENGTH")->currentText(), "mm");
+  dialog.UnitCombo("LENGTH")->setFocus();
+  TurnWheelOver(*dialog.UnitCombo("LENGTH"));
+  EXPECT_EQ(dialog.UnitCombo("LENGTH")->currentText(), "cm");
+  TurnWheelOver(*dialog.DigitsBox());
+  EXPECT_EQ(dialog.DigitsBox()->value(), 10);
 }
 
 TEST_F(UnitsDialogTest, KnowsNoMagnitudeOfAnotherName) {

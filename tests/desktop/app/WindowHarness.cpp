@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "desktop/app/QtTranslation.h"
 #include "desktop/app/SampleProduct.h"
 #include "framework/dialog/KorApplicationFrame.h"
 #include "framework/dialog/KorMsgCatalog.h"
@@ -9,18 +10,23 @@
 
 namespace desktop::test {
 namespace {
-const bool g_catalogues = (KorMsgCatalog::SetFolder(KORVO_SOURCE_DIR "/catalogues"), true);
-}
+
+/// The window is made before the first line of a test runs.
+const struct UseCatalogues {
+  UseCatalogues() { KorMsgCatalog::SetFolder(KORVO_SOURCE_DIR "/catalogues"); }
+} g_useCatalogues;
+
+}  // namespace
 
 WindowTest::WindowTest()
     : settings(folder.filePath("settings.ini")), backend(&boxes), window(settings, backend) {
-  EXPECT_TRUE(g_catalogues);
   KorApplicationFrame::SetBackend(&backend);
 }
 
 WindowTest::~WindowTest() { KorApplicationFrame::SetBackend(nullptr); }
 
 void WindowTest::SetUp() {
+  ASSERT_TRUE(KorMsgCatalog::Has("KorvoDesktop", "Title")) << KorMsgCatalog::GetFolder();
   settings.ApplyUnits();
   const auto made = CreateSampleProduct(KORVO_SOURCE_DIR "/samples", File().toStdString());
   ASSERT_TRUE(made.Ok()) << made.Failure().message;
@@ -32,6 +38,7 @@ void WindowTest::TearDown() {
   window.PartPanel().Close();
   RunPendingEvents();
   KorMsgCatalog::SetLanguage("en");
+  TranslateQt("en");
   settings.ApplyUnits();
 }
 

@@ -91,6 +91,16 @@ TEST_F(MultiList, ColumnsCanBeHiddenAndSized) {
   EXPECT_EQ(list.GetColumnItem(1, 0), "190000") << "a hidden column keeps its cells";
 }
 
+TEST_F(MultiList, OfAColumnThatThereIsNotItTellsAsOfAnEmptyOneAndSetsNothing) {
+  backend.ClearLog();
+  for (const int column : {-1, 2}) {
+    list.SetColumnVisible(column, false);
+    list.SetColumnTextWidth(column, 20);
+    EXPECT_EQ(list.GetColumn(column), KorDlgMultiList::Column());
+  }
+  EXPECT_THAT(backend.Log(), IsEmpty());
+}
+
 TEST_F(MultiList, TheSelectionIsSortedAndHoldsOnlyRowsThatThereAre) {
   list.SetSelection({1, 0, 1, 7, -2});
   EXPECT_THAT(list.GetSelectedLines(), ElementsAre(0, 1));

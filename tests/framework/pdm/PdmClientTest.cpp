@@ -26,7 +26,9 @@ struct Window : KorPdmClient::Observer {
   void CommandStarted(const KorUnicodeString& command) override {
     log.push_back("started " + command.Utf8());
   }
-  void CommandEnded(const KorUnicodeString& command) override { log.push_back("ended " + command.Utf8()); }
+  void CommandEnded(const KorUnicodeString& command, const KorUnicodeString& reply) override {
+    log.push_back("ended " + command.Utf8() + " with " + reply.Utf8());
+  }
   Log& log;
 };
 
@@ -70,13 +72,14 @@ TEST(RunServerCode, MayUseOneVariantForRequestAndReply) {
   EXPECT_EQ(TextOf(both), "C(x)");
 }
 
-TEST(RunServerCode, TellsTheObserverOfStartAndEnd) {
+TEST(RunServerCode, TellsTheObserverOfStartEndAndReply) {
   Log log;
   const Window window(log);
   const Echo server(log);
   VARIANT request, reply;
+  BuildVariant("x", request);
   RunServerCode("C", request, reply);
-  EXPECT_EQ(log, (Log{"started C", "run C", "ended C"}));
+  EXPECT_EQ(log, (Log{"started C", "run C", "ended C with C(x)"}));
 }
 
 TEST(RunServerCode, TellsTheObserverNothingWithoutATransport) {

@@ -1,3 +1,4 @@
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -93,6 +94,61 @@ TEST_F(CommandLine, RefusesAProductThatExistsUnlessItIsToBeReplaced) {
   EXPECT_EQ(again.code, kRefused);
   EXPECT_EQ(again.errors, "lumira: product \"IEA15\" exists already\n");
   EXPECT_EQ(ImportSample({"--replace"}).code, kDone);
+}
+
+TEST_F(CommandLine, MakesAFileOfNamesThatLookLikeNone) {
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(folder);
+  for (const char* name : {":memory:", "file:foo?mode=memory"}) {
+    EXPECT_EQ(Lumira({"init", name}).code, kDone) << name;
+    EXPECT_TRUE(std::filesystem::exists(name)) << name;
+    EXPECT_EQ(Lumira({"tree", name}).code, kDone) << name;
+  }
+  const Outcome empty = Lumira({"init", ""});
+  std::filesystem::current_path(before);
+  EXPECT_EQ(empty.code, kRefused);
+  EXPECT_EQ(empty.out, "");
+  EXPECT_THAT(empty.errors, HasSubstr("a file name expected"));
+}
+
+TEST_F(CommandLine, RefusesAFolderAsATableAsItRefusesAWrongOne) {
+  Lumira({"init", file});
+  const Outcome imported = Lumira({"import", file, "--mass", folder});
+  EXPECT_EQ(imported.code, kRefused);
+  EXPECT_EQ(imported.errors, "lumira: " + folder + ": is not a file\n");
+}
+
+TEST_F(CommandLine, PrintsTheProductsThatCanBeReadAndSaysWhatIsWrongWithTheOthers) {
+  const std::string mass = folder + "/two.csv";
+  std::ofstream(mass) << "part,parent,mass [kg]\nz,,\na,z,1\n";
+  const std::string damages[] = {
+      "UPDATE roots SET part = CAST(x'ff' AS TEXT) WHERE part = 'RNA'",
+      "UPDATE parts SET name = CAST(x'ff' AS TEXT) WHERE part = 'RNA'",
+      "DELETE FROM roots WHERE part = 'RNA'",
+      "UPDATE roots SET part = 'nobody' WHERE part = 'RNA'",
+      "UPDATE parts SET name = CAST(x'ff' AS TEXT) WHERE part = 'generator'",
+  };
+  for (const std::string& damage : damages) {
+    std::filesystem::remove(file);
+    Lumira({"init", file});
+    ImportSample();
+    ASSERT_EQ(Lumira({"import", file, "--mass", mass}).code, kDone);
+    SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
+    const Outcome tree = Lumira({"tree", file});
+    EXPECT_EQ(tree.code, kStorage) << damage;
+    EXPECT_THAT(tree.errors, HasSubstr("database \"" + file + "\": the file is damaged")) << damage;
+    EXPECT_THAT(tree.out, HasSubstr("Product \"z\"\n  z\n    a  1 kg\n")) << damage;
+  }
+  for (const char* table : {"results", "instances"}) {
+    std::filesystem::remove(file);
+    Lumira({"init", file});
+    ImportSample();
+    SQLite::Database database(file, SQLite::OPEN_READWRITE);
+    database.exec("DROP TABLE " + std::string(table));
+    const Outcome tree = Lumira({"tree", file});
+    EXPECT_EQ(tree.code, kStorage) << table;
+    EXPECT_THAT(tree.errors, HasSubstr("no such table: " + std::string(table))) << table;
+  }
 }
 
 TEST_F(CommandLine, ReportsEveryErrorOfATable) {

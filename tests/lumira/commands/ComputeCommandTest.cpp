@@ -101,6 +101,27 @@ TEST_F(ComputeCommand, RefusesSumsThatOverflowAndStoresNothing) {
   EXPECT_EQ(PartDataOf("top").massTypes[0].status, MassTypeStatus::Undefined);
 }
 
+TEST_F(ComputeCommand, RefusesLimitsOfTheMassThatOverflowAndStoresNothing) {
+  Import("parent,child\ntop,a\ntop,b\n",
+         "part,mass [kg],lower deviation [kg],upper deviation [kg]\na,1,0,1e308\nb,1,0,1e308\n");
+  const auto reply = server->Execute("WBComputeNymValues", "1|top|");
+  ASSERT_FALSE(reply.Ok()) << reply.Value();
+  EXPECT_EQ(reply.Failure().kind, protocol::ErrorKind::BadValue);
+  EXPECT_NE(reply.Failure().message.find("too large to be computed"), std::string::npos);
+  EXPECT_TRUE(store->LoadResults("top").Value().empty());
+  EXPECT_EQ(Compute("a").upperDeviation, 1e308);
+}
+
+TEST_F(ComputeCommand, RefusesStandardDeviationsThatOverflowAsValuesNotAsStorage) {
+  Import("parent,child\ntop,a\ntop,b\n",
+         "part,mass [kg],cg x [m],cg y [m],cg z [m],sd mass [kg]\na,1,0,0,0,1e155\nb,1,1,0,0,1e155\n");
+  const auto reply = server->Execute("WBComputeNymValues", "1|top|");
+  ASSERT_FALSE(reply.Ok()) << reply.Value();
+  EXPECT_EQ(reply.Failure().kind, protocol::ErrorKind::BadValue);
+  EXPECT_EQ(reply.Failure().message,
+            "part \"top\": 2 parts add up to numbers that are too large to be computed");
+}
+
 TEST_F(ComputeCommand, FailsWhenTheResultCannotBeStored) {
   ImportBoxes();
   auto impatient = OpenSqliteStore(file, 0).Value();

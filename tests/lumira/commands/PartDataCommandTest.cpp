@@ -29,6 +29,16 @@ TEST_F(PartDataCommand, GivesTheRootPartWhenOnlyTheProductIsNamed) {
   EXPECT_THAT(data.placement, ElementsAre(1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0));
 }
 
+TEST_F(PartDataCommand, CallsOnlyValuesOfUsersPersisted) {
+  ImportBoxes();
+  protocol::ComputeRequest compute;
+  compute.partId = "top";
+  Run("WBComputeNymValues", protocol::WriteComputeRequest(compute));
+  const protocol::PartData data = PartData({.product = "top"});
+  EXPECT_TRUE(data.computed);
+  EXPECT_FALSE(data.persisted);
+}
+
 TEST_F(PartDataCommand, MultipliesThePlacementsOnTheWayDown) {
   Import("parent,child,instance,x [m],y [m],tilt z [deg]\ntop,arm,a,10,0,90\narm,tip,t,2,0,0\n",
          "part,mass [kg]\ntip,1\n");

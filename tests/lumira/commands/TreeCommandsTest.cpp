@@ -74,6 +74,57 @@ TEST_F(TreeCommands, ListAProductThatCannotBeOpenedBesideTheOthers) {
   EXPECT_EQ(Children({.partId = "other"}).nodes.size(), 1u);
 }
 
+struct Damage {
+  const char* done;
+  const char* undone;
+  std::vector<std::string> listed;
+  const char* problem;
+};
+
+TEST_F(TreeCommands, NameWhatCannotBeReadOfAProductAndListTheOthers) {
+  ImportBoxes();
+  Import("parent,child\nother,thing\n", "part,name\nthing,Thing\n");
+  ASSERT_TRUE(store->SaveFilter("top", {"Kit", {"left"}}).Ok());
+  Compute("top");
+  const Damage damages[] = {{"UPDATE roots SET part = CAST(x'ff' AS TEXT) WHERE part = 'top'",
+                             "UPDATE roots SET part = 'top' WHERE part <> 'other'",
+                             {"other", "top"},
+                             "(row product = \"1\", column part: \"\\xFF\" is not UTF-8)"},
+                            {"UPDATE filters SET name = CAST(x'ff' AS TEXT)",
+                             "UPDATE filters SET name = 'Kit'",
+                             {"other", "top"},
+                             "(row key = \"1\", column name: \"\\xFF\" is not UTF-8)"},
+                            {"UPDATE filter_instances SET instance = CAST(x'ff' AS TEXT)",
+                             "UPDATE filter_instances SET instance = 'left'",
+                             {"other", "top"},
+                             "(row filter = \"1\", column instance: \"\\xFF\" is not UTF-8)"},
+                            {"UPDATE results SET mass = 9e999",
+                             "UPDATE results SET mass = 36",
+                             {"other", "top"},
+                             "column mass: inf is not a finite number)"},
+                            {"UPDATE products SET product = CAST(x'ff' AS TEXT) WHERE product = 'top'",
+                             "UPDATE products SET product = 'top' WHERE product <> 'other'",
+                             {"other"},
+                             "(row key = \"1\", column product: \"\\xFF\" is not UTF-8)"}};
+  SQLite::Database database(file, SQLite::OPEN_READWRITE);
+  for (const Damage& damage : damages) {
+    database.exec(damage.done);
+    Restart();
+    const auto list = protocol::ReadProductList(Run("LumGetProducts"));
+    ASSERT_TRUE(list.Ok()) << damage.done << ": " << list.Failure().message;
+    EXPECT_EQ(ProductNames(), damage.listed) << damage.done;
+    ASSERT_EQ(list.Value().problems.size(), 1u) << damage.done;
+    EXPECT_THAT(list.Value().problems[0], testing::AllOf(testing::HasSubstr("database \"" + file + "\""),
+                                                         testing::HasSubstr(damage.problem)));
+    EXPECT_EQ(Children({.partId = "other"}).nodes.size(), 1u);
+    EXPECT_EQ(server->Execute("LumGetChildren", "ChildrenRequest/1|top|0|10|end").Ok(), false) << damage.done;
+    database.exec(damage.undone);
+  }
+  Restart();
+  EXPECT_TRUE(protocol::ReadProductList(Run("LumGetProducts")).Value().problems.empty());
+  EXPECT_EQ(Children({.partId = "top"}).nodes.size(), 2u);
+}
+
 TEST_F(TreeCommands, TellTheSameOfARootBeforeAndAfterItsProductIsRead) {
   ImportBoxes();
   Compute("top");

@@ -84,6 +84,18 @@ TEST(Warnings, SumsThatOverflowAreTold) {
   EXPECT_THAT(WarningsOf(product), ElementsAre(Warning{WarningKind::NotFinite, 2.0, 0.0, {}}));
 }
 
+TEST(Warnings, LimitsOfTheMassThatOverflowAreTold) {
+  const auto product = Under({Weighed("a", {1.0, Vec3{}, kUnit}, {}, MassBounds{0, 1e308}),
+                              Weighed("b", {1.0, Vec3{}, kUnit}, {}, MassBounds{0, 1e308})});
+  EXPECT_THAT(WarningsOf(product), ElementsAre(Warning{WarningKind::NotFinite, 2.0, 0.0, {}}));
+}
+
+TEST(Warnings, DeviationsThatOverflowAreTold) {
+  const auto product = Under({Weighed("a", {1.0, Vec3{}, kUnit}, {1e155, {}, {}}),
+                              Weighed("b", {1.0, Vec3{}, kUnit}, {1e155, {}, {}})});
+  EXPECT_THAT(WarningsOf(product), ElementsAre(Warning{WarningKind::NotFinite, 2.0, 0.0, {}}));
+}
+
 TEST(Warnings, APartByItselfIsWarnedAboutToo) {
   EXPECT_THAT(WarningsOf(Under({Plain("a")}), "a"),
               ElementsAre(Warning{WarningKind::WithoutMass, 1.0, 0.0, {"a"}}));

@@ -71,19 +71,19 @@ TEST(CsvTable, RefusesNothing) {
 
 TEST(CsvTable, RefusesRowsOfAnotherLengthEach) {
   EXPECT_EQ(Refusal("a,b\n1\n1,2\n1,2,3\n"),
-            "t.csv, line 2: the row has 1 cells, the header has 2\n"
-            "t.csv, line 4: the row has 3 cells, the header has 2");
+            "t.csv, line 2, column 2 (b): the row has 1 cells, the header has 2\n"
+            "t.csv, line 4, column 3: the row has 3 cells, the header has 2");
 }
 
 TEST(CsvTable, RefusesAQuoteThatIsNotClosedWhereItOpens) {
   EXPECT_EQ(Refusal("a\n1\n\"2\n3\n"),
-            "t.csv, line 3: a quoted cell that begins in this row is not closed before the "
+            "t.csv, line 3, column 1 (a): a quoted cell that begins in this row is not closed before the "
             "file ends");
 }
 
 TEST(CsvTable, RefusesAQuoteInsideACell) {
   EXPECT_EQ(Refusal("a\n1\n5\"\n"),
-            "t.csv, line 3: a quote stands inside a cell that does not begin with one, or text "
+            "t.csv, line 3, column 1 (a): a quote stands inside a cell that does not begin with one, or text "
             "follows a closing quote");
 }
 
@@ -98,9 +98,24 @@ TEST(CsvTable, RefusesWhatIsAboveTheLimits) {
   const TableLimits limits{.bytes = 30, .rows = 2, .columns = 3, .cellBytes = 5};
   EXPECT_EQ(Refusal(std::string(31, 'x'), limits), "t.csv: has 31 bytes, the limit is 30");
   EXPECT_EQ(Refusal("a\n1\n2\n3\n", limits), "t.csv, line 4: more than 2 rows");
-  EXPECT_EQ(Refusal("a,b,c,d\n", limits), "t.csv, line 1: more than 3 columns");
-  EXPECT_EQ(Refusal("a\nabcdef\n", limits), "t.csv, line 2: cell 1 has 6 bytes, the limit is 5");
+  EXPECT_EQ(Refusal("a,b,c,d\n", limits), "t.csv, line 1, column 4: more than 3 columns");
+  EXPECT_EQ(Refusal("a\nabcdef\n", limits),
+            "t.csv, line 2, column 1 (a): the cell has 6 bytes, the limit is 5");
   EXPECT_EQ(Refusal("a,b,c\n1,2,3\n4,5,abcde\n", limits), "read");
+}
+
+TEST(CsvTable, TellsHowManyBytesAreRead) {
+  constexpr std::size_t kMebibyte = 1'048'576;
+  const std::string text = "a\n" + std::string(kMebibyte, '\n') + "1\n";
+  std::vector<std::pair<std::size_t, std::size_t>> told;
+  ImportLog log;
+  CsvTable::Read({"t.csv", text}, {}, log,
+                 {"Reading", [&](std::string_view what, std::size_t done, std::size_t total) {
+                    EXPECT_EQ(what, "Reading");
+                    told.emplace_back(done, total);
+                  }});
+  EXPECT_EQ(told, (std::vector<std::pair<std::size_t, std::size_t>>{{0, kMebibyte + 4},
+                                                                    {kMebibyte, kMebibyte + 4}}));
 }
 
 TEST(CsvTable, SurvivesEveryTruncation) {

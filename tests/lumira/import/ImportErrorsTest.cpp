@@ -138,32 +138,33 @@ TEST(ImportErrors, OfQuantities) {
 
 TEST(ImportErrors, OfCyclesNameTheChainOfParts) {
   EXPECT_EQ(StructureErrors("parent,child\ntop,a\na,b\nb,a\n"),
-            "s.csv, line 4: part \"a\" would contain itself: a > b > a");
-  EXPECT_EQ(StructureErrors("parent,child\na,a\n"), "s.csv, line 2: part \"a\" would contain itself: a > a");
+            "s.csv, line 4, column 2 (child): part \"a\" would contain itself: a > b > a");
+  EXPECT_EQ(StructureErrors("parent,child\na,a\n"),
+            "s.csv, line 2, column 2 (child): part \"a\" would contain itself: a > a");
 }
 
 TEST(ImportErrors, OfSeveralTops) {
   EXPECT_EQ(StructureErrors("parent,child\ntop,a\nother,a\n"),
-            "s.csv: a product has one top part, here are 2: \"top\", \"other\"");
+            "s.csv, line 3, column 1 (parent): a product has one top part, here are 2: \"top\", \"other\"");
 }
 
 TEST(ImportErrors, OfPartsThatTheStructureDoesNotHave) {
   EXPECT_EQ(MassErrors("part,mass [kg]\na,1\nbedplat,2\n"),
-            "m.csv, line 3: part \"bedplat\" is not in the structure");
+            "m.csv, line 3, column 1 (part): part \"bedplat\" is not in the structure");
 }
 
 constexpr char kCoefficients[] = "parent,child,r11,r12,r13,r21,r22,r23,r31,r32,r33,tilt y [deg]\n";
 
 TEST(ImportErrors, OfAPlacementThatIsNoRotation) {
   const std::string table = kCoefficients;
-  EXPECT_EQ(
-      StructureErrors(table + "top,a,1,0,0,0,1,0,0,0,1.5,\n"),
-      "s.csv, line 2: r11 to r33 are no rotation: the axes are off orthonormal by 1.25, the limit is 1e-06");
+  EXPECT_EQ(StructureErrors(table + "top,a,1,0,0,0,1,0,0,0,1.5,\n"),
+            "s.csv, line 2, column 3 (r11): r11 to r33 are no rotation: the axes are off orthonormal by "
+            "1.25, the limit is 1e-06");
   EXPECT_EQ(StructureErrors(table + "top,a,1,0,0,0,1,0,0,0,-1,\n"),
-            "s.csv, line 2: r11 to r33 are no rotation but a mirror (determinant -1)");
-  EXPECT_EQ(
-      StructureErrors(table + "top,a,0,0,0,0,0,0,0,0,0,\n"),
-      "s.csv, line 2: r11 to r33 are no rotation: the axes are off orthonormal by 1, the limit is 1e-06");
+            "s.csv, line 2, column 3 (r11): r11 to r33 are no rotation but a mirror (determinant -1)");
+  EXPECT_EQ(StructureErrors(table + "top,a,0,0,0,0,0,0,0,0,0,\n"),
+            "s.csv, line 2, column 3 (r11): r11 to r33 are no rotation: the axes are off orthonormal by 1, "
+            "the limit is 1e-06");
   EXPECT_EQ(StructureErrors(table + "top,a,1,0,0,0,1,0,0,0,nan,\n"),
             "s.csv, line 2, column 11 (r33): \"nan\" is not a finite number");
 }
@@ -171,18 +172,20 @@ TEST(ImportErrors, OfAPlacementThatIsNoRotation) {
 TEST(ImportErrors, OfARotationThatIsGivenTwiceOrInPart) {
   const std::string table = kCoefficients;
   EXPECT_EQ(StructureErrors(table + "top,a,1,0,0,0,1,0,0,0,1,6\n"),
-            "s.csv, line 2: the rotation is given twice, by r11 to r33 and by tilts");
+            "s.csv, line 2, column 3 (r11): the rotation is given twice, by r11 to r33 and by tilts");
   EXPECT_EQ(StructureErrors(table + "top,a,1,0,0,,,,,,,\n"),
-            "s.csv, line 2: only 3 of the nine coefficients r11 to r33 are given");
+            "s.csv, line 2, column 3 (r11): only 3 of the nine coefficients r11 to r33 are given");
 }
 
 TEST(ImportErrors, OfACentreOrInertiaThatIsGivenInPart) {
-  EXPECT_EQ(MassErrors("part,mass [kg],cg x [m],cg z [m]\na,1,1,2\n"),
-            "m.csv, line 2: only 2 of the 3 numbers of the centre (from cg x on) are given");
+  EXPECT_EQ(
+      MassErrors("part,mass [kg],cg x [m],cg z [m]\na,1,1,2\n"),
+      "m.csv, line 2, column 3 (cg x [m]): only 2 of the 3 numbers of the centre (from cg x on) are given");
   EXPECT_EQ(MassErrors("part,mass [kg],ixx [kg m2]\na,1,1\n"),
-            "m.csv, line 2: only 1 of the 3 numbers of the moments of inertia (from ixx on) are given");
+            "m.csv, line 2, column 3 (ixx [kg m2]): only 1 of the 3 numbers of the moments of inertia (from "
+            "ixx on) are given");
   EXPECT_EQ(MassErrors("part,ixy [kg m2],products\na,1,-\n"),
-            "m.csv, line 2: there are products of inertia without moments");
+            "m.csv, line 2, column 2 (ixy [kg m2]): there are products of inertia without moments");
 }
 
 TEST(ImportErrors, OfProductsWithoutTheirSign) {
@@ -201,7 +204,7 @@ TEST(ImportErrors, OfProductsWithoutTheirSign) {
 
 TEST(ImportErrors, OfInertiaAboutTheOriginWithoutMassOrCentre) {
   EXPECT_EQ(MassErrors("part,ixx [kg m2],iyy [kg m2],izz [kg m2],inertia about\na,1,1,1,origin\n"),
-            "m.csv, line 2: inertia about the origin needs mass and cg");
+            "m.csv, line 2, column 5 (inertia about): inertia about the origin needs mass and cg");
 }
 
 TEST(ImportErrors, OfDeviationsThatAreNegativeOrInOtherAxes) {
@@ -213,13 +216,14 @@ TEST(ImportErrors, OfDeviationsThatAreNegativeOrInOtherAxes) {
   EXPECT_EQ(
       MassErrors("part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],sd ixx [kg m2],inertia tilt y [deg]\n"
                  "a,1,1,1,1,0.1,6\n"),
-      "m.csv, line 2: standard deviations of inertia can only be given with inertia about the cg in part "
+      "m.csv, line 2, column 6 (sd ixx [kg m2]): standard deviations of inertia can only be given with "
+      "inertia about the cg in part "
       "axes");
 }
 
 TEST(ImportErrors, OfMassTypes) {
   EXPECT_EQ(MassErrors("part,mass type,mass [kg]\na,Weighed,1\na,Weighed,2\n"),
-            "m.csv, line 3: part \"a\" has the mass type \"Weighed\" twice");
+            "m.csv, line 3, column 2 (mass type): part \"a\" has the mass type \"Weighed\" twice");
   EXPECT_EQ(
       MassErrors("part,mass type,mass [kg]\na,Computed,1\n"),
       "m.csv, line 2, column 2 (mass type): \"Computed\" is filled by the server and cannot be imported");
@@ -240,6 +244,48 @@ TEST(ImportErrors, OfNegativeDensitiesAndVolumes) {
   EXPECT_EQ(MassErrors("part,density [kg/m3],volume [m3]\na,-1,-2\n"),
             "m.csv, line 2, column 2 (density [kg/m3]): a density may not be negative\n"
             "m.csv, line 2, column 3 (volume [m3]): a volume may not be negative");
+}
+
+TEST(ImportErrors, OfInertiaThatIsTooLargeAboutTheCentre) {
+  const std::string columns =
+      "part,mass [kg],cg x [m],cg y [m],cg z [m],ixx [kg m2],iyy [kg m2],izz [kg m2],iyz [kg m2],products,"
+      "inertia about,inertia tilt x [deg]\n";
+  const std::string refusal =
+      "m.csv, line 2, column 6 (ixx [kg m2]): the inertia about the cg in part axes is too large to be "
+      "computed";
+  EXPECT_EQ(MassErrors(columns + "a,1,1e200,0,0,1,1,1,,,origin,\n"), refusal) << "1 kg at 1e200 m";
+  EXPECT_EQ(MassErrors(columns + "a,1,0,0,0,1,1.7e308,1.7e308,1.7e308,-,cg,45\n"), refusal)
+      << "a product turned into a moment";
+  EXPECT_EQ(MassErrors(columns + "a,1,1e150,0,0,1,1,1,,,origin,\n"), "imported");
+}
+
+TEST(ImportErrors, OfShapesThatAreTooLargeWithTheirDensityWhateverRowSaysIt) {
+  EXPECT_EQ(MassErrors("part,density [kg/m3],volume [m3]\na,1e200,1e200\n"),
+            "m.csv, line 2, column 3 (volume [m3]): volume times density is too large to be computed");
+  EXPECT_EQ(MassErrors("part,mass type,density [kg/m3],volume [m3],mass [kg]\na,A,,1e200,1\na,B,1e200,,1\n"),
+            "m.csv, line 2, column 4 (volume [m3]): volume times density is too large to be computed");
+  EXPECT_EQ(
+      MassErrors("part,cad density [kg/m3],volume [m3],centroid x [m],centroid y [m],centroid z [m],"
+                 "shape ixx [m5],shape iyy [m5],shape izz [m5]\na,1e200,1,0,0,0,1e200,1e200,1e200\n"),
+      "m.csv, line 2, column 7 (shape ixx [m5]): the inertia of the shape times density is too large to be "
+      "computed");
+}
+
+TEST(ImportErrors, OfAPartAreToldOnceWhenOneTableHoldsEverything) {
+  const auto errors = [](const std::string& table) {
+    return ReadProductTables({std::nullopt, {"m.csv", table}}, {}).Failure().message;
+  };
+  EXPECT_EQ(errors("part,parent\ntop,\na|b,top\n"),
+            "m.csv, line 3, column 1 (part): \"a|b\" holds \"|\", which an identifier may not");
+  EXPECT_EQ(errors("part [kg],parent\ntop,\na,top\n"),
+            "m.csv, line 1, column 1 (part [kg]): this column has no unit, \"kg\" found");
+  EXPECT_EQ(errors("part,part,parent\ntop,,\na,,top\n"),
+            "m.csv, line 1, column 2 (part): there is a column of this name already");
+}
+
+TEST(ImportErrors, OfAChoiceAreToldOnce) {
+  EXPECT_EQ(MassErrors("part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],inertia about\na,1,1,1,1,tip\n"),
+            "m.csv, line 2, column 6 (inertia about): \"tip\" is none of \"cg\", \"origin\"");
 }
 
 class ImportIntoStore : public testing::Test {
@@ -280,13 +326,15 @@ TEST_F(ImportIntoStore, WritesNothingInADryRun) {
   EXPECT_TRUE(store->Products().Value().empty());
 }
 
+constexpr char kBothTaken[] =
+    "s.csv, line 2, column 1 (parent): part \"top\" belongs to product \"top\" already\n"
+    "s.csv, line 2, column 2 (child): part \"a\" belongs to product \"top\" already";
+
 TEST_F(ImportIntoStore, RefusesInADryRunWhatItWouldRefuseToWrite) {
   ASSERT_TRUE(Import({}).Ok());
   EXPECT_EQ(Import({.mode = ImportMode::DryRun}).Failure().message, "product \"top\" exists already");
-  EXPECT_EQ(Import({.product = "Second", .mode = ImportMode::DryRun}).Failure().message,
-            "part \"top\" belongs to product \"top\" already");
-  EXPECT_EQ(Import({.product = "Second"}).Failure().message,
-            "part \"top\" belongs to product \"top\" already");
+  EXPECT_EQ(Import({.product = "Second", .mode = ImportMode::DryRun}).Failure().message, kBothTaken);
+  EXPECT_EQ(Import({.product = "Second"}).Failure().message, kBothTaken);
   EXPECT_TRUE(Import({.existing = Existing::Replace, .mode = ImportMode::DryRun}).Ok());
 }
 
@@ -296,7 +344,8 @@ TEST_F(ImportIntoStore, RefusesAStructureThatIsTooDeepInADryRunAsWell) {
   const ImportTables tables{TableSource{"s.csv", structure}, TableSource{"m.csv", "part\np0\n"}};
   for (const ImportMode mode : {ImportMode::DryRun, ImportMode::Write})
     EXPECT_EQ(ImportProduct(*store, tables, {.mode = mode}).Failure().message,
-              "part \"p1001\" stands 1001 levels below the top, the limit is 1000");
+              "s.csv, line 1002, column 2 (child): part \"p1001\" stands 1001 levels below the top, the "
+              "limit is 1000");
 }
 
 TEST_F(ImportIntoStore, ReplacesAProductWhenAsked) {
@@ -319,6 +368,7 @@ TEST_F(ImportIntoStore, MakesAFailureOfAWantOfMemory) {
 TEST(TableFile, ThatIsNotThereOrTooLargeIsRefusedWithItsName) {
   EXPECT_EQ(ReadTableFile("/no/such.csv").Failure().message, "/no/such.csv: there is no such file");
   EXPECT_EQ(ReadTableFile("/").Failure().message, "/: is not a file");
+  EXPECT_EQ(ReadTableFile("/").Failure().kind, protocol::ErrorKind::BadValue);
   const std::string path = testing::TempDir() + "table-" + std::to_string(getpid()) + ".csv";
   std::ofstream(path) << "part\na\n";
   EXPECT_EQ(ReadTableFile(path).Value().text, "part\na\n");

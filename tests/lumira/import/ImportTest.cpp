@@ -203,7 +203,7 @@ TEST(Import, NamesWhatItLeavesOut) {
   EXPECT_THAT(imported.Value().report.leftOut,
               ElementsAre("s.csv, line 1, column 3 (remark): the column is not known", "s.csv: 1 blank rows",
                           "m.csv, line 1, column 3 (colour): the column is not known",
-                          "m.csv, line 3: part \"z\" is not in the structure"));
+                          "m.csv, line 3, column 1 (part): part \"z\" is not in the structure"));
 }
 
 TEST(Import, WarnsOfLeavesWithoutData) {
@@ -328,7 +328,8 @@ TEST(Import, TellsHowFarItIsInRows) {
       heard.push_back(std::string(what) + " " + std::to_string(done) + "/" + std::to_string(total));
   };
   ASSERT_TRUE(ReadTables("parent,child\ntop,a\n", mass, options).Ok());
-  EXPECT_THAT(heard, ElementsAre("Reading mass data 0/20000", "Reading mass data 16384/20000",
+  EXPECT_THAT(heard, ElementsAre("Reading the mass table 0/208915", "Reading mass data 0/20000",
+                                 "Reading mass data 16384/20000", "Reading the structure table 0/19",
                                  "Reading the structure 0/1"));
 }
 

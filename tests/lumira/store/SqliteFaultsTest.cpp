@@ -93,9 +93,9 @@ TEST_F(SqliteFaults, DatabaseOfAnotherProgramIsRefusedAndStaysAsItIs) {
 
 TEST_F(SqliteFaults, NewerVersionIsRefusedAndStaysAsItIs) {
   MakeStore();
-  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 3");
+  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 4");
   const std::string before = Content(file);
-  ExpectReason(OpeningFails(ErrorKind::Storage), "newer version (tables of version 3, this program knows 2)");
+  ExpectReason(OpeningFails(ErrorKind::Storage), "newer version (tables of version 4, this program knows 3)");
   EXPECT_EQ(Content(file), before);
 }
 
@@ -261,7 +261,17 @@ TEST_F(SqliteFaults, RowsThatWereNeverStoredAreRefusedByTheirKey) {
       {"UPDATE parts SET density_priority = 4294967296 WHERE part = 'leaf'", "4294967296 is neither 0 nor 1"},
       {"UPDATE parts SET density_priority = 0; UPDATE instances SET instance = CAST(x'c3' AS TEXT) WHERE key "
        "= 1",
-       "row key = \"1\", column instance: \"\\xC3\" is not UTF-8"}};
+       "row key = \"1\", column instance: \"\\xC3\" is not UTF-8"},
+      {"UPDATE instances SET instance = 'i1' WHERE key = 1; UPDATE instances SET t_y = 9e999 WHERE key = 2",
+       "row key = \"2\", column t_y: inf is not a finite number"},
+      {"UPDATE instances SET t_y = 0; UPDATE parts SET volume = -9e999 WHERE part = 'leaf'",
+       "row key = \"2\", column volume: -inf is not a finite number"},
+      {"UPDATE parts SET volume = 0, density = 9e999 WHERE part = 'leaf'",
+       "row key = \"2\", column density: inf is not a finite number"},
+      {"UPDATE parts SET density = 1, standard_part = 2 WHERE part = 'leaf'",
+       "row key = \"2\", column standard_part: 2 is neither 0 nor 1"},
+      {"UPDATE parts SET standard_part = 0; UPDATE roots SET part = CAST(x'ff' AS TEXT)",
+       "row product = \"1\", column part: \"\\xFF\" is not UTF-8"}};
   MakeStore();
   for (const auto& [damage, reason] : cases) {
     SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
@@ -270,6 +280,85 @@ TEST_F(SqliteFaults, RowsThatWereNeverStoredAreRefusedByTheirKey) {
     EXPECT_EQ(product.Failure().kind, ErrorKind::Storage);
     ExpectReason(product.Failure().message, reason);
   }
+}
+
+TEST_F(SqliteFaults, DetailsThatWereNeverStoredAreRefusedByTheirRow) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"UPDATE precisions SET precision_type = 5",
+       "the file is damaged (row position = \"0\", column precision_type: 5 is neither 0 nor 1)"},
+      {"UPDATE precisions SET precision_type = 0, value_type = -1",
+       "column value_type: -1 is neither 0 nor 1"},
+      {"UPDATE precisions SET value_type = 0, upper = 9e999", "column upper: inf is not a finite number"},
+      {"UPDATE precisions SET upper = 0; UPDATE part_details SET auto_mode = 7",
+       "row part = \"2\", column auto_mode: 7 is neither 0 nor 1"},
+      {"UPDATE part_details SET auto_mode = 0, documents_used = 2",
+       "column documents_used: 2 is neither 0 nor 1"},
+      {"UPDATE part_details SET documents_used = 0, reference_density = 9e999",
+       "column reference_density: inf is not a finite number"},
+      {"UPDATE part_details SET reference_density = NULL; UPDATE properties SET type = 4294967296",
+       "column type: 4294967296 is not an integer from -2147483648 to 2147483647"}};
+  MakeStore();
+  ASSERT_TRUE(OpenSqliteStore(file)
+                  .Value()
+                  ->SaveDetails("leaf", {.precisions = {{"Weighed", 1, 1, 0, 0, 0, 0}},
+                                         .appliedOn = {},
+                                         .referenceMaterial = {},
+                                         .referenceDensity = 1,
+                                         .documents = {},
+                                         .propertiesRequested = false,
+                                         .dateFormat = {},
+                                         .properties = {{"colour", "red", 2, false, false, ""}}})
+                  .Ok());
+  for (const auto& [damage, reason] : cases) {
+    SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
+    const auto details = OpenSqliteStore(file).Value()->LoadDetails("leaf");
+    ASSERT_FALSE(details.Ok()) << reason;
+    EXPECT_EQ(details.Failure().kind, ErrorKind::Storage);
+    ExpectReason(details.Failure().message, reason);
+  }
+}
+
+TEST_F(SqliteFaults, ProductThatCannotBeToldDoesNotHideTheOthers) {
+  MakeStore();
+  Part other;
+  other.id = "other root";
+  ASSERT_TRUE(OpenSqliteStore(file)
+                  .Value()
+                  ->AddProduct({"Another", {other}, {}, {"other root"}}, Existing::Refuse)
+                  .Ok());
+  SQLite::Database(file, SQLite::OPEN_READWRITE)
+      .exec("UPDATE products SET product = CAST(x'ff' AS TEXT) WHERE product = 'PRC'");
+  const auto products = OpenSqliteStore(file).Value()->Products();
+  ASSERT_TRUE(products.Ok()) << products.Failure().message;
+  ASSERT_EQ(products.Value().size(), 2u);
+  EXPECT_EQ(products.Value()[0].id, "Another");
+  EXPECT_FALSE(products.Value()[0].damage.has_value());
+  EXPECT_EQ(products.Value()[1].id, "");
+  ASSERT_TRUE(products.Value()[1].damage.has_value());
+  EXPECT_EQ(products.Value()[1].damage->kind, ErrorKind::Storage);
+  ExpectReason(
+      products.Value()[1].damage->message,
+      "\"" + file + "\": the file is damaged (row key = \"1\", column product: \"\\xFF\" is not UTF-8)");
+}
+
+TEST_F(SqliteFaults, NamesThatMeanNoFileToSqliteAreFilesAllTheSame) {
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(folder.File(""));
+  for (const char* name : {":memory:", "file:foo?mode=memory", "file:bar.lumira"}) {
+    const auto made = CreateSqliteStore(name);
+    EXPECT_TRUE(made.Ok()) << name;
+    EXPECT_TRUE(std::filesystem::exists(name)) << name;
+    EXPECT_TRUE(OpenSqliteStore(name).Ok()) << name;
+    EXPECT_FALSE(CreateSqliteStore(name).Ok()) << name;
+  }
+  std::filesystem::current_path(before);
+}
+
+TEST_F(SqliteFaults, EmptyNameIsRefused) {
+  const auto made = CreateSqliteStore("");
+  ASSERT_FALSE(made.Ok());
+  EXPECT_EQ(made.Failure().kind, ErrorKind::BadValue);
+  EXPECT_EQ(made.Failure().message, "database \"\": a file name expected");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <limits>
 
 #include "StoreContract.h"
 #include "lumira/store/OpenSqliteStore.h"
@@ -151,6 +152,91 @@ TEST_P(StoreContract, TellsHowManyRowsOfAProductAreRead) {
   EXPECT_THAT(told, testing::ElementsAre(std::pair{5u, 5u}));  // three parts and two instances
 }
 
+TEST_P(StoreContract, TellsHowManyRowsOfAProductAreWritten) {
+  std::vector<std::pair<std::size_t, std::size_t>> told;
+  const auto listen = [&](std::string_view what, std::size_t done, std::size_t total) {
+    EXPECT_EQ(what, "Writing the product");
+    told.emplace_back(done, total);
+  };
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse, listen).Ok());
+  EXPECT_THAT(told, testing::ElementsAre(std::pair{5u, 5u}));  // three parts and two instances
+}
+
+TEST_P(StoreContract, RefusesProductsThatCouldNotBeComputed) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  Product shape = SampleProduct();
+  shape.parts[1].activeMassType = "Computed";
+  shape.parts[1].geometry->volume = shape.parts[1].density.emplace(1e200);
+  Product idle = SampleProduct();
+  idle.parts[1].massTypes[1].properties.mass = kInfinity;
+  Product loose = SampleProduct();
+  loose.parts[1].massTypes[1].properties = {{}, Vec3{0, -kInfinity, 0}, {}};
+  Product mirrored = SampleProduct();
+  mirrored.instances[0].placement.rotation.m[0] *= -1;
+  Product rootless = SampleProduct();
+  rootless.roots.clear();
+  Product unknown = SampleProduct();
+  unknown.instances[0].child = "nobody";
+  for (const Product& refused : {shape, idle, loose, mirrored, rootless, unknown}) {
+    const auto added = store->AddProduct(refused, Existing::Refuse);
+    ASSERT_FALSE(added.Ok());
+    EXPECT_NE(added.Failure().kind, ErrorKind::Storage) << added.Failure().message;
+  }
+  Product cycle = SampleProduct();
+  cycle.instances.push_back({"i3", "leaf", "root", 1, {}});
+  EXPECT_EQ(store->AddProduct(cycle, Existing::Refuse).Failure().kind, ErrorKind::Conflict);
+  EXPECT_TRUE(store->Products().Value().empty());
+}
+
+TEST_P(StoreContract, RefusesNumbersThatItCouldNotGiveBack) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  Part part = SampleProduct().parts[1];
+  part.cadDensity = kInfinity;
+  EXPECT_EQ(store->UpdatePart(part).Failure().kind, ErrorKind::BadValue);
+  for (const double bad : {kInfinity, kNoNumber}) {
+    StoredResult result{"leaf", "f", {}};
+    result.computed.deviations.cg.x = bad;
+    EXPECT_EQ(store->SaveResults({result}).Failure().kind, ErrorKind::BadValue);
+  }
+  PartDetails details;
+  details.precisions = {{"Weighed", 2, 0, 0, 0, 0, 0}};
+  EXPECT_EQ(store->SaveDetails("leaf", details).Failure().message,
+            "column precision_type: 2 is neither 0 nor 1");
+  EXPECT_EQ(Sorted(Reopened().LoadProduct("PRC").Value()), Sorted(SampleProduct()));
+  EXPECT_TRUE(store->LoadResults("PRC").Value().empty());
+  EXPECT_TRUE(store->LoadDetails("leaf").Value().precisions.empty());
+}
+
+TEST_P(StoreContract, NamesEveryPartThatAnotherProductHas) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  Product second = SampleProduct();
+  second.id = "Second";
+  second.parts[0].id = "own";
+  const auto owners = store->OtherOwners(second).Value();
+  ASSERT_EQ(owners.size(), 2u);
+  EXPECT_EQ(owners[0].part + " " + owners[0].product, "leaf PRC");
+  EXPECT_EQ(owners[1].part + " " + owners[1].product, "bare PRC");
+  EXPECT_TRUE(store->OtherOwners(SampleProduct()).Value().empty()) << "its own are not in the way";
+}
+
+TEST_P(StoreContract, CountsHowOftenResultsAreSavedInTheProductsConcerned) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  Part other;
+  other.id = "other root";
+  ASSERT_TRUE(store->AddProduct({"Another", {other}, {}, {"other root"}}, Existing::Refuse).Ok());
+  const auto states = [&] {
+    const auto products = store->Products().Value();
+    return std::pair(products[0].resultState, products[1].resultState);
+  };
+  EXPECT_EQ(states(), std::pair(0l, 0l));
+  ASSERT_TRUE(store->SaveResults({{"leaf", "f", {}}, {"bare", "f", {}}}).Ok());
+  EXPECT_EQ(states(), std::pair(0l, 1l));
+  ASSERT_TRUE(store->SaveResults({{"leaf", "f", {}}, {"other root", "f", {}}}).Ok());
+  EXPECT_EQ(states(), std::pair(1l, 2l));
+}
+
 TEST_P(StoreContract, ShortensAndEscapesWhatItCannotFind) {
   EXPECT_EQ(store->ProductOfPart("a\nb").Failure().message, "there is no part \"a\\x0Ab\"");
   EXPECT_LT(store->ProductOfPart(std::string(100'000, 'x')).Failure().message.size(), 100u);
@@ -168,7 +254,8 @@ TEST_P(StoreContract, RefusesAPartOfAnotherProductAndKeepsNothing) {
   ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
   Product second = SampleProduct();
   second.id = "Second";
-  second.parts[0].id = "own";
+  second.parts[0].id = second.roots[0] = "own";
+  for (Instance& instance : second.instances) instance.parent = "own";
   const auto added = store->AddProduct(second, Existing::Refuse);
   ASSERT_FALSE(added.Ok());
   EXPECT_EQ(added.Failure().kind, ErrorKind::Conflict);
@@ -196,8 +283,8 @@ TEST_P(StoreContract, KeepsAReplacedProductWhenTheNewOneIsRefused) {
   other.id = "taken";
   ASSERT_TRUE(store->AddProduct({"Another", {other}, {}, {"taken"}}, Existing::Refuse).Ok());
   Product clash = SampleProduct();
-  clash.parts[2].id = "taken";
-  EXPECT_FALSE(store->AddProduct(clash, Existing::Replace).Ok());
+  clash.parts[2].id = clash.instances[1].child = "taken";
+  EXPECT_EQ(store->AddProduct(clash, Existing::Replace).Failure().kind, ErrorKind::Conflict);
   EXPECT_EQ(Sorted(Reopened().LoadProduct("PRC").Value()), Sorted(SampleProduct()));
 }
 
