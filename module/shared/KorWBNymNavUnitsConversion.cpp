@@ -54,6 +54,11 @@ KorWBNymNavUnitsConversion::KorWBNymNavUnitsConversion() {
   }
 }
 
+KorWBNymNavUnitsConversion::KorWBNymNavUnitsConversion(const KorWBNymNavUnitsConversion&) = default;
+KorWBNymNavUnitsConversion& KorWBNymNavUnitsConversion::operator=(const KorWBNymNavUnitsConversion&) =
+    default;
+KorWBNymNavUnitsConversion::~KorWBNymNavUnitsConversion() = default;
+
 const char* KorWBNymNavUnitsConversion::GetChangedEvent(int type) {
   const Quantity* quantity = QuantityOf(type);
   return quantity ? quantity->changedEvent : nullptr;

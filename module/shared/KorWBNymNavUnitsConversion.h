@@ -25,9 +25,10 @@ class ExportedByKorWBNymNavGUI KorWBNymNavUnitsConversion : public KorEventSubsc
  public:
   using Handles = std::vector<KorBaseUnknown_var>;
 
-  KorWBNymNavUnitsConversion(const KorWBNymNavUnitsConversion&) = default;
-  KorWBNymNavUnitsConversion& operator=(const KorWBNymNavUnitsConversion&) = default;
-  ~KorWBNymNavUnitsConversion() override = default;
+  // Not inline: the module exports them.
+  KorWBNymNavUnitsConversion(const KorWBNymNavUnitsConversion&);
+  KorWBNymNavUnitsConversion& operator=(const KorWBNymNavUnitsConversion&);
+  ~KorWBNymNavUnitsConversion() override;
 
   static KorWBNymNavUnitsConversion* Instance() { return &_sManager; }
 

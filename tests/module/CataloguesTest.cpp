@@ -1,9 +1,9 @@
 #include <filesystem>
-#include <map>
 #include <set>
 
 #include "framework/dialog/KorMsgCatalog.h"
 #include "module/filter_panel/KorWBNymNavFilterPanel.h"
+#include "tests/module/CatalogueChecks.h"
 #include "tests/module/PanelTest.h"
 #include "tests/support/ShownText.h"
 #include "tests/support/TemporaryCatalogues.h"
@@ -25,36 +25,6 @@ constexpr const char* kMessages[] = {"ServerError.Title",
                                      "NoDocsFoundMessage",
                                      "WB_ComputePart100"};
 
-bool IsBlankOnPurpose(const KorDlgObject& widget) {
-  // Spacers of the two rows of buttons and of the mass-types page.
-  const std::string parent = widget.Parent()->Name();
-  const std::set<std::string> pads = {"Label252", "Label251", "Label247", "ActiveDocsPad1"};
-  return widget.Kind() == KorDlgKind::Label &&
-         (pads.contains(widget.Name()) || (parent == "Frame231" && widget.GetTitle().Strip().IsEmpty()));
-}
-
-bool ShowsATitle(const KorDlgObject& widget) {
-  switch (widget.Kind()) {
-    case KorDlgKind::Label:
-    case KorDlgKind::RadioButton:
-    case KorDlgKind::CheckButton:
-    case KorDlgKind::PushButton:
-      return !IsBlankOnPurpose(widget);
-    case KorDlgKind::TabPage:
-      return true;
-    case KorDlgKind::Frame:
-      return widget.Style() == KorDlgStyle::kTitledFrame;
-    default:
-      return false;
-  }
-}
-
-bool NeedsHelp(const KorDlgObject& widget) {
-  const KorDlgKind kind = widget.Kind();
-  if (kind == KorDlgKind::TabContainer || kind == KorDlgKind::Frame) return ShowsATitle(widget);
-  return !IsBlankOnPurpose(widget);
-}
-
 class Catalogues : public PanelTest {
  protected:
   Catalogues() {
@@ -64,33 +34,15 @@ class Catalogues : public PanelTest {
     part.hasInstance = false;
     Open(part);
   }
-  template <class Visit>
-  static void ForEach(const KorDlgObject& parent, Visit visit) {
-    for (const auto& child : parent.Children()) {
-      visit(*child);
-      ForEach(*child, visit);
-    }
-  }
   ~Catalogues() override { KorMsgCatalog::SetLanguage("en"); }
 
-  using Texts = std::map<KorString, KorUnicodeString, std::less<>>;
-  static Texts TextsOf(const KorString& language, const std::string& catalogue) {
-    std::vector<KorUnicodeString> problems;
-    Texts texts = KorMsgCatalog::ReadFile(
-        KorMsgCatalog::GetFolder() + "/" + language + "/" + catalogue + ".txt", problems);
-    EXPECT_TRUE(problems.empty()) << problems.front();
-    return texts;
-  }
-  static std::set<std::string> KeysOf(const KorString& language, const std::string& catalogue) {
-    std::set<std::string> keys;
-    for (const auto& [key, text] : TextsOf(language, catalogue)) keys.insert(key);
-    return keys;
-  }
   /// Names of the catalogues of the module and its services.
   static std::set<std::string> NamesIn(const KorString& language) {
     std::set<std::string> names;
     for (const auto& file : std::filesystem::directory_iterator(KorMsgCatalog::GetFolder() + "/" + language))
-      if (const std::string name = file.path().stem().string(); name.starts_with("KorWB")) names.insert(name);
+      if (const std::string name = file.path().stem().string();
+          name.starts_with("KorWB") || name.starts_with("KorIWB"))
+        names.insert(name);
     return names;
   }
   void Speak(const KorString& language) {
@@ -100,7 +52,7 @@ class Catalogues : public PanelTest {
 };
 
 TEST_F(Catalogues, EveryWidgetThatShowsATitleHasOne) {
-  ForEach(Panel(), [](const KorDlgObject& widget) {
+  ForEachBelow(Panel(), [](const KorDlgObject& widget) {
     EXPECT_TRUE(!ShowsATitle(widget) || !widget.GetTitle().Strip().IsEmpty()) << FullName(widget);
   });
   EXPECT_FALSE(Panel().GetTitle().IsEmpty());
@@ -109,8 +61,8 @@ TEST_F(Catalogues, EveryWidgetThatShowsATitleHasOne) {
 TEST_F(Catalogues, EveryWidgetHasAShortHelpOfItsOwnInEveryLanguage) {
   for (const KorString& language : KorMsgCatalog::Languages()) {
     Speak(language);
-    const Texts texts = TextsOf(language, kCatalogue);
-    ForEach(Panel(), [&](const KorDlgObject& widget) {
+    const CatalogueTexts texts = TextsOf(language, kCatalogue);
+    ForEachBelow(Panel(), [&](const KorDlgObject& widget) {
       if (!NeedsHelp(widget)) return;
       const auto help = texts.find(widget.Path() + ".ShortHelp");
       ASSERT_NE(help, texts.end()) << language << ": " << FullName(widget);
@@ -128,7 +80,7 @@ TEST_F(Catalogues, EveryMessageOfThePanelHasAText) {
 TEST_F(Catalogues, NoKeyIsUnused) {
   std::set<std::string> used(std::begin(kMessages), std::end(kMessages));
   used.insert({"Title", "ShortHelp"});
-  ForEach(Panel(), [&](const KorDlgObject& widget) {
+  ForEachBelow(Panel(), [&](const KorDlgObject& widget) {
     if (IsBlankOnPurpose(widget)) return;
     used.insert(widget.Path() + ".Title");
     used.insert(widget.Path() + ".ShortHelp");
@@ -138,7 +90,8 @@ TEST_F(Catalogues, NoKeyIsUnused) {
 
 TEST_F(Catalogues, StandInEveryLanguageWithTheKeysOfEnglishButTheMark) {
   const std::set<std::string> names = NamesIn("en");
-  EXPECT_THAT(names, testing::ElementsAre("KorWBNymMainPanel", "KorWBNymNavFilterPanel", "KorWBServices"));
+  EXPECT_THAT(names, testing::ElementsAre("KorIWBWarning", "KorWBNymMainPanel", "KorWBNymNavFilterPanel",
+                                          "KorWBNymNavReportPanel", "KorWBServices"));
   for (const KorString& language : KorMsgCatalog::Languages()) {
     EXPECT_EQ(NamesIn(language), names) << language;
     for (const std::string& name : names) {

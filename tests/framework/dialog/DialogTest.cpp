@@ -140,4 +140,35 @@ TEST(Dialog, ClosingTheWindowIsOnlyToldAndHidesNothing) {
   EXPECT_TRUE(dialog.IsShown());
 }
 
+/// A dialog with nothing but its style.
+struct StyledDialog : KorDlgDialog {
+  explicit StyledDialog(unsigned style) : KorDlgDialog(nullptr, "Styled", style) {
+    SetVisibility(KorVisibility::Shown);
+  }
+};
+
+TEST(Dialog, AListGoesWhenItIsClosedAndTellsOfItFirst) {
+  StyledDialog list(KorDlgStyle::kListDialog);
+  bool shownThen = false;
+  list.Subscribe(KorEvent::WindowClose,
+                 [&](KorCommand*, KorNotification*, KorCommandClientData) { shownThen = list.IsShown(); });
+  EXPECT_TRUE(list.CloseWindow());
+  EXPECT_TRUE(shownThen);
+  EXPECT_FALSE(list.IsShown());
+}
+
+TEST(Dialog, EveryOtherStyleStaysWhenItsWindowIsClosed) {
+  for (const unsigned style : {KorDlgStyle::kNone, KorDlgStyle::kPanelDialog, KorDlgStyle::kOkCancelDialog}) {
+    StyledDialog dialog(style);
+    EXPECT_TRUE(dialog.CloseWindow());
+    EXPECT_TRUE(dialog.IsShown()) << style;
+  }
+}
+
+TEST(Dialog, AListThatIsHiddenCannotBeClosed) {
+  StyledDialog list(KorDlgStyle::kListDialog);
+  list.SetVisibility(KorVisibility::Hidden);
+  EXPECT_FALSE(list.CloseWindow());
+}
+
 }  // namespace

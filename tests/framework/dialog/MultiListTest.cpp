@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <numeric>
+#include <utility>
 
 #include "tests/support/RecordingBackend.h"
 #include "tests/support/SampleDialog.h"
@@ -180,6 +181,28 @@ TEST_F(MultiList, CellsSetAgainAndAgainDoNotPileUp) {
   list.SetColumnItem(0, "y", 0);
   EXPECT_EQ(list.GetColumnItem(0, 1), text);
   dialog.Attach(&backend);
+}
+
+TEST_F(MultiList, EachChangeOfRowsGivesAnotherRevisionAndNothingElseDoes) {
+  std::uint64_t last = list.GetRowsRevision();
+  const auto hasChanged = [&] {
+    return std::exchange(last, list.GetRowsRevision()) != list.GetRowsRevision();
+  };
+  list.SetColumnItem(0, "nose", 2);
+  EXPECT_TRUE(hasChanged());
+  list.DeleteLines({1});
+  EXPECT_TRUE(hasChanged());
+  list.SetSelection({0});
+  list.PickLines({1});
+  list.ClearSelection();
+  list.SetColumnVisible(0, false);
+  list.SetColumnTextWidth(0, 7);
+  list.DeleteLines({});
+  EXPECT_FALSE(hasChanged());
+  list.ClearLines();
+  EXPECT_TRUE(hasChanged());
+  list.SetColumnTitles({"Part", "Mass"});
+  EXPECT_TRUE(hasChanged());
 }
 
 }  // namespace

@@ -45,4 +45,24 @@ TEST(ClassDictionary, AnswersNullWhenTheFactoryFails) {
   EXPECT_EQ(KorClassDictionary::Create("None"), nullptr);
 }
 
+TEST(ClassDictionary, TellsItsObserverWhatBecomesKnownAndWhatIsForgotten) {
+  std::vector<std::string> heard;
+  KorClassDictionary::SetObserver([&](const KorString& name, bool known) {
+    EXPECT_EQ(KorClassDictionary::Knows(name), known) << "told when it is done";
+    heard.push_back((known ? "+" : "-") + name);
+  });
+  {
+    const KorFillDictionary first("First", nullptr);
+    const KorFillDictionary second("Second", nullptr);
+  }
+  KorClassDictionary::SetObserver(nullptr);
+  const KorFillDictionary unheard("Third", nullptr);
+  EXPECT_EQ(heard, (std::vector<std::string>{"+First", "+Second", "-Second", "-First"}));
+}
+
+TEST(ClassDictionary, AClassWithoutANameIsKeptUnderTheEmptyOne) {
+  const KorFillDictionary nameless(nullptr, []() -> void* { return &g_first; });
+  EXPECT_EQ(KorClassDictionary::Create(""), &g_first);
+}
+
 }  // namespace

@@ -1,7 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <ostream>
+#include <iostream>
 
+#include "tests/support/StreamCapture.h"
 #include "tests/support/TraceCapture.h"
 
 namespace {
@@ -69,6 +70,44 @@ TEST(Trace, SwitchesAllComponentsAtOnceAndSingleOnesAfterwards) {
   EXPECT_FALSE(TqTrace("CompA").TraceOn());
   TqTrace::SwitchComponent("", false);
   EXPECT_FALSE(TqTrace("CompB").TraceOn());
+}
+
+TEST(Trace, ListsTheComponentsInTheOrderInWhichTheirObjectsCameIntoBeing) {
+  const TqTrace a("CompA");
+  {
+    const TqTrace b("CompB");
+    const TqTrace again("CompA");
+    EXPECT_EQ(TqTrace::GetComponents(), (std::vector<KorString>{"CompA", "CompB", "CompA"}));
+  }
+  EXPECT_EQ(TqTrace::GetComponents(), (std::vector<KorString>{"CompA"}));
+}
+
+TEST(Trace, TellsItsObserverOfComponentsAndNotOfFunctions) {
+  std::vector<std::string> heard;
+  TqTrace::SetComponentObserver(
+      [&](const KorString& component, bool alive) { heard.push_back((alive ? "+" : "-") + component); });
+  {
+    const TqTrace a("CompA");
+    const TqTrace b("CompB");
+    TracedFunction(0);
+  }
+  TqTrace::SetComponentObserver(nullptr);
+  const TqTrace unheard("CompC");
+  EXPECT_EQ(heard, (std::vector<std::string>{"+CompA", "+CompB", "-CompB", "-CompA"}));
+}
+
+TEST(Trace, GoesToStandardOutputUntilTheHostSaysWhere) {
+  const StreamCapture output(std::cout);
+  TqTrace::SwitchComponent("CompA", true);
+  TqTrace("CompA").GetCout() << "a line\n";
+  TqTrace::SwitchComponent("CompA", false);
+  EXPECT_EQ(output.Text(), "a line\n");
+}
+
+TEST(Trace, OneComponentSwitchedOnDoesNotSwitchAnotherOn) {
+  const TraceCapture capture("CompB");
+  EXPECT_TRUE(TqTrace("CompB").TraceOn());
+  EXPECT_FALSE(TqTrace("CompA").TraceOn());
 }
 
 }  // namespace
