@@ -10,7 +10,7 @@
 
 #include "lumira/engine/Rollup.h"
 #include "lumira/model/Product.h"
-#include "lumira/store/ConfigurationFilter.h"
+#include "lumira/model/ConfigurationFilter.h"
 #include "lumira/store/StoredResult.h"
 #include "protocol/PartData.h"
 #include "protocol/Result.h"
