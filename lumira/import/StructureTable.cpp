@@ -5,6 +5,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "lumira/import/AttributeColumns.h"
 #include "lumira/import/TableColumns.h"
 #include "lumira/import/Tilts.h"
 #include "lumira/model/Identifier.h"
@@ -27,7 +28,9 @@ enum Column : std::size_t {
   R11,
   TiltX = R11 + 9,
   TiltY,
-  TiltZ
+  TiltZ,
+  EffectiveFrom,
+  EffectiveUntil
 };
 
 constexpr std::array kOwnTable = {
@@ -50,6 +53,8 @@ constexpr std::array kOwnTable = {
     ColumnRule{"tilt x", Quantity::Angle},
     ColumnRule{"tilt y", Quantity::Angle},
     ColumnRule{"tilt z", Quantity::Angle},
+    ColumnRule{"effective from"},
+    ColumnRule{"effective until"},
 };
 
 // The same columns, but the part of the row is the child and the parent may be absent. What is wrong with the
@@ -65,11 +70,13 @@ class StructureReading {
  public:
   StructureReading(const CsvTable& table, StructureForm form, ImportLog& log)
       : _columns(table, form == StructureForm::OwnTable ? kOwnTable : kInMassTable, log),
+        _attributes(table, log),
         _log(log),
         _form(form) {}
 
   StructureRows Run(const Progress& progress) {
     _columns.AddFound(_result.usedColumns);
+    _attributes.AddFound(_result.usedColumns);
     _result.hasParentColumn = _columns.Has(Parent);
     _result.parentColumn = _columns.ColumnPlace(Parent);
     _result.childColumn = _columns.ColumnPlace(Child);
@@ -88,7 +95,9 @@ class StructureReading {
                       .parent = parent.value_or(""),
                       .child = child.value_or(""),
                       .quantity = _columns.Count(row, Quantity_),
-                      .placement = {ReadRotation(row), ReadTranslation(row)}};
+                      .placement = {ReadRotation(row), ReadTranslation(row)},
+                      .effectivity = ReadEffectivity(row),
+                      .attributes = _attributes.Read(row)};
     if (!isPlaced) return NameIdleCells(row);
     CheckIsNew(row, instance.id);
     if (parent && child)
@@ -117,6 +126,14 @@ class StructureReading {
       _columns.Error(row, InstanceId,
                      Quoted(id) + " is the instance of line " + std::to_string(known->second) +
                          " already; instances are unique in a product");
+  }
+
+  Effectivity ReadEffectivity(std::size_t row) {
+    const Effectivity read{_columns.Day(row, EffectiveFrom), _columns.Day(row, EffectiveUntil)};
+    if (read.from && read.until && *read.until < *read.from)
+      _columns.Error(row, EffectiveUntil,
+                     FormatDate(*read.until) + " is before " + FormatDate(*read.from) + ", where it begins");
+    return read;
   }
 
   Vec3 ReadTranslation(std::size_t row) {
@@ -182,6 +199,7 @@ class StructureReading {
   }
 
   TableColumns _columns;
+  AttributeColumns _attributes;
   ImportLog& _log;
   StructureForm _form;
   StructureRows _result;

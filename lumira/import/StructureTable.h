@@ -33,10 +33,10 @@ struct StructureRows {
   Place ChildOf(const InstanceRow& row) const { return At(childColumn, row.line); }
 };
 
-/// Reads the instances: parent, child, instance, quantity, translation, and a rotation as nine coefficients
-/// or as three tilts. A table without a needed column has no rows. Instances without an identifier get one:
-/// the child, a dot and a number; an error where that is none. What a row without a parent says of a
-/// placement is checked and left out.
+/// Reads the instances: parent, child, instance, quantity, translation, a rotation as nine coefficients or as
+/// three tilts, dates, and attributes. A table without a needed column has no rows. Instances without an
+/// identifier get one: the child, a dot and a number; an error where that is none. What a row without a
+/// parent says of a placement is checked and left out.
 StructureRows ReadStructure(const CsvTable& table, StructureForm form, ImportLog& log,
                             const Progress& progress = {});
 
