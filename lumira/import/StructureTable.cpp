@@ -108,10 +108,10 @@ class StructureReading {
 
   // Of a part that stands at the top, or has its place on another row.
   void NameIdleCells(std::size_t row) {
-    constexpr std::size_t kCells = TiltZ + 1 - InstanceId;
+    constexpr std::size_t kCells = EffectiveUntil + 1 - InstanceId;
     if (_columns.IsAnyGiven(row, InstanceId, kCells))
       _columns.LeftOut(row, _columns.FirstGiven(row, InstanceId, kCells),
-                       "there is no parent, so instance, quantity and placement are left out");
+                       "there is no parent, so instance, quantity, placement and dates are left out");
   }
 
   std::string ReadId(std::size_t row) {
