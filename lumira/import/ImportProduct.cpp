@@ -50,7 +50,7 @@ class Assembly {
       NameProduct();
       CheckDepth();
       WarnOfLeavesWithoutData();
-      CheckFilterRows(_filters, _product, _log);
+      if (_filtersAreSound) CheckFilterRows(_filters, _product, _log);
     }
     if (_log.HasErrors()) return _log.Failure();
     return {};
@@ -102,17 +102,19 @@ class Assembly {
       _structureIsSound =
           HasNoErrors([&] { ReadStructureInMassTable(); }) && massTableIsSound && !_structure.hasUnreadParts;
     NameLeftOut(_massTable, _mass.usedColumns);
-    if (_tables.filters) {
-      _filterTable = ReadTable(*_tables.filters, "Reading the filter table");
-      _filters = ReadFilterTable(_filterTable, _log);
-      NameLeftOut(_filterTable, _filters.usedColumns);
-    }
+    if (_tables.filters) _filtersAreSound = HasNoErrors([&] { ReadFilters(); });
   }
 
   void ReadOwnStructure() {
     _structureTable = ReadTable(*_tables.structure, "Reading the structure table");
     _structure = ReadStructure(_structureTable, StructureForm::OwnTable, _log, _options.progress);
     NameLeftOut(_structureTable, _structure.usedColumns);
+  }
+
+  void ReadFilters() {
+    _filterTable = ReadTable(*_tables.filters, "Reading the filter table");
+    _filters = ReadFilterTable(_filterTable, _log);
+    NameLeftOut(_filterTable, _filters.usedColumns);
   }
 
   void ReadStructureInMassTable() {
@@ -252,6 +254,7 @@ class Assembly {
   StructureRows _structure;
   bool _structureIsSound = false;  ///< every row and cell of it could be read
   FilterRows _filters;
+  bool _filtersAreSound = true;  ///< likewise
   Product _product;
   std::unordered_map<std::string, std::size_t> _indices;  ///< of parts by identifier
   std::unordered_set<std::string> _parents;

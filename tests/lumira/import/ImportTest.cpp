@@ -319,8 +319,8 @@ TEST(Import, NamesThePlacementOfARowWithoutAParentAsLeftOut) {
       {});
   ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
   EXPECT_THAT(imported.Value().report.leftOut,
-              ElementsAre("m.csv, line 4, column 5 (x [m]): there is no parent, so instance, quantity and "
-                          "placement are left out"));
+              ElementsAre("m.csv, line 4, column 5 (x [m]): there is no parent, so instance, quantity, "
+                          "placement and dates are left out"));
   ASSERT_EQ(imported.Value().product.instances.size(), 1u);
   EXPECT_EQ(imported.Value().product.instances[0].placement.translation.x, 7);
 }

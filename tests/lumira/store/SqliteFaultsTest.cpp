@@ -212,14 +212,14 @@ TEST_F(SqliteFaults, LostMassTypesOfTheRootAreNoticedWithoutTheRestOfTheProduct)
   ExpectReason(root.Failure().message, "part \"root\" has 0 mass types instead of 1");
 }
 
-TEST_F(SqliteFaults, LostInstancesOfAFilterAreNoticed) {
+TEST_F(SqliteFaults, LostValuesOfAFilterAreNoticed) {
   MakeStore();
-  ASSERT_TRUE(OpenSqliteStore(file).Value()->SaveFilter("PRC", {"Kit", {"i1", "i2"}}).Ok());
-  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("DELETE FROM filter_instances WHERE instance = 'i2'");
+  ASSERT_TRUE(OpenSqliteStore(file).Value()->SaveFilter("PRC", LeavingOut("Kit", {"i1", "i2"})).Ok());
+  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("DELETE FROM filter_values WHERE value = 'i2'");
   const auto filters = OpenSqliteStore(file).Value()->LoadFilters("PRC");
   ASSERT_FALSE(filters.Ok());
   EXPECT_EQ(filters.Failure().kind, ErrorKind::Storage);
-  ExpectReason(filters.Failure().message, "filter \"Kit\" has 1 instances instead of 2");
+  ExpectReason(filters.Failure().message, "filter \"Kit\" has 1 values of its conditions instead of 2");
 }
 
 TEST_F(SqliteFaults, IdentifiersAndRootsThatWereNeverStoredAreRefused) {
@@ -438,11 +438,11 @@ TEST_F(SqliteFaults, RowsThatWereNeverStoredAreRefusedByTheirKey) {
        "row product = \"1\", column part: \"\\xFF\" is not UTF-8"},
       {"UPDATE roots SET part = 'root'; UPDATE instances SET effective_from = '2020-02-30' WHERE key = 2",
        "row key = \"2\", column effective_from: \"2020-02-30\" is no date"},
-      {"UPDATE instances SET effective_from = NULL; UPDATE instance_attributes SET value = CAST(x'ff' AS TEXT) "
+      {"UPDATE instances SET effective_from = NULL; UPDATE instance_attributes SET value = CAST(x'ff' AS "
+       "TEXT) "
        "WHERE instance = 2",
        "row instance = \"2\", column value: \"\\xFF\" is not UTF-8"},
-      {"DELETE FROM instance_attributes WHERE instance = 2",
-       "has 2 attributes of instances instead of 3"}};
+      {"DELETE FROM instance_attributes WHERE instance = 2", "has 2 attributes of instances instead of 3"}};
   MakeStore();
   for (const auto& [damage, reason] : cases) {
     SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
