@@ -284,11 +284,11 @@ TEST_F(SqliteFaults, RowsThatWereNeverStoredAreRefusedByTheirKey) {
        "row product = \"1\", column part: \"\\xFF\" is not UTF-8"},
       {"UPDATE roots SET part = 'root'; UPDATE instances SET effective_from = '2020-02-30' WHERE key = 2",
        "row key = \"2\", column effective_from: \"2020-02-30\" is no date"},
-      {"UPDATE instances SET effective_from = NULL; UPDATE instance_attributes SET value = CAST(x'ff' AS TEXT) "
+      {"UPDATE instances SET effective_from = NULL; UPDATE instance_attributes SET value = CAST(x'ff' AS "
+       "TEXT) "
        "WHERE instance = 2",
        "row instance = \"2\", column value: \"\\xFF\" is not UTF-8"},
-      {"DELETE FROM instance_attributes WHERE instance = 2",
-       "has 2 attributes of instances instead of 3"}};
+      {"DELETE FROM instance_attributes WHERE instance = 2", "has 2 attributes of instances instead of 3"}};
   MakeStore();
   for (const auto& [damage, reason] : cases) {
     SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
