@@ -243,7 +243,8 @@ TEST_F(CommandLine, ComputesTheSampleWithChosenInstances) {
   ASSERT_EQ(chosen.code, kDone) << chosen.errors;
   EXPECT_NEAR(Value(chosen.out, "nacelle.mass_kg"), 368839.4071518108, 1e-6);
   EXPECT_NEAR(Value(chosen.out, "nacelle.cg_z_m"), 5.034389671180861, 6e-12);
-  const Outcome broken = Lumira({"compute", file, "nacelle", "--user-filter", "1|1|generator.1|generator||0"});
+  const Outcome broken =
+      Lumira({"compute", file, "nacelle", "--user-filter", "1|1|generator.1|generator||0"});
   EXPECT_EQ(broken.code, kRefused);
   EXPECT_EQ(broken.errors,
             "lumira: Filter: row 1, instance id: there is no instance \"generator.1\" in part \"RNA\"\n");

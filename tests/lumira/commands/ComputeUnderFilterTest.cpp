@@ -23,12 +23,14 @@ TEST_F(ComputeUnderFilter, OfChosenInstancesAddsThemUpWhereTheyStand) {
   const auto reply = ComputeUnder("top", "1|2|bolts|bolt||1|left|plate|plate||1|right");
   ASSERT_TRUE(reply.Ok()) << reply.Failure().message;
   const protocol::MassType computed = protocol::ReadComputeReply(reply.Value()).Value().computed;
-  EXPECT_EQ(computed.mass, 18);                                         // 4·2 + 10
-  EXPECT_DOUBLE_EQ((*computed.cg)[0], 2.0 / 18);                        // (8·(-1) + 10·1) / 18
-  EXPECT_EQ((*computed.inertia)[0], 5);                                 // 4·1 + 1
-  EXPECT_DOUBLE_EQ((*computed.inertia)[1], 5 + 18 - 18 * 4.0 / 18 / 18);  // and 18·1² less the shift to the centre
+  EXPECT_EQ(computed.mass, 18);                   // 4·2 + 10
+  EXPECT_DOUBLE_EQ((*computed.cg)[0], 2.0 / 18);  // (8·(-1) + 10·1) / 18
+  EXPECT_EQ((*computed.inertia)[0], 5);           // 4·1 + 1
+  EXPECT_DOUBLE_EQ((*computed.inertia)[1],
+                   5 + 18 - 18 * 4.0 / 18 / 18);  // and 18·1² less the shift to the centre
   EXPECT_TRUE(Warnings().empty());
-  EXPECT_EQ(PartDataOf("top").massTypes[0].status, protocol::MassTypeStatus::Undefined) << "nothing is stored";
+  EXPECT_EQ(PartDataOf("top").massTypes[0].status, protocol::MassTypeStatus::Undefined)
+      << "nothing is stored";
 }
 
 TEST_F(ComputeUnderFilter, LeavesTheStoredResultOfTheWholePartAlone) {
@@ -43,8 +45,9 @@ TEST_F(ComputeUnderFilter, LeavesTheStoredResultOfTheWholePartAlone) {
 TEST_F(ComputeUnderFilter, SaysWhenNothingIsLeftOfAPart) {
   ImportBoxes();
   EXPECT_EQ(MassUnder("plate", "1|1|bolts|bolt||1|left"), 0);
-  EXPECT_THAT(Texts(Warnings()), ElementsAre("1 part has nothing in it that the filter lets pass, so that its "
-                                             "mass is 0 (plate)"));
+  EXPECT_THAT(Texts(Warnings()),
+              ElementsAre("1 part has nothing in it that the filter lets pass, so that its "
+                          "mass is 0 (plate)"));
   ASSERT_TRUE(store->SaveFilter("top", LeavingOut("Without bolts", {"bolts"})).Ok());
   EXPECT_EQ(MassUnder("bolt", "0|Without bolts"), 0);
   EXPECT_EQ(Texts(Warnings()).size(), 1u);
@@ -60,16 +63,18 @@ TEST_F(ComputeUnderFilter, SaysWhenAPartIsLeftOutInSomeOfItsPlaces) {
   const auto warnings = Warnings();
   ASSERT_EQ(warnings.size(), 1u);
   EXPECT_EQ(warnings[0].severity, protocol::Severity::Information);
-  EXPECT_EQ(warnings[0].text,
-            "1 part is left out by the filter in some of the places where it stands; the result is that of the "
-            "others (box)");
+  EXPECT_EQ(
+      warnings[0].text,
+      "1 part is left out by the filter in some of the places where it stands; the result is that of the "
+      "others (box)");
 }
 
 TEST_F(ComputeUnderFilter, RefusesAPartInWhichDifferentThingsAreChosen) {
   ImportBoxes();
-  EXPECT_EQ(Refusal("box", "1|2|bolts|bolt||1|left|plate|plate||1|right"),
-            "part \"box\" stands in several places, and the filter leaves different things in them; compute what "
-            "it stands in, or choose the same everywhere");
+  EXPECT_EQ(
+      Refusal("box", "1|2|bolts|bolt||1|left|plate|plate||1|right"),
+      "part \"box\" stands in several places, and the filter leaves different things in them; compute what "
+      "it stands in, or choose the same everywhere");
 }
 
 TEST_F(ComputeUnderFilter, SumsAnAssemblyThatIsNotWholeAndSaysSo) {
@@ -77,9 +82,10 @@ TEST_F(ComputeUnderFilter, SumsAnAssemblyThatIsNotWholeAndSaysSo) {
          "part,mass type,mass [kg],active\nbox,Weighed,100,yes\nbolt,Weighed,2,\nplate,Weighed,10,\n");
   EXPECT_EQ(Compute("top").mass, 100);
   EXPECT_EQ(MassUnder("top", "1|1|plate.1|plate||1|box.1"), 10);
-  EXPECT_EQ(Warnings().back().text,
-            "1 assembly is only partly kept by the filter and counts as the sum of what is kept of it, not with "
-            "mass data of its own (box)");
+  EXPECT_EQ(
+      Warnings().back().text,
+      "1 assembly is only partly kept by the filter and counts as the sum of what is kept of it, not with "
+      "mass data of its own (box)");
   EXPECT_EQ(MassUnder("top", "1|1|box.1|box||0"), 100);
 }
 
@@ -109,8 +115,9 @@ TEST_F(ComputeUnderFilter, RefusesTextsThatAreNoFilterWithTheFieldThatIsWrong) {
       {"1|1|left|box", "Filter: field 5 (row 1, part version) is missing"},
       {"1|1|left|box||", "Filter: field 6 (row 1, depth): \"\" is not a number from 0 to 1000"},
       {"1|1|left|box||-1", "Filter: field 6 (row 1, depth): \"-1\" is not a number from 0 to 1000"},
-      {"1|1|left|box||1000000000000", "Filter: field 6 (row 1, depth): \"1000000000000\" is not a number from 0 "
-                                      "to 1000"},
+      {"1|1|left|box||1000000000000",
+       "Filter: field 6 (row 1, depth): \"1000000000000\" is not a number from 0 "
+       "to 1000"},
       {"1|1|bolts|bolt||2|left", "Filter: field 8 (row 1, path element 2) is missing"},
       // A separator inside an identifier moves all that follows by one field.
       {"1|1|le|ft|box||0", "Filter: field 6 (row 1, depth): \"\" is not a number from 0 to 1000"}};
@@ -171,7 +178,8 @@ class SampleUnderFilter : public ServerFixture {
  protected:
   SampleUnderFilter() {
     const std::string folder = KORVO_SOURCE_DIR "/samples/iea15/";
-    ImportTables tables{ReadTableFile(folder + "structure.csv").Value(), ReadTableFile(folder + "mass.csv").Value(),
+    ImportTables tables{ReadTableFile(folder + "structure.csv").Value(),
+                        ReadTableFile(folder + "mass.csv").Value(),
                         ReadTableFile(folder + "filters.csv").Value()};
     ImportOptions options;
     options.product = "IEA15";
@@ -193,8 +201,8 @@ TEST_F(SampleUnderFilter, EachConfigurationFilterLeavesTheSumOfItsLeaves) {
                                 kTransformer + kConverter + kYaw + kBlades + kHub},
       {"Structure only", kNose + kBedplate + kPlatform + kCover},
       {"Rotating parts", kLss + kRotor + kBlades + kHub},
-      {"As built 2020", kMb1 + kMb2 + kLss + kBrake + kRotor + kStator + kNose + kBedplate + kCover + kTransformer +
-                            kConverter + kYaw + kBlades + kHub}};
+      {"As built 2020", kMb1 + kMb2 + kLss + kBrake + kRotor + kStator + kNose + kBedplate + kCover +
+                            kTransformer + kConverter + kYaw + kBlades + kHub}};
   for (const auto& [filter, sum] : sums) EXPECT_NEAR(MassUnder("RNA", "0|" + filter), sum, 1e-9) << filter;
   EXPECT_EQ(store->LoadFilters("IEA15").Value().size(), sums.size());
 }
@@ -202,7 +210,8 @@ TEST_F(SampleUnderFilter, EachConfigurationFilterLeavesTheSumOfItsLeaves) {
 TEST_F(SampleUnderFilter, TheCentreOfStructureOnlyIsThatOfItsLeaves) {
   const auto reply = protocol::ReadComputeReply(ComputeUnder("RNA", "0|Structure only").Value()).Value();
   // x of each centre in the frame of the tower top; the platform's is 0.
-  const double moment = kNose * -6.044278189882994 + kBedplate * -1.280786058419792 + kCover * -0.2500015099873156;
+  const double moment =
+      kNose * -6.044278189882994 + kBedplate * -1.280786058419792 + kCover * -0.2500015099873156;
   EXPECT_NEAR((*reply.computed.cg)[0], moment / (kNose + kBedplate + kPlatform + kCover), 1e-12);
 }
 

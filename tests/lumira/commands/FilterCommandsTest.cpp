@@ -45,7 +45,8 @@ TEST_F(FilterCommands, ListFiltersProductByProduct) {
 TEST_F(FilterCommands, RefuseListsThatDoNotBelongTogether) {
   ImportBoxes();
   EXPECT_EQ(Filters({"top"}, {}), "LumiraError: the request has 1 root part for 0 products");
-  EXPECT_EQ(Filters({"box"}, {"top"}), "LumiraError: the root part of product \"top\" is \"top\", not \"box\"");
+  EXPECT_EQ(Filters({"box"}, {"top"}),
+            "LumiraError: the root part of product \"top\" is \"top\", not \"box\"");
   EXPECT_EQ(Filters({"top"}, {"nobody"}), "LumiraError: there is no product \"nobody\"");
 }
 
@@ -53,10 +54,12 @@ TEST_F(FilterCommands, SayWhichFilterCannotBeApplied) {
   ImportBoxes();
   ASSERT_TRUE(store->SaveFilter("top", LeavingOut("Kit", {"left"})).Ok());
   SQLite::Database(file, SQLite::OPEN_READWRITE).exec("UPDATE filter_values SET value = 'gone'");
-  EXPECT_THAT(Filters({"top"}, {"top"}),
-              testing::HasSubstr("Cannot be applied%3A configuration filter \"Kit\", condition 1%3A there is no "
-                                 "instance \"gone\""));
-  EXPECT_EQ(Refusal("top", "0|Kit"), "configuration filter \"Kit\", condition 1: there is no instance \"gone\"");
+  EXPECT_THAT(
+      Filters({"top"}, {"top"}),
+      testing::HasSubstr("Cannot be applied%3A configuration filter \"Kit\", condition 1%3A there is no "
+                         "instance \"gone\""));
+  EXPECT_EQ(Refusal("top", "0|Kit"),
+            "configuration filter \"Kit\", condition 1: there is no instance \"gone\"");
 }
 
 TEST_F(FilterCommands, SetAHandlerForEverybody) {

@@ -59,8 +59,10 @@ TEST_F(Findings, TellOfProductsThatCannotBeReadAndWhy) {
   Import("parent,child\nother,thing\n", "part,mass [kg]\nthing,1\n");
   const std::pair<const char*, const char*> damages[] = {
       {"UPDATE parts SET name = CAST(x'ff' AS TEXT) WHERE part = 'top'", "Product \"top\" cannot be read: "},
-      {"UPDATE parts SET name = ''; DELETE FROM roots WHERE part = 'top'", "product \"top\" has no root part"},
-      {"UPDATE products SET product = CAST(x'ff' AS TEXT) WHERE product = 'top'", "A product cannot be read: "}};
+      {"UPDATE parts SET name = ''; DELETE FROM roots WHERE part = 'top'",
+       "product \"top\" has no root part"},
+      {"UPDATE products SET product = CAST(x'ff' AS TEXT) WHERE product = 'top'",
+       "A product cannot be read: "}};
   for (const auto& [damage, text] : damages) {
     Change(damage);
     Restart();

@@ -98,7 +98,8 @@ TEST_F(ServerCommands, AnswerVariedRequestsReadablyAndChangeNothing) {
   EXPECT_EQ(store->LoadProduct("top").Value(), before);
   EXPECT_EQ(store->Products().Value().size(), 1u);
   EXPECT_EQ(store->Products().Value()[0].state, state);
-  EXPECT_EQ(store->LoadFilters("top").Value(), (std::vector<ConfigurationFilter>{LeavingOut("Kit", {"left"})}));
+  EXPECT_EQ(store->LoadFilters("top").Value(),
+            (std::vector<ConfigurationFilter>{LeavingOut("Kit", {"left"})}));
   // A request may have become one without a filter; what is stored then is right.
   const std::map<std::string, double> masses = {{"top", 36}, {"box", 18}, {"bolt", 2}, {"plate", 10}};
   const auto results = store->LoadResults("top").Value();

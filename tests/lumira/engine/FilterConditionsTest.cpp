@@ -26,19 +26,21 @@ Part Revised(std::string id, std::string revision) {
 
 /// root > frame (with a bolt), root > motor (with a bolt of its own), root > cover. Bolts are the same part.
 Product Machine() {
-  Product machine{"machine",
-                  {Plain("root"), Revised("frame", "A"), Revised("motor", "B"), Plain("cover"), Revised("bolt", "B")},
-                  {Use("frame.1", "root", "frame", {{"system", "structure"}}),
-                   Use("motor.1", "root", "motor", {{"system", "drive"}, {"zone", "rear"}},
-                       {ParseDate("2020-01-01"), ParseDate("2021-12-31")}),
-                   Use("cover.1", "root", "cover", {}, {ParseDate("2022-01-01"), {}}),
-                   Use("bolt.1", "frame", "bolt", {{"system", "structure"}}),
-                   Use("bolt.2", "motor", "bolt", {{"zone", "rear"}})},
-                  {"root"}};
+  Product machine{
+      "machine",
+      {Plain("root"), Revised("frame", "A"), Revised("motor", "B"), Plain("cover"), Revised("bolt", "B")},
+      {Use("frame.1", "root", "frame", {{"system", "structure"}}),
+       Use("motor.1", "root", "motor", {{"system", "drive"}, {"zone", "rear"}},
+           {ParseDate("2020-01-01"), ParseDate("2021-12-31")}),
+       Use("cover.1", "root", "cover", {}, {ParseDate("2022-01-01"), {}}),
+       Use("bolt.1", "frame", "bolt", {{"system", "structure"}}),
+       Use("bolt.2", "motor", "bolt", {{"zone", "rear"}})},
+      {"root"}};
   return machine;
 }
 
-std::vector<std::string> LeftOut(std::vector<FilterCondition> conditions, const Product& product = Machine()) {
+std::vector<std::string> LeftOut(std::vector<FilterCondition> conditions,
+                                 const Product& product = Machine()) {
   const StructureIndex structure(product);
   const auto excluded = ExcludedInstances(structure, {"filter", "", std::move(conditions)});
   if (!excluded) return {excluded.Failure().message};
@@ -112,9 +114,10 @@ TEST(FilterConditions, ThatCannotBeAppliedAreRefusedWithFilterConditionAndValue)
               ElementsAre("configuration filter \"filter\", condition 2: there is no instance \"motor.2\""));
   EXPECT_THAT(LeftOut({{ConditionKind::Revision, kKeep, "wheel", {"A"}}}),
               ElementsAre("configuration filter \"filter\", condition 1: there is no part \"wheel\""));
-  EXPECT_THAT(LeftOut({{ConditionKind::Effectivity, kKeep, "", {"2021-02-29"}}}),
-              ElementsAre("configuration filter \"filter\", condition 1: \"2021-02-29\" is no date; a day of the "
-                          "calendar as YYYY-MM-DD expected"));
+  EXPECT_THAT(
+      LeftOut({{ConditionKind::Effectivity, kKeep, "", {"2021-02-29"}}}),
+      ElementsAre("configuration filter \"filter\", condition 1: \"2021-02-29\" is no date; a day of the "
+                  "calendar as YYYY-MM-DD expected"));
   EXPECT_THAT(LeftOut({{ConditionKind::Effectivity, kKeep, "", {"2021-01-01", "2022-01-01"}}}),
               ElementsAre("configuration filter \"filter\", condition 1: one date expected, there are 2"));
   EXPECT_THAT(LeftOut({{ConditionKind::Attribute, kKeep, "zone", {}}}),

@@ -67,8 +67,8 @@ Filtered WithoutInstances(std::vector<std::string> ids, Product product = Boxes(
 
 TEST(ChosenInstances, CountWithEverythingBelowThemWhereTheyStand) {
   const auto top = Chosen({kLeftBolts, kRightPlate}).Of("top");
-  EXPECT_EQ(top.result.mass, 18);                            // 4·2 + 10
-  EXPECT_EQ(top.result.firstMoment, (Vec3{2, 0, 0}));        // 8·(-1) + 10·1
+  EXPECT_EQ(top.result.mass, 18);                                              // 4·2 + 10
+  EXPECT_EQ(top.result.firstMoment, (Vec3{2, 0, 0}));                          // 8·(-1) + 10·1
   EXPECT_EQ(top.result.inertiaAtOrigin, (InertiaTensor{5, 23, 23, 0, 0, 0}));  // 4·1 + 1, and 18·1² across x
   EXPECT_THAT(top.warnings, IsEmpty());
   EXPECT_EQ(Chosen({kLeft}).Mass("top"), 18);
@@ -88,7 +88,8 @@ TEST(ChosenInstances, LeaveTheSameInAPartWhereverTheSameIsChosen) {
 
 TEST(ChosenInstances, RefuseAPartInWhichTheyLeaveDifferentThings) {
   const std::string text =
-      "part \"box\" stands in several places, and the filter leaves different things in them; compute what it "
+      "part \"box\" stands in several places, and the filter leaves different things in them; compute what "
+      "it "
       "stands in, or choose the same everywhere";
   EXPECT_EQ(Chosen({kLeftBolts, kRightPlate}).Try("box").Failure().message, text);
   EXPECT_EQ(Chosen({kLeft}).Try("box").Failure().message, text) << "everything, and nothing";
@@ -133,7 +134,8 @@ TEST(ChosenInstances, ThatAreNotThereAreRefusedWithRowFieldAndValue) {
   const auto refusal = [](FilterRow row) { return Chosen({kLeft, std::move(row)}).Refusal(); };
   EXPECT_EQ(refusal({"middle", "box", "", {}}),
             "Filter: row 2, instance id: there is no instance \"middle\" in part \"top\"");
-  EXPECT_EQ(refusal({"", "top", "", {}}), "Filter: row 2, instance id: there is no instance \"\" in part \"top\"");
+  EXPECT_EQ(refusal({"", "top", "", {}}),
+            "Filter: row 2, instance id: there is no instance \"\" in part \"top\"");
   EXPECT_EQ(refusal({"bolts", "bolt", "", {}}),
             "Filter: row 2, instance id: there is no instance \"bolts\" in part \"top\"");
   EXPECT_EQ(refusal({"bolts", "bolt", "", {"left", "plate.1"}}),
@@ -142,8 +144,9 @@ TEST(ChosenInstances, ThatAreNotThereAreRefusedWithRowFieldAndValue) {
             "Filter: row 2, path element 2: there is no instance \"right\" in part \"box\"");
   EXPECT_EQ(refusal({"bolts", "plate", "", {"left"}}),
             "Filter: row 2, part id: instance \"bolts\" places part \"bolt\", not \"plate\"");
-  EXPECT_EQ(refusal({"bolts", "bolt", "B", {"left"}}),
-            "Filter: row 2, part version: instance \"bolts\" places part \"bolt\" of version \"\", not \"B\"");
+  EXPECT_EQ(
+      refusal({"bolts", "bolt", "B", {"left"}}),
+      "Filter: row 2, part version: instance \"bolts\" places part \"bolt\" of version \"\", not \"B\"");
 }
 
 TEST(ConfiguredProduct, IsTheSumOfWhatIsLeft) {
@@ -239,7 +242,8 @@ class PlainSum {
     const Vec3 cg = placement * *own.cg;
     _sums.mass += copies * *own.mass;
     _sums.moment = _sums.moment + copies * *own.mass * cg;
-    _sums.inertia = _sums.inertia + copies * ShiftedFromCg(Rotated(*own.inertia, placement.rotation), *own.mass, cg);
+    _sums.inertia =
+        _sums.inertia + copies * ShiftedFromCg(Rotated(*own.inertia, placement.rotation), *own.mass, cg);
   }
 
   const StructureIndex& _structure;
@@ -256,8 +260,8 @@ void ExpectSums(const MassResult& result, const Sums& sums, const std::string& w
   ExpectNear(result.inertiaAtOrigin, sums.inertia, 1e-11 * (1 + sums.mass * 1000));
 }
 
-/// Shared assemblies, quantities, rotations, some assemblies with data of their own, and an attribute that one
-/// instance in five has not.
+/// Shared assemblies, quantities, rotations, some assemblies with data of their own, and an attribute that
+/// one instance in five has not.
 Product RandomMachine(Dice& dice) {
   Product product = RandomProduct(dice, 3, 4, 3);
   for (Part& part : product.parts) {
@@ -291,9 +295,9 @@ TEST(ConfiguredProduct, IsThePlainSumOverEveryOccurrenceThatIsLeft) {
         return !excluded(i) && isIntact(structure.ChildOf(i));
       });
     };
-    const auto filtered =
-        ApplyFilter(structure, ConfigurationFilter{
-                                   "f", "", {{ConditionKind::Attribute, ConditionSense::LeaveOut, "group", {"3"}}}});
+    const auto filtered = ApplyFilter(
+        structure,
+        ConfigurationFilter{"f", "", {{ConditionKind::Attribute, ConditionSense::LeaveOut, "group", {"3"}}}});
     std::set<std::uint32_t> standing;
     std::function<void(std::uint32_t)> visit = [&](std::uint32_t part) {
       standing.insert(part);
@@ -306,7 +310,8 @@ TEST(ConfiguredProduct, IsThePlainSumOverEveryOccurrenceThatIsLeft) {
       const auto result = filtered.Value()->ResultOf(part);
       ASSERT_TRUE(result.Ok()) << result.Failure().message;
       PlainSum sum(
-          structure, [&](const Way& way) { return isIntact(way.empty() ? part : structure.ChildOf(way.back())); },
+          structure,
+          [&](const Way& way) { return isIntact(way.empty() ? part : structure.ChildOf(way.back())); },
           [&](const Way& way) { return !excluded(way.back()); });
       const Sums expected = standing.contains(part) ? sum.Below(part) : Sums{};
       ExpectSums(result.Value().result, expected, product.parts[part].id);
@@ -385,7 +390,8 @@ TEST(ChosenInstances, AreThePlainSumOverEveryOccurrenceThatIsChosen) {
       const auto places = OccurrencesIn(structure, part);
       if (places.empty()) continue;
       const std::set<Way> left = LeftOf(places.front(), chosen);
-      const bool agree = std::ranges::all_of(places, [&](const Way& way) { return LeftOf(way, chosen) == left; });
+      const bool agree =
+          std::ranges::all_of(places, [&](const Way& way) { return LeftOf(way, chosen) == left; });
       const auto result = filtered.Value()->ResultOf(part);
       ASSERT_EQ(result.Ok(), agree) << product.parts[part].id;
       if (!agree) {

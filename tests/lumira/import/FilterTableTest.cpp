@@ -33,19 +33,21 @@ TEST(StructureTable, GivesInstancesAttributesAndDates) {
   ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
   EXPECT_THAT(imported.Value().report.leftOut, ElementsAre());
   const Instance& a1 = InstanceOf(imported.Value(), "a.1");
-  EXPECT_THAT(a1.attributes, ElementsAre(InstanceAttribute{"system", "drive train"}, InstanceAttribute{"Zone", "front"}));
+  EXPECT_THAT(a1.attributes,
+              ElementsAre(InstanceAttribute{"system", "drive train"}, InstanceAttribute{"Zone", "front"}));
   EXPECT_EQ(a1.effectivity, (Effectivity{ParseDate("2020-02-29"), ParseDate("2021-12-31")}));
   const Instance& a2 = InstanceOf(imported.Value(), "a.2");
-  EXPECT_THAT(a2.attributes, ElementsAre(InstanceAttribute{"Zone", "rear"})) << "an empty cell is no attribute";
+  EXPECT_THAT(a2.attributes, ElementsAre(InstanceAttribute{"Zone", "rear"}))
+      << "an empty cell is no attribute";
   EXPECT_FALSE(a2.effectivity.HasDates());
   EXPECT_EQ(InstanceOf(imported.Value(), "b.1").effectivity, (Effectivity{ParseDate("2022-01-01"), {}}));
 }
 
 TEST(StructureTable, MayStandInTheMassTableWithAttributesAndDates) {
   const auto imported = ReadProductTables(
-      {std::nullopt,
-       TableSource{"m.csv", "part,parent,mass [kg],attribute system,effective until\ntop,,,,\n"
-                            "a,top,1,structure,2020-01-01\n"}},
+      {std::nullopt, TableSource{"m.csv",
+                                 "part,parent,mass [kg],attribute system,effective until\ntop,,,,\n"
+                                 "a,top,1,structure,2020-01-01\n"}},
       {});
   ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
   EXPECT_THAT(imported.Value().report.leftOut, ElementsAre());
@@ -114,12 +116,14 @@ TEST(FilterTable, NamesColumnsThatItDoesNotKnow) {
 
 TEST(FilterTable, NeedsANameThatCanBeAskedFor) {
   EXPECT_EQ(Refusal("name\nKit\n"), "f.csv, line 1: there is no column \"filter\"");
-  EXPECT_EQ(Refusal("filter,set\n,yes\n"), "f.csv, line 2, column 1 (filter): is empty, an identifier expected");
+  EXPECT_EQ(Refusal("filter,set\n,yes\n"),
+            "f.csv, line 2, column 1 (filter): is empty, an identifier expected");
   EXPECT_EQ(Refusal("filter\na|b\n"),
             "f.csv, line 2, column 1 (filter): \"a|b\" holds \"|\", which an identifier may not");
-  EXPECT_EQ(Refusal("filter\nNo Filter\n"),
-            "f.csv, line 2, column 1 (filter): configuration filter \"No Filter\": the name stands for no filter "
-            "at all");
+  EXPECT_EQ(
+      Refusal("filter\nNo Filter\n"),
+      "f.csv, line 2, column 1 (filter): configuration filter \"No Filter\": the name stands for no filter "
+      "at all");
 }
 
 TEST(FilterTable, IsRefusedForInstancesAttributesAndPartsThatAreNotThere) {
@@ -129,7 +133,8 @@ TEST(FilterTable, IsRefusedForInstancesAttributesAndPartsThatAreNotThere) {
                     "Kit,revision,c,A\n"),
             "f.csv, line 2, column 4 (values): there is no instance \"a.3\"\n"
             "f.csv, line 2, column 4 (values): there is no instance \"a.4\"\n"
-            "f.csv, line 3, column 3 (name): there is no attribute \"colour\"; those known are \"Zone\", \"system\"\n"
+            "f.csv, line 3, column 3 (name): there is no attribute \"colour\"; those known are \"Zone\", "
+            "\"system\"\n"
             "f.csv, line 4, column 3 (name): there is no part \"c\"");
   EXPECT_EQ(Refusal("filter,condition,name,values\nKit,attribute,system,x\n", "parent,child\ntop,a\ntop,b\n"),
             "f.csv, line 2, column 3 (name): there is no attribute \"system\"; no instance has any");
@@ -170,10 +175,11 @@ TEST(FilterTable, IsRefusedForConditionsThatAreNotWhole) {
 }
 
 TEST(FilterTable, IsRefusedForDatesThatAreNoneOrSeveral) {
-  EXPECT_EQ(Refusal("filter,condition,values\nKit,effectivity,2020-1-1\nKit,effectivity,2020-01-01;2021-01-01\n"),
-            "f.csv, line 2, column 3 (values): \"2020-1-1\" is no date; a day of the calendar as YYYY-MM-DD "
-            "expected\n"
-            "f.csv, line 3, column 3 (values): one date expected, there are 2");
+  EXPECT_EQ(
+      Refusal("filter,condition,values\nKit,effectivity,2020-1-1\nKit,effectivity,2020-01-01;2021-01-01\n"),
+      "f.csv, line 2, column 3 (values): \"2020-1-1\" is no date; a day of the calendar as YYYY-MM-DD "
+      "expected\n"
+      "f.csv, line 3, column 3 (values): one date expected, there are 2");
 }
 
 TEST(FilterTable, IsRefusedForTwoDescriptionsOfAFilterAndForTwoThatAreSet) {

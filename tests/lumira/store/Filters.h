@@ -10,9 +10,8 @@ namespace lumira::test {
 
 /// A filter that leaves instances out by name.
 inline ConfigurationFilter LeavingOut(std::string name, std::vector<std::string> instances) {
-  return {std::move(name),
-          {},
-          {{ConditionKind::Instances, ConditionSense::LeaveOut, {}, std::move(instances)}}};
+  return {
+      std::move(name), {}, {{ConditionKind::Instances, ConditionSense::LeaveOut, {}, std::move(instances)}}};
 }
 
 /// One of each kind of condition, for the product of the store tests.

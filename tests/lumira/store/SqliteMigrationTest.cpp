@@ -125,10 +125,11 @@ class SqliteMigration : public testing::Test {
   // Every table and column there is, in a text that does not depend on the order of the columns.
   static std::vector<std::string> Columns(const std::string& file) {
     SQLite::Database database(file);
-    SQLite::Statement query(database,
-                            "SELECT m.name || '.' || c.name || ' ' || c.type || ' ' || c.\"notnull\" || ' ' || "
-                            "c.pk || ' ' || coalesce(c.dflt_value, '-') FROM sqlite_master m "
-                            "JOIN pragma_table_info(m.name) c WHERE m.type = 'table' ORDER BY 1");
+    SQLite::Statement query(
+        database,
+        "SELECT m.name || '.' || c.name || ' ' || c.type || ' ' || c.\"notnull\" || ' ' || "
+        "c.pk || ' ' || coalesce(c.dflt_value, '-') FROM sqlite_master m "
+        "JOIN pragma_table_info(m.name) c WHERE m.type = 'table' ORDER BY 1");
     std::vector<std::string> columns;
     while (query.executeStep()) columns.push_back(query.getColumn(0).getString());
     return columns;

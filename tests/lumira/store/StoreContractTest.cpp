@@ -35,7 +35,12 @@ Product SampleProduct() {
   const Placement turned{RotationAboutY(0.3), {1, 2, 3}};
   return {"PRC",
           {root, leaf, bare},
-          {{"i1", "root", "leaf", 3, turned, {ParseDate("2020-02-29"), ParseDate("2022-12-31")},
+          {{"i1",
+            "root",
+            "leaf",
+            3,
+            turned,
+            {ParseDate("2020-02-29"), ParseDate("2022-12-31")},
             {{"zone", "rear"}, {"system", "drive train"}}},
            {"i2", "root", "bare", 1, {}, {{}, ParseDate("2021-01-01")}, {{"zone", "front"}}}},
           {"root"}};
