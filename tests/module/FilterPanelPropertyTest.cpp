@@ -141,6 +141,28 @@ TEST_F(FilterPanelLongFilter, TheNextOkCountsEvenWhenItsTextIsAsLongAsTheOneBefo
   EXPECT_TRUE(Chosen::IsValid("TURBINE", "Y123", "PART-OF-THE-TOWER", "A.1", 0, ""));
 }
 
+TEST_F(FilterPanelLongFilter, EachOkCountsAlsoWhenNobodyAskedAboutTheOneBefore) {
+  const std::string prefixes = "ABCDEFGHIJKL";
+  for (std::size_t i = 0; i + 1 < prefixes.size(); ++i) {
+    const std::string asked = prefixes.substr(i, 1);
+    Choose(asked);
+    if (i % 3 == 1) continue;
+    for (const char letter : prefixes)
+      EXPECT_EQ(Chosen::IsValid("TURBINE", std::string(1, letter) + "123", "PART-OF-THE-TOWER", "A.1", 0, ""),
+                asked[0] == letter)
+          << letter << " in the filter of " << asked;
+  }
+}
+
+TEST_F(FilterPanelLongFilter, ALongTextThatTheHostShortensInItsPlaceIsReadAnew) {
+  Choose("X");
+  EXPECT_TRUE(Chosen::IsValid("TURBINE", "X399", "PART-OF-THE-TOWER", "A.1", 0, ""));
+  const std::string shorter = UserFilter().substr(0, UserFilter().size() - 40);
+  ASSERT_GT(shorter.size(), 4096u);
+  Chosen::selectedPVSFilter = KorUnicodeString(shorter.c_str());
+  EXPECT_FALSE(Chosen::IsValid("TURBINE", "X399", "PART-OF-THE-TOWER", "A.1", 0, ""));
+}
+
 TEST_F(FilterPanelLongFilter, AKeyInsideALongerRowIsValidOnPurpose) {
   Choose("X");
   EXPECT_TRUE(Chosen::IsValid("TURBINE", "23", "PART-OF-THE-TOWER", "A.1", 0, ""));
