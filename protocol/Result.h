@@ -18,10 +18,17 @@ enum class ErrorKind {
   Internal,     ///< a broken promise of our own code
 };
 
+/// What a Storage failure says of the data that is stored.
+enum class StoredData {
+  NotToBlame,  ///< locked, read-only, a full disk: another try may succeed
+  Unusable,    ///< damaged, or of another version: no later try succeeds
+};
+
 /// One failure. `message` carries the value, the place (file, line, column or field) and the limit.
 struct Error {
   ErrorKind kind = ErrorKind::Internal;
   std::string message;
+  StoredData storedData = StoredData::NotToBlame;
 };
 
 /// A value or the reason why there is none. Exceptions never carry failures across a layer.

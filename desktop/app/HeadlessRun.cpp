@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
+#include <QImage>
+#include <QImageWriter>
+#include <QSaveFile>
 #include <QTreeView>
 
 #include "desktop/app/Folders.h"
@@ -59,8 +61,18 @@ constexpr const char* kReferenceMode = "Frame250.AdditionalFrame2.ReferenceModeF
 Error Fail(const std::string& what) { return {ErrorKind::Internal, what}; }
 
 Error CannotWrite(const QString& path, const QString& reason) {
-  const QString message = QString("\"%1\" cannot be written").arg(path);
-  return {ErrorKind::Storage, (reason.isEmpty() ? message : message + ": " + reason).toStdString()};
+  return {ErrorKind::Storage, QString("\"%1\" cannot be written: %2").arg(path, reason).toStdString()};
+}
+
+/// Makes a file that is whole or, after a failure, as it was before. `write` answers why it failed; empty: it
+/// did not.
+template <class Write>
+Result<void> WriteFile(const QString& path, Write&& write) {
+  QSaveFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) return CannotWrite(path, file.errorString());
+  if (const QString reason = write(file); !reason.isEmpty()) return CannotWrite(path, reason);
+  if (!file.commit()) return CannotWrite(path, file.errorString());
+  return {};
 }
 
 Result<protocol::Occurrence> FindPart(const std::string& product, const std::string& part) {
@@ -191,16 +203,19 @@ Result<void> HeadlessRun::Save(QWidget* window, const QString& file) {
   QApplication::processEvents();
   QApplication::processEvents();
   const QString path = QDir(_folder).filePath(file);
-  if (window->grab().save(path, "PNG")) return {};
-  return CannotWrite(path, {});
+  const QImage picture = window->grab().toImage();
+  return WriteFile(path, [&picture](QSaveFile& target) {
+    QImageWriter writer(&target, "PNG");
+    if (writer.write(picture)) return QString();
+    return target.error() == QFileDevice::NoError ? writer.errorString() : target.errorString();
+  });
 }
 
 Result<void> HeadlessRun::SaveValues() {
-  const QString path = QDir(_folder).filePath("values.txt");
-  QFile file(path);
-  const QByteArray text = QByteArray::fromStdString(_values);
-  if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush()) return {};
-  return CannotWrite(path, file.errorString());
+  return WriteFile(QDir(_folder).filePath("values.txt"), [this](QSaveFile& file) {
+    const QByteArray text = QByteArray::fromStdString(_values);
+    return file.write(text) == text.size() ? QString() : file.errorString();
+  });
 }
 
 }  // namespace desktop

@@ -150,8 +150,8 @@ void MainWindow::BuildCentre() {
   QObject::connect(_tree, &QTreeView::activated, this, [this] { ShowPartPanel(); });
 
   _search->product = [this] { return _model->ProductAt(_tree->currentIndex()); };
-  _search->onPicked = [this](const protocol::Occurrence& hit) {
-    Select(_model->ProductAt(_tree->currentIndex()), hit.instancePath);
+  _search->onPicked = [this](const std::string& product, const protocol::Occurrence& hit) {
+    Select(product, hit.instancePath);
   };
   QObject::connect(_pane->PanelButton(), &QPushButton::clicked, this, [this] { ShowPartPanel(); });
 

@@ -36,7 +36,7 @@ class MainWindow : public QMainWindow {
   /// Makes an empty product file and opens it; tells the user why not on failure.
   bool CreateProduct(const QString& file);
   /// Opens the sample product in the user's data folder, making it first where there is none. Where there is
-  /// one that cannot be opened, the user may have it made anew.
+  /// one that is damaged or of another version, the user may have it made anew.
   bool OpenSample();
   /// Opens a product at the start: the named one, else the last one, else the sample. A last one that cannot
   /// be opened gives way to the sample.
@@ -53,7 +53,8 @@ class MainWindow : public QMainWindow {
   /// False, with the language as it was, when there is no such language.
   bool ChooseLanguage(const QString& language);
   void ChooseTheme(ThemeChoice theme);
-  /// Tells of catalogues with problems that nobody has been told of, in a box and on standard error.
+  /// Tells of catalogues with problems that nobody has been told of, and of a chosen language without its
+  /// folder, in a box and on standard error.
   void TellCatalogueProblems();
 
   PartPanelHost& PartPanel() { return _partPanel; }
@@ -97,6 +98,8 @@ class MainWindow : public QMainWindow {
 
   protocol::Result<void> Open(const QString& file);
   bool MakeSample();
+  /// Asks for leave to replace a sample that will never open; of any other failure it only tells.
+  bool MayMakeSampleAnew(const protocol::Error& why);
   bool AskToMakeSampleAnew(const std::string& reason);
   void ForgetIfGone(const QString& file, const protocol::Error& why);
   void ReloadTree();

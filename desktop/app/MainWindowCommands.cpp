@@ -69,9 +69,16 @@ bool MainWindow::OpenSample() {
   if (QFileInfo::exists(SampleFile())) {
     const auto opened = Open(SampleFile());
     if (opened) return true;
-    if (!AskToMakeSampleAnew(opened.Failure().message)) return false;
+    if (!MayMakeSampleAnew(opened.Failure())) return false;
   }
   return MakeSample() && OpenProduct(SampleFile());
+}
+
+/// A sample that is only locked or read-only is whole, and would open the next time.
+bool MainWindow::MayMakeSampleAnew(const protocol::Error& why) {
+  if (why.storedData == protocol::StoredData::Unusable) return AskToMakeSampleAnew(why.message);
+  ShowError("Error.Open", why.message);
+  return false;
 }
 
 bool MainWindow::AskToMakeSampleAnew(const std::string& reason) {
@@ -89,12 +96,9 @@ bool MainWindow::MakeSample() {
     ShowError("Error.Sample", Folders::WhyNoSamples().toStdString());
     return false;
   }
-  const auto made = [this, file = SampleFile().toStdString()]() -> protocol::Result<void> {
+  const auto made = [this] {
     const BusyIndicator::Scope busy(_busy, Text("Busy.Sample"));
-    if (auto aside = SetAside(file); !aside) return aside;
-    if (auto report = CreateSampleProduct(Folders::Samples().toStdString(), file); !report)
-      return report.Failure();
-    return {};
+    return CreateSampleProduct(Folders::Samples().toStdString(), SampleFile().toStdString());
   }();
   if (!made) ShowError("Error.Sample", made.Failure().message);
   return made.Ok();
@@ -257,7 +261,7 @@ void MainWindow::ShowAbout() {
 }
 
 void MainWindow::TellCatalogueProblems() {
-  const QStringList problems = _catalogueProblems.TakeNew();
+  const QStringList problems = _catalogueProblems.TakeNew(_settings.Language());
   if (problems.isEmpty()) return;
   const std::string text = problems.join('\n').toStdString();
   std::cerr << "korvo: " << text << "\n";

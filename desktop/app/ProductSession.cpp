@@ -1,5 +1,7 @@
 #include "desktop/app/ProductSession.h"
 
+#include <algorithm>
+
 #include "framework/pdm/KorPdmClient.h"
 #include "protocol/Codec.h"
 #include "protocol/Constants.h"
@@ -14,6 +16,21 @@ protocol::Result<std::string> Ask(EmbeddedTransport& server, std::string_view co
   std::string reply = server.Run(std::string(command), request);
   if (!protocol::IsErrorReply(reply)) return reply;
   return protocol::Error{protocol::ErrorKind::Storage, reply.substr(protocol::kErrorHeader.size())};
+}
+
+bool IsRefusalOfTheMedium(const protocol::Error& error) {
+  return error.kind == protocol::ErrorKind::Storage && error.storedData == protocol::StoredData::NotToBlame;
+}
+
+/// Whether the medium keeps the content back, such as a lock that came after the opening. A reply of the
+/// server tells only the reason; the store below it tells its nature, too.
+bool MediumRefuses(lumira::Store& store) {
+  const auto products = store.Products();
+  if (!products) return IsRefusalOfTheMedium(products.Failure());
+  return std::any_of(products.Value().begin(), products.Value().end(), [&](const lumira::ProductInfo& info) {
+    const auto product = store.LoadProduct(info.id);
+    return !product && IsRefusalOfTheMedium(product.Failure());
+  });
 }
 
 /// A file may open and still be damaged inside. It is of use when it is empty, or when at least one of its
@@ -40,7 +57,11 @@ ProductSession::~ProductSession() { KorPdmClient::SetTransport(nullptr); }
 protocol::Result<void> ProductSession::Open(const std::string& file, lumira::Progress progress) {
   auto transport = EmbeddedTransport::Open(file, std::move(progress));
   if (!transport) return transport.Failure();
-  if (const auto sound = CheckContent(*transport.Value()); !sound) return sound;
+  if (const auto sound = CheckContent(*transport.Value()); !sound) {
+    protocol::Error unsound = sound.Failure();
+    if (!MediumRefuses(transport.Value()->Store())) unsound.storedData = protocol::StoredData::Unusable;
+    return unsound;
+  }
   KorPdmClient::SetTransport(transport.Value().get());
   _transport = std::move(transport).Value();
   return {};

@@ -8,6 +8,8 @@ namespace desktop {
 namespace {
 
 namespace fs = std::filesystem;
+using protocol::Error;
+using protocol::ErrorKind;
 using protocol::Result;
 
 Result<lumira::ImportReport> ImportSample(const fs::path& folder, const std::string& file) {
@@ -26,12 +28,37 @@ Result<lumira::ImportReport> ImportSample(const fs::path& folder, const std::str
 /// What SQLite keeps beside a database, by what stands behind its name.
 constexpr const char* kCompanions[] = {"", "-wal", "-shm", "-journal"};
 
-Result<void> Rename(const std::string& from, const std::string& to) {
+Error Cannot(const char* what, const std::string& file, const std::error_code& error) {
+  return {ErrorKind::Storage, "\"" + file + "\" cannot be " + what + ": " + error.message()};
+}
+
+/// Gives a file the place of another one. Where there is no file the other one goes, too: the companions of a
+/// database must not be taken for those of the next.
+Result<void> TakePlace(const std::string& from, const std::string& to) {
   std::error_code error;
-  if (fs::exists(from, error)) fs::rename(from, to, error);
-  if (!error) return {};
-  return protocol::Error{protocol::ErrorKind::Storage,
-                         "\"" + from + "\" cannot be renamed: " + error.message()};
+  if (fs::exists(from, error))
+    fs::rename(from, to, error);
+  else if (!error)
+    fs::remove(to, error);
+  if (error) return Cannot("renamed", from, error);
+  return {};
+}
+
+Result<void> RemoveWithCompanions(const std::string& file) {
+  for (const char* companion : kCompanions) {
+    std::error_code error;
+    fs::remove(file + companion, error);
+    if (error) return Cannot("removed", file + companion, error);
+  }
+  return {};
+}
+
+/// Gives a whole product file its name. What is left beside the name then is the log of a file that somebody
+/// removed, and nobody can read it any more.
+Result<void> GiveName(const std::string& made, const std::string& file) {
+  if (auto aside = SetAside(file); !aside) return aside;
+  if (auto cleared = RemoveWithCompanions(file); !cleared) return cleared;
+  return TakePlace(made, file);
 }
 
 }  // namespace
@@ -39,26 +66,28 @@ Result<void> Rename(const std::string& from, const std::string& to) {
 std::string NameSetAside(const std::string& file) { return file + ".old"; }
 
 Result<void> SetAside(const std::string& file) {
-  for (const char* companion : kCompanions) {
-    std::error_code ignored;
-    fs::remove(NameSetAside(file) + companion, ignored);
-    if (auto renamed = Rename(file + companion, NameSetAside(file) + companion); !renamed) return renamed;
-  }
+  std::error_code error;
+  const bool isThere = fs::exists(file, error);
+  if (error) return Cannot("found", file, error);
+  if (!isThere) return {};
+  for (const char* companion : kCompanions)
+    if (auto moved = TakePlace(file + companion, NameSetAside(file) + companion); !moved) return moved;
   return {};
 }
 
 Result<lumira::ImportReport> CreateSampleProduct(const std::string& samplesFolder, const std::string& file) {
-  // Made under another name, so that a file of the product's own name is always whole.
+  // Made under another name, so that a file of the product's own name is always whole, and the old one stays
+  // in its place until there is a new one.
   const std::string making = file + ".new";
+  const fs::path folder = fs::path(file).parent_path();
   std::error_code error;
-  fs::create_directories(fs::path(file).parent_path(), error);
-  fs::remove(making, error);
+  if (!folder.empty()) fs::create_directories(folder, error);
+  if (error) return Cannot("made", folder.string(), error);
+  if (auto cleared = RemoveWithCompanions(making); !cleared) return cleared.Failure();
   auto report = ImportSample(samplesFolder, making);
-  if (report) fs::rename(making, file, error);
-  if (report && error)
-    report =
-        protocol::Error{protocol::ErrorKind::Storage, "\"" + file + "\" cannot be made: " + error.message()};
-  if (!report) fs::remove(making, error);
+  if (report)
+    if (auto named = GiveName(making, file); !named) report = named.Failure();
+  if (!report) (void)RemoveWithCompanions(making);
   return report;
 }
 

@@ -78,7 +78,8 @@ void SearchBox::Search() {
   _pause->stop();
   const std::string text = _edit->text().trimmed().toStdString();
   if (text.empty() || !product) return Clear();
-  auto reply = SearchTree({product(), text, kMostHits});
+  _searched = product();
+  auto reply = SearchTree({_searched, text, kMostHits});
   if (!reply) {
     Clear();
     return ShowSummary(ToQt(reply.Failure().message));
@@ -129,7 +130,7 @@ void SearchBox::Clear() {
 
 void SearchBox::PickCurrent() {
   const int row = _list->indexOfTopLevelItem(_list->currentItem());
-  if (row >= 0 && onPicked) onPicked(_reply.hits[static_cast<std::size_t>(row)]);
+  if (row >= 0 && onPicked) onPicked(_searched, _reply.hits[static_cast<std::size_t>(row)]);
 }
 
 bool SearchBox::eventFilter(QObject* watched, QEvent* event) {

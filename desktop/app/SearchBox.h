@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <functional>
+#include <string>
 
 #include "protocol/Tree.h"
 
@@ -21,8 +22,9 @@ class SearchBox : public QWidget {
 
   /// Which product to search.
   std::function<std::string()> product;
-  /// Told of the occurrence that the user picks among those found.
-  std::function<void(const protocol::Occurrence&)> onPicked;
+  /// Told of the occurrence that the user picks among those found, and of the product that was searched:
+  /// meanwhile `product` may answer another one.
+  std::function<void(const std::string& product, const protocol::Occurrence& hit)> onPicked;
 
   QLineEdit* Edit() const { return _edit; }
   QTreeWidget* Hits() const { return _list; }
@@ -47,7 +49,8 @@ class SearchBox : public QWidget {
   QAction* _icon = nullptr;
   QTreeWidget* _list;
   QLabel* _summary;
-  QTimer* _pause;  ///< runs from the last key until the search begins
+  QTimer* _pause;         ///< runs from the last key until the search begins
+  std::string _searched;  ///< the product of `_reply`
   protocol::SearchReply _reply;
 };
 

@@ -1,5 +1,7 @@
 #include "desktop/app/Settings.h"
 
+#include "desktop/app/QtTranslation.h"
+#include "framework/dialog/KorMsgCatalog.h"
 #include "framework/knowledge/KorUnitSystems.h"
 
 namespace desktop {
@@ -43,6 +45,11 @@ void Settings::SetTheme(ThemeChoice theme) { _settings->setValue(kThemeKey, stat
 QString Settings::Language() const { return _settings->value(kLanguageKey, "en").toString(); }
 
 void Settings::SetLanguage(const QString& language) { _settings->setValue(kLanguageKey, language); }
+
+void Settings::ApplyLanguage() const {
+  KorMsgCatalog::SetLanguage(Language().toStdString());
+  TranslateQt(QString::fromStdString(KorMsgCatalog::GetLanguage()));
+}
 
 void Settings::ApplyUnits() const {
   KorApplyUnitSystem("Mixed");

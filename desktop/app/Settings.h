@@ -22,6 +22,9 @@ class Settings {
   void SetTheme(ThemeChoice theme);
   QString Language() const;
   void SetLanguage(const QString& language);
+  /// Makes the remembered language current, Qt's own texts included. Where there is no such language all
+  /// texts stay in the one that is current; the remembered one is not forgotten.
+  void ApplyLanguage() const;
 
   /// Makes the remembered units and shown digits current; at the first start the mixed unit system.
   void ApplyUnits() const;

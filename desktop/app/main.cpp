@@ -13,7 +13,6 @@
 #include "desktop/app/HeadlessRun.h"
 #include "desktop/app/Icons.h"
 #include "desktop/app/MainWindow.h"
-#include "desktop/app/QtTranslation.h"
 #include "framework/dialog/KorApplicationFrame.h"
 #include "framework/dialog/KorMsgCatalog.h"
 
@@ -128,8 +127,7 @@ int RunHeadless(const QString& folder) {
 int RunDesktop(const QString& product) {
   desktop::Settings settings;
   desktop::Theme::Apply(settings.Theme());
-  KorMsgCatalog::SetLanguage(settings.Language().toStdString());
-  desktop::TranslateQt(settings.Language());
+  settings.ApplyLanguage();
   settings.ApplyUnits();
   desktop::QtBackend backend;
   KorApplicationFrame::SetBackend(&backend);

@@ -20,6 +20,7 @@ namespace {
 using protocol::Error;
 using protocol::ErrorKind;
 using protocol::Result;
+using protocol::StoredData;
 
 // Readers never wait for a writer in this mode, and a commit is on the disk when it returns.
 void SetModes(SQLite::Database& database) {
@@ -37,8 +38,9 @@ std::string PathFor(const std::string& file) {
   return std::filesystem::path(file).is_absolute() ? file : "./" + file;
 }
 
-Error FileError(ErrorKind kind, const std::string& file, const std::string& reason) {
-  return {kind, "database \"" + file + "\": " + reason};
+Error FileError(ErrorKind kind, const std::string& file, const std::string& reason,
+                StoredData storedData = StoredData::NotToBlame) {
+  return {kind, "database \"" + file + "\": " + reason, storedData};
 }
 
 /// What SQLite keeps beside a database while it works, by what stands behind its name.
@@ -86,7 +88,7 @@ Result<std::unique_ptr<Store>> OpenSqliteStore(const std::string& file, int lock
     if (sqlite3_db_readonly(database.getHandle(), "main") == 1)
       return FileError(ErrorKind::Storage, file, "the file is read-only");
     if (const std::string problem = SchemaProblem(database); !problem.empty())
-      return FileError(ErrorKind::Storage, file, problem);
+      return FileError(ErrorKind::Storage, file, problem, StoredData::Unusable);
     SetModes(database);
     BringUpToDate(database);
     return std::unique_ptr<Store>(new SqliteStore(file, std::move(database)));

@@ -35,10 +35,11 @@ void CheckRowCount(NameOwner&& nameOwner, const char* rows, std::size_t found, s
                          std::to_string(stored));
 }
 
-/// A Storage error that names the file and says what is damaged in it.
+/// A Storage error that names the file and says what is damaged in it: the stored data is unusable.
 protocol::Error DamageError(const std::string& file, const std::string& what);
 
-/// A Storage error that names the file and says what an SQLite failure means for its user.
+/// A Storage error that names the file and says what an SQLite failure means for its user, and whether the
+/// stored data is to blame.
 protocol::Error StorageError(const std::string& file, const SQLite::Exception& exception);
 
 /// Runs work on the database of `file`; no exception of SQLite, of damaged content or of values that cannot

@@ -146,11 +146,44 @@ TEST_F(SpoiltCatalogueTest, AMissingFolderIsToldOfWithEachFileThatWasWanted) {
   EXPECT_EQ(boxes.Messages()[0].title, "Some texts are missing");
 }
 
+std::string QtsWordForCancel() {
+  return QDialogButtonBox(QDialogButtonBox::Cancel).button(QDialogButtonBox::Cancel)->text().toStdString();
+}
+
 TEST_F(WindowTest, ALanguageIsThatOfQtsOwnButtonsToo) {
   ASSERT_TRUE(window.ChooseLanguage("de"));
-  EXPECT_EQ(QDialogButtonBox(QDialogButtonBox::Cancel).button(QDialogButtonBox::Cancel)->text(), "Abbrechen");
+  EXPECT_EQ(QtsWordForCancel(), "Abbrechen");
   ASSERT_TRUE(window.ChooseLanguage("en"));
-  EXPECT_EQ(QDialogButtonBox(QDialogButtonBox::Cancel).button(QDialogButtonBox::Cancel)->text(), "Cancel");
+  EXPECT_EQ(QtsWordForCancel(), "Cancel");
+}
+
+TEST_F(WindowTest, TheRememberedLanguageIsThatOfAllTexts) {
+  settings.SetLanguage("de");
+  settings.ApplyLanguage();
+  EXPECT_EQ(KorMsgCatalog::GetLanguage(), "de");
+  EXPECT_EQ(QtsWordForCancel(), "Abbrechen");
+  window.TellCatalogueProblems();
+  EXPECT_TRUE(boxes.Messages().empty());
+}
+
+TEST_F(WindowTest, ARememberedLanguageThatIsGoneLeavesAllTextsInTheCurrentOne) {
+  ASSERT_TRUE(window.ChooseLanguage("de"));
+  settings.SetLanguage("xx");
+  settings.ApplyLanguage();
+  EXPECT_EQ(KorMsgCatalog::GetLanguage(), "de");
+  EXPECT_EQ(QtsWordForCancel(), "Abbrechen");
+}
+
+TEST_F(WindowTest, ARememberedLanguageThatIsGoneIsToldOfOnceWithItsFolder) {
+  settings.SetLanguage("xx");
+  settings.ApplyLanguage();
+  testing::internal::CaptureStderr();
+  window.TellCatalogueProblems();
+  window.TellCatalogueProblems();
+  const std::string missing =
+      QString("The folder \"%1/xx\" of the language \"xx\" is missing.").arg(kCatalogues).toStdString();
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "korvo: " + missing + "\n");
+  EXPECT_EQ(OnlyMessage(), missing);
 }
 
 TEST_F(WindowTest, ALanguageIsThatOfTheServersAddressAndOfProgressToo) {

@@ -36,18 +36,22 @@ TEST_F(HeadlessRunTest, FailsWhenTheFolderCannotBeMade) {
   EXPECT_NE(done.Failure().message.find("file/out"), std::string::npos);
 }
 
-TEST_F(HeadlessRunTest, FailsWhenAPictureCannotBeWritten) {
+TEST_F(HeadlessRunTest, FailsWhenAPictureCannotBeWrittenAndSaysWhy) {
   ASSERT_TRUE(QDir(scratch.path()).mkpath("out/window.png"));
   const auto done = HeadlessRun(scratch.filePath("out")).Run();
   ASSERT_FALSE(done.Ok());
-  EXPECT_NE(done.Failure().message.find("window.png"), std::string::npos);
+  EXPECT_NE(done.Failure().message.find("window.png\" cannot be written: Filename refers to a directory"),
+            std::string::npos)
+      << done.Failure().message;
 }
 
-TEST_F(HeadlessRunTest, FailsWhenTheValuesCannotBeWritten) {
+TEST_F(HeadlessRunTest, FailsWhenTheValuesCannotBeWrittenAndSaysWhy) {
   ASSERT_TRUE(QDir(scratch.path()).mkpath("out/values.txt"));
   const auto done = HeadlessRun(scratch.filePath("out")).Run();
   ASSERT_FALSE(done.Ok());
-  EXPECT_NE(done.Failure().message.find("values.txt"), std::string::npos);
+  EXPECT_NE(done.Failure().message.find("values.txt\" cannot be written: Filename refers to a directory"),
+            std::string::npos)
+      << done.Failure().message;
 }
 
 TEST_F(HeadlessRunTest, FailsWithoutTheSampleAndNamesTheFolderThatWasLookedIn) {

@@ -72,6 +72,8 @@ TEST_F(ImportDialogTest, AnErrorIsReportedWithFileLineAndColumn) {
   dialog.MassEdit()->setText(Table("wrong.csv", "part,mass [kg]\nwheel,heavy\n"));
   dialog.ImportButton()->click();
   EXPECT_TRUE(dialog.ReportText().contains("wrong.csv")) << dialog.ReportText().toStdString();
+  EXPECT_TRUE(dialog.ReportText().contains("line 2, column 2 (mass [kg])"))
+      << dialog.ReportText().toStdString();
   EXPECT_TRUE(dialog.ReportText().contains("heavy")) << dialog.ReportText().toStdString();
   EXPECT_EQ(ProductCount(), 0u);
 }

@@ -80,12 +80,6 @@ TEST_F(WindowTest, AProductWithALostTableGivesAMessageAndLeavesTheOpenOneOpen) {
   EXPECT_EQ(settings.RecentProducts(), QStringList{File()});
 }
 
-TEST_F(WindowTest, AProductThatCannotBeOpenedLeavesTheRecentOnes) {
-  settings.AddRecentProduct(folder.filePath("none.lumira"));
-  window.OpenProduct(folder.filePath("none.lumira"));
-  EXPECT_EQ(settings.RecentProducts(), QStringList{File()});
-}
-
 TEST_F(WindowTest, OpensTheProductThatTheUserChooses) {
   ASSERT_TRUE(QFile::copy(File(), folder.filePath("copy.lumira")));
   boxes.files = {KorUnicodeString(folder.filePath("copy.lumira").toStdString())};

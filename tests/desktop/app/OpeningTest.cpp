@@ -6,10 +6,12 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSignalSpy>
 #include <QStatusBar>
 
 #include "desktop/app/SampleProduct.h"
+#include "desktop/toolkit/QtText.h"
 #include "tests/desktop/app/WindowHarness.h"
 
 namespace desktop::test {
@@ -52,6 +54,15 @@ class OrdinaryUser {
   bool _dropped = false;
 };
 
+/// Lets everybody read a file in `folder` or below it, and nobody write it.
+void MakeReadOnly(const QString& file, const QTemporaryDir& folder) {
+  const auto read = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
+  const auto enter = QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
+  ASSERT_TRUE(QFile::setPermissions(file, read));
+  for (QString path = QFileInfo(file).path(); path.startsWith(folder.path()); path = QFileInfo(path).path())
+    ASSERT_TRUE(QFile::setPermissions(path, read | enter | QFile::WriteOwner));
+}
+
 class OpeningTest : public WindowTest {
  protected:
   void SetUp() override {
@@ -83,10 +94,7 @@ TEST_F(OpeningTest, ALockedProductIsRefusedAndStaysAmongTheRecentOnes) {
 }
 
 TEST_F(OpeningTest, AReadOnlyProductIsRefusedAndStaysAmongTheRecentOnes) {
-  ASSERT_TRUE(QFile::setPermissions(other, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
-  ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
-                                                       QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther |
-                                                       QFile::ExeOther));
+  MakeReadOnly(other, folder);
   const OrdinaryUser user;
   ASSERT_NE(geteuid(), 0u);
   ExpectRefused("read-only");
@@ -97,7 +105,7 @@ TEST_F(OpeningTest, ADamagedProductIsRefusedAndStaysAmongTheRecentOnes) {
   ExpectRefused("damaged");
 }
 
-TEST_F(OpeningTest, AMissingProductLeavesTheRecentOnesHoweverItIsNamed) {
+TEST_F(OpeningTest, AMissingProductIsNoRecentOneAnyMoreHoweverItIsNamed) {
   ASSERT_TRUE(QFile::remove(other));
   const QString before = QDir::currentPath();
   ASSERT_TRUE(QDir::setCurrent(folder.path()));
@@ -196,6 +204,94 @@ TEST_F(SampleTest, DamagedIsMadeAnewWhenTheUserWantsIt) {
   EXPECT_TRUE(boxes.Messages().empty());
   EXPECT_EQ(window.Tree().rowCount(), 1);
   EXPECT_EQ(QFile(sample + ".old").size(), 5016);
+}
+
+TEST_F(SampleTest, OfAnotherVersionIsMadeAnewWhenTheUserWantsIt) {
+  for (const char* version : {"PRAGMA user_version = 4711", "PRAGMA user_version = 1"}) {
+    ASSERT_TRUE(OtherProgram(sample).Run(version));
+    boxes.answers = {0};
+    EXPECT_TRUE(window.OpenSample()) << version;
+  }
+  EXPECT_EQ(boxes.Questions().size(), 2u);
+  EXPECT_TRUE(boxes.Messages().empty());
+}
+
+TEST_F(SampleTest, DamagedInsideIsMadeAnewWhenTheUserWantsIt) {
+  ASSERT_TRUE(OtherProgram(sample).Run("PRAGMA foreign_keys = OFF; DROP TABLE parts"));
+  boxes.answers = {0};
+  EXPECT_TRUE(window.OpenSample());
+  EXPECT_EQ(boxes.Questions().size(), 1u);
+}
+
+TEST_F(SampleTest, WithoutRowsThatItHadIsMadeAnewWhenTheUserWantsIt) {
+  ASSERT_TRUE(OtherProgram(sample).Run("DELETE FROM mass_types"));
+  boxes.answers = {0};
+  EXPECT_TRUE(window.OpenSample());
+  EXPECT_EQ(boxes.Questions().size(), 1u);
+}
+
+TEST_F(SampleTest, HeldByAnotherProgramIsToldOfAndLeftInItsPlace) {
+  OtherProgram program(sample);
+  ASSERT_TRUE(program.Run("PRAGMA locking_mode = EXCLUSIVE"));
+  ASSERT_TRUE(program.Run("BEGIN EXCLUSIVE"));
+  boxes.answers = {0};
+  EXPECT_FALSE(window.OpenSample());
+  EXPECT_TRUE(boxes.Questions().empty());
+  EXPECT_NE(OnlyMessage().find("locked"), std::string::npos) << OnlyMessage();
+  EXPECT_TRUE(QFile::exists(sample));
+  EXPECT_FALSE(QFile::exists(sample + ".old"));
+}
+
+TEST_F(SampleTest, ThatIsReadOnlyIsToldOfAndLeftInItsPlace) {
+  MakeReadOnly(sample, folder);
+  boxes.answers = {0};
+  const OrdinaryUser user;
+  ASSERT_NE(geteuid(), 0u);
+  EXPECT_FALSE(window.OpenSample());
+  EXPECT_TRUE(boxes.Questions().empty());
+  EXPECT_NE(OnlyMessage().find("read-only"), std::string::npos) << OnlyMessage();
+  EXPECT_FALSE(QFile::exists(sample + ".old"));
+}
+
+TEST_F(SampleTest, StaysInItsPlaceUntilTheNewOneIsWhole) {
+  Damage(sample);
+  ASSERT_TRUE(QDir().mkpath(folder.filePath("no-tables/iea15")));
+  qputenv("KORVO_SAMPLES", folder.filePath("no-tables").toUtf8());
+  boxes.answers = {0, 0};
+  EXPECT_FALSE(window.OpenSample());
+  EXPECT_NE(OnlyMessage().find("structure.csv"), std::string::npos) << OnlyMessage();
+  EXPECT_EQ(QFile(sample).size(), 5016);
+  EXPECT_FALSE(QFile::exists(sample + ".old"));
+
+  qputenv("KORVO_SAMPLES", KORVO_SOURCE_DIR "/samples");
+  EXPECT_TRUE(window.OpenSample());
+  EXPECT_EQ(QFile(sample + ".old").size(), 5016);
+}
+
+TEST_F(SampleTest, ThatWasSetAsideOutlivesASecondTryWithoutAFileToSetAside) {
+  const std::string file = folder.filePath("set-aside.lumira").toStdString();
+  Damage(ToQt(file + ".old"));
+  EXPECT_TRUE(SetAside(file).Ok());
+  EXPECT_EQ(QFile(ToQt(file + ".old")).size(), 5016);
+  EXPECT_FALSE(CreateSampleProduct(folder.path().toStdString(), file).Ok());
+  EXPECT_TRUE(CreateSampleProduct(KORVO_SOURCE_DIR "/samples", file).Ok());
+  EXPECT_EQ(QFile(ToQt(file + ".old")).size(), 5016);
+}
+
+TEST_F(SampleTest, FailingToBeMadeLeavesNothingBehind) {
+  const std::string file = folder.filePath("made.lumira").toStdString();
+  ASSERT_TRUE(QDir().mkpath(folder.filePath("half/iea15")));
+  for (const char* table : {"structure.csv", "mass.csv"}) Damage(folder.filePath("half/iea15/") + table);
+  EXPECT_FALSE(CreateSampleProduct(folder.filePath("half").toStdString(), file).Ok());
+  EXPECT_EQ(QDir(folder.path()).entryList({"made*"}, QDir::Files), QStringList());
+}
+
+TEST_F(SampleTest, IsNotReadWithTheLogOfAProductThatIsGone) {
+  const QString file = folder.filePath("logs.lumira");
+  for (const char* companion : {"-wal", "-journal", ".new", ".new-journal"}) Damage(file + companion);
+  ASSERT_TRUE(CreateSampleProduct(KORVO_SOURCE_DIR "/samples", file.toStdString()).Ok());
+  EXPECT_EQ(QDir(folder.path()).entryList({"logs*"}, QDir::Files), QStringList{"logs.lumira"});
+  EXPECT_TRUE(window.OpenProduct(file));
 }
 
 TEST_F(SampleTest, IsSetAsideWithWhatTheDatabaseKeepsBesideIt) {

@@ -6,6 +6,8 @@
 #include <QTreeWidget>
 
 #include "desktop/app/SearchBox.h"
+#include "lumira/import/ImportProduct.h"
+#include "lumira/store/OpenSqliteStore.h"
 #include "tests/desktop/app/ScriptedTransport.h"
 #include "tests/desktop/app/WindowHarness.h"
 
@@ -17,6 +19,16 @@ class SearchBoxTest : public WindowTest {
   void Type(const char* text) {
     window.Search().Edit()->setText(text);
     window.Search().Search();
+  }
+  /// Makes a second product in the open file: car, with the part wheel.
+  void AddCar() {
+    lumira::ImportTables tables;
+    tables.structure = lumira::TableSource{"structure.csv", "parent,child,instance\ncar,wheel,wheel.1\n"};
+    tables.mass = {"mass.csv", "part,mass [kg]\nwheel,20\n"};
+    const auto store = lumira::OpenSqliteStore(File().toStdString());
+    ASSERT_TRUE(store.Ok());
+    ASSERT_TRUE(lumira::ImportProduct(*store.Value(), tables, {}).Ok());
+    ASSERT_TRUE(window.OpenProduct(File()));
   }
   std::string SelectedPart() {
     const QModelIndex index = window.TreeView().currentIndex();
@@ -70,6 +82,17 @@ TEST_F(SearchBoxTest, AServersMessageIsShownAsPlainText) {
     EXPECT_EQ(label->textFormat(), Qt::PlainText);
     EXPECT_TRUE(label->wordWrap());
   }
+}
+
+TEST_F(SearchBoxTest, AHitIsSelectedInTheProductThatWasSearchedWhicheverIsSelectedMeanwhile) {
+  AddCar();
+  ASSERT_TRUE(window.Select("IEA15", {}));
+  Type("bedplate");
+  ASSERT_EQ(window.Search().Hits()->topLevelItemCount(), 1);
+  ASSERT_TRUE(window.Select("car", {"wheel.1"}));
+  window.Search().Hits()->setCurrentItem(window.Search().Hits()->topLevelItem(0));
+  QTest::keyClick(window.Search().Hits(), Qt::Key_Return);
+  EXPECT_EQ(SelectedPart(), "bedplate");
 }
 
 TEST_F(SearchBoxTest, EscapeClosesTheList) {
