@@ -46,7 +46,7 @@ void FieldReader::ReadHead() {
                                      " is not known here, version " + std::string(_head.version) + " is");
 }
 
-std::optional<std::string_view> FieldReader::Take(std::string_view name) {
+std::optional<std::string_view> FieldReader::Take(std::string_view name, TextRule rule) {
   if (_failure) return std::nullopt;
   ++_number;
   if (_atEnd) {
@@ -58,8 +58,8 @@ std::optional<std::string_view> FieldReader::Take(std::string_view name) {
   const std::string_view field = _rest.substr(0, separator);
   _atEnd = separator == std::string_view::npos;
   _rest.remove_prefix(_atEnd ? _rest.size() : separator + 1);
-  if (field.size() <= kMaxFieldBytes) return field;
-  Refuse(name, field, "longer than " + std::to_string(kMaxFieldBytes) + " bytes");
+  if (field.size() <= rule.mostBytes) return field;
+  Refuse(name, field, "longer than " + std::to_string(rule.mostBytes) + " bytes");
   return std::nullopt;
 }
 
@@ -68,8 +68,8 @@ bool FieldReader::TakeNull() {
   return Take({}).has_value();
 }
 
-void FieldReader::Field(std::string_view name, std::string& value) {
-  const auto field = Take(name);
+void FieldReader::Field(std::string_view name, std::string& value, TextRule rule) {
+  const auto field = Take(name, rule);
   if (!field) return;
   if (std::any_of(field->begin(), field->end(), IsControl))
     return Refuse(name, *field, "holds a control character that is not escaped");

@@ -24,7 +24,7 @@ class FieldReader {
   /// Checks size, well-formed UTF-8 and the head. `text` must outlive the reader.
   FieldReader(FormHead head, std::string_view text);
 
-  void Field(std::string_view name, std::string& value);
+  void Field(std::string_view name, std::string& value, TextRule rule = {});
   void Field(std::string_view name, double& value);
   void Field(std::string_view name, int& value, IntRange range = {});
   void Field(std::string_view name, bool& value);
@@ -81,7 +81,7 @@ class FieldReader {
     Field(numbered, value);
   }
 
-  std::optional<std::string_view> Take(std::string_view name);
+  std::optional<std::string_view> Take(std::string_view name, TextRule rule = {});
   bool TakeNull();
   std::size_t Count(std::string_view name, ListRule rule);
   void ReadHead();

@@ -20,6 +20,13 @@ struct ListRule {
   std::size_t group = 1;
 };
 
+/// Allowed length of a text field as it stands on the wire.
+struct TextRule {
+  std::size_t mostBytes = kMaxFieldBytes;
+};
+
+inline constexpr TextRule kFilterText = {.mostBytes = kMaxFilterBytes};
+
 /// The last field of every form, so that a text cut short is never taken for a whole one.
 inline constexpr std::string_view kEndMark = "end";
 

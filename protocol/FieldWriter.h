@@ -18,7 +18,7 @@ class FieldWriter {
  public:
   explicit FieldWriter(FormHead head);
 
-  void Field(std::string_view name, const std::string& value);
+  void Field(std::string_view name, const std::string& value, TextRule = {});
   void Field(std::string_view name, double value);
   void Field(std::string_view name, int value, IntRange range = {});
   void Field(std::string_view name, bool value);

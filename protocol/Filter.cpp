@@ -41,7 +41,9 @@ class RowReader {
     const std::string field = Text(name);
     if (_failure) return 0;
     const auto count = ParseInteger(field);
-    if (count && *count >= 0 && *count <= static_cast<long long>(most))
+    // Written in one way only: what reads a filter as text compares it as text.
+    const bool isPlain = count && std::to_string(*count) == field;
+    if (isPlain && *count >= 0 && *count <= static_cast<long long>(most))
       return static_cast<std::size_t>(*count);
     _failure = BadFilter("field " + std::to_string(_number) + " (" + _row + std::string(name) +
                          "): " + Quoted(field) + " is not a number from 0 to " + std::to_string(most));

@@ -105,7 +105,7 @@ struct Form<PartData> {
     a.Field("partId", x.partId);
     a.Field("instancePath", x.instancePath);
     a.Field("configurationHandler", x.configurationHandler);
-    a.Field("filter", x.filter);
+    a.Field("filter", x.filter, kFilterText);
     a.Field("hasInstance", x.hasInstance);
     a.Field("computed", x.computed);
     a.Field("persisted", x.persisted);
@@ -129,7 +129,7 @@ struct Form<ComputeOptions> {
 
   template <class Archive, class X>
   static void Fields(Archive& a, X& x) {
-    a.Field("filter", x.filter);
+    a.Field("filter", x.filter, kFilterText);
     a.Field("referenceInertiaMode", x.referenceInertiaMode);
     a.Field("reuseStoredResults", x.reuseStoredResults);
     a.Field("materialName", x.materialName);
@@ -160,7 +160,7 @@ struct Form<PartDataRequest> {
     a.Field("product", x.product);
     a.Field("partId", x.partId);
     a.Field("instancePath", x.instancePath, ListRule{.most = kMaxPathDepth});
-    a.Field("filter", x.filter);
+    a.Field("filter", x.filter, kFilterText);
   }
 };
 

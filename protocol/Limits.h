@@ -10,6 +10,10 @@ inline constexpr std::size_t kMaxTextBytes = std::size_t{64} << 20;
 /// Largest single field, bytes, as it stands on the wire.
 inline constexpr std::size_t kMaxFieldBytes = std::size_t{1} << 20;
 
+/// Largest field that holds a filter: a hundred thousand chosen instances with names and paths of usual
+/// length.
+inline constexpr std::size_t kMaxFilterBytes = std::size_t{32} << 20;
+
 /// Most entries of any list in a form.
 inline constexpr std::size_t kMaxListEntries = 1'000'000;
 

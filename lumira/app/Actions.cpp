@@ -197,10 +197,10 @@ Result<void> PrintPart(OpenServer& server, TreePrinter& printer, const std::stri
   return printer.Print(node.Value(), 0);
 }
 
-// "No Filter" without either.
+// "No Filter" without either. An empty text is no filter that could be meant, and is refused by the server.
 std::string FilterOf(const ComputeAction& action) {
-  if (!action.userFilter.empty()) return action.userFilter;
-  return action.filterName.empty() ? std::string(protocol::kNoFilter) : "0|" + action.filterName;
+  if (action.userFilter) return *action.userFilter;
+  return action.filterName ? "0|" + *action.filterName : std::string(protocol::kNoFilter);
 }
 
 Result<protocol::PartData> AskPartData(OpenServer& server, const std::string& part,

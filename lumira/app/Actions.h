@@ -38,8 +38,8 @@ struct TreeAction {
 struct ComputeAction {
   std::string file;
   std::string part;
-  std::string filterName;  ///< of a configuration filter; empty: none
-  std::string userFilter;  ///< "1|" and chosen instances (protocol/Filter.h); empty: none
+  std::optional<std::string> filterName;  ///< of a configuration filter
+  std::optional<std::string> userFilter;  ///< "1|" and chosen instances (protocol/Filter.h)
 };
 
 struct CommandAction {

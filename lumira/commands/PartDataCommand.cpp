@@ -110,14 +110,23 @@ void AddPrecision(protocol::MassType& type, const std::vector<Precision>& precis
   }
 }
 
-// The computed mass type first, then those of the users.
-std::vector<protocol::MassType> MassTypesOf(const OpenProduct& product, const Part& part,
-                                            const PartDetails& details) {
-  std::vector<protocol::MassType> types;
-  const StoredResult* result = product.ResultOf(part.id);
+// What a request is about: what was stored is the result of the whole product, and says nothing of a part of
+// it that a filter leaves.
+enum class Counts { Whole, WhatAFilterLeaves };
+
+protocol::MassType ComputedTypeOf(const OpenProduct& product, const Part& part, Counts counts) {
+  const StoredResult* result = counts == Counts::Whole ? product.ResultOf(part.id) : nullptr;
   const MassTypeData none{
       .name = std::string(kComputedMassType), .properties = {}, .deviations = {}, .bounds = {}};
-  types.push_back(ToWire(result != nullptr ? result->computed : none, product.ComputedStatus(part.id)));
+  if (result == nullptr) return ToWire(none, protocol::MassTypeStatus::Undefined);
+  return ToWire(result->computed, product.ComputedStatus(part.id));
+}
+
+// The computed mass type first, then those of the users.
+std::vector<protocol::MassType> MassTypesOf(const OpenProduct& product, const Part& part,
+                                            const PartDetails& details, Counts counts) {
+  std::vector<protocol::MassType> types;
+  types.push_back(ComputedTypeOf(product, part, counts));
   for (const MassTypeData& data : part.massTypes) {
     const bool hasValues = data.properties != MassProperties{};
     types.push_back(
@@ -163,7 +172,7 @@ protocol::Material MaterialOf(const OpenProduct& product, std::uint32_t index, c
 }
 
 PartData MakePartData(const Selection& selection, const protocol::PartDataRequest& request,
-                      const PartDetails& details) {
+                      const PartDetails& details, Counts counts) {
   const OpenProduct& product = *selection.product;
   const Part& part = product.PartAt(selection.part);
   PartData data;
@@ -172,7 +181,7 @@ PartData MakePartData(const Selection& selection, const protocol::PartDataReques
   data.configurationHandler = product.Data().id;
   data.filter = request.filter;
   data.hasInstance = true;  // whatever the server tells of is in the PDM
-  data.massTypes = MassTypesOf(product, part, details);
+  data.massTypes = MassTypesOf(product, part, details, counts);
   data.computed = data.massTypes.front().status == protocol::MassTypeStatus::Defined;
   // What was computed can be computed again; a compute leaves this as the client has it.
   data.persisted = !part.massTypes.empty();
@@ -201,7 +210,8 @@ Result<std::string> GetPartData(Session& session, std::string_view text) {
   const auto details =
       session.store.LoadDetails(selection.Value().product->PartAt(selection.Value().part).id);
   if (!details) return details.Failure();
-  return protocol::WritePartData(MakePartData(selection.Value(), request.Value(), details.Value()));
+  const Counts counts = filter.Value().LetsAllPass() ? Counts::Whole : Counts::WhatAFilterLeaves;
+  return protocol::WritePartData(MakePartData(selection.Value(), request.Value(), details.Value(), counts));
 }
 
 }  // namespace lumira

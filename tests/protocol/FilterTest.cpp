@@ -48,6 +48,9 @@ TEST(FilterString, IsRefusedWithTheFieldThatIsWrong) {
   EXPECT_EQ(Refusal("2|x"), "Filter: field 1 (kind): \"2\" is neither 0 nor 1");
   EXPECT_EQ(Refusal("0"), "Filter: field 2 is missing");
   EXPECT_EQ(Refusal("1|x"), "Filter: field 2 (row count): \"x\" is not a number from 0 to 100000");
+  for (const char* odd : {"01", "-0", "+1", "00"})
+    EXPECT_EQ(Refusal("1|" + std::string(odd)),
+              "Filter: field 2 (row count): \"" + std::string(odd) + "\" is not a number from 0 to 100000");
   EXPECT_EQ(Refusal("1|100001"), "Filter: field 2 (row count): \"100001\" is not a number from 0 to 100000");
   EXPECT_EQ(Refusal("1|1|I|P|A"), "Filter: field 6 (row 1, depth) is missing");
   EXPECT_EQ(Refusal("1|0|I"), "Filter: there is more text after field 2, the last of the rows");

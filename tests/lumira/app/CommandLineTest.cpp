@@ -249,6 +249,8 @@ TEST_F(CommandLine, ComputesTheSampleWithChosenInstances) {
   EXPECT_EQ(broken.errors,
             "lumira: Filter: row 1, instance id: there is no instance \"generator.1\" in part \"RNA\"\n");
   EXPECT_EQ(Lumira({"compute", file, "RNA", "--filter", "X", "--user-filter", "1|0"}).code, kUsage);
+  EXPECT_EQ(Lumira({"compute", file, "RNA", "--user-filter", ""}).code, kRefused);
+  EXPECT_EQ(Lumira({"compute", file, "RNA", "--filter", ""}).code, kRefused);
 }
 
 TEST_F(CommandLine, ImportsNothingWhenTheFilterTableIsWrong) {

@@ -140,6 +140,17 @@ TEST_F(ComputeUnderFilter, TakesAFilterOfManyRowsAndLongPaths) {
   EXPECT_EQ(MassUnder("p500", filter), 7);
 }
 
+TEST_F(ComputeUnderFilter, TakesAFilterOfAHundredThousandRows) {
+  std::string structure = "parent,child,instance\n", filter = "1|100000";
+  for (int i = 0; i < 100'000; ++i) {
+    const std::string n = std::to_string(i);
+    structure += "an assembly with a name of usual length,bolt,instance of the bolt number " + n + "\n";
+    filter += "|instance of the bolt number " + n + "|bolt||0";
+  }
+  Import(structure, "part,mass [kg]\nbolt,2\n");
+  EXPECT_EQ(MassUnder("an assembly with a name of usual length", filter), 200'000);
+}
+
 TEST_F(ComputeUnderFilter, SeesAChangeOfTheProductUnderTheSameFilter) {
   ImportBoxes();
   ASSERT_TRUE(store->SaveFilter("top", LeavingOut("Without bolts", {"bolts"})).Ok());

@@ -131,6 +131,21 @@ TEST_F(PartDataCommand, GivesBackTheFilterOfTheRequest) {
   EXPECT_EQ(Refusal(request), "LumiraError: Filter: field 1 (kind): \"7\" is neither 0 nor 1");
 }
 
+TEST_F(PartDataCommand, HasNoComputedValuesUnderAFilterAlthoughTheWholeIsComputed) {
+  ImportBoxes();
+  protocol::ComputeRequest compute;
+  compute.partId = "top";
+  Run("WBComputeNymValues", protocol::WriteComputeRequest(compute));
+  EXPECT_TRUE(PartData({.product = "top"}).computed);
+  protocol::PartDataRequest request{.product = "top"};
+  request.filter = "1|1|left|box||0";
+  const protocol::PartData data = PartData(request);
+  EXPECT_FALSE(data.computed);
+  EXPECT_EQ(data.massTypes[0].name, "Computed");
+  EXPECT_EQ(data.massTypes[0].status, MassTypeStatus::Undefined);
+  EXPECT_FALSE(data.massTypes[0].mass.has_value());
+}
+
 TEST_F(PartDataCommand, NamesTheElementOfThePathThatIsWrong) {
   ImportBoxes();
   EXPECT_EQ(Refusal({.product = "top", .instancePath = {"left", "nuts"}}),
