@@ -45,6 +45,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Check(text, protocol::ReadTreeNodes, protocol::WriteTreeNodes);
   Check(text, protocol::ReadProductList, protocol::WriteProductList);
   Check(text, protocol::ReadSearchReply, protocol::WriteSearchReply);
+  Check(text, protocol::ReadRootRequest, protocol::WriteRootRequest);
+  Check(text, protocol::ReadCurrentRoot, protocol::WriteCurrentRoot);
+  Check(text, protocol::ReadFiltersRequest, protocol::WriteFiltersRequest);
+  Check(text, protocol::ReadFilterList, protocol::WriteFilterList);
+  Check(text, protocol::ReadHandlerRequest, protocol::WriteHandlerRequest);
+  Check(text, protocol::ReadConfigurationHandler, protocol::WriteConfigurationHandler);
   Check(text, protocol::ReadPendingWarnings, protocol::WritePendingWarnings);
   // These two carry names as they stand, so the header of an error may be among them.
   if (!protocol::IsErrorReply(text)) {

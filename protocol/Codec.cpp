@@ -63,6 +63,26 @@ Result<SearchReply> ReadSearchReply(std::string_view text) { return ReadForm<Sea
 std::string WritePendingWarnings(const PendingWarnings& warnings) { return WriteForm(warnings); }
 Result<PendingWarnings> ReadPendingWarnings(std::string_view text) { return ReadForm<PendingWarnings>(text); }
 
+std::string WriteRootRequest(const RootRequest& request) { return WriteForm(request); }
+Result<RootRequest> ReadRootRequest(std::string_view text) { return ReadForm<RootRequest>(text); }
+
+std::string WriteCurrentRoot(const CurrentRoot& root) { return WriteForm(root); }
+Result<CurrentRoot> ReadCurrentRoot(std::string_view text) { return ReadForm<CurrentRoot>(text); }
+
+std::string WriteFiltersRequest(const FiltersRequest& request) { return WriteForm(request); }
+Result<FiltersRequest> ReadFiltersRequest(std::string_view text) { return ReadForm<FiltersRequest>(text); }
+
+std::string WriteFilterList(const FilterList& filters) { return WriteForm(filters); }
+Result<FilterList> ReadFilterList(std::string_view text) { return ReadForm<FilterList>(text); }
+
+std::string WriteHandlerRequest(const HandlerRequest& request) { return WriteForm(request); }
+Result<HandlerRequest> ReadHandlerRequest(std::string_view text) { return ReadForm<HandlerRequest>(text); }
+
+std::string WriteConfigurationHandler(const ConfigurationHandler& handler) { return WriteForm(handler); }
+Result<ConfigurationHandler> ReadConfigurationHandler(std::string_view text) {
+  return ReadForm<ConfigurationHandler>(text);
+}
+
 std::string WriteComputeRequest(const ComputeRequest& request) {
   return std::string(request.hasInstance ? "1|" : "0|") + request.partId + "|" +
          WriteComputeOptions(request.options);

@@ -7,6 +7,7 @@
 #include "protocol/PartData.h"
 #include "protocol/Requests.h"
 #include "protocol/Result.h"
+#include "protocol/Roots.h"
 #include "protocol/Tree.h"
 #include "protocol/Warnings.h"
 
@@ -54,5 +55,23 @@ Result<SearchReply> ReadSearchReply(std::string_view text);
 
 std::string WritePendingWarnings(const PendingWarnings& warnings);
 Result<PendingWarnings> ReadPendingWarnings(std::string_view text);
+
+std::string WriteRootRequest(const RootRequest& request);
+Result<RootRequest> ReadRootRequest(std::string_view text);
+
+std::string WriteCurrentRoot(const CurrentRoot& root);
+Result<CurrentRoot> ReadCurrentRoot(std::string_view text);
+
+std::string WriteFiltersRequest(const FiltersRequest& request);
+Result<FiltersRequest> ReadFiltersRequest(std::string_view text);
+
+std::string WriteFilterList(const FilterList& filters);
+Result<FilterList> ReadFilterList(std::string_view text);
+
+std::string WriteHandlerRequest(const HandlerRequest& request);
+Result<HandlerRequest> ReadHandlerRequest(std::string_view text);
+
+std::string WriteConfigurationHandler(const ConfigurationHandler& handler);
+Result<ConfigurationHandler> ReadConfigurationHandler(std::string_view text);
 
 }  // namespace protocol

@@ -29,5 +29,11 @@ inline constexpr std::string_view kCommandPartData = "WBGetPartData";
 inline constexpr std::string_view kCommandProducts = "LumGetProducts";
 inline constexpr std::string_view kCommandChildren = "LumGetChildren";
 inline constexpr std::string_view kCommandSearch = "LumSearchTree";
+inline constexpr std::string_view kCommandCurrentRoot = "LumGetCurrentRoot";
+inline constexpr std::string_view kCommandSetCurrentRoot = "LumSetCurrentRoot";
+inline constexpr std::string_view kCommandFilters = "LumGetConfigFilters";
+inline constexpr std::string_view kCommandHandler = "LumGetConfigHandler";
+inline constexpr std::string_view kCommandSetHandler = "LumSetConfigHandler";
+inline constexpr std::string_view kCommandFindings = "LumGetFindings";
 
 }  // namespace protocol

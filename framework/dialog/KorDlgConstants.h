@@ -39,7 +39,7 @@ inline constexpr unsigned kTextSpinner = 0x80000;  ///< browses texts
 // dialogs
 inline constexpr unsigned kPanelDialog = 0x4000;  ///< no buttons of the framework's own
 inline constexpr unsigned kOkCancelDialog = 0x2000001;
-inline constexpr unsigned kListDialog = 0x10000201;  ///< resizable, one Close button of the framework's own
+inline constexpr unsigned kListDialog = 0x10000201;  ///< resizable, one Close button of the framework's own that hides it
 }  // namespace KorDlgStyle
 
 /// Sides on which a widget follows its grid cell.

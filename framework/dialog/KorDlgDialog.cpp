@@ -58,5 +58,7 @@ bool KorDlgDialog::PressCancel() {
 bool KorDlgDialog::CloseWindow() {
   if (!CanAct("CloseWindow")) return false;
   Notify(KorEvent::WindowClose);
+  // A list has nothing to ask or to keep: it goes by itself.
+  if (Style() == KorDlgStyle::kListDialog) SetVisibility(KorVisibility::Hidden);
   return true;
 }

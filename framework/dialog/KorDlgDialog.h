@@ -29,7 +29,7 @@ class KOR_FRAMEWORK_API KorDlgDialog : public KorDlgObject {
   // ---- verbs ----
   bool PressOK();
   bool PressCancel();
-  /// The window's close button.
+  /// The window's close button, and the Close button of a list dialog, which is hidden by it.
   bool CloseWindow();
 
  protected:

@@ -18,7 +18,7 @@ void KorDlgMultiList::SetColumnTitles(const std::vector<KorUnicodeString>& title
   _lineCount = 0;
   _selection.clear();
   Changed(KorDlgProperty::Columns);
-  Changed(KorDlgProperty::Rows);
+  RowsChanged();
   Changed(KorDlgProperty::Selection);
 }
 
@@ -49,7 +49,7 @@ void KorDlgMultiList::SetColumnItem(int column, const KorUnicodeString& text, in
   slice = {cells.text.size(), text.Utf8().size()};
   cells.text += text.Utf8();
   CompactIfWasteful(cells);
-  Changed(KorDlgProperty::Rows);
+  RowsChanged();
 }
 
 std::string_view KorDlgMultiList::GetColumnItem(int column, int row) const {
@@ -78,7 +78,7 @@ void KorDlgMultiList::DeleteLines(const std::vector<int>& rows) {
   }
   _lineCount -= static_cast<int>(doomed.size());
   _selection.clear();
-  Changed(KorDlgProperty::Rows);
+  RowsChanged();
   Changed(KorDlgProperty::Selection);
 }
 
@@ -86,7 +86,7 @@ void KorDlgMultiList::ClearLines() {
   _cells.assign(_columns.size(), Cells());
   _lineCount = 0;
   _selection.clear();
-  Changed(KorDlgProperty::Rows);
+  RowsChanged();
   Changed(KorDlgProperty::Selection);
 }
 
@@ -102,6 +102,11 @@ bool KorDlgMultiList::PickLines(std::vector<int> rows) {
   SetSelection(std::move(rows));
   Notify(KorEvent::ListSelect);
   return true;
+}
+
+void KorDlgMultiList::RowsChanged() {
+  ++_rowsRevision;
+  Changed(KorDlgProperty::Rows);
 }
 
 void KorDlgMultiList::CompactIfWasteful(Cells& cells) {

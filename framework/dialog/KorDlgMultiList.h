@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "framework/dialog/KorDlgObject.h"
 
 /// A list of rows and columns of text, made for a million rows: each column keeps its texts end to end in one
@@ -30,6 +32,8 @@ class KOR_FRAMEWORK_API KorDlgMultiList : public KorDlgObject {
   int GetVisibleColumnCount() const { return _visibleColumns; }
 
   int GetLineCount() const { return _lineCount; }
+  /// Another number after each change of rows; whoever keeps an index of the rows sees by it when to renew it.
+  std::uint64_t GetRowsRevision() const { return _rowsRevision; }
   /// Sets a cell; a row beyond the last adds empty rows up to it.
   void SetColumnItem(int column, const KorUnicodeString& text, int row);
   /// Valid until the list changes.
@@ -56,6 +60,7 @@ class KOR_FRAMEWORK_API KorDlgMultiList : public KorDlgObject {
     std::vector<Slice> slices;
     std::size_t unused = 0;  ///< bytes of `text` that no slice shows any more
   };
+  void RowsChanged();
   bool HasColumn(int column) const { return column >= 0 && column < GetColumnCount(); }
   void CompactIfWasteful(Cells& cells);
   std::vector<int> Normalised(std::vector<int> rows) const;
@@ -63,6 +68,7 @@ class KOR_FRAMEWORK_API KorDlgMultiList : public KorDlgObject {
   std::vector<Column> _columns;
   std::vector<Cells> _cells;
   int _lineCount = 0;
+  std::uint64_t _rowsRevision = 0;
   int _visibleColumns = 0;
   std::vector<int> _selection;
 };

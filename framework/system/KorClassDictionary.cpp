@@ -1,6 +1,7 @@
 #include "framework/system/KorClassDictionary.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -15,6 +16,11 @@ struct Entry {
 std::vector<Entry>& Entries() {
   static std::vector<Entry> entries;
   return entries;
+}
+
+KorClassDictionary::Observer& TheObserver() {
+  static KorClassDictionary::Observer observer;
+  return observer;
 }
 
 // Of several registrations of one name the latest counts; the earlier ones come back when it goes.
@@ -39,11 +45,15 @@ void* KorClassDictionary::Create(const KorString& className) {
 
 bool KorClassDictionary::Knows(const KorString& className) { return FindEntry(className) != nullptr; }
 
+void KorClassDictionary::SetObserver(Observer observer) { TheObserver() = std::move(observer); }
+
 KorFillDictionary::KorFillDictionary(const char* className, KorClassDictionary::Factory factory)
     : _className(className ? className : "") {
   Entries().push_back({this, _className, factory});
+  if (TheObserver()) TheObserver()(_className, true);
 }
 
 KorFillDictionary::~KorFillDictionary() {
   std::erase_if(Entries(), [this](const Entry& entry) { return entry.filler == this; });
+  if (TheObserver()) TheObserver()(_className, false);
 }

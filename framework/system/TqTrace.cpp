@@ -1,5 +1,6 @@
 #include "framework/system/TqTrace.h"
 
+#include <algorithm>
 #include <iostream>
 #include <map>
 #include <streambuf>
@@ -18,6 +19,9 @@ struct Settings {
   std::map<KorString, bool> components;
   std::ostream* out = nullptr;
   int flushes = 0;
+  std::vector<const TqTrace*> componentObjects;
+  std::vector<KorString> componentNames;  ///< of the objects, one by one
+  TqTrace::ComponentObserver observer;
 
   bool IsOn(const KorString& component) const {
     const auto found = components.find(component);
@@ -41,7 +45,12 @@ std::ostream& OutputStream() { return TheSettings().out ? *TheSettings().out : s
 
 }  // namespace
 
-TqTrace::TqTrace(const char* component) : _component(component ? component : "") { TheSettings(); }
+TqTrace::TqTrace(const char* component) : _component(component ? component : "") {
+  Settings& settings = TheSettings();
+  settings.componentObjects.push_back(this);
+  settings.componentNames.push_back(_component);
+  if (settings.observer) settings.observer(_component, true);
+}
 
 TqTrace::TqTrace(const char* component, const char* function, const char* date, const char* time,
                  const char* qualifiedName, int& status)
@@ -53,7 +62,23 @@ TqTrace::TqTrace(const char* component, const char* function, const char* date, 
 }
 
 TqTrace::~TqTrace() {
+  if (!_status) RemoveComponent();
   if (_entryWritten) GetCout() << "<- " << _qualifiedName << ", status " << *_status << '\n';
+}
+
+void TqTrace::RemoveComponent() {
+  Settings& settings = TheSettings();
+  const auto found = std::find(settings.componentObjects.begin(), settings.componentObjects.end(), this);
+  settings.componentNames.erase(settings.componentNames.begin() +
+                                (found - settings.componentObjects.begin()));
+  settings.componentObjects.erase(found);
+  if (settings.observer) settings.observer(_component, false);
+}
+
+std::vector<KorString> TqTrace::GetComponents() { return TheSettings().componentNames; }
+
+void TqTrace::SetComponentObserver(ComponentObserver observer) {
+  TheSettings().observer = std::move(observer);
 }
 
 bool TqTrace::TraceOn() const { return TheSettings().IsOn(_component); }

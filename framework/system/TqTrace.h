@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <iosfwd>
+#include <vector>
 
 #include "framework/system/KorExport.h"
 #include "framework/system/KorUnicodeString.h"
@@ -25,6 +27,12 @@ class KOR_FRAMEWORK_API TqTrace {
   std::ostream& GetCout() const;
   static void TqTraceFlush();
 
+  /// Components whose trace objects there are, in the order in which they came into being.
+  static std::vector<KorString> GetComponents();
+  /// Told when the component trace object of a library comes and goes. Null: nobody.
+  using ComponentObserver = std::function<void(const KorString& component, bool alive)>;
+  static void SetComponentObserver(ComponentObserver observer);
+
   /// Switches a component on or off; an empty name means all components.
   static void SwitchComponent(const KorString& component, bool on);
   /// Where traces go from now on; null: standard output. The stream must outlive its use here.
@@ -33,9 +41,11 @@ class KOR_FRAMEWORK_API TqTrace {
   static int FlushCount();
 
  private:
+  void RemoveComponent();
+
   KorString _component;
   KorString _function;
   KorString _qualifiedName;
-  int* _status = nullptr;
+  int* _status = nullptr;  ///< null in a component trace object
   bool _entryWritten = false;
 };

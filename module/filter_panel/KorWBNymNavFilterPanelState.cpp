@@ -3,22 +3,20 @@
 #include "module/filter_panel/KorWBNymNavFilterPanel.h"
 
 #include <iostream>
+#include <memory>
 
-namespace {
+#include "module/filter_panel/KorWBNymNavFilterIndex.h"
+#include "module/filter_panel/KorWBNymNavFilterOptions.h"
 
-constexpr std::int32_t kUserOption = 0;
-constexpr std::int32_t kConfigurationOption = 1;
-const char* const kEmptyUserFilter = "1|0";
-
-}  // namespace
+using namespace KorWBNymNavFilterOptions;
 
 KorWBNymNavFilterPanel::Choice KorWBNymNavFilterPanel::ChoiceFor(const KorUnicodeString& prcId) {
   // The filter applies only to the product root for which it was chosen.
   if (prcId != selectedPRCID) return Choice::None;
   // A user filter list that was never recorded (empty text) counts as a choice; a recorded empty list does
   // not.
-  if (selectedFilterOption == kUserOption && selectedPVSFilter != kEmptyUserFilter) return Choice::User;
-  return selectedFilterOption == kConfigurationOption ? Choice::Configuration : Choice::None;
+  if (selectedFilterOption == kUser && selectedPVSFilter != kEmptyUserFilter) return Choice::User;
+  return selectedFilterOption == kConfiguration ? Choice::Configuration : Choice::None;
 }
 
 KorUnicodeString KorWBNymNavFilterPanel::GetFilter(const KorUnicodeString& prcId) {
@@ -45,19 +43,59 @@ KorUnicodeString KorWBNymNavFilterPanel::GetDisplayFilter(const KorUnicodeString
   return kNoFilter;
 }
 
+namespace {
+
+// What an instance is looked for by. Made for each instance of a search, so it is put together in one piece.
+std::string FilterKey(const KorUnicodeString& instanceId, const KorUnicodeString& partId,
+                      const KorUnicodeString& partVersion, std::int32_t depth, const KorUnicodeString& path) {
+  std::string key;
+  key.reserve(256);
+  for (const KorUnicodeString* identifier : {&instanceId, &partId, &partVersion})
+    (key += identifier->Utf8()) += '|';
+  key += std::to_string(depth);
+  if (depth != 0) (key += '|') += path.Utf8();
+  return key;
+}
+
+}  // namespace
+
 bool KorWBNymNavFilterPanel::IsValid(const KorUnicodeString& prcId, const KorUnicodeString& instanceId,
                                      const KorUnicodeString& partId, const KorUnicodeString& partVersion,
                                      std::int32_t depth, const KorUnicodeString& path) {
-  if (selectedFilterOption == kConfigurationOption || selectedPVSFilter.IsEmpty() ||
+  if (selectedFilterOption == kConfiguration || selectedPVSFilter.IsEmpty() ||
       selectedPVSFilter == kEmptyUserFilter || prcId != selectedPRCID)
     return true;
-  KorUnicodeString depthText;
-  depthText.BuildFromNum(depth);
-  KorUnicodeString key = instanceId + "|" + partId + "|" + partVersion + "|" + depthText;
-  if (depth != 0) key += "|" + path;
-  // On purpose a search in the text and not a match of whole rows: a key inside a longer row passes too.
-  return selectedPVSFilter.SearchSubString(key) >= 0;
+  return UserFilterHolds(FilterKey(instanceId, partId, partVersion, depth, path));
 }
+
+namespace {
+
+// The index of the last long text that was asked about, and which text that was.
+struct IndexedText {
+  const char* data = nullptr;
+  std::size_t size = 0;
+  std::unique_ptr<KorWBNymNavFilterIndex> index;
+};
+
+IndexedText& TheIndexedText() {
+  static IndexedText indexed;
+  return indexed;
+}
+
+}  // namespace
+
+// On purpose a search in the text and not a match of whole rows: a key inside a longer row passes too.
+bool KorWBNymNavFilterPanel::UserFilterHolds(std::string_view key) {
+  const std::string& text = selectedPVSFilter.Utf8();
+  constexpr std::size_t kSearchedPlainly = 4096;
+  if (text.size() <= kSearchedPlainly) return text.find(key) != text.npos;
+  IndexedText& indexed = TheIndexedText();
+  if (!indexed.index || indexed.data != text.data() || indexed.size != text.size())
+    indexed = {text.data(), text.size(), std::make_unique<KorWBNymNavFilterIndex>(text)};
+  return indexed.index->Contains(key);
+}
+
+void KorWBNymNavFilterPanel::UserFilterChanged() { TheIndexedText() = {}; }
 
 bool KorWBNymNavFilterPanel::StoredListsAreParallel() {
   return _listOfInstanceIds.Size() == _listOfPartsIds.Size() &&

@@ -63,8 +63,9 @@ Node Row(const char* name, unsigned style, KorDlgGrid grid, Widget** member, Nod
 inline Node Frame(const char* name, unsigned style, KorDlgGrid grid, KorDlgFrame** member, Nodes children) {
   return Row(name, style, grid, member, children);
 }
-inline Node TabContainer(const char* name, KorDlgGrid grid, KorDlgTabContainer** member) {
-  return Row(name, KorDlgStyle::kNone, grid, member);
+inline Node TabContainer(const char* name, KorDlgGrid grid, KorDlgTabContainer** member,
+                         Nodes children = {}) {
+  return Row(name, KorDlgStyle::kNone, grid, member, children);
 }
 inline Node TabPage(const char* name, KorDlgTabPage** member, Nodes children) {
   return Row(name, KorDlgStyle::kPage, {}, member, children);

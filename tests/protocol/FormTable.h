@@ -44,7 +44,14 @@ inline std::vector<FormCase> EndedForms() {
           MakeCase<TreeNodes>("TreeNodes", ReadTreeNodes, WriteTreeNodes),
           MakeCase<ProductList>("ProductList", ReadProductList, WriteProductList),
           MakeCase<SearchReply>("SearchReply", ReadSearchReply, WriteSearchReply),
-          MakeCase<PendingWarnings>("PendingWarnings", ReadPendingWarnings, WritePendingWarnings)};
+          MakeCase<PendingWarnings>("PendingWarnings", ReadPendingWarnings, WritePendingWarnings),
+          MakeCase<RootRequest>("RootRequest", ReadRootRequest, WriteRootRequest),
+          MakeCase<CurrentRoot>("CurrentRoot", ReadCurrentRoot, WriteCurrentRoot),
+          MakeCase<FiltersRequest>("FiltersRequest", ReadFiltersRequest, WriteFiltersRequest),
+          MakeCase<FilterList>("FilterList", ReadFilterList, WriteFilterList),
+          MakeCase<HandlerRequest>("HandlerRequest", ReadHandlerRequest, WriteHandlerRequest),
+          MakeCase<ConfigurationHandler>("ConfigurationHandler", ReadConfigurationHandler,
+                                         WriteConfigurationHandler)};
 }
 
 inline std::vector<FormCase> AllForms() {

@@ -1,0 +1,107 @@
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+#include "module/filter_panel/KorWBNymNavFilterIndex.h"
+
+namespace {
+
+/// The index of a text must answer as a search in the text does.
+void ExpectSameAnswers(const std::string& text, const std::vector<std::string>& keys) {
+  const KorWBNymNavFilterIndex index(text);
+  for (const std::string& key : keys)
+    EXPECT_EQ(index.Contains(key), text.find(key) != text.npos) << '"' << key << "\" in \"" << text << '"';
+}
+
+TEST(FilterIndex, FindsAKeyInTheMiddleAtTheBeginningAndAtTheEnd) {
+  const KorWBNymNavFilterIndex index("1|2|I1|P1|A|2|R|S|I2|P2|B|0");
+  EXPECT_TRUE(index.Contains("I1|P1|A|2|R|S"));
+  EXPECT_TRUE(index.Contains("1|2|I1"));
+  EXPECT_TRUE(index.Contains("I2|P2|B|0"));
+  EXPECT_TRUE(index.Contains("1|2|I1|P1|A|2|R|S|I2|P2|B|0"));
+  EXPECT_FALSE(index.Contains("I1|P1|A|2|R|T"));
+  EXPECT_FALSE(index.Contains("I2|P2|B|0|"));
+  EXPECT_FALSE(index.Contains("01|2|I1|P1|A|2|R|S|I2|P2|B|0"));
+}
+
+TEST(FilterIndex, FindsAKeyThatBeginsAndEndsInsideFields) {
+  const KorWBNymNavFilterIndex index("1|1|XI1|P1|A|2|R|S2");
+  EXPECT_TRUE(index.Contains("I1|P1|A|2|R|S"));
+  EXPECT_TRUE(index.Contains("|S"));
+  EXPECT_TRUE(index.Contains("1|"));
+  EXPECT_FALSE(index.Contains("XI|P1"));
+}
+
+TEST(FilterIndex, AnswersForTextsAndKeysWithoutSeparatorsAndForEmptyOnes) {
+  for (const char* text : {"", "a", "|", "||", "a|", "|a", "ab|ba"})
+    ExpectSameAnswers(text, {"", "a", "b", "ab", "|", "||", "|||", "a|", "|a", "b|b", "ab|ba", "ab|ba|"});
+}
+
+TEST(FilterIndex, DoesNotReadBeyondAFieldWhenItComparesBackwards) {
+  const KorWBNymNavFilterIndex index("xa|b|a|c");
+  EXPECT_FALSE(index.Contains("b|b"));
+  EXPECT_FALSE(index.Contains("a|b|b"));
+  EXPECT_TRUE(index.Contains("b|a|c"));
+  EXPECT_FALSE(index.Contains("xa|c"));
+}
+
+TEST(FilterIndex, TellsFieldsApartThatOnlyDifferBehindALongCommonText) {
+  const std::string common(600, 'x');
+  ExpectSameAnswers("1|" + common + "1|" + common + "2|" + common + "1",
+                    {"|" + common + "1", "|" + common + "2", "|" + common + "3", "x1|" + common + "2",
+                     "x2|" + common + "2", "1|" + common + "1|" + common + "2|" + common + "1"});
+}
+
+TEST(FilterIndex, ComparesBytesWithoutSign) {
+  ExpectSameAnswers(
+      "\x01|\x7f|\x80|\xff|a\xff|\xff"
+      "a|b",
+      {"\x80|\xff", "\xff|a\xff",
+       "\xff|\xff"
+       "a",
+       "\x7f|\x80", "\x80|\x7f",
+       "\xff"
+       "a|b",
+       "a|b"});
+}
+
+/// Texts and keys of few different letters, so that much of them repeats.
+struct RandomTexts : testing::TestWithParam<unsigned> {
+  std::string Text(std::size_t length, unsigned letters) {
+    std::string text(length, '|');
+    for (char& letter : text)
+      if (const unsigned one = dice() % (letters + 1); one > 0) letter = static_cast<char>('a' + one - 1);
+    return text;
+  }
+  /// Part of the text, now and then with one letter changed.
+  std::string Piece(const std::string& text, unsigned letters) {
+    const std::size_t first = dice() % (text.size() + 1);
+    std::string piece = text.substr(first, dice() % 24);
+    if (!piece.empty() && dice() % 2 == 0) piece[dice() % piece.size()] = Text(1, letters)[0];
+    return piece;
+  }
+  std::mt19937 dice{GetParam()};
+};
+
+TEST_P(RandomTexts, AreSearchedAsStandardSearchDoes) {
+  for (int round = 0; round < 200; ++round) {
+    const unsigned letters = 1 + dice() % 3;
+    const std::string text = Text(dice() % 300, letters);
+    std::vector<std::string> keys;
+    for (int i = 0; i < 100; ++i) keys.push_back(Piece(text, letters));
+    for (int i = 0; i < 100; ++i) keys.push_back(Text(dice() % 8, letters));
+    ExpectSameAnswers(text, keys);
+    if (HasFailure()) return;
+  }
+}
+
+TEST_P(RandomTexts, ThatAreLongAreSearchedAsStandardSearchDoes) {
+  const std::string text = Text(100'000, 2);
+  std::vector<std::string> keys;
+  for (int i = 0; i < 5'000; ++i) keys.push_back(Piece(text, 2));
+  ExpectSameAnswers(text, keys);
+}
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomTexts, testing::Values(1u, 2u, 3u, 4u));
+
+}  // namespace
