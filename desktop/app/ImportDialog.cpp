@@ -130,7 +130,7 @@ void ImportDialog::Run(lumira::ImportMode mode) {
   const auto report = Import(mode);
   unsetCursor();
   _progress->hide();
-  _hasImported = _hasImported || (report.Ok() && mode == lumira::ImportMode::Write);
+  if (report && mode == lumira::ImportMode::Write) _imported = report.Value();
   _report->setPlainText(report ? ReportOf(report.Value(), mode)
                                : Text("Import.Refused") + "\n\n" + ToQt(report.Failure().message));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <optional>
 
 #include "lumira/import/ImportProduct.h"
 
@@ -25,8 +26,8 @@ class ImportDialog : public QDialog {
   QPushButton* CheckButton() const { return _check; }
   QPushButton* ImportButton() const { return _import; }
   QString ReportText() const;
-  /// Whether something was written.
-  bool HasImported() const { return _hasImported; }
+  /// The report of what was written last; nothing when nothing was.
+  const std::optional<lumira::ImportReport>& Imported() const { return _imported; }
 
  private:
   QWidget* MakeFileRow(QLineEdit* edit, const char* titleKey);
@@ -45,7 +46,7 @@ class ImportDialog : public QDialog {
   QPushButton* _import;
   QProgressBar* _progress;
   QPlainTextEdit* _report;
-  bool _hasImported = false;
+  std::optional<lumira::ImportReport> _imported;
 };
 
 }  // namespace desktop
