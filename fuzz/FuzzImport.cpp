@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -6,18 +7,35 @@
 #include <string_view>
 
 #include "lumira/engine/Compile.h"
+#include "lumira/engine/FilteredProduct.h"
 #include "lumira/import/ImportProduct.h"
 
 namespace {
 
-// Separates the structure table from the mass table; without it there is a mass table only.
+// Separates the structure table, the mass table and the filter table; without it there is a mass table only,
+// with one there are no filters.
 constexpr std::string_view kDivider = "\n===\n";
 
+// The text before the divider, which is taken away with it; the whole text without one.
+std::string Take(std::string_view& text) {
+  const std::string taken(text.substr(0, text.find(kDivider)));
+  text.remove_prefix(std::min(text.size(), taken.size() + kDivider.size()));
+  return taken;
+}
+
 lumira::ImportTables Split(std::string_view text) {
-  const std::size_t divider = text.find(kDivider);
-  if (divider == text.npos) return {std::nullopt, {"m.csv", std::string(text)}};
-  return {lumira::TableSource{"s.csv", std::string(text.substr(0, divider))},
-          {"m.csv", std::string(text.substr(divider + kDivider.size()))}};
+  const bool isOne = text.find(kDivider) == text.npos;
+  lumira::ImportTables tables;
+  if (!isOne) tables.structure = lumira::TableSource{"s.csv", Take(text)};
+  const bool hasFilters = text.find(kDivider) != text.npos;
+  tables.mass = {"m.csv", Take(text)};
+  if (hasFilters) tables.filters = lumira::TableSource{"f.csv", std::string(text)};
+  return tables;
+}
+
+[[noreturn]] void Fail(const char* what, const std::string& why) {
+  std::fprintf(stderr, "imported, but %s: %s\n", what, why.c_str());
+  std::abort();
 }
 
 }  // namespace
@@ -29,11 +47,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (imported.Failure().message.empty()) std::abort();
     return 0;
   }
-  // Whatever the import takes, the engine can lay out.
+  // Whatever the import takes, the engine can lay out, under each filter too.
   const auto compiled = lumira::Compile(imported.Value().product);
-  if (!compiled) {
-    std::fprintf(stderr, "imported, but not computable: %s\n", compiled.Failure().message.c_str());
-    std::abort();
-  }
+  if (!compiled) Fail("not computable", compiled.Failure().message);
+  const lumira::StructureIndex structure(imported.Value().product);
+  for (const lumira::ConfigurationFilter& filter : imported.Value().filters.filters)
+    if (const auto filtered = lumira::ApplyFilter(structure, filter); !filtered)
+      Fail("a filter cannot be applied", filtered.Failure().message);
   return 0;
 }

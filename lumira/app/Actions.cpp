@@ -71,7 +71,9 @@ void WriteReport(const ImportReport& report, ImportMode mode, const Console& con
   for (const std::string& text : report.leftOut) console.errors << "left out: " << text << '\n';
   console.out << (mode == ImportMode::DryRun ? "Would import" : "Imported") << " product \"" << report.product
               << "\": " << report.parts << " parts, " << report.instances << " instances, "
-              << report.massTypes << " mass types; " << report.warnings.size() << " warnings, "
+              << report.massTypes << " mass types"
+              << (report.filters > 0 ? ", " + std::to_string(report.filters) + " configuration filters" : "")
+              << "; " << report.warnings.size() << " warnings, "
               << report.leftOut.size() << " things left out.\n";
 }
 
@@ -80,10 +82,14 @@ Result<ImportTables> ReadTables(const ImportAction& action) {
   auto mass = ReadTableFile(action.mass, action.options.limits);
   if (!mass) return mass.Failure();
   tables.mass = std::move(mass).Value();
-  if (action.structure.empty()) return tables;
-  auto structure = ReadTableFile(action.structure, action.options.limits);
-  if (!structure) return structure.Failure();
-  tables.structure = std::move(structure).Value();
+  const std::pair<const std::string&, std::optional<TableSource>&> more[] = {
+      {action.structure, tables.structure}, {action.filters, tables.filters}};
+  for (const auto& [path, table] : more) {
+    if (path.empty()) continue;
+    auto read = ReadTableFile(path, action.options.limits);
+    if (!read) return read.Failure();
+    table = std::move(read).Value();
+  }
   return tables;
 }
 
@@ -191,9 +197,17 @@ Result<void> PrintPart(OpenServer& server, TreePrinter& printer, const std::stri
   return printer.Print(node.Value(), 0);
 }
 
-Result<protocol::PartData> AskPartData(OpenServer& server, const std::string& part) {
+// "No Filter" without either.
+std::string FilterOf(const ComputeAction& action) {
+  if (!action.userFilter.empty()) return action.userFilter;
+  return action.filterName.empty() ? std::string(protocol::kNoFilter) : "0|" + action.filterName;
+}
+
+Result<protocol::PartData> AskPartData(OpenServer& server, const std::string& part,
+                                       const std::string& filter) {
   protocol::PartDataRequest request;
   request.partId = part;
+  request.filter = filter;
   return server.Ask(protocol::kCommandPartData, protocol::WritePartDataRequest(request),
                     protocol::ReadPartData);
 }
@@ -205,26 +219,38 @@ Placement ToPlacement(const std::vector<double>& numbers) {
   return placement;
 }
 
-// The reply leaves out the standard deviations of centre and inertia; the stored result has them. Moments of
-// masses that cancel are in the reply only.
+// What the reply has.
+ComputedValues ValuesOf(const protocol::PartData& data, const protocol::ComputeReply& reply) {
+  const protocol::MassType& computed = reply.computed;
+  ComputedValues values{.part = data.partId,
+                        .properties = {computed.mass, {}, {}},
+                        .lowerDeviation = computed.lowerDeviation,
+                        .upperDeviation = computed.upperDeviation,
+                        .deviations = {},
+                        .placement = data.placement.empty() ? Placement{} : ToPlacement(data.placement)};
+  const auto vector = [](const auto& n) { return Vec3{n[0], n[1], n[2]}; };
+  const auto tensor = [](const auto& n) { return InertiaTensor{n[0], n[1], n[2], n[3], n[4], n[5]}; };
+  if (computed.cg) values.properties.cg = vector(*computed.cg);
+  if (computed.inertia) values.properties.inertia = tensor(*computed.inertia);
+  if (reply.firstMoment) values.firstMoment = vector(*reply.firstMoment);
+  if (reply.inertiaAtOrigin) values.inertiaAtOrigin = tensor(*reply.inertiaAtOrigin);
+  return values;
+}
+
+// The reply leaves out the standard deviations of centre and inertia; the stored result has them. Under a
+// filter nothing is stored.
 Result<ComputedValues> CollectValues(OpenServer& server, const protocol::PartData& data,
                                      const protocol::ComputeReply& reply) {
+  ComputedValues values = ValuesOf(data, reply);
+  const auto filter = protocol::ReadFilter(data.filter);
+  if (filter && !filter.Value().LetsAllPass()) return values;
   const auto results = server.Data().LoadResults(data.configurationHandler);
   if (!results) return results.Failure();
   const auto result = std::find_if(results.Value().begin(), results.Value().end(),
                                    [&](const StoredResult& r) { return r.partId == data.partId; });
   if (result == results.Value().end())
     return Error{ErrorKind::Internal, "the result of \"" + data.partId + "\" was not stored"};
-  const protocol::MassType& computed = data.massTypes.front();
-  ComputedValues values{data.partId,
-                        result->computed.properties,
-                        computed.lowerDeviation,
-                        computed.upperDeviation,
-                        result->computed.deviations,
-                        data.placement.empty() ? Placement{} : ToPlacement(data.placement)};
-  if (const auto& s = reply.firstMoment) values.firstMoment = Vec3{(*s)[0], (*s)[1], (*s)[2]};
-  if (const auto& j = reply.inertiaAtOrigin)
-    values.inertiaAtOrigin = InertiaTensor{(*j)[0], (*j)[1], (*j)[2], (*j)[3], (*j)[4], (*j)[5]};
+  values.deviations = result->computed.deviations;
   return values;
 }
 
@@ -233,6 +259,7 @@ void PrintFrame(const protocol::PartData& data, const Console& console) {
               << (data.placement.empty() ? "the part itself, which stands in several places"
                                          : "the product's top part")
               << "; inertia_cg is in the part's axes.\n";
+  if (data.filter != protocol::kNoFilter) console.out << "# Under the filter " << data.filter << '\n';
 }
 
 Result<void> PrintWarnings(OpenServer& server, const Console& console) {
@@ -281,12 +308,13 @@ Result<void> Do(const TreeAction& action, const Console& console) {
 Result<void> Do(const ComputeAction& action, const Console& console) {
   auto server = OpenServer::On(action.file, console);
   if (!server) return server.Failure();
-  const protocol::ComputeRequest request{.hasInstance = true, .partId = action.part, .options = {}};
+  protocol::ComputeRequest request{.hasInstance = true, .partId = action.part, .options = {}};
+  request.options.filter = FilterOf(action);
   const auto reply = server.Value().Ask(protocol::kCommandComputePart, protocol::WriteComputeRequest(request),
                                         protocol::ReadComputeReply);
   ClearProgress(console);
   if (!reply) return reply.Failure();
-  const auto data = AskPartData(server.Value(), action.part);
+  const auto data = AskPartData(server.Value(), action.part, request.options.filter);
   if (!data) return data.Failure();
   const auto values = CollectValues(server.Value(), data.Value(), reply.Value());
   if (!values) return values.Failure();

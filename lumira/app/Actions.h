@@ -25,6 +25,7 @@ struct ImportAction {
   std::string file;
   std::string structure;  ///< path of the structure table; empty: it is in the mass table
   std::string mass;       ///< path of the mass table
+  std::string filters;    ///< path of the filter table; empty: no filters
   ImportOptions options;
 };
 
@@ -37,6 +38,8 @@ struct TreeAction {
 struct ComputeAction {
   std::string file;
   std::string part;
+  std::string filterName;  ///< of a configuration filter; empty: none
+  std::string userFilter;  ///< "1|" and chosen instances (protocol/Filter.h); empty: none
 };
 
 struct CommandAction {

@@ -73,6 +73,8 @@ class Parser {
         "Structure table: parent, child, placement. Without it the mass table has a column \"parent\"");
     command->add_option("--mass", _import.mass, "Mass table: part, mass, centre of gravity, inertia")
         ->required();
+    command->add_option("--filters", _import.filters,
+                        "Filter table: configuration filters of the product, with their conditions");
     command->add_option("--product", _import.options.product,
                         "Name of the product; else that of its top part");
     command->add_flag_callback(
@@ -98,6 +100,12 @@ class Parser {
     CLI::App* command =
         Add("compute", "Computes the mass properties of a part and prints them in SI units.", _compute);
     command->add_option("PART", _compute.part, "The part")->required();
+    CLI::Option* name = command->add_option("--filter", _compute.filterName,
+                                            "Name of a configuration filter: computes what it leaves");
+    command
+        ->add_option("--user-filter", _compute.userFilter,
+                     "Chosen instances: 1|COUNT, and for each |INSTANCE|PART|VERSION|DEPTH|PATH...")
+        ->excludes(name);
   }
 
   void AddCommand() {

@@ -27,4 +27,22 @@ protocol::Result<std::string> GetChildren(Session& session, std::string_view req
 /// "LumSearchTree": occurrences that a text leads to.
 protocol::Result<std::string> SearchTree(Session& session, std::string_view request);
 
+/// "LumGetCurrentRoot": the product that the session works on, if any.
+protocol::Result<std::string> GetCurrentRoot(Session& session, std::string_view request);
+
+/// "LumSetCurrentRoot": makes a product the one that the session works on, or none.
+protocol::Result<std::string> SetCurrentRoot(Session& session, std::string_view request);
+
+/// "LumGetConfigFilters": the configuration filters of products, with what takes part.
+protocol::Result<std::string> GetConfigurationFilters(Session& session, std::string_view request);
+
+/// "LumGetConfigHandler": the configuration filter that is set on a product for everybody.
+protocol::Result<std::string> GetConfigurationHandler(Session& session, std::string_view request);
+
+/// "LumSetConfigHandler": sets it, or takes it away.
+protocol::Result<std::string> SetConfigurationHandler(Session& session, std::string_view request);
+
+/// "LumGetFindings": what there was to say of the store when the session began.
+protocol::Result<std::string> GetFindings(Session& session, std::string_view request);
+
 }  // namespace lumira

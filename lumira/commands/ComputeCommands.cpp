@@ -1,8 +1,8 @@
-#include <unordered_set>
 #include <utility>
 
 #include "lumira/commands/Commands.h"
 #include "lumira/commands/ComputedMassType.h"
+#include "lumira/commands/EmptyRequest.h"
 #include "lumira/commands/WarningTexts.h"
 #include "protocol/Codec.h"
 #include "protocol/Utf8.h"
@@ -14,10 +14,10 @@ using protocol::Error;
 using protocol::ErrorKind;
 using protocol::Result;
 
-// What a computation of one part gives, with or without a filter.
+// What a computation of one part gives.
 struct Computation {
   MassResult result;
-  std::string fingerprint;
+  std::string fingerprint;  ///< none under a filter
   std::vector<Warning> warnings;
 };
 
@@ -39,18 +39,15 @@ Result<void> CheckIsFinite(const Computation& computation, const std::string& pa
   return {};
 }
 
-Result<Computation> EvaluateFiltered(const OpenProduct& product, const protocol::Filter& filter,
+Result<Computation> EvaluateFiltered(OpenProduct& product, const protocol::Filter& filter,
                                      const std::string& partId) {
-  if (filter.kind == protocol::Filter::Kind::User)
-    return Error{ErrorKind::Unsupported, "a computation with a list of chosen instances is not supported"};
-  const auto named = product.FilterNamed(filter.name);
-  if (!named) return named.Failure();
-  const auto& excluded = named.Value()->excludedInstances;
-  CompileOptions options;
-  options.excludedInstances.insert(excluded.begin(), excluded.end());
-  auto compiled = Compile(product.Data(), options);
-  if (!compiled) return compiled.Failure();
-  return Evaluate(Rollup(std::move(compiled).Value()), partId);
+  const auto part = product.PartIndex(partId);
+  if (!part) return part.Failure();
+  const auto filtered = product.Under(filter);
+  if (!filtered) return filtered.Failure();
+  auto result = filtered.Value()->ResultOf(part.Value());
+  if (!result) return result.Failure();
+  return Computation{std::move(result.Value().result), {}, std::move(result.Value().warnings)};
 }
 
 void LeaveWarnings(Session& session, const Computation& computation) {
@@ -114,8 +111,7 @@ Result<std::string> ComputePart(Session& session, std::string_view text) {
 }
 
 Result<std::string> GetPendingWarnings(Session& session, std::string_view request) {
-  if (!request.empty())
-    return Error{ErrorKind::BadText, "the request should be empty, it is " + protocol::Quoted(request)};
+  if (const auto empty = CheckIsEmpty(request); !empty) return empty.Failure();
   return protocol::WritePendingWarnings(std::exchange(session.pending, {}));
 }
 

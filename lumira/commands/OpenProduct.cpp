@@ -1,8 +1,8 @@
 #include "lumira/commands/OpenProduct.h"
 
-#include <numeric>
 #include <utility>
 
+#include "lumira/store/ProductRules.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
@@ -21,32 +21,9 @@ OpenProduct::OpenProduct(Product product, ProductState state, std::vector<Stored
     : _product(std::move(product)),
       _state(state),
       _filters(std::move(filters)),
-      _begin(_product.parts.size() + 1),
-      _below(_product.instances.size()),
+      _structure(_product),
       _computation(Computed(_product)) {
-  _parts.reserve(_product.parts.size());
-  _children.reserve(_product.instances.size());
-  for (std::uint32_t part = 0; part < _product.parts.size(); ++part)
-    _parts.emplace(_product.parts[part].id, part);
-  // Every instance names parts of the product, or the roll-up above would have failed; then there is no tree.
-  if (!_computation) return;
-  std::vector<std::uint32_t> parents;
-  parents.reserve(_product.instances.size());
-  for (const Instance& instance : _product.instances) {
-    _children.push_back(_parts.at(instance.child));
-    parents.push_back(_parts.at(instance.parent));
-    ++_begin[parents.back() + 1];
-  }
-  std::partial_sum(_begin.begin(), _begin.end(), _begin.begin());
-  auto next = _begin;
-  for (std::uint32_t instance = 0; instance < parents.size(); ++instance)
-    _below[next[parents[instance]]++] = instance;
   for (StoredResult& result : results) Keep(std::move(result));
-}
-
-std::optional<std::uint32_t> OpenProduct::FindPart(std::string_view id) const {
-  const auto found = _parts.find(std::string(id));
-  return found == _parts.end() ? std::nullopt : std::optional(found->second);
 }
 
 protocol::Result<std::uint32_t> OpenProduct::PartIndex(std::string_view id) const {
@@ -55,16 +32,26 @@ protocol::Result<std::uint32_t> OpenProduct::PartIndex(std::string_view id) cons
                                                             " in product " + protocol::Quoted(_product.id)};
 }
 
-std::span<const std::uint32_t> OpenProduct::InstancesIn(std::uint32_t part) const {
-  return {_below.data() + _begin[part], _below.data() + _begin[part + 1]};
-}
-
 protocol::Result<const ConfigurationFilter*> OpenProduct::FilterNamed(std::string_view name) const {
   for (const ConfigurationFilter& filter : _filters)
     if (filter.name == name) return &filter;
-  return protocol::Error{protocol::ErrorKind::NotFound, "there is no configuration filter " +
-                                                            protocol::Quoted(name) + " in product " +
-                                                            protocol::Quoted(_product.id)};
+  return UnknownFilter(_product.id, name);
+}
+
+protocol::Result<const FilteredProduct*> OpenProduct::Under(const protocol::Filter& filter) {
+  if (_filtered != nullptr && filter == _lastFilter) return _filtered.get();
+  auto filtered = Apply(filter);
+  if (!filtered) return filtered.Failure();
+  _lastFilter = filter;
+  _filtered = std::move(filtered).Value();
+  return _filtered.get();
+}
+
+protocol::Result<std::unique_ptr<FilteredProduct>> OpenProduct::Apply(const protocol::Filter& filter) const {
+  if (filter.kind == protocol::Filter::Kind::User) return ApplyFilter(_structure, filter.rows);
+  const auto named = FilterNamed(filter.name);
+  if (!named) return named.Failure();
+  return ApplyFilter(_structure, *named.Value());
 }
 
 const StoredResult* OpenProduct::ResultOf(std::string_view partId) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -8,10 +9,13 @@
 #include <unordered_map>
 #include <vector>
 
+#include "lumira/engine/FilteredProduct.h"
 #include "lumira/engine/Rollup.h"
+#include "lumira/engine/StructureIndex.h"
+#include "lumira/model/ConfigurationFilter.h"
 #include "lumira/model/Product.h"
-#include "lumira/store/ConfigurationFilter.h"
 #include "lumira/store/StoredResult.h"
+#include "protocol/Filter.h"
 #include "protocol/PartData.h"
 #include "protocol/Result.h"
 
@@ -30,24 +34,31 @@ class OpenProduct {
   /// `state` is that of the store when the product was loaded, with all results that it had then.
   OpenProduct(Product product, ProductState state, std::vector<StoredResult> results,
               std::vector<ConfigurationFilter> filters);
+  OpenProduct(const OpenProduct&) = delete;
+  OpenProduct& operator=(const OpenProduct&) = delete;
 
   const Product& Data() const { return _product; }
   const ProductState& State() const { return _state; }
   const std::vector<ConfigurationFilter>& Filters() const { return _filters; }
 
-  const Part& PartAt(std::uint32_t part) const { return _product.parts[part]; }
-  std::optional<std::uint32_t> FindPart(std::string_view id) const;
+  const StructureIndex& Structure() const { return _structure; }
+  const Part& PartAt(std::uint32_t part) const { return _structure.PartAt(part); }
+  std::optional<std::uint32_t> FindPart(std::string_view id) const { return _structure.FindPart(id); }
   protocol::Result<std::uint32_t> PartIndex(std::string_view id) const;
 
   /// Instances that place children in a part, in the order in which they were imported.
-  std::span<const std::uint32_t> InstancesIn(std::uint32_t part) const;
-  const Instance& InstanceAt(std::uint32_t instance) const { return _product.instances[instance]; }
-  std::uint32_t ChildOf(std::uint32_t instance) const { return _children[instance]; }
+  std::span<const std::uint32_t> InstancesIn(std::uint32_t part) const { return _structure.InstancesIn(part); }
+  const Instance& InstanceAt(std::uint32_t instance) const { return _structure.InstanceAt(instance); }
+  std::uint32_t ChildOf(std::uint32_t instance) const { return _structure.ChildOf(instance); }
 
   /// The roll-up of the whole product without any filter, or why it cannot be computed.
   const protocol::Result<Rollup>& Computation() const { return _computation; }
 
   protocol::Result<const ConfigurationFilter*> FilterNamed(std::string_view name) const;
+
+  /// The product as a filter leaves it. The last one is kept, so that part after part can be computed under the
+  /// same filter without laying the product out again. Lives until the next call with another filter.
+  protocol::Result<const FilteredProduct*> Under(const protocol::Filter& filter);
 
   /// The last stored result of a part; nullptr without one.
   const StoredResult* ResultOf(std::string_view partId) const;
@@ -63,16 +74,16 @@ class OpenProduct {
 
  private:
   void Keep(StoredResult result);
+  protocol::Result<std::unique_ptr<FilteredProduct>> Apply(const protocol::Filter& filter) const;
 
   Product _product;
   ProductState _state;
   std::vector<ConfigurationFilter> _filters;
-  std::unordered_map<std::string, std::uint32_t> _parts;
-  std::vector<std::uint32_t> _children;  ///< part of each instance
-  std::vector<std::uint32_t> _begin;     ///< per part, into `_below`
-  std::vector<std::uint32_t> _below;     ///< instances, grouped by parent
+  StructureIndex _structure;
   std::unordered_map<std::string, StoredResult> _results;
   protocol::Result<Rollup> _computation;
+  protocol::Filter _lastFilter;
+  std::unique_ptr<FilteredProduct> _filtered;  ///< under the last filter; none before the first
 };
 
 }  // namespace lumira

@@ -5,6 +5,7 @@
 #include "lumira/commands/Commands.h"
 #include "lumira/commands/ComputedMassType.h"
 #include "lumira/commands/TreeSearch.h"
+#include "lumira/engine/ChosenOccurrences.h"
 #include "protocol/Codec.h"
 #include "protocol/Utf8.h"
 
@@ -71,6 +72,17 @@ Result<Selection> Select(Session& session, const protocol::PartDataRequest& requ
   return Error{ErrorKind::BadValue, "the instance path leads to part " +
                                         Quoted(product.Value()->PartAt(selection.Value().part).id) +
                                         ", not to " + Quoted(request.partId)};
+}
+
+// Whether a compute would take the filter; nothing is laid out for it.
+Result<void> CheckFilter(const OpenProduct& product, const protocol::Filter& filter) {
+  if (filter.LetsAllPass()) return {};
+  if (filter.kind == protocol::Filter::Kind::User) {
+    const auto chosen = ChosenOccurrences::Find(product.Structure(), filter.rows);
+    return chosen ? Result<void>() : chosen.Failure();
+  }
+  const auto named = product.FilterNamed(filter.name);
+  return named ? Result<void>() : named.Failure();
 }
 
 std::vector<double> ToNumbers(const Placement& placement) {
@@ -185,9 +197,7 @@ Result<std::string> GetPartData(Session& session, std::string_view text) {
   if (!filter) return filter.Failure();
   const auto selection = Select(session, request.Value());
   if (!selection) return selection.Failure();
-  if (filter.Value().kind == protocol::Filter::Kind::Configuration && !filter.Value().LetsAllPass())
-    if (const auto named = selection.Value().product->FilterNamed(filter.Value().name); !named)
-      return named.Failure();
+  if (const auto good = CheckFilter(*selection.Value().product, filter.Value()); !good) return good.Failure();
   const auto details =
       session.store.LoadDetails(selection.Value().product->PartAt(selection.Value().part).id);
   if (!details) return details.Failure();

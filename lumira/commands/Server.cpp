@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "lumira/commands/Commands.h"
+#include "lumira/commands/Findings.h"
 #include "lumira/commands/Session.h"
 #include "protocol/Constants.h"
 #include "protocol/ErrorReply.h"
@@ -20,9 +21,18 @@ struct Command {
 };
 
 constexpr Command kCommands[] = {
-    {protocol::kCommandComputePart, ComputePart}, {protocol::kCommandPendingWarnings, GetPendingWarnings},
-    {protocol::kCommandPartData, GetPartData},    {protocol::kCommandProducts, GetProducts},
-    {protocol::kCommandChildren, GetChildren},    {protocol::kCommandSearch, SearchTree},
+    {protocol::kCommandComputePart, ComputePart},
+    {protocol::kCommandPendingWarnings, GetPendingWarnings},
+    {protocol::kCommandPartData, GetPartData},
+    {protocol::kCommandProducts, GetProducts},
+    {protocol::kCommandChildren, GetChildren},
+    {protocol::kCommandSearch, SearchTree},
+    {protocol::kCommandCurrentRoot, GetCurrentRoot},
+    {protocol::kCommandSetCurrentRoot, SetCurrentRoot},
+    {protocol::kCommandFilters, GetConfigurationFilters},
+    {protocol::kCommandHandler, GetConfigurationHandler},
+    {protocol::kCommandSetHandler, SetConfigurationHandler},
+    {protocol::kCommandFindings, GetFindings},
 };
 
 Result<std::string> Handle(Session& session, std::string_view name, std::string_view request) {
@@ -34,7 +44,7 @@ Result<std::string> Handle(Session& session, std::string_view name, std::string_
 }  // namespace
 
 Server::Server(Store& store, Progress progress)
-    : _session(new Session{store, progress, ProductCache(store, progress), {}}) {}
+    : _session(new Session{store, progress, ProductCache(store, progress), CollectFindings(store)}) {}
 
 Server::~Server() = default;
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "lumira/commands/ProductCache.h"
 #include "lumira/model/Progress.h"
 #include "lumira/store/Store.h"
@@ -12,7 +14,9 @@ struct Session {
   Store& store;
   Progress progress;
   ProductCache products;
-  protocol::PendingWarnings pending;  ///< of the last compute, until fetched
+  protocol::PendingWarnings findings;     ///< what there was to say when the session began
+  protocol::PendingWarnings pending = {};  ///< of the last compute, until fetched
+  std::string currentRoot = {};            ///< product; empty: none
 };
 
 }  // namespace lumira

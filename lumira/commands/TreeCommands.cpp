@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "lumira/commands/Commands.h"
+#include "lumira/commands/EmptyRequest.h"
 #include "lumira/commands/TreeNodes.h"
 #include "lumira/commands/TreeSearch.h"
 #include "protocol/Codec.h"
@@ -139,8 +140,7 @@ protocol::TreeNode MakeTreeNode(const OpenProduct& product, std::uint32_t index,
 }
 
 Result<std::string> GetProducts(Session& session, std::string_view request) {
-  if (!request.empty())
-    return Error{ErrorKind::BadText, "the request should be empty, it is " + protocol::Quoted(request)};
+  if (const auto empty = CheckIsEmpty(request); !empty) return empty.Failure();
   const auto infos = session.store.Products();
   if (!infos) return infos.Failure();
   Listing listing(session);

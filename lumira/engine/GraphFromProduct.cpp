@@ -36,6 +36,7 @@ class Builder {
     if (auto bad = CheckRoots()) return bad;
     if (auto bad = FindUses()) return bad;
     if (auto bad = CheckExclusions()) return bad;
+    FindPartlyKept();
     AddEdges();
     return AddItems();
   }
@@ -88,6 +89,8 @@ class Builder {
     _isAssembly[parent->second] = true;
     if (_options.excludedInstances.empty() || !_options.excludedInstances.contains(instance.id)) {
       _uses.push_back({parent->second, child->second, &instance});
+    } else {
+      _cutInto.push_back(parent->second);
     }
     return std::nullopt;
   }
@@ -129,6 +132,25 @@ class Builder {
     return std::nullopt;
   }
 
+  /// What has lost something, and everything that contains it. Nothing to do without a filter.
+  void FindPartlyKept() {
+    _partlyKept.resize(_product.parts.size());
+    for (const auto& id : _options.partlyKept) {
+      if (const auto part = _named.partIndex.find(id); part != _named.partIndex.end())
+        _cutInto.push_back(part->second);
+    }
+    if (_cutInto.empty()) return;
+    std::vector<std::vector<std::uint32_t>> parents(_product.parts.size());
+    for (const auto& use : _uses) parents[use.child].push_back(use.parent);
+    while (!_cutInto.empty()) {
+      const auto part = _cutInto.back();
+      _cutInto.pop_back();
+      if (_partlyKept[part]) continue;
+      _partlyKept[part] = true;
+      _cutInto.insert(_cutInto.end(), parents[part].begin(), parents[part].end());
+    }
+  }
+
   /// Sorted by parent first: the ids need comparing within one parent only.
   void AddEdges() {
     std::ranges::stable_sort(_uses, {}, &Use::parent);
@@ -153,8 +175,11 @@ class Builder {
       auto own = ResolveOwnData(_product.parts[i], _options.massType);
       if (!own) return own.Failure();
       const auto& [item, fromUserMassType] = own.Value();
-      const bool isHollow = _isAssembly[i] && !hasChildren[i] && !fromUserMassType;
-      _named.graph.parts.push_back({isHollow ? Item{} : item, _isAssembly[i] && fromUserMassType, isHollow});
+      const bool hasOwnData = _isAssembly[i] && fromUserMassType;
+      const bool isPartlyKept = hasOwnData && _partlyKept[i];
+      const bool replaces = hasOwnData && !isPartlyKept;
+      const bool isHollow = _isAssembly[i] && !hasChildren[i] && !replaces;
+      _named.graph.parts.push_back({isHollow || isPartlyKept ? Item{} : item, replaces, isHollow, isPartlyKept});
     }
     return std::nullopt;
   }
@@ -165,6 +190,8 @@ class Builder {
   std::unordered_set<std::string_view> _instanceIds;
   std::vector<Use> _uses;
   std::vector<bool> _isAssembly;  ///< whether anything is placed in a part, left out or not
+  std::vector<std::uint32_t> _cutInto;  ///< parts that something was left out of
+  std::vector<bool> _partlyKept;        ///< those, and all that contain them
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "lumira/engine/Warnings.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace lumira {
@@ -22,6 +23,13 @@ class Search {
   /// The first parts that bring own numbers and meet the predicate.
   std::vector<std::string> Items(Predicate wanted, std::size_t limit) const {
     return Find(limit, [&](std::uint32_t part) { return IsItem(part) && wanted(_product.parts[part]); });
+  }
+
+  /// Assemblies below the root of which a filter has taken something. The root's own data would not count in
+  /// its result anyway.
+  std::vector<std::string> PartlyKept() const {
+    return Find(_product.parts.size(),
+                [&](std::uint32_t part) { return part != _root && _product.parts[part].isPartlyKept; });
   }
 
   /// The parts whose own shape is not added to their children.
@@ -77,6 +85,10 @@ bool IsFinite(const MassResult& result) {
          HasFiniteBounds(result.coverage);
 }
 
+bool AnyPartlyKept(const CompiledProduct& product) {
+  return std::ranges::any_of(product.parts, &GraphPart::isPartlyKept);
+}
+
 /// Parts whose shape is not added are rare and known without a search when there are none at all.
 bool AnyUnusedShape(const CompiledProduct& product) {
   for (std::uint32_t part = 0; part < product.parts.size(); ++part) {
@@ -118,12 +130,13 @@ std::vector<Warning> CollectWarnings(const CompiledProduct& product, std::uint32
     auto examples = predicate != nullptr ? search.Items(predicate, maxExamples) : std::vector<std::string>{};
     warnings.push_back({kind, occurrences, mass, std::move(examples)});
   }
-  if (AnyUnusedShape(product)) {
-    auto parts = search.UnusedShapes();
+  const auto addParts = [&](WarningKind kind, std::vector<std::string> parts) {
     const auto count = static_cast<double>(parts.size());
     if (parts.size() > maxExamples) parts.resize(maxExamples);
-    if (count > 0.0) warnings.push_back({WarningKind::ShapeNotAdded, count, 0.0, std::move(parts)});
-  }
+    if (count > 0.0) warnings.push_back({kind, count, 0.0, std::move(parts)});
+  };
+  if (AnyUnusedShape(product)) addParts(WarningKind::ShapeNotAdded, search.UnusedShapes());
+  if (AnyPartlyKept(product)) addParts(WarningKind::PartlyKept, search.PartlyKept());
   if (!isFinite) warnings.push_back({WarningKind::NotFinite, c.items, 0.0, {}});
   return warnings;
 }

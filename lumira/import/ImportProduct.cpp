@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "lumira/import/CsvTable.h"
+#include "lumira/import/FilterTable.h"
 #include "lumira/import/Guarded.h"
 #include "lumira/import/ImportLog.h"
 #include "lumira/import/MassTable.h"
@@ -31,7 +32,7 @@ std::string List(const std::vector<std::string>& names) {
   return list + (names.size() > kListed ? ", ..." : "");
 }
 
-// Puts the two tables together into one product.
+// Puts the tables together into one product.
 class Assembly {
  public:
   Assembly(const ImportTables& tables, const ImportOptions& options) : _tables(tables), _options(options) {}
@@ -48,6 +49,7 @@ class Assembly {
     NameProduct();
     CheckDepth();
     WarnOfLeavesWithoutData();
+    CheckFilterRows(_filters, _product, _log);
     if (_log.HasErrors()) return _log.Failure();
     return {};
   }
@@ -55,6 +57,7 @@ class Assembly {
   // Why the store would not take the product, each part that is in the way with its place.
   Result<void> CheckRoom(Store& store) {
     if (auto good = CheckProduct(_product); !good) return good;
+    if (auto good = CheckFilters(_product, Filters()); !good) return good;
     const auto products = store.Products();
     if (!products) return products.Failure();
     for (const ProductInfo& info : products.Value())
@@ -68,10 +71,16 @@ class Assembly {
   }
 
   const Product& Imported() const { return _product; }
+  const ProductFilters& Filters() const { return _filters.filters; }
 
   ImportReport MakeReport() const {
-    ImportReport report{_product.id, _product.parts.size(), _product.instances.size(),
-                        0,           _log.LeftOut(),        _log.Warnings()};
+    ImportReport report{.product = _product.id,
+                        .parts = _product.parts.size(),
+                        .instances = _product.instances.size(),
+                        .massTypes = 0,
+                        .filters = _filters.filters.filters.size(),
+                        .leftOut = _log.LeftOut(),
+                        .warnings = _log.Warnings()};
     for (const Part& part : _product.parts) report.massTypes += part.massTypes.size();
     return report;
   }
@@ -96,6 +105,11 @@ class Assembly {
       _mass.usedColumns.merge(_structure.usedColumns);
     }
     NameLeftOut(_massTable, _mass.usedColumns);
+    if (_tables.filters) {
+      _filterTable = ReadTable(*_tables.filters, "Reading the filter table");
+      _filters = ReadFilterTable(_filterTable, _log);
+      NameLeftOut(_filterTable, _filters.usedColumns);
+    }
   }
 
   // An empty name stands for that of the top part.
@@ -210,8 +224,10 @@ class Assembly {
   ImportLog _log;
   CsvTable _massTable;
   CsvTable _structureTable;
+  CsvTable _filterTable;  // places in all three tables point into them
   MassRows _mass;
   StructureRows _structure;
+  FilterRows _filters;
   Product _product;
   std::unordered_map<std::string, std::size_t> _indices;  ///< of parts by identifier
   std::unordered_set<std::string> _parents;
@@ -224,7 +240,8 @@ Result<ImportReport> Import(Store& store, const ImportTables& tables, const Impo
     if (auto room = assembly.CheckRoom(store); !room) return room.Failure();
     return assembly.MakeReport();
   }
-  const auto added = store.AddProduct(assembly.Imported(), options.existing, options.progress);
+  const auto added =
+      store.AddProduct(assembly.Imported(), options.existing, options.progress, assembly.Filters());
   if (added) return assembly.MakeReport();
   // The store names the first part that is in the way; the tables tell where all of them stand.
   if (added.Failure().kind == ErrorKind::Conflict)
@@ -235,7 +252,7 @@ Result<ImportReport> Import(Store& store, const ImportTables& tables, const Impo
 Result<ImportedProduct> ReadTables(const ImportTables& tables, const ImportOptions& options) {
   Assembly assembly(tables, options);
   if (auto read = assembly.Run(); !read) return read.Failure();
-  return ImportedProduct{assembly.Imported(), assembly.MakeReport()};
+  return ImportedProduct{assembly.Imported(), assembly.MakeReport(), assembly.Filters()};
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "lumira/import/ImportReport.h"
 #include "lumira/import/TableSource.h"
 #include "lumira/model/Product.h"
+#include "lumira/model/ProductFilters.h"
 #include "lumira/model/Progress.h"
 #include "lumira/store/Store.h"
 #include "protocol/Result.h"
@@ -27,15 +28,18 @@ struct ImportOptions {
   Progress progress = {};
 };
 
-/// The tables of one product. Without a structure table the mass table must have a "parent" column.
+/// The tables of one product. Without a structure table the mass table must have a "parent" column; without a
+/// filter table the product has no configuration filters.
 struct ImportTables {
   std::optional<TableSource> structure;
   TableSource mass;
+  std::optional<TableSource> filters = {};
 };
 
 struct ImportedProduct {
   Product product;
   ImportReport report;
+  ProductFilters filters = {};
 };
 
 /// Reads the tables into a product. On failure the message has one line for each error, with file, line,

@@ -12,6 +12,7 @@ struct ImportReport {
   std::size_t parts = 0;
   std::size_t instances = 0;
   std::size_t massTypes = 0;          ///< rows of mass data
+  std::size_t filters = 0;            ///< configuration filters
   std::vector<std::string> leftOut;   ///< columns and rows that were not taken, and why
   std::vector<std::string> warnings;  ///< what looks wrong but was taken
 };

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <unordered_map>
 
+#include "lumira/import/AttributeColumns.h"
 #include "lumira/import/TableColumns.h"
 #include "lumira/import/Tilts.h"
 #include "protocol/Numbers.h"
@@ -25,7 +26,9 @@ enum Column : std::size_t {
   R11,
   TiltX = R11 + 9,
   TiltY,
-  TiltZ
+  TiltZ,
+  EffectiveFrom,
+  EffectiveUntil
 };
 
 constexpr std::array kOwnTable = {
@@ -48,6 +51,8 @@ constexpr std::array kOwnTable = {
     ColumnRule{"tilt x", Quantity::Angle},
     ColumnRule{"tilt y", Quantity::Angle},
     ColumnRule{"tilt z", Quantity::Angle},
+    ColumnRule{"effective from"},
+    ColumnRule{"effective until"},
 };
 
 // The same columns, but the part of the row is the child and the parent may be absent. What is wrong with the
@@ -62,11 +67,14 @@ constexpr auto kInMassTable = [] {
 class StructureReading {
  public:
   StructureReading(const CsvTable& table, StructureForm form, ImportLog& log)
-      : _columns(table, form == StructureForm::OwnTable ? kOwnTable : kInMassTable, log), _form(form) {}
+      : _columns(table, form == StructureForm::OwnTable ? kOwnTable : kInMassTable, log),
+        _attributes(table, log),
+        _form(form) {}
 
   StructureRows Run(const Progress& progress) {
     StructureRows result;
     _columns.AddFound(result.usedColumns);
+    _attributes.AddFound(result.usedColumns);
     result.hasParentColumn = _columns.Has(Parent);
     result.parentColumn = _columns.ColumnPlace(Parent);
     result.childColumn = _columns.ColumnPlace(Child);
@@ -89,8 +97,11 @@ class StructureReading {
     }
     const auto quantity = _columns.Count(row, Quantity_);
     const Placement placement{ReadRotation(row), ReadTranslation(row)};
+    const Effectivity effectivity = ReadEffectivity(row);
+    auto attributes = _attributes.Read(row);
     if (!parent || !child) return;
-    _rows.push_back({{id, *parent, *child, quantity, placement}, _columns.Table().Line(row)});
+    _rows.push_back({{id, *parent, *child, quantity, placement, effectivity, std::move(attributes)},
+                     _columns.Table().Line(row)});
   }
 
   void CheckIsNew(std::size_t row, const std::string& id) {
@@ -99,6 +110,14 @@ class StructureReading {
       _columns.Error(row, InstanceId,
                      Quoted(id) + " is the instance of line " + std::to_string(known->second) +
                          " already; instances are unique in a product");
+  }
+
+  Effectivity ReadEffectivity(std::size_t row) {
+    const Effectivity read{_columns.Day(row, EffectiveFrom), _columns.Day(row, EffectiveUntil)};
+    if (read.from && read.until && *read.until < *read.from)
+      _columns.Error(row, EffectiveUntil,
+                     FormatDate(*read.until) + " is before " + FormatDate(*read.from) + ", where it begins");
+    return read;
   }
 
   Vec3 ReadTranslation(std::size_t row) {
@@ -156,6 +175,7 @@ class StructureReading {
   }
 
   TableColumns _columns;
+  AttributeColumns _attributes;
   StructureForm _form;
   std::vector<InstanceRow> _rows;
   std::unordered_map<std::string, std::size_t> _ids;  ///< and the line of each

@@ -32,8 +32,8 @@ struct StructureRows {
   Place ChildOf(const InstanceRow& row) const { return At(childColumn, row.line); }
 };
 
-/// Reads the instances: parent, child, instance, quantity, translation, and a rotation as nine coefficients
-/// or as three tilts. A table without a needed column has no rows. Instances without an identifier get one:
+/// Reads the instances: parent, child, instance, quantity, translation, a rotation as nine coefficients or as
+/// three tilts, dates, and attributes. A table without a needed column has no rows. Instances without an identifier get one:
 /// the child, a dot and a number.
 StructureRows ReadStructure(const CsvTable& table, StructureForm form, ImportLog& log,
                             const Progress& progress = {});

@@ -1,11 +1,11 @@
 #include "lumira/import/TableColumns.h"
 
 #include <algorithm>
-#include <cctype>
 #include <charconv>
 #include <cmath>
 #include <utility>
 
+#include "lumira/import/CellTexts.h"
 #include "lumira/model/Identifier.h"
 #include "protocol/Numbers.h"
 #include "protocol/Utf8.h"
@@ -15,17 +15,6 @@ namespace {
 
 using protocol::ErrorKind;
 using protocol::Quoted;
-
-std::string Lower(std::string_view text) {
-  std::string lower(text);
-  for (char& c : lower) c = c == '_' ? ' ' : static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return lower;
-}
-
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t from = text.find_first_not_of(' ');
-  return from == text.npos ? std::string_view{} : text.substr(from, text.find_last_not_of(' ') - from + 1);
-}
 
 // "mass [kg]" is the name "mass" and the unit "kg"; without brackets there is no unit.
 std::pair<std::string, std::optional<std::string_view>> SplitTitle(std::string_view title) {
@@ -178,6 +167,13 @@ long long TableColumns::Count(std::size_t row, std::size_t column) const {
   if (count && *count >= 1 && *count <= kMost) return *count;
   Error(row, column, Quoted(text) + " is not a whole number from 1 to " + std::to_string(kMost));
   return 1;
+}
+
+std::optional<Date> TableColumns::Day(std::size_t row, std::size_t column) const {
+  const std::string_view text = Text(row, column);
+  const auto date = ParseDate(text);
+  if (!date && !text.empty()) Error(row, column, NoDate(Quoted(text)));
+  return date;
 }
 
 std::size_t TableColumns::Choice(std::size_t row, std::size_t column,

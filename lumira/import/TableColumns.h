@@ -11,6 +11,7 @@
 #include "lumira/import/CsvTable.h"
 #include "lumira/import/ImportLog.h"
 #include "lumira/import/Units.h"
+#include "lumira/model/Date.h"
 #include "lumira/model/Progress.h"
 
 namespace lumira {
@@ -62,6 +63,9 @@ class TableColumns {
 
   /// A whole number of 1 or more; 1 for an empty cell.
   long long Count(std::size_t row, std::size_t column) const;
+
+  /// A day as YYYY-MM-DD; none for an empty cell and after an error.
+  std::optional<Date> Day(std::size_t row, std::size_t column) const;
 
   /// "yes" or "no"; no for an empty cell.
   bool Flag(std::size_t row, std::size_t column) const;

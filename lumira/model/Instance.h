@@ -2,7 +2,10 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
+#include "lumira/model/Effectivity.h"
+#include "lumira/model/InstanceAttribute.h"
 #include "lumira/model/Placement.h"
 
 namespace lumira {
@@ -14,6 +17,9 @@ struct Instance {
   std::string child;          ///< part id
   std::int64_t quantity = 1;  ///< coincident copies, 1 or more, each a physical item of its own
   Placement placement;
+  /// What configuration filters look at; neither enters a computation without a filter.
+  Effectivity effectivity = {};
+  std::vector<InstanceAttribute> attributes = {};
 
   friend bool operator==(const Instance&, const Instance&) = default;
 };

@@ -67,6 +67,7 @@ Result<std::unique_ptr<Store>> OpenSqliteStore(const std::string& file, int lock
     if (const std::string problem = SchemaProblem(database); !problem.empty())
       return FileError(ErrorKind::Storage, file, problem);
     SetModes(database);
+    BringUpToDate(database);
     return std::unique_ptr<Store>(new SqliteStore(file, std::move(database)));
   });
 }

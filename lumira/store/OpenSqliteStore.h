@@ -15,8 +15,9 @@ inline constexpr int kLockPatience = 2'000;
 protocol::Result<std::unique_ptr<Store>> CreateSqliteStore(const std::string& file,
                                                            int lockPatience = kLockPatience);
 
-/// Opens a store for reading and writing. NotFound when there is no such file; Storage when it is damaged,
-/// not one of ours, read-only, locked, or written by a newer version. The file is not touched then.
+/// Opens a store for reading and writing; tables of an older version are brought up to date. NotFound when
+/// there is no such file; Storage when it is damaged, not one of ours, read-only, locked, or written by a newer
+/// version. The file is not touched then.
 protocol::Result<std::unique_ptr<Store>> OpenSqliteStore(const std::string& file,
                                                          int lockPatience = kLockPatience);
 

@@ -5,11 +5,14 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "lumira/engine/Compile.h"
+#include "lumira/engine/ExcludedInstances.h"
 #include "lumira/engine/Item.h"
 #include "lumira/model/Identifier.h"
+#include "protocol/Filter.h"
 #include "protocol/Limits.h"
 #include "protocol/Utf8.h"
 
@@ -32,6 +35,48 @@ Result<void> CheckIdentifiers(const Product& product) {
   for (const Instance& instance : product.instances)
     if (auto good = CheckIdentifier("an instance", instance.id); !good) return good;
   return {};
+}
+
+Error InInstance(const Instance& instance, const std::string& text) {
+  return {ErrorKind::BadValue, "instance " + Quoted(instance.id) + ": " + text};
+}
+
+Result<void> CheckAttributes(const Instance& instance) {
+  const auto& attributes = instance.attributes;
+  for (auto attribute = attributes.begin(); attribute != attributes.end(); ++attribute) {
+    if (const auto problem = FindIdentifierProblem(attribute->name))
+      return InInstance(instance, "name of an attribute: " + *problem);
+    if (const auto problem = FindIdentifierProblem(attribute->value))
+      return InInstance(instance, "attribute " + Quoted(attribute->name) + ": " + *problem);
+    if (std::find_if(attributes.begin(), attribute,
+                     [&](const auto& other) { return other.name == attribute->name; }) != attribute)
+      return InInstance(instance, "attribute " + Quoted(attribute->name) + " is there twice");
+  }
+  return {};
+}
+
+// The text of a date has four digits for the year.
+Result<void> CheckDates(const Instance& instance) {
+  for (const auto& date : {instance.effectivity.from, instance.effectivity.until})
+    if (date && ParseDate(FormatDate(*date)) != date)
+      return InInstance(instance, "a date of the effectivity is no day of the calendar from year 0 to 9999");
+  const auto& [from, until] = instance.effectivity;
+  if (from && until && *until < *from)
+    return InInstance(instance, "effective until " + FormatDate(*until) + ", which is before it is from, " +
+                                    FormatDate(*from));
+  return {};
+}
+
+Result<void> CheckInstances(const Product& product) {
+  for (const Instance& instance : product.instances) {
+    if (auto good = CheckAttributes(instance); !good) return good;
+    if (auto good = CheckDates(instance); !good) return good;
+  }
+  return {};
+}
+
+Error InFilter(const ConfigurationFilter& filter, const std::string& text) {
+  return {ErrorKind::BadValue, "configuration filter " + Quoted(filter.name) + ": " + text};
 }
 
 Result<void> CheckRoots(const Product& product) {
@@ -111,10 +156,43 @@ Result<void> CheckProduct(const Product& product) {
   if (auto good = CheckIdentifiers(product); !good) return good;
   for (const Part& part : product.parts)
     if (auto good = CheckPart(part); !good) return good;
+  if (auto good = CheckInstances(product); !good) return good;
   if (auto good = CheckRoots(product); !good) return good;
   if (auto good = CheckCompiles(product); !good) return good;
   if (const auto deep = FindDepthProblem(product)) return Error{ErrorKind::BadValue, deep->text};
   return {};
+}
+
+Result<void> CheckFilter(const ConfigurationFilter& filter) {
+  if (auto good = CheckIdentifier("a configuration filter", filter.name); !good) return good;
+  if (filter.name == protocol::Filter().name)
+    return InFilter(filter, "the name stands for no filter at all");
+  if (protocol::FindInvalidUtf8(filter.description))
+    return InFilter(filter, "the description is not UTF-8");
+  for (const FilterCondition& condition : filter.conditions) {
+    if (protocol::FindInvalidUtf8(condition.name))
+      return InFilter(filter, "a name in a condition is not UTF-8");
+    for (const std::string& value : condition.values)
+      if (protocol::FindInvalidUtf8(value)) return InFilter(filter, "a value of a condition is not UTF-8");
+  }
+  return {};
+}
+
+Result<void> CheckFilters(const Product& product, const ProductFilters& filters) {
+  const StructureIndex structure(product);
+  std::unordered_set<std::string_view> names;
+  for (const ConfigurationFilter& filter : filters.filters) {
+    if (auto good = CheckFilter(filter); !good) return good;
+    if (!names.insert(filter.name).second) return InFilter(filter, "there are two of this name");
+    if (const auto excluded = ExcludedInstances(structure, filter); !excluded) return excluded.Failure();
+  }
+  if (filters.handler && !names.contains(*filters.handler)) return UnknownFilter(product.id, *filters.handler);
+  return {};
+}
+
+Error UnknownFilter(std::string_view product, std::string_view filter) {
+  return {ErrorKind::NotFound, "there is no configuration filter " + Quoted(filter) + " in product " +
+                                   Quoted(product)};
 }
 
 }  // namespace lumira

@@ -3,8 +3,10 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "lumira/model/Product.h"
+#include "lumira/model/ProductFilters.h"
 #include "protocol/Result.h"
 
 namespace lumira {
@@ -23,8 +25,20 @@ std::optional<DepthProblem> FindDepthProblem(const Product& product);
 protocol::Result<void> CheckPart(const Part& part);
 
 /// Why a product cannot be stored: as `CheckPart`; BadValue for the identifiers of the product and of its
+/// instances, for attributes (names and values are identifiers, names unique in the instance) and dates of
 /// instances, for more or less than one root, and for a structure that is too deep; and whatever
 /// `Compile` fails with. What is stored can be opened.
 protocol::Result<void> CheckProduct(const Product& product);
+
+/// Why a configuration filter cannot be stored: BadValue for a name that is no identifier or that stands for
+/// no filter at all, and for texts that are not UTF-8.
+protocol::Result<void> CheckFilter(const ConfigurationFilter& filter);
+
+/// The failure to answer when a product has no such filter.
+protocol::Error UnknownFilter(std::string_view product, std::string_view filter);
+
+/// Why these filters cannot be stored with a product: as `CheckFilter`; BadValue for a name that is there
+/// twice; NotFound for a handler that is none of them; and whatever `ExcludedInstances` fails with.
+protocol::Result<void> CheckFilters(const Product& product, const ProductFilters& filters);
 
 }  // namespace lumira

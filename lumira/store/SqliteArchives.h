@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "lumira/model/Date.h"
 #include "lumira/model/Geometry.h"
 #include "lumira/model/MassBounds.h"
 #include "lumira/model/Rotation.h"
@@ -151,6 +152,8 @@ class Binder {
       _statement.bind(_next++, value);
     else if constexpr (std::is_same_v<T, double>)
       BindNumber(value);
+    else if constexpr (std::is_same_v<T, Date>)
+      _statement.bind(_next++, FormatDate(value));
     else
       BindInteger(static_cast<std::int64_t>(value),
                   std::is_same_v<T, std::int64_t> ? std::nullopt : std::optional(range));
@@ -199,6 +202,14 @@ inline std::string TextIn(SQLite::Statement& row, int column) {
   return text;
 }
 
+/// A date of the current row.
+inline Date DateIn(SQLite::Statement& row, int column) {
+  const std::string text = TextIn(row, column);
+  const auto date = ParseDate(text);
+  if (!date) RefuseColumn(row, column, NoDate(protocol::Quoted(text)));
+  return *date;
+}
+
 /// A number of the current row, which is finite.
 inline double NumberIn(SQLite::Statement& row, int column) {
   const double number = row.getColumn(column).getDouble();
@@ -245,6 +256,9 @@ class RowReader {
       return TextIn(_row, _next++);
     } else if constexpr (std::is_same_v<T, double>) {
       return NumberIn(_row, _next++);
+    } else if constexpr (std::is_same_v<T, Date>) {
+      const int column = _next++;
+      return _row.isColumnNull(column) ? Date() : DateIn(_row, column);
     } else if constexpr (std::is_same_v<T, std::int64_t>) {
       return _row.getColumn(_next++).getInt64();
     } else {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "lumira/model/FilterCondition.h"
 #include "lumira/model/Instance.h"
 #include "lumira/model/Part.h"
 #include "lumira/store/PartDetails.h"
@@ -11,6 +12,8 @@
 namespace lumira {
 
 inline constexpr protocol::IntRange kZeroOrOne = {0, 1};
+inline constexpr protocol::IntRange kConditionKinds = {static_cast<int>(ConditionKind::Attribute),
+                                                       static_cast<int>(ConditionKind::Instances)};
 
 template <class T>
 struct Columns;
@@ -68,6 +71,27 @@ struct Columns<Instance> {
     a("quantity", x.quantity);
     a("r", x.placement.rotation);
     a("t", x.placement.translation);
+    a("effective_from", x.effectivity.from);
+    a("effective_until", x.effectivity.until);
+  }
+};
+
+template <>
+struct Columns<InstanceAttribute> {
+  template <class Archive, class X>
+  static void List(Archive& a, X& x) {
+    a("name", x.name);
+    a("value", x.value);
+  }
+};
+
+template <>
+struct Columns<FilterCondition> {
+  template <class Archive, class X>
+  static void List(Archive& a, X& x) {
+    a("kind", x.kind, kConditionKinds);
+    a("sense", x.sense, kZeroOrOne);
+    a("name", x.name);
   }
 };
 

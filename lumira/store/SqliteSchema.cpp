@@ -11,7 +11,8 @@ constexpr char kTables[] = R"sql(
 CREATE TABLE products(
   key INTEGER PRIMARY KEY, product TEXT NOT NULL UNIQUE, state INTEGER NOT NULL,
   result_state INTEGER NOT NULL DEFAULT 0,
-  part_count INTEGER NOT NULL, instance_count INTEGER NOT NULL) STRICT;
+  part_count INTEGER NOT NULL, instance_count INTEGER NOT NULL,
+  attribute_count INTEGER NOT NULL DEFAULT 0, handler TEXT) STRICT;
 
 CREATE TABLE roots(
   product INTEGER NOT NULL REFERENCES products ON DELETE CASCADE, position INTEGER NOT NULL, part TEXT NOT NULL,
@@ -42,7 +43,7 @@ CREATE TABLE instances(
   instance TEXT NOT NULL, parent TEXT NOT NULL, child TEXT NOT NULL, quantity INTEGER NOT NULL,
   r_11 REAL NOT NULL, r_12 REAL NOT NULL, r_13 REAL NOT NULL, r_21 REAL NOT NULL, r_22 REAL NOT NULL,
   r_23 REAL NOT NULL, r_31 REAL NOT NULL, r_32 REAL NOT NULL, r_33 REAL NOT NULL,
-  t_x REAL NOT NULL, t_y REAL NOT NULL, t_z REAL NOT NULL,
+  t_x REAL NOT NULL, t_y REAL NOT NULL, t_z REAL NOT NULL, effective_from TEXT, effective_until TEXT,
   UNIQUE(product, instance)) STRICT;
 
 CREATE TABLE results(
@@ -81,15 +82,47 @@ CREATE TABLE properties(
 
 CREATE TABLE filters(
   key INTEGER PRIMARY KEY, product INTEGER NOT NULL REFERENCES products ON DELETE CASCADE, name TEXT NOT NULL,
-  UNIQUE(product, name)) STRICT;
+  description TEXT NOT NULL DEFAULT '', UNIQUE(product, name)) STRICT;
+)sql";
 
-CREATE TABLE filter_instances(
-  filter INTEGER NOT NULL REFERENCES filters ON DELETE CASCADE, position INTEGER NOT NULL, instance TEXT NOT NULL,
+// What version 3 did not have. `condition` is the position of a condition in its filter.
+constexpr char kTablesOfVersion4[] = R"sql(
+CREATE TABLE instance_attributes(
+  instance INTEGER NOT NULL REFERENCES instances ON DELETE CASCADE, position INTEGER NOT NULL,
+  name TEXT NOT NULL, value TEXT NOT NULL,
+  PRIMARY KEY(instance, position)) STRICT, WITHOUT ROWID;
+
+CREATE TABLE filter_conditions(
+  filter INTEGER NOT NULL REFERENCES filters ON DELETE CASCADE, position INTEGER NOT NULL,
+  kind INTEGER NOT NULL, sense INTEGER NOT NULL, name TEXT NOT NULL,
   PRIMARY KEY(filter, position)) STRICT, WITHOUT ROWID;
+
+CREATE TABLE filter_values(
+  filter INTEGER NOT NULL REFERENCES filters ON DELETE CASCADE, condition INTEGER NOT NULL,
+  position INTEGER NOT NULL, value TEXT NOT NULL,
+  PRIMARY KEY(filter, condition, position)) STRICT, WITHOUT ROWID;
+)sql";
+
+// A filter of version 3 was a list of instances to leave out: kind 3, sense 1 (model/FilterCondition.h).
+constexpr char kFromVersion3[] = R"sql(
+ALTER TABLE products ADD COLUMN attribute_count INTEGER NOT NULL DEFAULT 0;
+ALTER TABLE products ADD COLUMN handler TEXT;
+ALTER TABLE instances ADD COLUMN effective_from TEXT;
+ALTER TABLE instances ADD COLUMN effective_until TEXT;
+ALTER TABLE filters ADD COLUMN description TEXT NOT NULL DEFAULT '';
+INSERT INTO filter_conditions(filter, position, kind, sense, name)
+  SELECT DISTINCT filter, 0, 3, 1, '' FROM filter_instances;
+INSERT INTO filter_values(filter, condition, position, value)
+  SELECT filter, 0, position, instance FROM filter_instances;
+DROP TABLE filter_instances;
 )sql";
 
 int Pragma(SQLite::Database& database, const char* name) {
   return database.execAndGet(std::string("PRAGMA ") + name).getInt();
+}
+
+void SetVersion(SQLite::Database& database) {
+  database.exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
 }
 
 }  // namespace
@@ -97,8 +130,9 @@ int Pragma(SQLite::Database& database, const char* name) {
 void CreateSchema(SQLite::Database& database) {
   SQLite::Transaction transaction(database);
   database.exec(kTables);
+  database.exec(kTablesOfVersion4);
   database.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
-  database.exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
+  SetVersion(database);
   transaction.commit();
 }
 
@@ -108,10 +142,20 @@ std::string SchemaProblem(SQLite::Database& database) {
   if (version > kSchemaVersion)
     return "the file was written by a newer version (tables of version " + std::to_string(version) +
            ", this program knows " + std::to_string(kSchemaVersion) + ")";
-  if (version < kSchemaVersion)
-    return "the file has tables of version " + std::to_string(version) + ", this program reads version " +
-           std::to_string(kSchemaVersion) + "; import the product anew";
+  if (version < kOldestSchemaVersion)
+    return "the file has tables of version " + std::to_string(version) + ", this program reads versions from " +
+           std::to_string(kOldestSchemaVersion) + " on; import the product anew";
   return {};
+}
+
+void BringUpToDate(SQLite::Database& database) {
+  if (Pragma(database, "user_version") == kSchemaVersion) return;
+  SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
+  if (Pragma(database, "user_version") == kSchemaVersion) return;  // another program has been faster
+  database.exec(kTablesOfVersion4);
+  database.exec(kFromVersion3);
+  SetVersion(database);
+  transaction.commit();
 }
 
 }  // namespace lumira

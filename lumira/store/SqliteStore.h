@@ -27,7 +27,7 @@ class SqliteStore final : public Store {
   protocol::Result<ProductRoot> LoadRoot(std::string_view productId) override;
   protocol::Error Damage(const std::string& what) const override { return DamageError(_file, what); }
   protocol::Result<void> AddProduct(const Product& product, Existing existing,
-                                    const Progress& progress) override;
+                                    const Progress& progress, const ProductFilters& filters) override;
   protocol::Result<std::vector<PartOwner>> OtherOwners(const Product& product) override;
   protocol::Result<void> UpdatePart(const Part& part) override;
   protocol::Result<PartDetails> LoadDetails(std::string_view partId) override;
@@ -36,6 +36,10 @@ class SqliteStore final : public Store {
   protocol::Result<void> SaveResults(const std::vector<StoredResult>& results) override;
   protocol::Result<std::vector<ConfigurationFilter>> LoadFilters(std::string_view productId) override;
   protocol::Result<void> SaveFilter(std::string_view productId, const ConfigurationFilter& filter) override;
+  protocol::Result<std::optional<std::string>> LoadHandler(std::string_view productId) override;
+  protocol::Result<void> SaveHandler(std::string_view productId,
+                                     const std::optional<std::string>& name) override;
+  protocol::Result<ProductSurvey> Survey(std::string_view productId) override;
 
  private:
   // Runs the work in one transaction that is committed when it succeeds. The lock for writing is taken at
@@ -69,6 +73,12 @@ class SqliteStore final : public Store {
   std::int64_t InsertProduct(const Product& product, std::int64_t state);
   void InsertParts(const Product& product, std::int64_t key, const Progress& progress);
   void InsertInstances(const Product& product, std::int64_t key, const Progress& progress);
+  void InsertFilters(std::int64_t productKey, const ProductFilters& filters);
+  void InsertFilter(std::int64_t productKey, const ConfigurationFilter& filter);
+  void WriteHandler(std::int64_t productKey, const std::optional<std::string>& name);
+  std::vector<FilterCondition> LoadConditions(std::int64_t filterKey);
+  protocol::Result<void> CheckInstancesOf(std::int64_t productKey, const ConfigurationFilter& filter);
+  void LoadAttributes(const std::vector<std::int64_t>& keys, std::vector<Instance>& instances);
   void LoadMassTypes(std::int64_t productKey, std::vector<Part>& parts,
                      const std::unordered_map<std::int64_t, std::size_t>& indices);
   std::vector<std::string> Roots(std::int64_t productKey);

@@ -24,7 +24,25 @@ void ReportRow(const Progress& progress, std::string_view what, std::size_t row,
 constexpr std::string_view kLoading = "Loading the product";
 constexpr std::string_view kWriting = "Writing the product";
 
+// The first row that has mass data answers the first question. Keys of the parts of a product follow each other,
+// so that the mass types are asked for once and not part by part.
+constexpr char kSurvey[] = R"sql(
+SELECT
+  EXISTS(SELECT 1 FROM mass_types WHERE mass IS NOT NULL AND part BETWEEN
+    (SELECT min(key) FROM parts WHERE product = ?1) AND (SELECT max(key) FROM parts WHERE product = ?1))
+  OR EXISTS(SELECT 1 FROM parts WHERE product = ?1 AND volume IS NOT NULL
+    AND (density IS NOT NULL OR cad_density IS NOT NULL)),
+  (SELECT count(*) FROM results JOIN parts ON parts.key = results.part
+    WHERE parts.product = ?1 AND results.state <> (SELECT state FROM products WHERE key = ?1))
+)sql";
+
 std::size_t RowsOf(const Product& product) { return product.parts.size() + product.instances.size(); }
+
+std::int64_t AttributeCount(const Product& product) {
+  std::int64_t count = 0;
+  for (const Instance& instance : product.instances) count += std::ssize(instance.attributes);
+  return count;
+}
 
 }  // namespace
 
@@ -86,13 +104,27 @@ Result<Product> SqliteStore::LoadProduct(std::string_view productId, const Progr
     SQLite::Statement instances(_db,
                                 SelectSql<Instance>("key", "instances", "WHERE product = ? ORDER BY key"));
     instances.bind(1, key.Value());
+    std::vector<std::int64_t> keys;
     while (instances.executeStep()) {
+      keys.push_back(instances.getColumn(0).getInt64());
       product.instances.push_back(ReadRow<Instance>(instances, 1));
       ReportRow(progress, kLoading, RowsOf(product), rows);
     }
+    LoadAttributes(keys, product.instances);
 
     if (auto counts = CheckCounts(key.Value(), product); !counts) return counts.Failure();
     return product;
+  });
+}
+
+Result<ProductSurvey> SqliteStore::Survey(std::string_view productId) {
+  return Read([&]() -> Result<ProductSurvey> {
+    const auto key = ProductKey(productId);
+    if (!key) return key.Failure();
+    SQLite::Statement query(_db, kSurvey);
+    query.bind(1, key.Value());
+    query.executeStep();
+    return ProductSurvey{query.getColumn(0).getInt() != 0, query.getColumn(1).getInt64()};
   });
 }
 
@@ -147,22 +179,47 @@ void SqliteStore::LoadMassTypes(std::int64_t productKey, std::vector<Part>& part
   }
 }
 
+// Both are in the order of the keys, so that one walk through the table is enough. Keys of a product follow each
+// other, and rows of others that lie between are passed by.
+void SqliteStore::LoadAttributes(const std::vector<std::int64_t>& keys, std::vector<Instance>& instances) {
+  if (keys.empty()) return;
+  SQLite::Statement rows(_db, SelectSql<InstanceAttribute>(
+                                  "instance", "instance_attributes",
+                                  "WHERE instance BETWEEN ? AND ? ORDER BY instance, position"));
+  SQLite::bind(rows, keys.front(), keys.back());
+  std::size_t at = 0;
+  while (rows.executeStep()) {
+    const std::int64_t key = rows.getColumn(0).getInt64();
+    while (keys[at] < key) ++at;
+    if (keys[at] == key) instances[at].attributes.push_back(ReadRow<InstanceAttribute>(rows, 1));
+  }
+}
+
 // A damaged index or table can lose rows without any other sign.
 Result<void> SqliteStore::CheckCounts(std::int64_t productKey, const Product& product) {
-  SQLite::Statement counts(_db, "SELECT part_count, instance_count FROM products WHERE key = ?");
+  SQLite::Statement counts(
+      _db, "SELECT part_count, instance_count, attribute_count FROM products WHERE key = ?");
   counts.bind(1, productKey);
   counts.executeStep();
   const auto parts = counts.getColumn(0).getInt64();
   const auto instances = counts.getColumn(1).getInt64();
-  if (parts == std::ssize(product.parts) && instances == std::ssize(product.instances)) return {};
-  return DamageError(_file, "product " + Quoted(product.id) + " has " + std::to_string(product.parts.size()) +
-                                " parts and " + std::to_string(product.instances.size()) +
-                                " instances instead of " + std::to_string(parts) + " and " +
-                                std::to_string(instances));
+  const auto attributes = counts.getColumn(2).getInt64();
+  const std::string whose = "product " + Quoted(product.id) + " has ";
+  if (parts != std::ssize(product.parts) || instances != std::ssize(product.instances))
+    return DamageError(_file, whose + std::to_string(product.parts.size()) + " parts and " +
+                                  std::to_string(product.instances.size()) + " instances instead of " +
+                                  std::to_string(parts) + " and " + std::to_string(instances));
+  if (attributes != AttributeCount(product))
+    return DamageError(_file, whose + std::to_string(AttributeCount(product)) +
+                                  " attributes of instances instead of " + std::to_string(attributes));
+  return {};
 }
 
-Result<void> SqliteStore::AddProduct(const Product& product, Existing existing, const Progress& progress) {
+Result<void> SqliteStore::AddProduct(const Product& product, Existing existing, const Progress& progress,
+                                     const ProductFilters& filters) {
   if (auto good = CheckProduct(product); !good) return good;
+  if (!filters.filters.empty() || filters.handler)
+    if (auto good = CheckFilters(product, filters); !good) return good;
   return Write([&]() -> Result<void> {
     const auto old = Key("SELECT key FROM products WHERE product = ?", product.id);
     if (old && existing == Existing::Refuse)
@@ -178,6 +235,7 @@ Result<void> SqliteStore::AddProduct(const Product& product, Existing existing, 
     const std::int64_t key = InsertProduct(product, state);
     InsertParts(product, key, progress);
     InsertInstances(product, key, progress);
+    InsertFilters(key, filters);
     return {};
   });
 }
@@ -205,9 +263,10 @@ std::vector<PartOwner> SqliteStore::FindOtherOwners(const Product& product, std:
 
 std::int64_t SqliteStore::InsertProduct(const Product& product, std::int64_t state) {
   SQLite::Statement insert(
-      _db, "INSERT INTO products(product, state, part_count, instance_count) VALUES(?, ?, ?, ?)");
+      _db,
+      "INSERT INTO products(product, state, part_count, instance_count, attribute_count) VALUES(?, ?, ?, ?, ?)");
   SQLite::bind(insert, product.id, state, std::int64_t(product.parts.size()),
-               std::int64_t(product.instances.size()));
+               std::int64_t(product.instances.size()), AttributeCount(product));
   insert.exec();
   const std::int64_t key = _db.getLastInsertRowid();
   WriteList(_db, "INSERT INTO roots(product, position, part) VALUES(?, ?, ?)", key, product.roots,
@@ -229,10 +288,12 @@ void SqliteStore::InsertParts(const Product& product, std::int64_t key, const Pr
 
 void SqliteStore::InsertInstances(const Product& product, std::int64_t key, const Progress& progress) {
   SQLite::Statement insert(_db, InsertSql<Instance>("instances", {"product"}));
+  SQLite::Statement insertAttribute(_db, InsertListSql<InstanceAttribute>("instance_attributes", "instance"));
   std::size_t written = product.parts.size();
   for (const Instance& instance : product.instances) {
     insert.bind(1, key);
     InsertRow(insert, 2, instance);
+    WriteRows(insertAttribute, _db.getLastInsertRowid(), instance.attributes);
     ReportRow(progress, kWriting, ++written, RowsOf(product));
   }
 }

@@ -72,18 +72,18 @@ T ReadRow(SQLite::Statement& row, int first) {
   return x;
 }
 
-/// "INSERT INTO table(part, position, columns...)", for lists that belong to a part.
+/// "INSERT INTO table(owner, position, columns...)", for lists that belong to a row of another table.
 template <class T>
-std::string InsertListSql(const std::string& table) {
-  return InsertSql<T>(table, {"part", "position"});
+std::string InsertListSql(const std::string& table, const std::string& owner = "part") {
+  return InsertSql<T>(table, {owner, "position"});
 }
 
-/// Writes a list that belongs to a part, each entry with its position, by a statement of `InsertListSql`.
+/// Writes a list that belongs to a row, each entry with its position, by a statement of `InsertListSql`.
 template <class T>
-void WriteRows(SQLite::Statement& insert, std::int64_t part, const std::vector<T>& list) {
+void WriteRows(SQLite::Statement& insert, std::int64_t owner, const std::vector<T>& list) {
   std::int64_t position = 0;
   for (const T& entry : list) {
-    insert.bind(1, part);
+    insert.bind(1, owner);
     insert.bind(2, position++);
     InsertRow(insert, 3, entry);
   }
@@ -97,9 +97,11 @@ void WriteRows(SQLite::Database& database, const std::string& table, std::int64_
 }
 
 template <class T>
-std::vector<T> ReadRows(SQLite::Database& database, const std::string& table, std::int64_t part) {
-  SQLite::Statement query(database, SelectSql<T>("position", table, "WHERE part = ? ORDER BY position"));
-  query.bind(1, part);
+std::vector<T> ReadRows(SQLite::Database& database, const std::string& table, std::int64_t owner,
+                        const std::string& ownerColumn = "part") {
+  SQLite::Statement query(
+      database, SelectSql<T>("position", table, "WHERE " + ownerColumn + " = ? ORDER BY position"));
+  query.bind(1, owner);
   std::vector<T> list;
   while (query.executeStep()) list.push_back(ReadRow<T>(query, 1));
   return list;

@@ -8,8 +8,8 @@
 
 #include "lumira/model/Part.h"
 #include "lumira/model/Product.h"
+#include "lumira/model/ProductFilters.h"
 #include "lumira/model/Progress.h"
-#include "lumira/store/ConfigurationFilter.h"
 #include "lumira/store/PartDetails.h"
 #include "lumira/store/StoredResult.h"
 #include "protocol/Result.h"
@@ -47,6 +47,12 @@ struct ProductRoot {
   bool hasChildren = false;
   std::optional<StoredResult>
       result;  ///< of the root, up to date or not; surely up to date at the same state
+};
+
+/// What the tables tell of a product as a whole.
+struct ProductSurvey {
+  bool hasMassData = false;       ///< some part has a mass, or a shape with a density
+  std::int64_t olderResults = 0;  ///< results that were computed before the last change of the product
 };
 
 /// What to do with a product that is stored already.
@@ -87,10 +93,11 @@ class Store {
 
   /// Conflict when the product exists (and is not to be replaced), or when one of its parts belongs to
   /// another product. BadValue for what no command could tell of or compute (store/ProductRules.h). A
-  /// replaced product loses its results, details and filters. `progress` hears of rows written, out of all
-  /// rows.
+  /// replaced product loses its results, details, filters and handler. `progress` hears of rows written, out
+  /// of all rows. The filters are checked against the product (`CheckFilters`).
   virtual protocol::Result<void> AddProduct(const Product& product, Existing existing,
-                                            const Progress& progress = {}) = 0;
+                                            const Progress& progress = {},
+                                            const ProductFilters& filters = {}) = 0;
 
   /// Replaces the data of one part; its instances, details and results stay. BadValue as above.
   virtual protocol::Result<void> UpdatePart(const Part& part) = 0;
@@ -106,11 +113,24 @@ class Store {
   /// and does not change its `state`. BadValue for a number that is not finite.
   virtual protocol::Result<void> SaveResults(const std::vector<StoredResult>& results) = 0;
 
+  /// By name.
   virtual protocol::Result<std::vector<ConfigurationFilter>> LoadFilters(std::string_view productId) = 0;
 
-  /// Adds a filter or replaces the one of the same name.
+  /// Adds a filter or replaces the one of the same name. BadValue as `CheckFilter` says, NotFound for an
+  /// instance in a condition that the product has not.
   virtual protocol::Result<void> SaveFilter(std::string_view productId,
                                             const ConfigurationFilter& filter) = 0;
+
+  /// The configuration filter that is set on the product for everybody; none when none is.
+  virtual protocol::Result<std::optional<std::string>> LoadHandler(std::string_view productId) = 0;
+
+  /// Sets or takes away the filter that is set on the product; results stay up to date. NotFound for a filter
+  /// that the product has not.
+  virtual protocol::Result<void> SaveHandler(std::string_view productId,
+                                             const std::optional<std::string>& name) = 0;
+
+  /// What can be said of a product without loading it, however large it is.
+  virtual protocol::Result<ProductSurvey> Survey(std::string_view productId) = 0;
 };
 
 }  // namespace lumira
