@@ -23,6 +23,14 @@ protocol::Filter Read(const std::string& text) {
   return filter;
 }
 
+void ForgetValues(protocol::MassType& type) {
+  type.status = protocol::MassTypeStatus::Undefined;
+  type.mass.reset();
+  type.cg.reset();
+  type.inertia.reset();
+  type.lowerDeviation = type.upperDeviation = 0;
+}
+
 }  // namespace
 
 FilterInForce::FilterInForce(const KorWBCommands* commands, const std::string& product) : _product(product) {
@@ -59,8 +67,9 @@ std::string FilterInForce::PartDataFor(const std::string& partDataText) const {
   auto data = protocol::ReadPartData(partDataText);
   if (LetsAllPass() || !data) return partDataText;
   data.Value().computed = false;
+  data.Value().persisted = data.Value().massTypes.size() > 1;  // what users have stored stays
   for (protocol::MassType& type : data.Value().massTypes)
-    if (type.name == protocol::kComputed) type = {.name = type.name};
+    if (type.name == protocol::kComputed) ForgetValues(type);
   return protocol::WritePartData(data.Value());
 }
 

@@ -13,6 +13,7 @@ namespace desktop {
 namespace {
 
 constexpr const char* kGeometryKey = "filterPanel/geometry";
+constexpr QSize kFirstSize(680, 460);  ///< device-independent pixels; room for the place in the product
 constexpr const char* kUserFilter = "TabContainer001.TabPage001.MainFrame.PVSFilterBtn";
 constexpr const char* kConfigurationFilter = "TabContainer001.TabPage001.MainFrame.CfgFilterBtn";
 constexpr const char* kList = "TabContainer001.TabPage001.MainFrame.Frame001.FilterMultiList";
@@ -58,7 +59,7 @@ void FilterPanelHost::Show() {
   auto* table = _backend.ControlOf<QTableView>(List());
   table->viewport()->setAcceptDrops(true);
   table->viewport()->installEventFilter(this);
-  Window()->restoreGeometry(_settings.WindowState(kGeometryKey));
+  if (!Window()->restoreGeometry(_settings.WindowState(kGeometryKey))) Window()->resize(kFirstSize);
   dialog.SetVisibility(KorVisibility::Shown);
   TellOfChangeLater();  // it may have taken over what the server says is set on the product
 }

@@ -1,13 +1,12 @@
 // The filters and warnings of the run without a display.
 #include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QItemSelectionModel>
 #include <QTreeView>
 
 #include "desktop/app/Folders.h"
 #include "desktop/app/HeadlessRun.h"
 #include "desktop/app/PdmCommands.h"
+#include "desktop/app/SampleProduct.h"
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgRadioButton.h"
 
@@ -29,6 +28,15 @@ const std::vector<std::string> kChosen[] = {{"nacelle.1", "Above_yaw.1", "bedpla
                                             {"nacelle.1", "Above_yaw.1", "generator.1"}};
 
 Error Fail(const std::string& what) { return {ErrorKind::Internal, what}; }
+
+void AddWhatIsOfNoUse(std::string& massTable) {
+  QStringList lines = QString::fromStdString(massTable).split('\n', Qt::SkipEmptyParts);
+  const auto columns = lines[0].count(',') + 1;
+  lines[0] += ",supplier";
+  for (qsizetype i = 1; i < lines.size(); ++i) lines[i] += ",-";
+  lines << "crane,Service crane,Weighed,1250" + QString(",").repeated(columns - 3);
+  massTable = lines.join('\n').toStdString();
+}
 
 }  // namespace
 
@@ -95,25 +103,15 @@ Result<void> HeadlessRun::ComputeUnderInstances() {
 
 /// What the import says of the sample with a column and a row that it has no use for.
 Result<void> HeadlessRun::SaveWarnings() {
-  const QDir sample(QDir(Folders::Samples()).filePath("iea15"));
-  QFile mass(sample.filePath("mass.csv"));
-  if (!mass.open(QIODevice::ReadOnly)) return Fail("\"" + mass.fileName().toStdString() + "\" cannot be read");
-  QStringList lines = QString::fromUtf8(mass.readAll()).split('\n', Qt::SkipEmptyParts);
-  lines[0] += ",supplier";
-  for (int i = 1; i < lines.size(); ++i) lines[i] += ",-";
-  lines << "crane,Service crane,Weighed,1250" + QString(",").repeated(lines[0].count(',') - 3);
-  auto structure = lumira::ReadTableFile(sample.filePath("structure.csv").toStdString());
-  if (!structure) return structure.Failure();
+  auto tables = ReadSampleTables(Folders::Samples().toStdString());
+  if (!tables) return tables.Failure();
+  AddWhatIsOfNoUse(tables.Value().mass.text);
   lumira::ImportOptions options;
   options.product = "IEA15";
   options.existing = lumira::Existing::Replace;
   options.unknownParts = lumira::UnknownParts::LeaveOut;
   options.mode = lumira::ImportMode::DryRun;
-  const auto report = lumira::ImportProduct(
-      _window.Session().Transport().Store(),
-      {.structure = std::move(structure).Value(),
-       .mass = {"mass.csv", lines.join('\n').toStdString()}},
-      options);
+  const auto report = lumira::ImportProduct(_window.Session().Transport().Store(), tables.Value(), options);
   if (!report) return report.Failure();
   _window.ShowImportReport(report.Value());
   if (!_window.Warnings().Dialog()) return Fail("the list of warnings did not open");

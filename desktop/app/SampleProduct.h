@@ -6,6 +6,9 @@
 
 namespace desktop {
 
+/// The tables of the sample: structure, mass data and configuration filters.
+protocol::Result<lumira::ImportTables> ReadSampleTables(const std::string& samplesFolder);
+
 /// Makes a product file from the sample's tables; nothing is left behind when it fails.
 protocol::Result<lumira::ImportReport> CreateSampleProduct(const std::string& samplesFolder,
                                                            const std::string& file);

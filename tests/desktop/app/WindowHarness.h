@@ -22,7 +22,7 @@ class WindowTest : public ::testing::Test {
   /// Selects a part of the sample by its instances below the root, such as {"nacelle.1", "Above_yaw.1"}.
   void Select(const std::vector<std::string>& instancePath);
   void OpenPanelOnAboveYaw();
-  KorWBNymMainPanel& Panel() { return *window.PartPanel().Panel(); }
+  KorDlgDialog& Panel() { return *window.PartPanel().Panel(); }
   /// The text of the only message shown so far; fails when there is none or another one.
   std::string OnlyMessage() const;
 
