@@ -18,29 +18,40 @@ QString FindFile() {
   return {};
 }
 
+/// Counted here: Qt unloads a library at the first call that asks for it, whoever else has it loaded.
+std::shared_ptr<QLibrary> Loaded(const QString& file) {
+  static std::weak_ptr<QLibrary> kept;
+  if (auto library = kept.lock(); library && library->fileName() == file) return library;
+  std::shared_ptr<QLibrary> library(new QLibrary(file), [](QLibrary* one) {
+    one->unload();
+    delete one;
+  });
+  // What the module lacks must show now, not when a panel opens.
+  library->setLoadHints(QLibrary::ResolveAllSymbolsHint);
+  library->load();
+  kept = library;
+  return library;
+}
+
 }  // namespace
 
 CommandsLibrary::CommandsLibrary() {
   const QString file = FindFile();
   if (file.isEmpty()) return;
-  _library.setFileName(file);
-  // What the module lacks must show now, not when a panel opens.
-  _library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
-  if (!_library.load()) return;
-  const auto factory = reinterpret_cast<KorWBCommandsFactory>(_library.resolve(kKorWBCommandsFactory));
+  _library = Loaded(file);
+  if (!_library->isLoaded()) return;
+  const auto factory = reinterpret_cast<KorWBCommandsFactory>(_library->resolve(kKorWBCommandsFactory));
   if (factory) _commands = factory();
 }
 
-CommandsLibrary::~CommandsLibrary() {
-  if (_library.isLoaded()) _library.unload();
+QString CommandsLibrary::WhyNot() const {
+  return _commands ? QString() : Text("Error.LibraryText", {kName, Reason()});
 }
 
-QString CommandsLibrary::WhyNot() const {
-  if (_commands) return {};
-  const QString reason = _library.fileName().isEmpty()
-                             ? Text("Error.NoLibrary", {Folders::Libraries().join("\", \"")})
-                             : _library.errorString();
-  return Text("Error.LibraryText", {kName, reason});
+QString CommandsLibrary::Reason() const {
+  if (!_library) return Text("Error.NoLibrary", {Folders::Libraries().join("\", \"")});
+  return _library->isLoaded() ? Text("Error.OtherLibrary", {_library->fileName(), kKorWBCommandsFactory})
+                              : _library->errorString();
 }
 
 }  // namespace desktop

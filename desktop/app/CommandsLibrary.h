@@ -1,18 +1,18 @@
 #pragma once
 
 #include <QLibrary>
+#include <memory>
 
 #include "desktop/commands/KorWBCommands.h"
 
 namespace desktop {
 
-/// The library of weight-and-balance commands, with the module behind it: loaded for as long as this object
-/// lives. Whatever the commands made must be gone before.
+/// The library of weight-and-balance commands, with the module behind it: loaded for as long as an object of
+/// this class lives. Whatever the commands made must be gone before.
 class CommandsLibrary {
  public:
   /// Looks in the folders of Folders::Libraries.
   CommandsLibrary();
-  ~CommandsLibrary();
   CommandsLibrary(const CommandsLibrary&) = delete;
   CommandsLibrary& operator=(const CommandsLibrary&) = delete;
 
@@ -22,7 +22,9 @@ class CommandsLibrary {
   QString WhyNot() const;
 
  private:
-  QLibrary _library;
+  QString Reason() const;
+
+  std::shared_ptr<QLibrary> _library;  ///< null when there is no file
   const KorWBCommands* _commands = nullptr;
 };
 
