@@ -73,8 +73,8 @@ void WriteReport(const ImportReport& report, ImportMode mode, const Console& con
               << "\": " << report.parts << " parts, " << report.instances << " instances, "
               << report.massTypes << " mass types"
               << (report.filters > 0 ? ", " + std::to_string(report.filters) + " configuration filters" : "")
-              << "; " << report.warnings.size() << " warnings, "
-              << report.leftOut.size() << " things left out.\n";
+              << "; " << report.warnings.size() << " warnings, " << report.leftOut.size()
+              << " things left out.\n";
 }
 
 Result<ImportTables> ReadTables(const ImportAction& action) {

@@ -37,9 +37,10 @@ class Findings {
     if (!survey) return CannotBeRead(survey.Failure());
     if (!survey.Value().hasMassData) Add(Severity::Warning, _whose + " has no mass data at all.");
     if (const auto older = survey.Value().olderResults; older > 0)
-      Add(Severity::Warning, _whose + " has changed after " + std::to_string(older) +
-                                 (older == 1 ? " result was" : " results were") +
-                                 " computed; they may be out of date.");
+      Add(Severity::Warning,
+          _whose + " has changed after " +
+              (older == 1 ? "a result was computed; it may be out of date."
+                          : std::to_string(older) + " results were computed; they may be out of date."));
   }
 
   void LookAtFilters(const std::string& product) {
@@ -60,9 +61,7 @@ class Findings {
     Add(Severity::Error, _whose + " cannot be read: " + error.message);
   }
 
-  void Add(Severity severity, std::string text) {
-    _findings.warnings.push_back({severity, std::move(text)});
-  }
+  void Add(Severity severity, std::string text) { _findings.warnings.push_back({severity, std::move(text)}); }
 
   Store& _store;
   std::string _whose;

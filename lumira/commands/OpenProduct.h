@@ -47,7 +47,9 @@ class OpenProduct {
   protocol::Result<std::uint32_t> PartIndex(std::string_view id) const;
 
   /// Instances that place children in a part, in the order in which they were imported.
-  std::span<const std::uint32_t> InstancesIn(std::uint32_t part) const { return _structure.InstancesIn(part); }
+  std::span<const std::uint32_t> InstancesIn(std::uint32_t part) const {
+    return _structure.InstancesIn(part);
+  }
   const Instance& InstanceAt(std::uint32_t instance) const { return _structure.InstanceAt(instance); }
   std::uint32_t ChildOf(std::uint32_t instance) const { return _structure.ChildOf(instance); }
 
@@ -56,8 +58,8 @@ class OpenProduct {
 
   protocol::Result<const ConfigurationFilter*> FilterNamed(std::string_view name) const;
 
-  /// The product as a filter leaves it. The last one is kept, so that part after part can be computed under the
-  /// same filter without laying the product out again. Lives until the next call with another filter.
+  /// The product as a filter leaves it. The last one is kept, so that part after part can be computed under
+  /// the same filter without laying the product out again. Lives until the next call with another filter.
   protocol::Result<const FilteredProduct*> Under(const protocol::Filter& filter);
 
   /// The last stored result of a part; nullptr without one.

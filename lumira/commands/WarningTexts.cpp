@@ -45,14 +45,16 @@ constexpr WarningText kTexts[] = {
     {WarningKind::PartlyKept, Severity::Warning,
      "assembly is only partly kept by the filter and counts as the sum of what is kept of it, not with mass "
      "data of its own",
-     "assemblies are only partly kept by the filter and count as the sum of what is kept of them, not with mass "
+     "assemblies are only partly kept by the filter and count as the sum of what is kept of them, not with "
+     "mass "
      "data of their own"},
     {WarningKind::NothingLeft, Severity::Warning,
      "part has nothing in it that the filter lets pass, so that its mass is 0",
      "parts have nothing in them that the filter lets pass, so that their mass is 0"},
     {WarningKind::AlsoLeftOut, Severity::Information,
      "part is left out by the filter in some of the places where it stands; the result is that of the others",
-     "parts are left out by the filter in some of the places where they stand; the result is that of the others"},
+     "parts are left out by the filter in some of the places where they stand; the result is that of the "
+     "others"},
     {WarningKind::NotFinite, Severity::Error, "part adds up to numbers that are too large to be computed",
      "parts add up to numbers that are too large to be computed"},
 };

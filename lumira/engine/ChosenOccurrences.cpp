@@ -97,8 +97,7 @@ void ChosenOccurrences::FindForms() {
     if (node->isWhole) continue;
     Form form;
     for (const auto& [instance, below] : node->below)
-      form.emplace_back(instance,
-                        _nodes[below].isWhole ? std::nullopt : std::optional(_nodes[below].form));
+      form.emplace_back(instance, _nodes[below].isWhole ? std::nullopt : std::optional(_nodes[below].form));
     const auto [found, isNew] = known.emplace(form, static_cast<std::uint32_t>(_forms.size()));
     node->form = found->second;
     if (!isNew) continue;

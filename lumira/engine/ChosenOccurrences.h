@@ -15,8 +15,8 @@
 namespace lumira {
 
 /// The occurrences of a list of chosen instances, each with everything below it, and the assemblies that they
-/// stand in: a tree that begins with the root part. It takes memory for the rows and their paths only, however
-/// large and shared the product is.
+/// stand in: a tree that begins with the root part. It takes memory for the rows and their paths only,
+/// however large and shared the product is.
 class ChosenOccurrences {
  public:
   /// Finds each row in the product: the path leads from the root part down to the assembly that the instance
@@ -46,8 +46,8 @@ class ChosenOccurrences {
  private:
   struct Node {
     std::uint32_t part;
-    bool isWhole = false;                              ///< chosen, with everything below
-    std::uint32_t form = 0;                            ///< of a node that is not whole: see `_forms`
+    bool isWhole = false;                               ///< chosen, with everything below
+    std::uint32_t form = 0;                             ///< of a node that is not whole: see `_forms`
     std::map<std::uint32_t, std::uint32_t> below = {};  ///< nodes by instance; none when whole
   };
 
@@ -62,8 +62,8 @@ class ChosenOccurrences {
   void FindForms();
   std::string StandInOf(const StructureIndex& structure, std::uint32_t form) const;
 
-  std::vector<Node> _nodes;   ///< the root first, each before those below it
-  std::vector<Form> _forms;   ///< each once, those below before those above
+  std::vector<Node> _nodes;               ///< the root first, each before those below it
+  std::vector<Form> _forms;               ///< each once, those below before those above
   std::vector<std::uint32_t> _formParts;  ///< part of each form
 };
 

@@ -16,8 +16,8 @@ namespace lumira {
 protocol::Result<std::vector<bool>> ExcludedInstances(const StructureIndex& structure,
                                                       const ConfigurationFilter& filter);
 
-/// How many instances of the product take no part anywhere: those that do not pass, and those that stand below
-/// such ones only.
+/// How many instances of the product take no part anywhere: those that do not pass, and those that stand
+/// below such ones only.
 std::size_t CountLeftOut(const StructureIndex& structure, const std::vector<bool>& excluded);
 
 }  // namespace lumira

@@ -80,9 +80,10 @@ class ChosenProduct final : public FilteredProduct {
     const Part& data = _structure.PartAt(part);
     const auto [differs, id] = _chosen.RemainderOf(_structure, part);
     if (differs)
-      return Error{ErrorKind::BadValue, "part " + Quoted(data.id) +
-                                            " stands in several places, and the filter leaves different things "
-                                            "in them; compute what it stands in, or choose the same everywhere"};
+      return Error{ErrorKind::BadValue,
+                   "part " + Quoted(data.id) +
+                       " stands in several places, and the filter leaves different things "
+                       "in them; compute what it stands in, or choose the same everywhere"};
     if (!id) return NothingLeft(data);
     auto result = Evaluate(_rollup, *id, data);
     if (result)

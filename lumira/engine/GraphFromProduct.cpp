@@ -179,7 +179,8 @@ class Builder {
       const bool isPartlyKept = hasOwnData && _partlyKept[i];
       const bool replaces = hasOwnData && !isPartlyKept;
       const bool isHollow = _isAssembly[i] && !hasChildren[i] && !replaces;
-      _named.graph.parts.push_back({isHollow || isPartlyKept ? Item{} : item, replaces, isHollow, isPartlyKept});
+      _named.graph.parts.push_back(
+          {isHollow || isPartlyKept ? Item{} : item, replaces, isHollow, isPartlyKept});
     }
     return std::nullopt;
   }
@@ -189,7 +190,7 @@ class Builder {
   NamedGraph _named;
   std::unordered_set<std::string_view> _instanceIds;
   std::vector<Use> _uses;
-  std::vector<bool> _isAssembly;  ///< whether anything is placed in a part, left out or not
+  std::vector<bool> _isAssembly;        ///< whether anything is placed in a part, left out or not
   std::vector<std::uint32_t> _cutInto;  ///< parts that something was left out of
   std::vector<bool> _partlyKept;        ///< those, and all that contain them
 };

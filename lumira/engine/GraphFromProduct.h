@@ -17,8 +17,8 @@ struct CompileOptions {
   MassTypeChoice massType;
   /// Instances (by id) that are left out, with everything that is below them there.
   std::unordered_set<std::string> excludedInstances;
-  /// Parts (by id) that stand for some of what is in them only. Like every assembly that something is left out
-  /// of, they are the sum of what is below them; data of their own do not count.
+  /// Parts (by id) that stand for some of what is in them only. Like every assembly that something is left
+  /// out of, they are the sum of what is below them; data of their own do not count.
   std::unordered_set<std::string> partlyKept = {};
 };
 

@@ -12,7 +12,7 @@ namespace lumira {
 struct GraphPart {
   Item item;
   bool replacesChildren = false;  ///< the item counts in parents although the part has children
-  bool isHollow = false;  ///< an assembly of which everything was left out: nothing, rather than unknown
+  bool isHollow = false;      ///< an assembly of which everything was left out: nothing, rather than unknown
   bool isPartlyKept = false;  ///< an assembly whose own data do not count since something was left out of it
 };
 

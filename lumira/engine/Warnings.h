@@ -19,16 +19,17 @@ enum class WarningKind {
   WithoutBounds,     ///< some items have worst-case bounds, these have none: the bounds are too narrow
   ReplacesChildren,  ///< assemblies that count with a mass type of their own instead of their children
   ShapeNotAdded,     ///< parts with children whose own shape is not added to them
-  PartlyKept,        ///< assemblies whose own mass type does not count since a filter leaves things out of them
-  NothingLeft,       ///< the part itself: a filter leaves nothing of it, so that its mass is zero
-  AlsoLeftOut,       ///< the part itself: a filter leaves it out in some of its places, but not in all
-  NotFinite,         ///< the sums, their deviations or the bounds of the mass overflow
+  PartlyKept,   ///< assemblies whose own mass type does not count since a filter leaves things out of them
+  NothingLeft,  ///< the part itself: a filter leaves nothing of it, so that its mass is zero
+  AlsoLeftOut,  ///< the part itself: a filter leaves it out in some of its places, but not in all
+  NotFinite,    ///< the sums, their deviations or the bounds of the mass overflow
 };
 
 /// One thing that a user should know about a result; the text is made where it is shown.
 struct Warning {
   WarningKind kind;
-  double occurrences = 0.0;           ///< how many items, quantities multiplied in; from `ShapeNotAdded` to `AlsoLeftOut`: parts
+  double occurrences =
+      0.0;  ///< how many items, quantities multiplied in; from `ShapeNotAdded` to `AlsoLeftOut`: parts
   double mass = 0.0;                  ///< of `WithoutCg`, `WithoutInertia`: the mass that is concerned, kg
   std::vector<std::string> examples;  ///< ids of the first parts concerned, in the order of the structure
 

@@ -176,10 +176,14 @@ class FilterCheck {
 
   void Look(const FilterCondition& condition, const FilterRows::Source& source) {
     switch (condition.kind) {
-      case ConditionKind::Attribute: return LookAtAttribute(condition, source);
-      case ConditionKind::Revision: return LookAtRevision(condition, source);
-      case ConditionKind::Instances: return LookAtInstances(condition, source);
-      case ConditionKind::Effectivity: return;  // a date names nothing
+      case ConditionKind::Attribute:
+        return LookAtAttribute(condition, source);
+      case ConditionKind::Revision:
+        return LookAtRevision(condition, source);
+      case ConditionKind::Instances:
+        return LookAtInstances(condition, source);
+      case ConditionKind::Effectivity:
+        return;  // a date names nothing
     }
   }
 

@@ -11,9 +11,9 @@
 
 namespace lumira {
 
-/// The configuration filters of a table. One row is one condition of a filter; a row without a condition makes
-/// a filter that lets everything pass. What belongs to the filter itself (description, whether it is the one
-/// that is set on the product) may stand on any of its rows.
+/// The configuration filters of a table. One row is one condition of a filter; a row without a condition
+/// makes a filter that lets everything pass. What belongs to the filter itself (description, whether it is
+/// the one that is set on the product) may stand on any of its rows.
 struct FilterRows {
   ProductFilters filters;
   std::set<std::size_t> usedColumns = {};  ///< positions in the table

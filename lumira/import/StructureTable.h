@@ -33,8 +33,8 @@ struct StructureRows {
 };
 
 /// Reads the instances: parent, child, instance, quantity, translation, a rotation as nine coefficients or as
-/// three tilts, dates, and attributes. A table without a needed column has no rows. Instances without an identifier get one:
-/// the child, a dot and a number.
+/// three tilts, dates, and attributes. A table without a needed column has no rows. Instances without an
+/// identifier get one: the child, a dot and a number.
 StructureRows ReadStructure(const CsvTable& table, StructureForm form, ImportLog& log,
                             const Progress& progress = {});
 

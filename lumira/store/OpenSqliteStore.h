@@ -16,8 +16,8 @@ protocol::Result<std::unique_ptr<Store>> CreateSqliteStore(const std::string& fi
                                                            int lockPatience = kLockPatience);
 
 /// Opens a store for reading and writing; tables of an older version are brought up to date. NotFound when
-/// there is no such file; Storage when it is damaged, not one of ours, read-only, locked, or written by a newer
-/// version. The file is not touched then.
+/// there is no such file; Storage when it is damaged, not one of ours, read-only, locked, or written by a
+/// newer version. The file is not touched then.
 protocol::Result<std::unique_ptr<Store>> OpenSqliteStore(const std::string& file,
                                                          int lockPatience = kLockPatience);
 

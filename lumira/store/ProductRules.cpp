@@ -165,10 +165,8 @@ Result<void> CheckProduct(const Product& product) {
 
 Result<void> CheckFilter(const ConfigurationFilter& filter) {
   if (auto good = CheckIdentifier("a configuration filter", filter.name); !good) return good;
-  if (filter.name == protocol::Filter().name)
-    return InFilter(filter, "the name stands for no filter at all");
-  if (protocol::FindInvalidUtf8(filter.description))
-    return InFilter(filter, "the description is not UTF-8");
+  if (filter.name == protocol::Filter().name) return InFilter(filter, "the name stands for no filter at all");
+  if (protocol::FindInvalidUtf8(filter.description)) return InFilter(filter, "the description is not UTF-8");
   for (const FilterCondition& condition : filter.conditions) {
     if (protocol::FindInvalidUtf8(condition.name))
       return InFilter(filter, "a name in a condition is not UTF-8");
@@ -186,13 +184,14 @@ Result<void> CheckFilters(const Product& product, const ProductFilters& filters)
     if (!names.insert(filter.name).second) return InFilter(filter, "there are two of this name");
     if (const auto excluded = ExcludedInstances(structure, filter); !excluded) return excluded.Failure();
   }
-  if (filters.handler && !names.contains(*filters.handler)) return UnknownFilter(product.id, *filters.handler);
+  if (filters.handler && !names.contains(*filters.handler))
+    return UnknownFilter(product.id, *filters.handler);
   return {};
 }
 
 Error UnknownFilter(std::string_view product, std::string_view filter) {
-  return {ErrorKind::NotFound, "there is no configuration filter " + Quoted(filter) + " in product " +
-                                   Quoted(product)};
+  return {ErrorKind::NotFound,
+          "there is no configuration filter " + Quoted(filter) + " in product " + Quoted(product)};
 }
 
 }  // namespace lumira

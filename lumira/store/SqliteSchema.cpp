@@ -143,8 +143,9 @@ std::string SchemaProblem(SQLite::Database& database) {
     return "the file was written by a newer version (tables of version " + std::to_string(version) +
            ", this program knows " + std::to_string(kSchemaVersion) + ")";
   if (version < kOldestSchemaVersion)
-    return "the file has tables of version " + std::to_string(version) + ", this program reads versions from " +
-           std::to_string(kOldestSchemaVersion) + " on; import the product anew";
+    return "the file has tables of version " + std::to_string(version) +
+           ", this program reads versions from " + std::to_string(kOldestSchemaVersion) +
+           " on; import the product anew";
   return {};
 }
 

@@ -24,8 +24,8 @@ void CreateSchema(SQLite::Database& database);
 /// Throws SQLite::Exception.
 std::string SchemaProblem(SQLite::Database& database);
 
-/// Brings the tables of a database that has passed `SchemaProblem` up to `kSchemaVersion`, in one transaction;
-/// nothing that is stored is lost. Does nothing when they are. Throws SQLite::Exception.
+/// Brings the tables of a database that has passed `SchemaProblem` up to `kSchemaVersion`, in one
+/// transaction; nothing that is stored is lost. Does nothing when they are. Throws SQLite::Exception.
 void BringUpToDate(SQLite::Database& database);
 
 }  // namespace lumira

@@ -26,8 +26,8 @@ class SqliteStore final : public Store {
   protocol::Result<Product> LoadProduct(std::string_view productId, const Progress& progress) override;
   protocol::Result<ProductRoot> LoadRoot(std::string_view productId) override;
   protocol::Error Damage(const std::string& what) const override { return DamageError(_file, what); }
-  protocol::Result<void> AddProduct(const Product& product, Existing existing,
-                                    const Progress& progress, const ProductFilters& filters) override;
+  protocol::Result<void> AddProduct(const Product& product, Existing existing, const Progress& progress,
+                                    const ProductFilters& filters) override;
   protocol::Result<std::vector<PartOwner>> OtherOwners(const Product& product) override;
   protocol::Result<void> UpdatePart(const Part& part) override;
   protocol::Result<PartDetails> LoadDetails(std::string_view partId) override;

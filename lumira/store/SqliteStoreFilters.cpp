@@ -31,7 +31,8 @@ Result<std::vector<ConfigurationFilter>> SqliteStore::LoadFilters(std::string_vi
 std::vector<FilterCondition> SqliteStore::LoadConditions(std::int64_t filterKey) {
   auto conditions = ReadRows<FilterCondition>(_db, "filter_conditions", filterKey, "filter");
   SQLite::Statement values(
-      _db, "SELECT filter, condition, value FROM filter_values WHERE filter = ? ORDER BY condition, position");
+      _db,
+      "SELECT filter, condition, value FROM filter_values WHERE filter = ? ORDER BY condition, position");
   values.bind(1, filterKey);
   while (values.executeStep()) {
     const auto condition = static_cast<std::size_t>(values.getColumn(1).getInt64());
@@ -100,8 +101,7 @@ Result<std::optional<std::string>> SqliteStore::LoadHandler(std::string_view pro
   return Read([&]() -> Result<std::optional<std::string>> {
     SQLite::Statement query(_db, "SELECT key, handler FROM products WHERE product = ?");
     query.bind(1, std::string(productId));
-    if (!query.executeStep())
-      return Error{ErrorKind::NotFound, "there is no product " + Quoted(productId)};
+    if (!query.executeStep()) return Error{ErrorKind::NotFound, "there is no product " + Quoted(productId)};
     if (query.isColumnNull(1)) return std::optional<std::string>();
     return std::optional(TextIn(query, 1));
   });

@@ -24,8 +24,8 @@ void ReportRow(const Progress& progress, std::string_view what, std::size_t row,
 constexpr std::string_view kLoading = "Loading the product";
 constexpr std::string_view kWriting = "Writing the product";
 
-// The first row that has mass data answers the first question. Keys of the parts of a product follow each other,
-// so that the mass types are asked for once and not part by part.
+// The first row that has mass data answers the first question. Keys of the parts of a product follow each
+// other, so that the mass types are asked for once and not part by part.
 constexpr char kSurvey[] = R"sql(
 SELECT
   EXISTS(SELECT 1 FROM mass_types WHERE mass IS NOT NULL AND part BETWEEN
@@ -179,13 +179,13 @@ void SqliteStore::LoadMassTypes(std::int64_t productKey, std::vector<Part>& part
   }
 }
 
-// Both are in the order of the keys, so that one walk through the table is enough. Keys of a product follow each
-// other, and rows of others that lie between are passed by.
+// Both are in the order of the keys, so that one walk through the table is enough. Keys of a product follow
+// each other, and rows of others that lie between are passed by.
 void SqliteStore::LoadAttributes(const std::vector<std::int64_t>& keys, std::vector<Instance>& instances) {
   if (keys.empty()) return;
-  SQLite::Statement rows(_db, SelectSql<InstanceAttribute>(
-                                  "instance", "instance_attributes",
-                                  "WHERE instance BETWEEN ? AND ? ORDER BY instance, position"));
+  SQLite::Statement rows(
+      _db, SelectSql<InstanceAttribute>("instance", "instance_attributes",
+                                        "WHERE instance BETWEEN ? AND ? ORDER BY instance, position"));
   SQLite::bind(rows, keys.front(), keys.back());
   std::size_t at = 0;
   while (rows.executeStep()) {
@@ -197,8 +197,8 @@ void SqliteStore::LoadAttributes(const std::vector<std::int64_t>& keys, std::vec
 
 // A damaged index or table can lose rows without any other sign.
 Result<void> SqliteStore::CheckCounts(std::int64_t productKey, const Product& product) {
-  SQLite::Statement counts(
-      _db, "SELECT part_count, instance_count, attribute_count FROM products WHERE key = ?");
+  SQLite::Statement counts(_db,
+                           "SELECT part_count, instance_count, attribute_count FROM products WHERE key = ?");
   counts.bind(1, productKey);
   counts.executeStep();
   const auto parts = counts.getColumn(0).getInt64();
@@ -262,9 +262,9 @@ std::vector<PartOwner> SqliteStore::FindOtherOwners(const Product& product, std:
 }
 
 std::int64_t SqliteStore::InsertProduct(const Product& product, std::int64_t state) {
-  SQLite::Statement insert(
-      _db,
-      "INSERT INTO products(product, state, part_count, instance_count, attribute_count) VALUES(?, ?, ?, ?, ?)");
+  SQLite::Statement insert(_db,
+                           "INSERT INTO products(product, state, part_count, instance_count, "
+                           "attribute_count) VALUES(?, ?, ?, ?, ?)");
   SQLite::bind(insert, product.id, state, std::int64_t(product.parts.size()),
                std::int64_t(product.instances.size()), AttributeCount(product));
   insert.exec();

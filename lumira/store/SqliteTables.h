@@ -99,8 +99,8 @@ void WriteRows(SQLite::Database& database, const std::string& table, std::int64_
 template <class T>
 std::vector<T> ReadRows(SQLite::Database& database, const std::string& table, std::int64_t owner,
                         const std::string& ownerColumn = "part") {
-  SQLite::Statement query(
-      database, SelectSql<T>("position", table, "WHERE " + ownerColumn + " = ? ORDER BY position"));
+  SQLite::Statement query(database,
+                          SelectSql<T>("position", table, "WHERE " + ownerColumn + " = ? ORDER BY position"));
   query.bind(1, owner);
   std::vector<T> list;
   while (query.executeStep()) list.push_back(ReadRow<T>(query, 1));

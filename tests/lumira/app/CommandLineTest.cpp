@@ -215,6 +215,54 @@ TEST_F(CommandLine, ComputesStandardDeviations) {
   EXPECT_NEAR(Value(out, "combined.sd_inertia_cg_xy_kgm2"), 1488.0947508132901, 3e-6);
 }
 
+TEST_F(CommandLine, ComputesTheSampleUnderAConfigurationFilter) {
+  Lumira({"init", file});
+  const Outcome imported = ImportSample({"--filters", std::string(kSamples) + "filters.csv"});
+  ASSERT_EQ(imported.code, kDone) << imported.errors;
+  EXPECT_EQ(imported.out,
+            "Imported product \"IEA15\": 22 parts, 21 instances, 18 mass types, 4 configuration filters; 0 "
+            "warnings, 0 things left out.\n");
+  const Outcome without = Lumira({"compute", file, "Above_yaw", "--filter", "Without generator"});
+  ASSERT_EQ(without.code, kDone) << without.errors;
+  EXPECT_THAT(without.out, HasSubstr("\n# Under the filter 0|Without generator\n"));
+  // The published rows of Above_yaw and generator: what remains is their difference.
+  EXPECT_NEAR(Value(without.out, "above_yaw.mass_kg"), 644856.548088461 - 368839.4071518108, 1e-6);
+  EXPECT_NEAR(Value(without.out, "above_yaw.cg_x_m"),
+              (644856.548088461 * -5.124694874749737 - 368839.4071518108 * -6.516676090182924) /
+                  (644856.548088461 - 368839.4071518108),
+              1e-10);
+  EXPECT_EQ(Lumira({"compute", file, "Above_yaw", "--filter", "Nobody"}).errors,
+            "lumira: there is no configuration filter \"Nobody\" in product \"IEA15\"\n");
+}
+
+TEST_F(CommandLine, ComputesTheSampleWithChosenInstances) {
+  Lumira({"init", file});
+  ImportSample();
+  const std::string filter = "1|1|generator.1|generator||2|nacelle.1|Above_yaw.1";
+  const Outcome chosen = Lumira({"compute", file, "nacelle", "--user-filter", filter});
+  ASSERT_EQ(chosen.code, kDone) << chosen.errors;
+  EXPECT_NEAR(Value(chosen.out, "nacelle.mass_kg"), 368839.4071518108, 1e-6);
+  EXPECT_NEAR(Value(chosen.out, "nacelle.cg_z_m"), 5.034389671180861, 6e-12);
+  const Outcome broken =
+      Lumira({"compute", file, "nacelle", "--user-filter", "1|1|generator.1|generator||0"});
+  EXPECT_EQ(broken.code, kRefused);
+  EXPECT_EQ(broken.errors,
+            "lumira: Filter: row 1, instance id: there is no instance \"generator.1\" in part \"RNA\"\n");
+  EXPECT_EQ(Lumira({"compute", file, "RNA", "--filter", "X", "--user-filter", "1|0"}).code, kUsage);
+}
+
+TEST_F(CommandLine, ImportsNothingWhenTheFilterTableIsWrong) {
+  Lumira({"init", file});
+  const std::string filters = folder + "/filters.csv";
+  std::ofstream(filters) << "filter,condition,values\nKit,instances,generator.2\n";
+  const Outcome refused = ImportSample({"--filters", filters});
+  EXPECT_EQ(refused.code, kRefused);
+  EXPECT_EQ(refused.errors,
+            "lumira: filters.csv, line 2, column 3 (values): there is no instance \"generator.2\"\n");
+  EXPECT_EQ(Lumira({"tree", file}).out, "");
+  EXPECT_EQ(ImportSample({"--filters", folder + "/none.csv"}).code, kRefused);
+}
+
 TEST_F(CommandLine, SaysWhenAPartStandsInSeveralPlaces) {
   Lumira({"init", file});
   const std::string mass = folder + "/twice.csv";

@@ -72,7 +72,7 @@ TEST_F(ComputeCommand, OfALeafGivesItsOwnNumbers) {
 
 TEST_F(ComputeCommand, LeavesOutWhatAConfigurationFilterExcludesAndStoresNothing) {
   ImportBoxes();
-  ASSERT_TRUE(store->SaveFilter("top", {"Without bolts", {"bolts"}}).Ok());
+  ASSERT_TRUE(store->SaveFilter("top", LeavingOut("Without bolts", {"bolts"})).Ok());
   const auto reply = Run("WBComputeNymValues", "1|top|ComputeOptions/1|0%7CWithout bolts|0|1||end");
   EXPECT_EQ(protocol::ReadComputeReply(reply).Value().computed.mass, 20);
   EXPECT_EQ(PartDataOf("top").massTypes[0].status, MassTypeStatus::Undefined);
@@ -83,7 +83,7 @@ TEST_F(ComputeCommand, RefusesFiltersThatItCannotApply) {
   EXPECT_EQ(Run("WBComputeNymValues", "1|top|ComputeOptions/1|0%7CNobody|0|1||end"),
             "LumiraError: there is no configuration filter \"Nobody\" in product \"top\"");
   EXPECT_EQ(Run("WBComputeNymValues", "1|top|ComputeOptions/1|1%7C1%7CI%7CP%7CA%7C0|0|1||end"),
-            "LumiraError: a computation with a list of chosen instances is not supported");
+            "LumiraError: Filter: row 1, instance id: there is no instance \"I\" in part \"top\"");
   EXPECT_EQ(Run("WBComputeNymValues", "1|top|ComputeOptions/1|1%7C-1|0|1||end"),
             "LumiraError: Filter: field 2 (row count): \"-1\" is not a number from 0 to 100000");
 }

@@ -144,10 +144,22 @@ TEST_F(PartDataCommand, RefusesARequestThatNamesNothingOrSomethingUnknown) {
 
 TEST_F(PartDataCommand, RefusesAConfigurationFilterThatTheProductHasNot) {
   ImportBoxes();
-  ASSERT_TRUE(store->SaveFilter("top", {"Kit", {}}).Ok());
+  ASSERT_TRUE(store->SaveFilter("top", {"Kit"}).Ok());
   EXPECT_EQ(PartData({.partId = "top", .filter = "0|Kit"}).filter, "0|Kit");
   EXPECT_EQ(Run("WBGetPartData", protocol::WritePartDataRequest({.partId = "top", .filter = "0|Nobody"})),
             "LumiraError: there is no configuration filter \"Nobody\" in product \"top\"");
+}
+
+TEST_F(PartDataCommand, RefusesChosenInstancesThatTheProductHasNot) {
+  ImportBoxes();
+  EXPECT_EQ(PartData({.partId = "top", .filter = "1|1|bolts|bolt||1|left"}).filter, "1|1|bolts|bolt||1|left");
+  const auto refusal = [&](const std::string& filter) {
+    return Run("WBGetPartData", protocol::WritePartDataRequest({.partId = "top", .filter = filter}));
+  };
+  EXPECT_EQ(refusal("1|1|bolts|bolt||1|middle"),
+            "LumiraError: Filter: row 1, path element 1: there is no instance \"middle\" in part \"top\"");
+  EXPECT_EQ(refusal("1|1|bolts|bolt||-1"),
+            "LumiraError: Filter: field 6 (row 1, depth): \"-1\" is not a number from 0 to 1000");
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include "protocol/Codec.h"
 #include "protocol/Constants.h"
 #include "protocol/ErrorReply.h"
+#include "tests/lumira/store/Filters.h"
 
 namespace lumira::test {
 
@@ -44,6 +45,25 @@ class ServerFixture : public testing::Test {
         "top,box,left,,-1\ntop,box,right,,1\nbox,bolt,bolts,4,0\nbox,plate,plate,,0\n",
         "part,name,mass [kg],cg x [m],cg y [m],cg z [m],ixx [kg m2],iyy [kg m2],izz [kg m2]\n"
         "bolt,Bolt M8,2,0,0,0,1,1,1\nplate,Plate,10,0,0,0,1,1,1\n");
+  }
+
+  protocol::Result<std::string> ComputeUnder(const std::string& part, const std::string& filter) {
+    protocol::ComputeRequest request{.hasInstance = true, .partId = part, .options = {}};
+    request.options.filter = filter;
+    return server->Execute(protocol::kCommandComputePart, protocol::WriteComputeRequest(request));
+  }
+
+  /// kg; what a part weighs under a filter.
+  double MassUnder(const std::string& part, const std::string& filter) {
+    const auto reply = ComputeUnder(part, filter);
+    EXPECT_TRUE(reply.Ok()) << reply.Failure().message;
+    if (!reply.Ok()) return -1;
+    return protocol::ReadComputeReply(reply.Value()).Value().computed.mass.value_or(-1);
+  }
+
+  std::string Refusal(const std::string& part, const std::string& filter) {
+    const auto reply = ComputeUnder(part, filter);
+    return reply.Ok() ? "computed" : reply.Failure().message;
   }
 
   /// What another start of the program would see.

@@ -65,11 +65,21 @@ const VariedCommand kVariedCommands[] = {
      [](std::string_view reply) { return protocol::ReadTreeNodes(reply).Ok(); }},
     {protocol::kCommandSearch, "SearchRequest/1|top|bolt|10|end",
      [](std::string_view reply) { return protocol::ReadSearchReply(reply).Ok(); }},
+    {protocol::kCommandComputePart, "1|top|ComputeOptions/1|1%7C1%7Cbolts%7Cbolt%7C%7C1%7Cleft|0|1||end",
+     [](std::string_view reply) { return protocol::ReadComputeReply(reply).Ok(); }},
+    {protocol::kCommandSetCurrentRoot, "RootRequest/1|top|end",
+     [](std::string_view reply) { return protocol::ReadCurrentRoot(reply).Ok(); }},
+    {protocol::kCommandFilters, "FiltersRequest/1|1|top|1|top|end",
+     [](std::string_view reply) { return protocol::ReadFilterList(reply).Ok(); }},
+    {protocol::kCommandHandler, "HandlerRequest/1|top|end",
+     [](std::string_view reply) { return protocol::ReadConfigurationHandler(reply).Ok(); }},
+    {protocol::kCommandSetHandler, "ConfigurationHandler/1|top|__null__|end",
+     [](std::string_view reply) { return protocol::ReadConfigurationHandler(reply).Ok(); }},
 };
 
 TEST_F(ServerCommands, AnswerVariedRequestsReadablyAndChangeNothing) {
   ImportBoxes();
-  ASSERT_TRUE(store->SaveFilter("top", {"Kit", {"left"}}).Ok());
+  ASSERT_TRUE(store->SaveFilter("top", LeavingOut("Kit", {"left"})).Ok());
   const Product before = store->LoadProduct("top").Value();
   const std::int64_t state = store->Products().Value()[0].state;
   std::mt19937 random(3);
@@ -88,7 +98,8 @@ TEST_F(ServerCommands, AnswerVariedRequestsReadablyAndChangeNothing) {
   EXPECT_EQ(store->LoadProduct("top").Value(), before);
   EXPECT_EQ(store->Products().Value().size(), 1u);
   EXPECT_EQ(store->Products().Value()[0].state, state);
-  EXPECT_EQ(store->LoadFilters("top").Value(), (std::vector<ConfigurationFilter>{{"Kit", {"left"}}}));
+  EXPECT_EQ(store->LoadFilters("top").Value(),
+            (std::vector<ConfigurationFilter>{LeavingOut("Kit", {"left"})}));
   // A request may have become one without a filter; what is stored then is right.
   const std::map<std::string, double> masses = {{"top", 36}, {"box", 18}, {"bolt", 2}, {"plate", 10}};
   const auto results = store->LoadResults("top").Value();

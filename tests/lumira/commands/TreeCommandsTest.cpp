@@ -42,7 +42,7 @@ TEST_F(TreeCommands, ListNoProductsInAnEmptyDatabase) {
 
 TEST_F(TreeCommands, ListProductsWithRootAndFilters) {
   ImportBoxes();
-  ASSERT_TRUE(store->SaveFilter("top", {"Kit", {}}).Ok());
+  ASSERT_TRUE(store->SaveFilter("top", {"Kit"}).Ok());
   const auto list = protocol::ReadProductList(Run("LumGetProducts")).Value();
   ASSERT_EQ(list.products.size(), 1u);
   EXPECT_EQ(list.products[0].product, "top");
@@ -84,7 +84,7 @@ struct Damage {
 TEST_F(TreeCommands, NameWhatCannotBeReadOfAProductAndListTheOthers) {
   ImportBoxes();
   Import("parent,child\nother,thing\n", "part,name\nthing,Thing\n");
-  ASSERT_TRUE(store->SaveFilter("top", {"Kit", {"left"}}).Ok());
+  ASSERT_TRUE(store->SaveFilter("top", LeavingOut("Kit", {"left"})).Ok());
   Compute("top");
   const Damage damages[] = {{"UPDATE roots SET part = CAST(x'ff' AS TEXT) WHERE part = 'top'",
                              "UPDATE roots SET part = 'top' WHERE part <> 'other'",
@@ -94,10 +94,10 @@ TEST_F(TreeCommands, NameWhatCannotBeReadOfAProductAndListTheOthers) {
                              "UPDATE filters SET name = 'Kit'",
                              {"other", "top"},
                              "(row key = \"1\", column name: \"\\xFF\" is not UTF-8)"},
-                            {"UPDATE filter_instances SET instance = CAST(x'ff' AS TEXT)",
-                             "UPDATE filter_instances SET instance = 'left'",
+                            {"UPDATE filter_values SET value = CAST(x'ff' AS TEXT)",
+                             "UPDATE filter_values SET value = 'left'",
                              {"other", "top"},
-                             "(row filter = \"1\", column instance: \"\\xFF\" is not UTF-8)"},
+                             "(row filter = \"1\", column value: \"\\xFF\" is not UTF-8)"},
                             {"UPDATE results SET mass = 9e999",
                              "UPDATE results SET mass = 36",
                              {"other", "top"},

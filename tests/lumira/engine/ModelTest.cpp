@@ -3,6 +3,7 @@
 #include <limits>
 #include <numbers>
 
+#include "lumira/model/Effectivity.h"
 #include "lumira/model/Product.h"
 #include "tests/lumira/engine/Products.h"
 
@@ -58,6 +59,23 @@ TEST(Model, ChangingTheSignConventionTwiceChangesNothing) {
   const InertiaTensor t = {1, 2, 3, 4, 5, 6};
   EXPECT_EQ(WithProductsNegated(t), (InertiaTensor{1, 2, 3, -4, -5, -6}));
   EXPECT_EQ(WithProductsNegated(WithProductsNegated(t)), t);
+}
+
+TEST(Model, ReadsDaysOfTheCalendarAndNothingElse) {
+  using namespace std::chrono;
+  EXPECT_EQ(ParseDate("2024-02-29"), year(2024) / February / 29);
+  EXPECT_EQ(FormatDate(*ParseDate("0007-01-02")), "0007-01-02");
+  for (const char* text : {"", "2023-02-29", "2024-13-01", "2024-00-10", "2024-01-00", "2024-1-1", "24-01-01",
+                           "2024/01/01", "2024-01-01 ", "-024-01-01", "2024-01-0x", "20240101"})
+    EXPECT_FALSE(ParseDate(text).has_value()) << text;
+}
+
+TEST(Model, AnEffectivityWithOneDateIsOpenAtTheOtherEnd) {
+  const Effectivity from{ParseDate("2020-05-01"), {}}, until{{}, ParseDate("2020-05-01")};
+  EXPECT_FALSE(from.Covers(*ParseDate("2020-04-30")));
+  EXPECT_TRUE(from.Covers(*ParseDate("9999-12-31")));
+  EXPECT_TRUE(until.Covers(*ParseDate("0001-01-01")));
+  EXPECT_FALSE(until.Covers(*ParseDate("2020-05-02")));
 }
 
 }  // namespace

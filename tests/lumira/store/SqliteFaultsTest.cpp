@@ -6,6 +6,7 @@
 #include <csignal>
 #include <fstream>
 
+#include "Filters.h"
 #include "StoreContract.h"
 #include "lumira/store/OpenSqliteStore.h"
 
@@ -93,9 +94,18 @@ TEST_F(SqliteFaults, DatabaseOfAnotherProgramIsRefusedAndStaysAsItIs) {
 
 TEST_F(SqliteFaults, NewerVersionIsRefusedAndStaysAsItIs) {
   MakeStore();
-  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 4");
+  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 5");
   const std::string before = Content(file);
-  ExpectReason(OpeningFails(ErrorKind::Storage), "newer version (tables of version 4, this program knows 3)");
+  ExpectReason(OpeningFails(ErrorKind::Storage), "newer version (tables of version 5, this program knows 4)");
+  EXPECT_EQ(Content(file), before);
+}
+
+TEST_F(SqliteFaults, OldVersionThatCannotBeReadIsRefusedAndStaysAsItIs) {
+  MakeStore();
+  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 2");
+  const std::string before = Content(file);
+  ExpectReason(OpeningFails(ErrorKind::Storage),
+               "tables of version 2, this program reads versions from 3 on; import the product anew");
   EXPECT_EQ(Content(file), before);
 }
 
@@ -271,7 +281,14 @@ TEST_F(SqliteFaults, RowsThatWereNeverStoredAreRefusedByTheirKey) {
       {"UPDATE parts SET density = 1, standard_part = 2 WHERE part = 'leaf'",
        "row key = \"2\", column standard_part: 2 is neither 0 nor 1"},
       {"UPDATE parts SET standard_part = 0; UPDATE roots SET part = CAST(x'ff' AS TEXT)",
-       "row product = \"1\", column part: \"\\xFF\" is not UTF-8"}};
+       "row product = \"1\", column part: \"\\xFF\" is not UTF-8"},
+      {"UPDATE roots SET part = 'root'; UPDATE instances SET effective_from = '2020-02-30' WHERE key = 2",
+       "row key = \"2\", column effective_from: \"2020-02-30\" is no date"},
+      {"UPDATE instances SET effective_from = NULL; UPDATE instance_attributes SET value = CAST(x'ff' AS "
+       "TEXT) "
+       "WHERE instance = 2",
+       "row instance = \"2\", column value: \"\\xFF\" is not UTF-8"},
+      {"DELETE FROM instance_attributes WHERE instance = 2", "has 2 attributes of instances instead of 3"}};
   MakeStore();
   for (const auto& [damage, reason] : cases) {
     SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
@@ -279,6 +296,27 @@ TEST_F(SqliteFaults, RowsThatWereNeverStoredAreRefusedByTheirKey) {
     ASSERT_FALSE(product.Ok()) << reason;
     EXPECT_EQ(product.Failure().kind, ErrorKind::Storage);
     ExpectReason(product.Failure().message, reason);
+  }
+}
+
+TEST_F(SqliteFaults, FiltersThatWereNeverStoredAreRefusedByTheirRow) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"UPDATE filter_conditions SET kind = 4",
+       "row position = \"0\", column kind: 4 is not an integer from 0 to 3"},
+      {"UPDATE filter_conditions SET kind = 3, sense = 2", "column sense: 2 is neither 0 nor 1"},
+      {"UPDATE filter_conditions SET sense = 1; UPDATE filter_values SET condition = 1",
+       "row filter = \"1\", column condition: there is no such condition"},
+      {"UPDATE filter_values SET condition = -1", "column condition: there is no such condition"},
+      {"UPDATE filter_values SET condition = 0, value = CAST(x'ff' AS TEXT)",
+       "column value: \"\\xFF\" is not UTF-8"}};
+  MakeStore();
+  ASSERT_TRUE(OpenSqliteStore(file).Value()->SaveFilter("PRC", LeavingOut("Kit", {"i1"})).Ok());
+  for (const auto& [damage, reason] : cases) {
+    SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
+    const auto filters = OpenSqliteStore(file).Value()->LoadFilters("PRC");
+    ASSERT_FALSE(filters.Ok()) << reason;
+    EXPECT_EQ(filters.Failure().kind, ErrorKind::Storage);
+    ExpectReason(filters.Failure().message, reason);
   }
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "Filters.h"
 #include "StoreContract.h"
 #include "lumira/store/OpenSqliteStore.h"
 #include "protocol/Codec.h"
@@ -34,7 +35,14 @@ Product SampleProduct() {
   const Placement turned{RotationAboutY(0.3), {1, 2, 3}};
   return {"PRC",
           {root, leaf, bare},
-          {{"i1", "root", "leaf", 3, turned}, {"i2", "root", "bare", 1, {}}},
+          {{"i1",
+            "root",
+            "leaf",
+            3,
+            turned,
+            {ParseDate("2020-02-29"), ParseDate("2022-12-31")},
+            {{"zone", "rear"}, {"system", "drive train"}}},
+           {"i2", "root", "bare", 1, {}, {{}, ParseDate("2021-01-01")}, {{"zone", "front"}}}},
           {"root"}};
 }
 
@@ -267,7 +275,7 @@ TEST_P(StoreContract, RefusesAPartOfAnotherProductAndKeepsNothing) {
 TEST_P(StoreContract, ReplacesAProductWithItsResultsAndFilters) {
   ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
   ASSERT_TRUE(store->SaveResults({{"leaf", "f", {}}}).Ok());
-  ASSERT_TRUE(store->SaveFilter("PRC", {"Kit", {"i1"}}).Ok());
+  ASSERT_TRUE(store->SaveFilter("PRC", LeavingOut("Kit", {"i1"})).Ok());
   Product smaller = SampleProduct();
   smaller.parts.pop_back();
   smaller.instances.pop_back();
@@ -323,7 +331,7 @@ TEST_P(StoreContract, SaysWhichProductOrPartIsUnknown) {
   EXPECT_EQ(store->LoadProduct("X").Failure().message, "there is no product \"X\"");
   EXPECT_EQ(store->LoadResults("X").Failure().kind, ErrorKind::NotFound);
   EXPECT_EQ(store->LoadFilters("X").Failure().kind, ErrorKind::NotFound);
-  EXPECT_EQ(store->SaveFilter("X", {"Kit", {}}).Failure().kind, ErrorKind::NotFound);
+  EXPECT_EQ(store->SaveFilter("X", {"Kit"}).Failure().kind, ErrorKind::NotFound);
   EXPECT_EQ(store->LoadDetails("x").Failure().message, "there is no part \"x\"");
   EXPECT_EQ(store->SaveDetails("x", {}).Failure().kind, ErrorKind::NotFound);
   EXPECT_EQ(store->SaveResults({{"x", "f", {}}}).Failure().kind, ErrorKind::NotFound);
@@ -395,12 +403,125 @@ TEST_P(StoreContract, GivesBackDetailsAsTheyWere) {
 
 TEST_P(StoreContract, GivesBackFiltersByNameWithTheirInstancesInOrder) {
   ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
-  ASSERT_TRUE(store->SaveFilter("PRC", {"Service kit", {"old"}}).Ok());
-  ASSERT_TRUE(store->SaveFilter("PRC", {"Service kit", {"i2", "i1"}}).Ok());
-  ASSERT_TRUE(store->SaveFilter("PRC", {"All", {}}).Ok());
-  EXPECT_THAT(
-      Reopened().LoadFilters("PRC").Value(),
-      testing::ElementsAre(ConfigurationFilter{"All", {}}, ConfigurationFilter{"Service kit", {"i2", "i1"}}));
+  ASSERT_TRUE(store->SaveFilter("PRC", LeavingOut("Service kit", {"i1"})).Ok());
+  ASSERT_TRUE(store->SaveFilter("PRC", LeavingOut("Service kit", {"i2", "i1"})).Ok());
+  ASSERT_TRUE(store->SaveFilter("PRC", FilterOfAllKinds()).Ok());
+  ASSERT_TRUE(store->SaveFilter("PRC", {"All"}).Ok());
+  EXPECT_THAT(Reopened().LoadFilters("PRC").Value(),
+              testing::ElementsAre(ConfigurationFilter{"All"}, FilterOfAllKinds(),
+                                   LeavingOut("Service kit", {"i2", "i1"})));
+}
+
+TEST_P(StoreContract, GivesBackAttributesOfEachOfSeveralProducts) {
+  Product second = SampleProduct();
+  second.id = "Second";
+  for (Part& part : second.parts) part.id += "2";
+  for (Instance& instance : second.instances) {
+    instance.parent += "2";
+    instance.child += "2";
+    instance.attributes.pop_back();
+  }
+  second.roots = {"root2"};
+  Product bare = SampleProduct();
+  for (Instance& instance : bare.instances) instance.attributes.clear();
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  ASSERT_TRUE(store->AddProduct(second, Existing::Refuse).Ok());
+  EXPECT_EQ(Sorted(Reopened().LoadProduct("PRC").Value()), Sorted(SampleProduct()));
+  ASSERT_TRUE(store->AddProduct(bare, Existing::Replace).Ok());
+  EXPECT_EQ(Sorted(Reopened().LoadProduct("PRC").Value()), Sorted(bare));
+  EXPECT_EQ(Sorted(store->LoadProduct("Second").Value()), Sorted(second));
+}
+
+TEST_P(StoreContract, AddsAProductTogetherWithItsFilters) {
+  const ProductFilters filters{{FilterOfAllKinds(), LeavingOut("Kit", {"i1"})}, "Kit"};
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse, {}, filters).Ok());
+  EXPECT_EQ(Reopened().LoadFilters("PRC").Value(), filters.filters);
+  EXPECT_EQ(store->LoadHandler("PRC").Value(), "Kit");
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Replace).Ok());
+  EXPECT_TRUE(store->LoadFilters("PRC").Value().empty());
+  EXPECT_FALSE(store->LoadHandler("PRC").Value().has_value());
+}
+
+TEST_P(StoreContract, AddsNothingWhenAFilterOfTheProductIsRefused) {
+  const auto refusal = [&](ProductFilters filters) {
+    const auto added = store->AddProduct(SampleProduct(), Existing::Refuse, {}, filters);
+    return added.Ok() ? "added" : added.Failure().message;
+  };
+  EXPECT_EQ(refusal({{LeavingOut("Kit", {"i3"})}, {}}),
+            "configuration filter \"Kit\", condition 1: there is no instance \"i3\"");
+  EXPECT_EQ(refusal({{{"Kit"}, {"Kit"}}, {}}), "configuration filter \"Kit\": there are two of this name");
+  EXPECT_EQ(refusal({{{"No Filter"}}, {}}),
+            "configuration filter \"No Filter\": the name stands for no filter at all");
+  EXPECT_EQ(refusal({{{"Kit"}}, "Other"}), "there is no configuration filter \"Other\" in product \"PRC\"");
+  EXPECT_TRUE(Reopened().Products().Value().empty());
+}
+
+TEST_P(StoreContract, RefusesFiltersThatNoCommandCouldAskFor) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  for (const char* name : {"", "a|b", "a\nb", "\xff", "No Filter"})
+    EXPECT_EQ(store->SaveFilter("PRC", {name}).Failure().kind, ErrorKind::BadValue) << name;
+  EXPECT_EQ(store->SaveFilter("PRC", {"Kit", "\xff"}).Failure().message,
+            "configuration filter \"Kit\": the description is not UTF-8");
+  EXPECT_EQ(store->SaveFilter("PRC", LeavingOut("Kit", {"i1", "i3"})).Failure().message,
+            "configuration filter \"Kit\": there is no instance \"i3\"");
+  EXPECT_TRUE(Reopened().LoadFilters("PRC").Value().empty());
+}
+
+TEST_P(StoreContract, RefusesAttributesAndDatesThatCannotBeTold) {
+  const auto refusal = [&](auto change) {
+    Product product = SampleProduct();
+    change(product.instances[0]);
+    const auto added = store->AddProduct(product, Existing::Refuse);
+    return added.Ok() ? "added" : added.Failure().message;
+  };
+  EXPECT_EQ(refusal([](Instance& i) { i.attributes[0].name = ""; }),
+            "instance \"i1\": name of an attribute: is empty, an identifier expected");
+  EXPECT_EQ(refusal([](Instance& i) { i.attributes[0].value = "a|b"; }),
+            "instance \"i1\": attribute \"zone\": \"a|b\" holds \"|\", which an identifier may not");
+  EXPECT_EQ(refusal([](Instance& i) { i.attributes[1].name = "zone"; }),
+            "instance \"i1\": attribute \"zone\" is there twice");
+  EXPECT_EQ(refusal([](Instance& i) { i.effectivity.until = ParseDate("2019-01-01"); }),
+            "instance \"i1\": effective until 2019-01-01, which is before it is from, 2020-02-29");
+  EXPECT_EQ(refusal([](Instance& i) { i.effectivity.from = Date(); }),
+            "instance \"i1\": a date of the effectivity is no day of the calendar from year 0 to 9999");
+}
+
+TEST_P(StoreContract, SetsOneOfTheFiltersOnTheProductAndTakesItAway) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  ASSERT_TRUE(store->SaveFilter("PRC", {"Kit"}).Ok());
+  EXPECT_FALSE(store->LoadHandler("PRC").Value().has_value());
+  const auto state = store->Products().Value()[0].state;
+  ASSERT_TRUE(store->SaveHandler("PRC", "Kit").Ok());
+  EXPECT_EQ(Reopened().LoadHandler("PRC").Value(), "Kit");
+  const auto refused = store->SaveHandler("PRC", "Other");
+  EXPECT_EQ(refused.Failure().kind, ErrorKind::NotFound);
+  EXPECT_EQ(refused.Failure().message, "there is no configuration filter \"Other\" in product \"PRC\"");
+  EXPECT_EQ(store->LoadHandler("PRC").Value(), "Kit");
+  ASSERT_TRUE(store->SaveHandler("PRC", std::nullopt).Ok());
+  EXPECT_FALSE(Reopened().LoadHandler("PRC").Value().has_value());
+  EXPECT_EQ(store->Products().Value()[0].state, state);
+  EXPECT_EQ(store->SaveHandler("X", std::nullopt).Failure().kind, ErrorKind::NotFound);
+  EXPECT_EQ(store->LoadHandler("X").Failure().kind, ErrorKind::NotFound);
+}
+
+TEST_P(StoreContract, SurveysAProductWithoutLoadingIt) {
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  Part shape;
+  shape.id = "shape";
+  shape.geometry = Geometry{0.5, {}, {}};
+  ASSERT_TRUE(store->AddProduct({"Shape", {shape}, {}, {"shape"}}, Existing::Refuse).Ok());
+  EXPECT_TRUE(store->Survey("PRC").Value().hasMassData);
+  EXPECT_FALSE(store->Survey("Shape").Value().hasMassData) << "a shape without a density";
+  shape.density = 7850;
+  ASSERT_TRUE(store->UpdatePart(shape).Ok());
+  EXPECT_TRUE(store->Survey("Shape").Value().hasMassData);
+  StoredResult result{"leaf", "f", {}};
+  result.state = store->Products().Value()[0].state;
+  ASSERT_TRUE(store->SaveResults({result}).Ok());
+  EXPECT_EQ(store->Survey("PRC").Value().olderResults, 0);
+  ASSERT_TRUE(store->UpdatePart(SampleProduct().parts[1]).Ok());
+  EXPECT_EQ(store->Survey("PRC").Value().olderResults, 1);
+  EXPECT_EQ(store->Survey("X").Failure().kind, ErrorKind::NotFound);
 }
 
 INSTANTIATE_TEST_SUITE_P(Sqlite, StoreContract,
