@@ -59,7 +59,8 @@ QString FilterInForce::MeaningOfInstances() const {
   const std::size_t named = std::min(_filter.rows.size(), kMostNamed);
   for (std::size_t i = 0; i < named; ++i)
     lines << Text("Filter.Instance", {ToQt(_filter.rows[i].instanceId), ToQt(_filter.rows[i].partId)});
-  if (named < _filter.rows.size()) lines << Text("Filter.More", {QString::number(_filter.rows.size() - named)});
+  if (named < _filter.rows.size())
+    lines << Text("Filter.More", {QString::number(_filter.rows.size() - named)});
   return lines.join('\n');
 }
 

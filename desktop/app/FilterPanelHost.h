@@ -17,9 +17,9 @@ class QTableView;
 
 namespace desktop {
 
-/// The command "filter": opens the module's filter panel on a product, is its parent command, and adds what the
-/// user picks in the product tree to its list. The panel hides itself at OK and Cancel; it is destroyed when
-/// control is back in the event loop.
+/// The command "filter": opens the module's filter panel on a product, is its parent command, and adds what
+/// the user picks in the product tree to its list. The panel hides itself at OK and Cancel; it is destroyed
+/// when control is back in the event loop.
 class FilterPanelHost : public QObject {
  public:
   /// All must outlive the host; the settings keep place and size of the panel.

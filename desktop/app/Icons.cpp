@@ -152,8 +152,7 @@ QIcon Find() {
 
 QIcon Filter() {
   return Drawn([](QPainter& painter, const Ink&) {
-    painter.drawPolygon(
-        QPolygonF({{1.6, 2}, {14.4, 2}, {9.6, 8}, {9.6, 12.4}, {6.4, 14.4}, {6.4, 8}}));
+    painter.drawPolygon(QPolygonF({{1.6, 2}, {14.4, 2}, {9.6, 8}, {9.6, 12.4}, {6.4, 14.4}, {6.4, 8}}));
   });
 }
 

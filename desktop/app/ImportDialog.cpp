@@ -29,9 +29,10 @@ QStringList Lines(const char* headingKey, const std::vector<std::string>& texts)
 }
 
 QString ReportOf(const lumira::ImportReport& report, lumira::ImportMode mode) {
-  QStringList lines{Text(mode == lumira::ImportMode::Write ? "Import.Done" : "Import.Checked",
-                         {ToQt(report.product), QString::number(report.parts),
-                          QString::number(report.instances), QString::number(report.massTypes)})};
+  QStringList lines{
+      Text(mode == lumira::ImportMode::Write ? "Import.Done" : "Import.Checked",
+           {ToQt(report.product), QString::number(report.parts), QString::number(report.instances),
+            QString::number(report.massTypes), QString::number(report.filters)})};
   lines << Lines("Import.LeftOut", report.leftOut) << Lines("Import.Warnings", report.warnings);
   return lines.join('\n');
 }

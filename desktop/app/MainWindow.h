@@ -67,8 +67,8 @@ class MainWindow : public QMainWindow {
   void ChooseTheme(ThemeChoice theme);
   /// Tells of catalogues with problems that nobody has been told of, in a box and on standard error.
   void TellCatalogueProblems();
-  /// Tells of what went wrong while the program started: commands that cannot be loaded, traces that cannot be
-  /// written, catalogues.
+  /// Tells of what went wrong while the program started: commands that cannot be loaded, traces that cannot
+  /// be written, catalogues.
   void TellStartProblems();
 
   const ProductSession& Session() const { return _session; }

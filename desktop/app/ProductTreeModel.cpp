@@ -182,7 +182,8 @@ void ProductTreeModel::MarkFilter(const std::string& product, FilterMarks marks)
 OccurrenceKey ProductTreeModel::KeyOf(const Node& node) const {
   OccurrenceKey key;
   const Node* one = &node;
-  for (; one->parent && one->parent->parent; one = one->parent) key.instancePath.push_back(one->line.instanceId);
+  for (; one->parent && one->parent->parent; one = one->parent)
+    key.instancePath.push_back(one->line.instanceId);
   std::reverse(key.instancePath.begin(), key.instancePath.end());
   key.product = one->product;
   return key;

@@ -41,7 +41,8 @@ Result<lumira::ImportTables> ReadSampleTables(const std::string& samplesFolder) 
   if (!mass) return mass.Failure();
   auto filters = lumira::ReadTableFile((folder / "filters.csv").string());
   if (!filters) return filters.Failure();
-  return lumira::ImportTables{std::move(structure).Value(), std::move(mass).Value(), std::move(filters).Value()};
+  return lumira::ImportTables{std::move(structure).Value(), std::move(mass).Value(),
+                              std::move(filters).Value()};
 }
 
 std::string NameSetAside(const std::string& file) { return file + ".old"; }

@@ -40,9 +40,9 @@ protocol::Result<void> Tracing::Apply(const TraceChoice& choice) {
   if (!choice.components.isEmpty() && !choice.file.isEmpty()) {
     file = std::make_unique<std::ofstream>(choice.file.toStdString(), std::ios::app);
     if (!*file)
-      return protocol::Error{protocol::ErrorKind::Storage,
-                             "the trace file \"" + choice.file.toStdString() +
-                                 "\" cannot be opened: " + std::strerror(errno)};
+      return protocol::Error{
+          protocol::ErrorKind::Storage,
+          "the trace file \"" + choice.file.toStdString() + "\" cannot be opened: " + std::strerror(errno)};
   }
   TqTrace::SetOutput(file.get());
   _file = std::move(file);

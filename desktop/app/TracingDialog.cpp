@@ -99,8 +99,8 @@ QString TracingDialog::ProblemText() const { return _problem->text(); }
 
 void TracingDialog::accept() {
   const bool lacksFile = _toFile->isChecked() && _file->text().trimmed().isEmpty();
-  const auto applied = lacksFile ? protocol::Result<void>(protocol::Error{protocol::ErrorKind::BadValue,
-                                                                          Text("Tracing.NoFile").toStdString()})
+  const auto applied = lacksFile ? protocol::Result<void>(protocol::Error{
+                                       protocol::ErrorKind::BadValue, Text("Tracing.NoFile").toStdString()})
                                  : _tracing.Apply(Choice());
   if (applied) return QDialog::accept();
   _problem->setText(ToQt(applied.Failure().message));

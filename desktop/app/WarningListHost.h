@@ -10,8 +10,8 @@
 
 namespace desktop {
 
-/// Shows lines in the module's list of warnings. Its Close button and its window hide it; it is destroyed when
-/// control is back in the event loop.
+/// Shows lines in the module's list of warnings. Its Close button and its window hide it; it is destroyed
+/// when control is back in the event loop.
 class WarningListHost : public QObject {
  public:
   /// All must outlive the host; the settings keep place and size of the list.

@@ -44,7 +44,8 @@ class FilterPanel : public KorWBFilterPanel {
   std::unique_ptr<KorWBNymNavFilterPanel> _panel;
 };
 
-/// Null when the dictionary does not know the class, or its factory fails. The name must be that of the class.
+/// Null when the dictionary does not know the class, or its factory fails. The name must be that of the
+/// class.
 template <class Panel>
 std::unique_ptr<Panel> CreateByClassName(const char* className) {
   return std::unique_ptr<Panel>(static_cast<Panel*>(KorClassDictionary::Create(className)));

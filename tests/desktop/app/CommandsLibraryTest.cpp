@@ -1,10 +1,9 @@
 // The library of commands and the module behind it: loaded by the system loader, and gone without a trace.
-#include "desktop/app/CommandsLibrary.h"
-
 #include <QAction>
 #include <QFile>
 #include <QPushButton>
 
+#include "desktop/app/CommandsLibrary.h"
 #include "desktop/app/SampleProduct.h"
 #include "desktop/app/SelectionPane.h"
 #include "framework/dialog/KorApplicationFrame.h"

@@ -1,6 +1,6 @@
-#include "desktop/app/FilterMarks.h"
-
 #include <gtest/gtest.h>
+
+#include "desktop/app/FilterMarks.h"
 
 namespace desktop::test {
 namespace {

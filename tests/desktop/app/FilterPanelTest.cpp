@@ -138,7 +138,8 @@ TEST_F(FilterPanelTest, CancelEscapeAndItsWindowCloseItAndKeepTheFilter) {
     EXPECT_FALSE(window.FilterPanel().IsOpen());
     EXPECT_EQ(window.FilterText(), "Filter: Structure only");
   };
-  cancel([this] { PanelWindow()->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->click(); });
+  cancel(
+      [this] { PanelWindow()->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->click(); });
   cancel([this] { QTest::keyClick(PanelWindow(), Qt::Key_Escape); });
   cancel([this] { PanelWindow()->close(); });
 }

@@ -50,7 +50,8 @@ TEST_F(FilterShownTest, WithoutOneEverythingCounts) {
 TEST_F(FilterShownTest, AConfigurationFilterIsNamedWithWhatItMeans) {
   ChooseFilter("Without generator");
   EXPECT_EQ(window.FilterText(), "Filter: Without generator");
-  EXPECT_TRUE(window.FilterMeaning().startsWith("Without generator: ")) << window.FilterMeaning().toStdString();
+  EXPECT_TRUE(window.FilterMeaning().startsWith("Without generator: "))
+      << window.FilterMeaning().toStdString();
   EXPECT_TRUE(window.FilterMeaning().contains("3 of 21")) << window.FilterMeaning().toStdString();
 }
 

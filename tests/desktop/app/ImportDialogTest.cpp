@@ -87,6 +87,31 @@ TEST_F(ImportDialogTest, WithoutAMassTableOneIsAskedFor) {
   EXPECT_EQ(ProductCount(), 0u);
 }
 
+TEST_F(ImportDialogTest, ATableOfFiltersIsImportedWhenThereIsOne) {
+  ImportDialog dialog(*store);
+  FillIn(dialog);
+  dialog.FiltersEdit()->setText(
+      Table("filters.csv", "filter,condition,name,values,sense\nBare,instances,,wheel.1,leave out\n"));
+  dialog.ImportButton()->click();
+  EXPECT_TRUE(dialog.ReportText().contains("1 rows of mass data, 1 filters"))
+      << dialog.ReportText().toStdString();
+  const auto filters = store->LoadFilters("car");
+  ASSERT_TRUE(filters.Ok()) << filters.Failure().message;
+  ASSERT_EQ(filters.Value().size(), 1u);
+  EXPECT_EQ(filters.Value()[0].name, "Bare");
+}
+
+TEST_F(ImportDialogTest, AFilterThatCannotBeReadIsReportedAndNothingWritten) {
+  ImportDialog dialog(*store);
+  FillIn(dialog);
+  dialog.FiltersEdit()->setText(
+      Table("filters.csv", "filter,condition,name,values,sense\nBare,instances,,sail.1,leave out\n"));
+  dialog.ImportButton()->click();
+  EXPECT_TRUE(dialog.ReportText().contains("filters.csv")) << dialog.ReportText().toStdString();
+  EXPECT_TRUE(dialog.ReportText().contains("sail.1")) << dialog.ReportText().toStdString();
+  EXPECT_EQ(ProductCount(), 0u);
+}
+
 TEST_F(ImportDialogTest, ATableThatIsNotThereIsNamed) {
   ImportDialog dialog(*store);
   dialog.MassEdit()->setText(folder.filePath("nowhere.csv"));

@@ -1,6 +1,4 @@
 // Tracing: which components, where to, and the dialog that chooses.
-#include "desktop/app/Tracing.h"
-
 #include <QCheckBox>
 #include <QFile>
 #include <QLineEdit>
@@ -8,6 +6,7 @@
 #include <QTimer>
 #include <sstream>
 
+#include "desktop/app/Tracing.h"
 #include "desktop/app/TracingDialog.h"
 #include "framework/system/TqTrace.h"
 #include "tests/desktop/app/WindowHarness.h"
@@ -47,11 +46,13 @@ class TracingTest : public WindowTest {
 
 TEST_F(TracingTest, IsOffByDefault) {
   EXPECT_EQ(Tracing::ChoiceAtStart(settings), TraceChoice());
-  for (const KorString& component : TqTrace::GetComponents()) EXPECT_FALSE(IsOn(component.c_str())) << component;
+  for (const KorString& component : TqTrace::GetComponents())
+    EXPECT_FALSE(IsOn(component.c_str())) << component;
 }
 
 TEST_F(TracingTest, KnowsTheComponentsOfTheModule) {
-  EXPECT_EQ(Tracing::Components(), (QStringList{"KorWBCompGroup", "KorWBCompPart", "KorWBNymNavReportPanel"}));
+  EXPECT_EQ(Tracing::Components(),
+            (QStringList{"KorWBCompGroup", "KorWBCompPart", "KorWBNymNavReportPanel"}));
 }
 
 TEST_F(TracingTest, TracesTheChosenComponentsOnly) {
@@ -126,8 +127,9 @@ TEST_F(TracingTest, AWindowTracesFromItsStartAsTheSettingsSay) {
     traced.ShowPartPanel();
     ASSERT_TRUE(traced.PartPanel().Compute());
   }
-  EXPECT_TRUE(TextOf(Log()).contains("-> KorWBNymMainPanel::OnComputeNotification [KorWBCompPart, "
-                                     "OnComputeNotification(), built "));
+  EXPECT_TRUE(
+      TextOf(Log()).contains("-> KorWBNymMainPanel::OnComputeNotification [KorWBCompPart, "
+                             "OnComputeNotification(), built "));
 }
 
 TEST_F(TracingTest, AFileThatCannotBeOpenedIsToldOfAtTheStart) {
