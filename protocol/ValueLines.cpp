@@ -20,7 +20,8 @@ std::string Prefix(std::string_view part) {
 
 }  // namespace
 
-ValueLines::ValueLines(std::string_view part) : _prefix(Prefix(part)) {}
+ValueLines::ValueLines(std::string_view part, std::string_view filter)
+    : _prefix(Prefix(part) + (filter.empty() ? "" : Prefix(filter))) {}
 
 void ValueLines::Value(const std::string& quantity, double value) {
   std::array<char, 40> digits{};

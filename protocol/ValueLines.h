@@ -6,12 +6,13 @@
 
 namespace protocol {
 
-/// Lines "part.quantity = value" about one part, as the programs print them: the part in small letters with
-/// "_" for what is no letter, digit or byte beyond ASCII, and 17 significant digits. A negative zero is
-/// written as zero.
+/// Lines "part.quantity = value" about one part, as the programs print them, or "part.filter.quantity = value"
+/// about what a filter leaves of it: part and filter in small letters with "_" for what is no letter, digit or
+/// byte beyond ASCII, and 17 significant digits. A negative zero is written as zero.
 class ValueLines {
  public:
-  explicit ValueLines(std::string_view part);
+  /// An empty filter: none.
+  explicit ValueLines(std::string_view part, std::string_view filter = {});
 
   void Value(const std::string& quantity, double value);
   /// `name_x_unit` and so on.

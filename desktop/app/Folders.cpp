@@ -55,6 +55,14 @@ QString Folders::Samples() { return Find(kSamples); }
 
 QString Folders::WhyNoSamples() { return WhyMissing(kSamples); }
 
+QStringList Folders::Libraries() {
+  if (qEnvironmentVariableIsSet("KORVO_LIBRARIES")) return {qEnvironmentVariable("KORVO_LIBRARIES")};
+  const QDir program(QCoreApplication::applicationDirPath());
+  QStringList folders{program.path()};
+  for (const char* beside : {"../lib", "../lib/korvo"}) folders << QDir::cleanPath(program.filePath(beside));
+  return folders;
+}
+
 QString Folders::UserData() { return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation); }
 
 }  // namespace desktop

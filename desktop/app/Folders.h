@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace desktop {
 
@@ -16,6 +17,9 @@ class Folders {
   static QString Samples();
   /// Why there are none, with the folder that was looked in.
   static QString WhyNoSamples();
+  /// Where the libraries are that the program loads while it runs: the environment variable KORVO_LIBRARIES,
+  /// else beside the program and in the folder "lib" next to its own.
+  static QStringList Libraries();
   /// The user's own products.
   static QString UserData();
 };

@@ -112,6 +112,7 @@ Result<void> HeadlessRun::Run() {
 }
 
 Result<void> HeadlessRun::RunSteps() {
+  _window.TellStartProblems();
   if (!QDir().mkpath(_folder))
     return Error{ErrorKind::Storage, "the folder \"" + _folder.toStdString() + "\" cannot be made"};
   if (auto done = OpenSample(); !done) return done;
@@ -124,6 +125,8 @@ Result<void> HeadlessRun::RunSteps() {
   if (auto done = SaveTheme(ThemeChoice::Dark, "window-dark.png", "part-panel-dark.png"); !done) return done;
   if (auto done = SaveCustomReference(); !done) return done;
   if (auto done = ComputeInPanel("generator"); !done) return done;
+  if (auto done = ComputeUnderFilters(); !done) return done;
+  if (auto done = SaveWarnings(); !done) return done;
   return SaveValues();
 }
 
@@ -138,7 +141,7 @@ Result<void> HeadlessRun::OpenSample() {
   return {};
 }
 
-Result<void> HeadlessRun::ComputeInPanel(const std::string& part) {
+Result<void> HeadlessRun::ComputeInPanel(const std::string& part, const std::string& filter) {
   const std::string product = _window.Tree().ProductAt({});
   const auto place = FindPart(product, part);
   if (!place) return place.Failure();
@@ -150,7 +153,7 @@ Result<void> HeadlessRun::ComputeInPanel(const std::string& part) {
   QApplication::processEvents();
   const auto values = ReadPartValues(*_window.PartPanel().Buffer());
   if (!values) return Fail("computing \"" + part + "\" gave no values");
-  _values += FormatPartValues(part, *values);
+  _values += FormatPartValues(part, *values, filter);
   return {};
 }
 

@@ -9,7 +9,7 @@ namespace desktop {
 
 /// The main job without a display: makes and opens the sample product, computes an assembly in the part panel
 /// by the verbs that a user's clicks end in, and leaves the screens as pictures and the values as text in a
-/// folder.
+/// folder. The same under each filter of the product, and under one of two instances.
 class HeadlessRun {
  public:
   explicit HeadlessRun(const QString& folder);
@@ -23,7 +23,8 @@ class HeadlessRun {
  private:
   protocol::Result<void> RunSteps();
   protocol::Result<void> OpenSample();
-  protocol::Result<void> ComputeInPanel(const std::string& part);
+  /// `filter` names the one in force in the values; empty: none is.
+  protocol::Result<void> ComputeInPanel(const std::string& part, const std::string& filter = {});
   protocol::Result<void> SavePages();
   protocol::Result<void> SaveCustomReference();
   protocol::Result<void> CheckReference(const std::string& button);
@@ -31,6 +32,14 @@ class HeadlessRun {
   protocol::Result<void> SaveTheme(ThemeChoice theme, const QString& windowFile, const QString& panelFile);
   protocol::Result<void> Save(QWidget* window, const QString& file);
   protocol::Result<void> SaveValues();
+  // filters and warnings
+  protocol::Result<void> ComputeUnderFilters();
+  protocol::Result<void> ComputeUnderConfiguration(const std::string& name);
+  protocol::Result<void> ComputeUnderInstances();
+  protocol::Result<KorDlgDialog*> OpenFilterPanel(const std::string& kind);
+  protocol::Result<void> ChooseConfiguration(const std::string& name);
+  protocol::Result<void> AddInstances();
+  protocol::Result<void> SaveWarnings();
 
   QString _folder;
   QTemporaryDir _scratch;  ///< product and settings of this run alone

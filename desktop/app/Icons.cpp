@@ -150,6 +150,12 @@ QIcon Find() {
   });
 }
 
+QIcon Filter() {
+  return Drawn([](QPainter& painter, const Ink&) {
+    painter.drawPolygon(QPolygonF({{1.6, 2}, {14.4, 2}, {9.6, 8}, {9.6, 12.4}, {6.4, 14.4}, {6.4, 8}}));
+  });
+}
+
 QIcon Lamp(const QColor& colour) {
   return Kept(qPrintable(colour.name()),
               [colour](QPainter& painter, const Ink&) { PaintLamp(painter, QRectF(3, 3, 10, 10), colour); });

@@ -14,6 +14,7 @@ QIcon OpenProduct();
 QIcon Import();
 QIcon Units();
 QIcon Find();
+QIcon Filter();
 QIcon Lamp(const QColor& colour);
 
 }  // namespace desktop::icons

@@ -10,6 +10,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/app/Texts.h"
 #include "desktop/toolkit/QtText.h"
@@ -28,9 +29,10 @@ QStringList Lines(const char* headingKey, const std::vector<std::string>& texts)
 }
 
 QString ReportOf(const lumira::ImportReport& report, lumira::ImportMode mode) {
-  QStringList lines{Text(mode == lumira::ImportMode::Write ? "Import.Done" : "Import.Checked",
-                         {ToQt(report.product), QString::number(report.parts),
-                          QString::number(report.instances), QString::number(report.massTypes)})};
+  QStringList lines{
+      Text(mode == lumira::ImportMode::Write ? "Import.Done" : "Import.Checked",
+           {ToQt(report.product), QString::number(report.parts), QString::number(report.instances),
+            QString::number(report.massTypes), QString::number(report.filters)})};
   lines << Lines("Import.LeftOut", report.leftOut) << Lines("Import.Warnings", report.warnings);
   return lines.join('\n');
 }
@@ -42,6 +44,7 @@ ImportDialog::ImportDialog(lumira::Store& store, QWidget* parent)
       _store(store),
       _structure(new QLineEdit),
       _mass(new QLineEdit),
+      _filters(new QLineEdit),
       _product(new QLineEdit),
       _replace(new QCheckBox(Text("Import.Replace"))),
       _leaveOut(new QCheckBox(Text("Import.LeaveOutUnknown"))),
@@ -51,6 +54,8 @@ ImportDialog::ImportDialog(lumira::Store& store, QWidget* parent)
       _report(new QPlainTextEdit) {
   setWindowTitle(Text("Import.Title"));
   _product->setPlaceholderText(Text("Import.ProductHint"));
+  _structure->setPlaceholderText(Text("Import.StructureHint"));
+  _filters->setPlaceholderText(Text("Import.FiltersHint"));
   _report->setReadOnly(true);
   _report->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   _report->setPlaceholderText(Text("Import.ReportHint"));
@@ -59,6 +64,7 @@ ImportDialog::ImportDialog(lumira::Store& store, QWidget* parent)
   auto* form = new QFormLayout;
   form->addRow(Text("Import.Structure"), MakeFileRow(_structure, "Import.Structure"));
   form->addRow(Text("Import.Mass"), MakeFileRow(_mass, "Import.Mass"));
+  form->addRow(Text("Import.Filters"), MakeFileRow(_filters, "Import.Filters"));
   form->addRow(Text("Import.Product"), _product);
   form->addRow(QString(), _replace);
   form->addRow(QString(), _leaveOut);
@@ -113,10 +119,11 @@ lumira::ImportOptions ImportDialog::Options(lumira::ImportMode mode) {
 
 Result<lumira::ImportReport> ImportDialog::Import(lumira::ImportMode mode) {
   lumira::ImportTables tables;
-  if (!_structure->text().isEmpty()) {
-    auto structure = lumira::ReadTableFile(_structure->text().toStdString());
-    if (!structure) return structure.Failure();
-    tables.structure = std::move(structure).Value();
+  for (const auto& [edit, table] : {std::pair(_structure, &tables.structure), {_filters, &tables.filters}}) {
+    if (edit->text().trimmed().isEmpty()) continue;
+    auto read = lumira::ReadTableFile(edit->text().toStdString());
+    if (!read) return read.Failure();
+    *table = std::move(read).Value();
   }
   auto mass = lumira::ReadTableFile(_mass->text().toStdString());
   if (!mass) return mass.Failure();
@@ -130,7 +137,7 @@ void ImportDialog::Run(lumira::ImportMode mode) {
   const auto report = Import(mode);
   unsetCursor();
   _progress->hide();
-  _hasImported = _hasImported || (report.Ok() && mode == lumira::ImportMode::Write);
+  if (report && mode == lumira::ImportMode::Write) _imported = report.Value();
   _report->setPlainText(report ? ReportOf(report.Value(), mode)
                                : Text("Import.Refused") + "\n\n" + ToQt(report.Failure().message));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <optional>
 
 #include "lumira/import/ImportProduct.h"
 
@@ -12,7 +13,8 @@ class QPushButton;
 
 namespace desktop {
 
-/// Imports a product from a table of the structure and one of the mass data into the open product file.
+/// Imports a product into the open product file: from a table of the structure, one of the mass data and, if
+/// there is one, one of configuration filters.
 /// "Check" reads and checks without writing. The report stays on the screen until the dialog is closed.
 class ImportDialog : public QDialog {
  public:
@@ -20,13 +22,14 @@ class ImportDialog : public QDialog {
 
   QLineEdit* StructureEdit() const { return _structure; }
   QLineEdit* MassEdit() const { return _mass; }
+  QLineEdit* FiltersEdit() const { return _filters; }
   QLineEdit* ProductEdit() const { return _product; }
   QCheckBox* ReplaceBox() const { return _replace; }
   QPushButton* CheckButton() const { return _check; }
   QPushButton* ImportButton() const { return _import; }
   QString ReportText() const;
-  /// Whether something was written.
-  bool HasImported() const { return _hasImported; }
+  /// The report of what was written last; nothing when nothing was.
+  const std::optional<lumira::ImportReport>& Imported() const { return _imported; }
 
  private:
   QWidget* MakeFileRow(QLineEdit* edit, const char* titleKey);
@@ -38,6 +41,7 @@ class ImportDialog : public QDialog {
   lumira::Store& _store;
   QLineEdit* _structure;
   QLineEdit* _mass;
+  QLineEdit* _filters;
   QLineEdit* _product;
   QCheckBox* _replace;
   QCheckBox* _leaveOut;
@@ -45,7 +49,7 @@ class ImportDialog : public QDialog {
   QPushButton* _import;
   QProgressBar* _progress;
   QPlainTextEdit* _report;
-  bool _hasImported = false;
+  std::optional<lumira::ImportReport> _imported;
 };
 
 }  // namespace desktop

@@ -33,6 +33,8 @@ constexpr const char* kThemeMenu = "Menu.Theme";
 constexpr const char* kLanguageMenu = "Menu.Language";
 
 enum class OnToolbar { No, Yes };
+/// Whether a command does its work through the library of weight-and-balance commands.
+enum class Needs { Nothing, Library };
 
 /// Widths of the tree's columns at the first start, characters; the names take what is left.
 constexpr std::array kColumnWidths{18, 18, 12, 20, 21};
@@ -48,6 +50,7 @@ struct MainWindow::CommandRow {
   const char* keys;  ///< empty: none
   OnToolbar onToolbar;
   void (MainWindow::*run)();
+  Needs needs = Needs::Nothing;
 };
 
 const MainWindow::CommandRow MainWindow::kCommands[] = {
@@ -56,10 +59,16 @@ const MainWindow::CommandRow MainWindow::kCommands[] = {
     {"ImportTables", "Menu.File", icons::Import, "Ctrl+I", OnToolbar::Yes, &MainWindow::AskForTables},
     {"OpenSample", "Menu.File", nullptr, "", OnToolbar::No, &MainWindow::OpenSampleCommand},
     {"Quit", "Menu.File", nullptr, "Ctrl+Q", OnToolbar::No, &MainWindow::Quit},
-    {"PartPanel", "Menu.Weight", icons::PartPanel, "Ctrl+P", OnToolbar::Yes, &MainWindow::ShowPartPanel},
-    {"Compute", "Menu.Weight", nullptr, "F5", OnToolbar::No, &MainWindow::Compute},
+    {"PartPanel", "Menu.Weight", icons::PartPanel, "Ctrl+P", OnToolbar::Yes, &MainWindow::ShowPartPanel,
+     Needs::Library},
+    {"Compute", "Menu.Weight", nullptr, "F5", OnToolbar::No, &MainWindow::Compute, Needs::Library},
+    {"Filter", "Menu.Weight", icons::Filter, "Ctrl+L", OnToolbar::Yes, &MainWindow::ShowFilterPanel,
+     Needs::Library},
+    {"AddToFilter", "Menu.Weight", nullptr, "Ctrl+Shift+L", OnToolbar::No, &MainWindow::AddToFilter,
+     Needs::Library},
     {"Find", "Menu.View", icons::Find, "Ctrl+F", OnToolbar::No, &MainWindow::FocusSearch},
     {"Units", "Menu.Settings", icons::Units, "Ctrl+U", OnToolbar::Yes, &MainWindow::AskForUnits},
+    {"Tracing", "Menu.Settings", nullptr, "", OnToolbar::No, &MainWindow::AskForTracing},
     {"About", "Menu.Help", nullptr, "", OnToolbar::No, &MainWindow::ShowAbout},
 };
 
@@ -67,11 +76,14 @@ MainWindow::MainWindow(Settings& settings, QtBackend& backend)
     : _settings(settings),
       _backend(backend),
       _busy(statusBar()),
-      _partPanel(backend, settings),
+      _partPanel(_library, backend, settings),
+      _filterPanel(_library, backend, settings),
+      _warnings(_library, backend, settings),
       _model(new ProductTreeModel(this)),
       _tree(new QTreeView),
       _pane(new SelectionPane),
       _search(new SearchBox),
+      _filter(new QLabel),
       _server(new QLabel),
       _units(new QLabel) {
   _backend.SetMainWindow(this);
@@ -80,6 +92,16 @@ MainWindow::MainWindow(Settings& settings, QtBackend& backend)
   BuildCentre();
   BuildStatusBar();
   _model->onError = [this](const protocol::Error& error) { ShowError("Error.Tree", error.message); };
+  _filterPanel.onFilterChanged = [this] { FilterChanged(); };
+  _filterPanel.onDropped = [this](const std::vector<OccurrenceKey>& keys) {
+    std::vector<OccurrencePlace> places;
+    for (const OccurrenceKey& key : keys)
+      if (const QModelIndex index = _model->IndexOf(key.product, key.instancePath); index.isValid())
+        places.push_back(_model->PlaceAt(index));
+    AddToFilter(places);
+  };
+  if (const auto traced = _tracing.Apply(Tracing::ChoiceAtStart(_settings)); !traced)
+    _tracingProblem = ToQt(traced.Failure().message);
   _busy.onEnded = [this](const auto& command, const auto& reply) { ServerCommandEnded(command, reply); };
   resize(1180, 760);
   restoreGeometry(_settings.WindowState(kGeometryKey));
@@ -133,13 +155,17 @@ void MainWindow::AddChoice(QMenu* menu, const QString& value, std::function<void
   QObject::connect(action, &QAction::triggered, this, choose);
 }
 
-void MainWindow::BuildCentre() {
+QTreeView* MainWindow::BuildTree() {
   _tree->setModel(_model);
   _tree->setUniformRowHeights(true);
   _tree->setAlternatingRowColors(true);
   _tree->setSelectionBehavior(QAbstractItemView::SelectRows);
+  _tree->setSelectionMode(QAbstractItemView::ExtendedSelection);
   _tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
   _tree->setExpandsOnDoubleClick(false);
+  _tree->setDragDropMode(QAbstractItemView::DragOnly);
+  _tree->setContextMenuPolicy(Qt::CustomContextMenu);
+  _tree->installEventFilter(this);
   for (std::size_t i = 0; i < kColumnWidths.size(); ++i)
     _tree->setColumnWidth(static_cast<int>(i), kColumnWidths[i] * fontMetrics().averageCharWidth());
   _tree->header()->setStretchLastSection(false);
@@ -148,7 +174,12 @@ void MainWindow::BuildCentre() {
   QObject::connect(_tree->selectionModel(), &QItemSelectionModel::currentChanged, this,
                    [this] { SelectionChanged(); });
   QObject::connect(_tree, &QTreeView::activated, this, [this] { ShowPartPanel(); });
+  QObject::connect(_tree, &QWidget::customContextMenuRequested, this,
+                   [this](const QPoint& place) { ShowTreeMenu(place); });
+  return _tree;
+}
 
+void MainWindow::BuildCentre() {
   _search->product = [this] { return _model->ProductAt(_tree->currentIndex()); };
   _search->onPicked = [this](const std::string& product, const protocol::Occurrence& hit) {
     Select(product, hit.instancePath);
@@ -159,7 +190,7 @@ void MainWindow::BuildCentre() {
   auto* column = new QVBoxLayout(left);
   column->setContentsMargins(8, 8, 4, 8);
   column->addWidget(_search);
-  column->addWidget(_tree, 1);
+  column->addWidget(BuildTree(), 1);
   auto* right = new QScrollArea;
   right->setWidget(_pane);
   right->setWidgetResizable(true);
@@ -176,7 +207,7 @@ void MainWindow::BuildCentre() {
 }
 
 void MainWindow::BuildStatusBar() {
-  for (QLabel* label : {_server, _units}) {
+  for (QLabel* label : {_filter, _server, _units}) {
     label->setContentsMargins(8, 2, 8, 2);
     statusBar()->addPermanentWidget(label);
   }
@@ -200,6 +231,7 @@ void MainWindow::ShowTexts() {
   _search->RefreshTexts();
   _model->RefreshTexts();
   _pane->RefreshTexts();
+  _shownFilter = {};  // so that its texts are shown anew
   ShowStatus();
 }
 
@@ -229,7 +261,11 @@ void MainWindow::ShowStatus() {
   const std::string product = _model->ProductAt({});
   setWindowTitle(product.empty() ? Text("Title") : ToQt(product) + " \u2013 " + Text("Title"));
   _actions["ImportTables"]->setEnabled(_session.IsOpen());
-  _actions["PartPanel"]->setEnabled(_tree->currentIndex().isValid());
+  for (const CommandRow& row : kCommands)
+    if (row.needs == Needs::Library)
+      _actions[row.name]->setEnabled(_library.Commands() && _tree->currentIndex().isValid());
+  _pane->PanelButton()->setEnabled(_library.Commands());
+  ShowFilter();
 }
 
 QString MainWindow::ServerText() const {
@@ -258,7 +294,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   _settings.SetWindowState(kColumnsKey, _tree->header()->saveState());
   if (auto* splitter = findChild<QSplitter*>("MainSplitter"))
     _settings.SetWindowState(kSplitterKey, splitter->saveState());
-  _partPanel.Close();
+  ClosePanels();
   QMainWindow::closeEvent(event);
 }
 

@@ -7,10 +7,16 @@
 
 #include "desktop/app/BusyIndicator.h"
 #include "desktop/app/CatalogueProblems.h"
+#include "desktop/app/CommandsLibrary.h"
+#include "desktop/app/FilterInForce.h"
+#include "desktop/app/FilterPanelHost.h"
 #include "desktop/app/PartPanelHost.h"
 #include "desktop/app/ProductSession.h"
 #include "desktop/app/ProductTreeModel.h"
 #include "desktop/app/Settings.h"
+#include "desktop/app/Tracing.h"
+#include "desktop/app/WarningListHost.h"
+#include "lumira/import/ImportReport.h"
 
 class QAction;
 class QActionGroup;
@@ -48,6 +54,12 @@ class MainWindow : public QMainWindow {
   void ShowPartPanel();
   /// Computes what is selected by the part panel, opening it first where it is closed.
   void Compute();
+  /// Opens the filter panel on the product of what is selected.
+  void ShowFilterPanel();
+  /// Adds what is selected to the open filter panel; tells the user what cannot be added.
+  void AddToFilter();
+  /// Shows what an import left out and what looks wrong; nothing when there is neither.
+  void ShowImportReport(const lumira::ImportReport& report);
   /// Shows all values anew, after a change of units.
   void UnitsChanged();
   /// False, with the language as it was, when there is no such language.
@@ -56,8 +68,14 @@ class MainWindow : public QMainWindow {
   /// Tells of catalogues with problems that nobody has been told of, and of a chosen language without its
   /// folder, in a box and on standard error.
   void TellCatalogueProblems();
+  /// Tells of what went wrong while the program started: commands that cannot be loaded, traces that cannot
+  /// be written, catalogues.
+  void TellStartProblems();
 
+  const ProductSession& Session() const { return _session; }
   PartPanelHost& PartPanel() { return _partPanel; }
+  FilterPanelHost& FilterPanel() { return _filterPanel; }
+  WarningListHost& Warnings() { return _warnings; }
   ProductTreeModel& Tree() { return *_model; }
   QTreeView& TreeView() { return *_tree; }
   SelectionPane& Selection() { return *_pane; }
@@ -67,8 +85,12 @@ class MainWindow : public QMainWindow {
   static QStringList CommandNames();
   QString UnitSystemText() const;
   QString ServerText() const;
+  /// The filter of the selected product, and what it means.
+  QString FilterText() const;
+  QString FilterMeaning() const;
 
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
@@ -77,6 +99,7 @@ class MainWindow : public QMainWindow {
 
   // building
   void BuildCentre();
+  QTreeView* BuildTree();
   void BuildCommands();
   void BuildChoices();
   void BuildStatusBar();
@@ -93,6 +116,7 @@ class MainWindow : public QMainWindow {
   void OpenSampleCommand() { OpenSample(); }
   void FocusSearch();
   void AskForUnits();
+  void AskForTracing();
   void ShowAbout();
   void Quit() { close(); }
 
@@ -110,6 +134,15 @@ class MainWindow : public QMainWindow {
   void BindPartPanel(const std::string& partDataText);
   void ServerCommandEnded(const KorUnicodeString& command, const KorUnicodeString& reply);
   void ValuesComputed();
+  void FilterChanged();
+  void ShowFilter();
+  void AddToFilter(const std::vector<OccurrencePlace>& places);
+  void ShowAdditions(const FilterPanelHost::Additions& additions);
+  std::vector<OccurrencePlace> SelectedPlaces() const;
+  void ShowTreeMenu(const QPoint& place);
+  void ShowFindings();
+  void ClosePanels();
+  void ShowInformation(const char* titleKey, const QString& text);
   void ShowError(const char* titleKey, const std::string& text);
   void ShowStatus();
   QString SampleFile() const;
@@ -119,11 +152,18 @@ class MainWindow : public QMainWindow {
   ProductSession _session;
   BusyIndicator _busy;
   CatalogueProblems _catalogueProblems;
+  Tracing _tracing;
+  QString _tracingProblem;
+  CommandsLibrary _library;  ///< unloaded when the panels are gone
   PartPanelHost _partPanel;
+  FilterPanelHost _filterPanel;
+  WarningListHost _warnings;
+  FilterInForce _shownFilter;
   ProductTreeModel* _model;
   QTreeView* _tree;
   SelectionPane* _pane;
   SearchBox* _search;
+  QLabel* _filter;
   QLabel* _server;
   QLabel* _units;
   std::map<std::string, QMenu*> _menus;           ///< by the key of the title

@@ -14,6 +14,7 @@
 #include "desktop/app/SearchBox.h"
 #include "desktop/app/SelectionPane.h"
 #include "desktop/app/Texts.h"
+#include "desktop/app/TracingDialog.h"
 #include "desktop/app/UnitsDialog.h"
 #include "desktop/toolkit/QtText.h"
 #include "framework/dialog/KorApplicationFrame.h"
@@ -40,10 +41,11 @@ protocol::Result<void> MainWindow::Open(const QString& file) {
     const BusyIndicator::Scope busy(_busy, Text("Busy.Open"));
     if (auto opened = _session.Open(file.toStdString(), progress); !opened) return opened;
   }
-  _partPanel.Close();
+  ClosePanels();
   _settings.AddRecentProduct(QFileInfo(file).absoluteFilePath());
   ShowRecentProducts();
   ReloadTree();
+  ShowFindings();
   return {};
 }
 
@@ -116,6 +118,7 @@ void MainWindow::OpenAtStart(const QString& product) {
 
 void MainWindow::ReloadTree() {
   const auto loaded = _model->Reload();
+  _shownFilter = {};  // another file may know other filters
   _search->Clear();
   _pane->ShowNothing();
   if (!loaded) ShowError("Error.Tree", loaded.Failure().message);
@@ -188,7 +191,7 @@ std::optional<std::string> MainWindow::ShowSelection() {
 }
 
 void MainWindow::BindPartPanel(const std::string& partDataText) {
-  if (const auto shown = _partPanel.Show(partDataText); !shown)
+  if (const auto shown = _partPanel.Show(_shownFilter.PartDataFor(partDataText)); !shown)
     ShowError("Error.Part", shown.Failure().message);
   TellCatalogueProblems();
 }
@@ -206,6 +209,8 @@ bool MainWindow::ChooseLanguage(const QString& language) {
   TranslateQt(language);
   ShowTexts();
   _partPanel.RefreshTexts();
+  _filterPanel.RefreshTexts();
+  _warnings.RefreshTexts();
   TellCatalogueProblems();
   return true;
 }
@@ -236,9 +241,10 @@ void MainWindow::AskForTables() {
   if (!_session.IsOpen()) return;
   ImportDialog dialog(_session.Transport().Store(), this);
   dialog.exec();
-  if (!dialog.HasImported()) return;
-  _partPanel.Close();
+  if (!dialog.Imported()) return;
+  ClosePanels();
   ReloadTree();
+  ShowImportReport(*dialog.Imported());
 }
 
 void MainWindow::AskForUnits() {
@@ -247,17 +253,34 @@ void MainWindow::AskForUnits() {
   UnitsChanged();
 }
 
+void MainWindow::AskForTracing() {
+  if (TracingDialog(_tracing, this).exec() == QDialog::Accepted)
+    _settings.SetTracing(_tracing.Choice().components, _tracing.Choice().file);
+}
+
 void MainWindow::FocusSearch() {
   _search->Edit()->setFocus();
   _search->Edit()->selectAll();
 }
 
 void MainWindow::ShowAbout() {
+  ShowInformation("Command.About.Title",
+                  Text("About.Text", {QCoreApplication::applicationVersion(), qVersion()}));
+}
+
+void MainWindow::ShowInformation(const char* titleKey, const QString& text) {
   KorDlgMessage message;
-  message.title = FromQt(Text("Command.About.Title"));
-  message.text = FromQt(Text("About.Text", {QCoreApplication::applicationVersion(), qVersion()}));
+  message.title = FromQt(Text(titleKey));
+  message.text = FromQt(text);
   message.flags = KorDlgMessage::kInformation;
   KorApplicationFrame::ShowMessage(message);
+}
+
+void MainWindow::TellStartProblems() {
+  if (const QString reason = _library.WhyNot(); !reason.isEmpty())
+    ShowError("Error.Library", reason.toStdString());
+  if (!_tracingProblem.isEmpty()) ShowError("Error.Tracing", _tracingProblem.toStdString());
+  TellCatalogueProblems();
 }
 
 void MainWindow::TellCatalogueProblems() {

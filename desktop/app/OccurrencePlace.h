@@ -7,6 +7,12 @@
 
 namespace desktop {
 
+/// Which occurrence is meant.
+struct OccurrenceKey {
+  std::string product;
+  std::vector<std::string> instancePath;  ///< from the root part down; empty for the root itself
+};
+
 /// An occurrence that the user has selected: where it stands in its product, and its line of the tree.
 struct OccurrencePlace {
   std::string product;

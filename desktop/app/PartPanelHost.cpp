@@ -19,61 +19,64 @@ bool HasSamePages(const LumWBAllDataBuffer& one, const LumWBAllDataBuffer& other
 
 }  // namespace
 
-PartPanelHost::PartPanelHost(QtBackend& backend, Settings& settings)
-    : _backend(backend), _settings(settings) {}
+PartPanelHost::PartPanelHost(const CommandsLibrary& library, QtBackend& backend, Settings& settings)
+    : _library(library), _backend(backend), _settings(settings) {}
 
 PartPanelHost::~PartPanelHost() = default;
 
 protocol::Result<void> PartPanelHost::Show(const std::string& partDataText) {
+  if (!_library.Commands())
+    return protocol::Error{protocol::ErrorKind::NotFound, _library.WhyNot().toStdString()};
   auto buffer = LumWBAllDataBuffer_var::Adopt(new LumWBAllDataBuffer);
   if (Failed(buffer->SetAllData(partDataText, true)))
     return protocol::Error{protocol::ErrorKind::BadText, buffer->GetLastRefusal().Utf8()};
   if (_panel && !HasSamePages(*_buffer, *buffer)) Close();
   _buffer = buffer;
   if (_panel)
-    _panel->SetModel(_buffer.Get());
+    _panel->Bind(*_buffer);
   else
     Open();
   return {};
 }
 
 void PartPanelHost::Open() {
-  _panel = std::make_unique<KorWBNymMainPanel>(_buffer.Get());
+  _panel = _library.Commands()->CreatePartPanel(*_buffer);
+  KorDlgDialog& dialog = _panel->Dialog();
   // A notification may not destroy its sender: the panel goes when control is back in the event loop.
   const auto close = [this](auto...) {
     QMetaObject::invokeMethod(
         this, [this] { Close(); }, Qt::QueuedConnection);
   };
-  _panel->Find<KorDlgPushButton>("Frame238.CloseButton").Subscribe(KorEvent::PushActivate, close);
-  _panel->Subscribe(KorEvent::WindowClose, close);
-  _panel->Attach(&_backend);
+  dialog.Find<KorDlgPushButton>("Frame238.CloseButton").Subscribe(KorEvent::PushActivate, close);
+  dialog.Subscribe(KorEvent::WindowClose, close);
+  dialog.Attach(&_backend);
   Window()->restoreGeometry(_settings.WindowState(kGeometryKey));
-  _panel->SetVisibility(KorVisibility::Shown);
+  dialog.SetVisibility(KorVisibility::Shown);
 }
 
 void PartPanelHost::Close() {
   if (_panel) {
     _settings.SetWindowState(kGeometryKey, Window()->saveGeometry());
-    _panel->Detach();
+    _panel->Dialog().Detach();
   }
   _panel.reset();
   _buffer = {};
 }
 
 bool PartPanelHost::Compute() {
-  return _panel && _panel->Find<KorDlgPushButton>("Frame238.ComputeButton").Press();
+  return _panel && _panel->Dialog().Find<KorDlgPushButton>("Frame238.ComputeButton").Press();
 }
 
 void PartPanelHost::RefreshValues() {
-  if (_panel) _panel->RefreshPanelWithInfo();
+  if (_panel) _panel->Refresh();
 }
 
 void PartPanelHost::RefreshTexts() {
   if (!_panel) return;
-  _panel->ReloadTexts();
-  _panel->RefreshPanelWithInfo();
+  _panel->Dialog().ReloadTexts();
+  _panel->Refresh();
 }
 
-QWidget* PartPanelHost::Window() const { return _panel ? _backend.WindowOf(_panel.get()) : nullptr; }
+QWidget* PartPanelHost::Window() const { return _panel ? _backend.WindowOf(&_panel->Dialog()) : nullptr; }
 
 }  // namespace desktop

@@ -3,9 +3,9 @@
 #include <QObject>
 #include <memory>
 
+#include "desktop/app/CommandsLibrary.h"
 #include "desktop/app/Settings.h"
 #include "desktop/toolkit/QtBackend.h"
-#include "module/main_panel/KorWBNymMainPanel.h"
 #include "protocol/Result.h"
 #include "services/LumWBAllDataBuffer.h"
 
@@ -16,13 +16,13 @@ namespace desktop {
 /// destroys it.
 class PartPanelHost : public QObject {
  public:
-  /// Both must outlive the host; the settings keep place and size of the panel.
-  PartPanelHost(QtBackend& backend, Settings& settings);
+  /// All must outlive the host; the settings keep place and size of the panel.
+  PartPanelHost(const CommandsLibrary& library, QtBackend& backend, Settings& settings);
   ~PartPanelHost() override;
 
   bool IsOpen() const { return _panel != nullptr; }
-  /// Opens the panel on a part's data as the server sent it, or binds it when it is open. On failure the
-  /// panel stays as it was.
+  /// Opens the panel on a part's data in the server's form, or binds it when it is open. On failure the panel
+  /// stays as it was.
   protocol::Result<void> Show(const std::string& partDataText);
   void Close();
   /// Presses the panel's Compute button; false when the panel is closed or the button cannot be pressed.
@@ -33,17 +33,18 @@ class PartPanelHost : public QObject {
   void RefreshTexts();
 
   /// Null while the panel is closed.
-  KorWBNymMainPanel* Panel() const { return _panel.get(); }
+  KorDlgDialog* Panel() const { return _panel ? &_panel->Dialog() : nullptr; }
   const LumWBAllDataBuffer* Buffer() const { return _buffer.Get(); }
   QWidget* Window() const;
 
  private:
   void Open();
 
+  const CommandsLibrary& _library;
   QtBackend& _backend;
   Settings& _settings;
   LumWBAllDataBuffer_var _buffer;
-  std::unique_ptr<KorWBNymMainPanel> _panel;
+  std::unique_ptr<KorWBPartPanel> _panel;
 };
 
 }  // namespace desktop

@@ -42,8 +42,8 @@ std::optional<PartValues> ReadPartValues(const LumWBAllDataBuffer& buffer) {
   return values;
 }
 
-std::string FormatPartValues(const std::string& part, const PartValues& values) {
-  protocol::ValueLines lines(part);
+std::string FormatPartValues(const std::string& part, const PartValues& values, const std::string& filter) {
+  protocol::ValueLines lines(part, filter);
   lines.Value("mass_kg", values.mass);
   lines.Vector("cg", Elements(values.cg));
   lines.Tensor("inertia_cg", Elements(values.inertiaCg));

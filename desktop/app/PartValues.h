@@ -19,7 +19,9 @@ struct PartValues {
 /// Nothing when the buffer has no up-to-date computed values, or no place in a product.
 std::optional<PartValues> ReadPartValues(const LumWBAllDataBuffer& buffer);
 
-/// A line `part.quantity = value` for each quantity, as protocol::ValueLines writes them.
-std::string FormatPartValues(const std::string& part, const PartValues& values);
+/// A line `part.quantity = value`, or `part.filter.quantity = value`, for each quantity, as
+/// protocol::ValueLines writes them.
+std::string FormatPartValues(const std::string& part, const PartValues& values,
+                             const std::string& filter = {});
 
 }  // namespace desktop

@@ -51,4 +51,18 @@ Result<std::string> GetPartDataText(const protocol::PartDataRequest& request) {
   return Run(protocol::kCommandPartData, protocol::WritePartDataRequest(request));
 }
 
+Result<protocol::CurrentRoot> SetCurrentRoot(const protocol::RootRequest& request) {
+  return RunAndRead(protocol::kCommandSetCurrentRoot, protocol::WriteRootRequest(request),
+                    protocol::ReadCurrentRoot);
+}
+
+Result<protocol::FilterList> GetConfigFilters(const protocol::FiltersRequest& request) {
+  return RunAndRead(protocol::kCommandFilters, protocol::WriteFiltersRequest(request),
+                    protocol::ReadFilterList);
+}
+
+Result<protocol::PendingWarnings> GetFindings() {
+  return RunAndRead(protocol::kCommandFindings, {}, protocol::ReadPendingWarnings);
+}
+
 }  // namespace desktop

@@ -13,5 +13,10 @@ protocol::Result<protocol::TreeNodes> GetChildren(const protocol::ChildrenReques
 protocol::Result<protocol::SearchReply> SearchTree(const protocol::SearchRequest& request);
 /// The reply as it came, for a data buffer; a failure when it is an error reply.
 protocol::Result<std::string> GetPartDataText(const protocol::PartDataRequest& request);
+/// Makes a product the current root of the session.
+protocol::Result<protocol::CurrentRoot> SetCurrentRoot(const protocol::RootRequest& request);
+protocol::Result<protocol::FilterList> GetConfigFilters(const protocol::FiltersRequest& request);
+/// What the server found when it opened its database.
+protocol::Result<protocol::PendingWarnings> GetFindings();
 
 }  // namespace desktop

@@ -1,9 +1,14 @@
 #include "desktop/app/ProductTreeModel.h"
 
+#include <QApplication>
+#include <QFont>
+#include <QMimeData>
+#include <QPalette>
 #include <algorithm>
 #include <array>
 
 #include "desktop/app/Icons.h"
+#include "desktop/app/OccurrenceMime.h"
 #include "desktop/app/PdmCommands.h"
 #include "desktop/app/Quantities.h"
 #include "desktop/app/StatusTexts.h"
@@ -45,6 +50,19 @@ QVariant CellIcon(const protocol::TreeNode& line, int column) {
   if (column == ProductTreeModel::Name) return line.hasChildren ? icons::Assembly() : icons::Part();
   if (column == ProductTreeModel::Status) return icons::Lamp(StatusColour(line.computedStatus));
   return {};
+}
+
+/// How a line that does not take part in full is told from the others.
+QVariant MarkedColour(FilterMarks::Mark mark) {
+  if (mark != FilterMarks::Mark::LeftOut) return {};
+  return QApplication::palette().brush(QPalette::Disabled, QPalette::Text);
+}
+
+QVariant MarkedFont(FilterMarks::Mark mark) {
+  if (mark != FilterMarks::Mark::Partly) return {};
+  QFont font;
+  font.setItalic(true);
+  return font;
 }
 
 bool IsNumber(int column) { return column == ProductTreeModel::Quantity || column == ProductTreeModel::Mass; }
@@ -155,19 +173,49 @@ void ProductTreeModel::Insert(Node& parent, std::vector<protocol::TreeNode> line
   endInsertRows();
 }
 
+void ProductTreeModel::MarkFilter(const std::string& product, FilterMarks marks) {
+  _markedProduct = product;
+  _marks = std::move(marks);
+  RefreshTexts();
+}
+
+OccurrenceKey ProductTreeModel::KeyOf(const Node& node) const {
+  OccurrenceKey key;
+  const Node* one = &node;
+  for (; one->parent && one->parent->parent; one = one->parent)
+    key.instancePath.push_back(one->line.instanceId);
+  std::reverse(key.instancePath.begin(), key.instancePath.end());
+  key.product = one->product;
+  return key;
+}
+
 OccurrencePlace ProductTreeModel::PlaceAt(const QModelIndex& index) const {
-  OccurrencePlace place;
-  place.node = NodeAt(index).line;
-  for (const Node* node = &NodeAt(index); node->parent; node = node->parent) {
+  OccurrenceKey key = KeyOf(NodeAt(index));
+  OccurrencePlace place{std::move(key.product), std::move(key.instancePath), {}, NodeAt(index).line};
+  for (const Node* node = &NodeAt(index); node->parent; node = node->parent)
     place.names.push_back(NameOf(node->line).toStdString());
-    if (node->parent->parent)
-      place.instancePath.push_back(node->line.instanceId);
-    else
-      place.product = node->product;
-  }
   std::reverse(place.names.begin(), place.names.end());
-  std::reverse(place.instancePath.begin(), place.instancePath.end());
   return place;
+}
+
+FilterMarks::Mark ProductTreeModel::MarkOf(const Node& node) const {
+  const OccurrenceKey key = KeyOf(node);
+  return key.product == _markedProduct ? _marks.Of(key.instancePath) : FilterMarks::Mark::TakesPart;
+}
+
+QString ProductTreeModel::TipOf(const Node& node) const {
+  const protocol::TreeNode& line = node.line;
+  const QString tip =
+      Text("Tree.Tip", {ToQt(line.partId), ToQt(line.revision), StatusText(line.computedStatus)});
+  switch (MarkOf(node)) {
+    case FilterMarks::Mark::Partly:
+      return tip + "\n" + Text("Tree.Partly");
+    case FilterMarks::Mark::LeftOut:
+      return tip + "\n" + Text("Tree.LeftOut");
+    case FilterMarks::Mark::TakesPart:
+      break;
+  }
+  return tip;
 }
 
 QModelIndex ProductTreeModel::IndexOf(const std::string& product,
@@ -239,20 +287,39 @@ void ProductTreeModel::fetchMore(const QModelIndex& parent) {
 }
 
 QVariant ProductTreeModel::data(const QModelIndex& index, int role) const {
-  const protocol::TreeNode& line = NodeAt(index).line;
+  const Node& node = NodeAt(index);
+  const protocol::TreeNode& line = node.line;
   switch (role) {
     case Qt::DisplayRole:
       return CellText(line, index.column());
     case Qt::DecorationRole:
       return CellIcon(line, index.column());
     case Qt::ToolTipRole:
-      return Text("Tree.Tip", {ToQt(line.partId), ToQt(line.revision), StatusText(line.computedStatus)});
+      return TipOf(node);
+    case Qt::ForegroundRole:
+      return MarkedColour(MarkOf(node));
+    case Qt::FontRole:
+      return MarkedFont(MarkOf(node));
     case Qt::TextAlignmentRole:
       return IsNumber(index.column()) ? int(Qt::AlignRight | Qt::AlignVCenter)
                                       : int(Qt::AlignLeft | Qt::AlignVCenter);
     default:
       return {};
   }
+}
+
+Qt::ItemFlags ProductTreeModel::flags(const QModelIndex& index) const {
+  const Qt::ItemFlags flags = QAbstractItemModel::flags(index);
+  return index.isValid() ? flags | Qt::ItemIsDragEnabled : flags;
+}
+
+QStringList ProductTreeModel::mimeTypes() const { return OccurrenceMimeTypes(); }
+
+QMimeData* ProductTreeModel::mimeData(const QModelIndexList& indexes) const {
+  std::vector<OccurrenceKey> occurrences;
+  for (const QModelIndex& index : indexes)
+    if (index.isValid() && index.column() == 0) occurrences.push_back(KeyOf(NodeAt(index)));
+  return DragOccurrences(occurrences).release();
 }
 
 QVariant ProductTreeModel::headerData(int section, Qt::Orientation orientation, int role) const {

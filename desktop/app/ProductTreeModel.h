@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "desktop/app/FilterMarks.h"
 #include "desktop/app/OccurrencePlace.h"
 #include "protocol/Result.h"
 
@@ -30,6 +31,9 @@ class ProductTreeModel : public QAbstractItemModel {
   /// Shows units and texts anew.
   void RefreshTexts();
 
+  /// Shows which occurrences of a product take part; those of other products all do.
+  void MarkFilter(const std::string& product, FilterMarks marks);
+
   OccurrencePlace PlaceAt(const QModelIndex& index) const;
   /// The index of an occurrence, asking for the lines on the way; invalid when there is none.
   QModelIndex IndexOf(const std::string& product, const std::vector<std::string>& instancePath);
@@ -44,6 +48,10 @@ class ProductTreeModel : public QAbstractItemModel {
   bool canFetchMore(const QModelIndex& parent) const override;
   void fetchMore(const QModelIndex& parent) override;
   QVariant data(const QModelIndex& index, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+  QStringList mimeTypes() const override;
+  /// The occurrences of the indexes, each once.
+  QMimeData* mimeData(const QModelIndexList& indexes) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
@@ -55,8 +63,13 @@ class ProductTreeModel : public QAbstractItemModel {
   void Insert(Node& parent, std::vector<protocol::TreeNode> lines);
   protocol::Result<void> RefreshBelow(Node& node);
   void Forget(Node& parent);
+  OccurrenceKey KeyOf(const Node& node) const;
+  FilterMarks::Mark MarkOf(const Node& node) const;
+  QString TipOf(const Node& node) const;
 
   std::unique_ptr<Node> _root;  ///< shown by nobody; its children are the products
+  std::string _markedProduct;
+  FilterMarks _marks;
 };
 
 }  // namespace desktop

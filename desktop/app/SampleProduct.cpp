@@ -12,17 +12,14 @@ using protocol::Error;
 using protocol::ErrorKind;
 using protocol::Result;
 
-Result<lumira::ImportReport> ImportSample(const fs::path& folder, const std::string& file) {
-  auto structure = lumira::ReadTableFile((folder / "iea15" / "structure.csv").string());
-  if (!structure) return structure.Failure();
-  auto mass = lumira::ReadTableFile((folder / "iea15" / "mass.csv").string());
-  if (!mass) return mass.Failure();
+Result<lumira::ImportReport> ImportSample(const std::string& folder, const std::string& file) {
+  auto tables = ReadSampleTables(folder);
+  if (!tables) return tables.Failure();
   auto store = lumira::CreateSqliteStore(file);
   if (!store) return store.Failure();
   lumira::ImportOptions options;
   options.product = "IEA15";
-  return lumira::ImportProduct(*store.Value(), {std::move(structure).Value(), std::move(mass).Value()},
-                               options);
+  return lumira::ImportProduct(*store.Value(), tables.Value(), options);
 }
 
 /// What SQLite keeps beside a database, by what stands behind its name.
@@ -62,6 +59,18 @@ Result<void> GiveName(const std::string& made, const std::string& file) {
 }
 
 }  // namespace
+
+Result<lumira::ImportTables> ReadSampleTables(const std::string& samplesFolder) {
+  const fs::path folder = fs::path(samplesFolder) / "iea15";
+  auto structure = lumira::ReadTableFile((folder / "structure.csv").string());
+  if (!structure) return structure.Failure();
+  auto mass = lumira::ReadTableFile((folder / "mass.csv").string());
+  if (!mass) return mass.Failure();
+  auto filters = lumira::ReadTableFile((folder / "filters.csv").string());
+  if (!filters) return filters.Failure();
+  return lumira::ImportTables{std::move(structure).Value(), std::move(mass).Value(),
+                              std::move(filters).Value()};
+}
 
 std::string NameSetAside(const std::string& file) { return file + ".old"; }
 

@@ -6,6 +6,9 @@
 
 namespace desktop {
 
+/// The tables of the sample: structure, mass data and configuration filters.
+protocol::Result<lumira::ImportTables> ReadSampleTables(const std::string& samplesFolder);
+
 /// Makes a product file from the sample's tables. A file that has the name already is set aside once the new
 /// one is whole; when making it fails, everything is as it was.
 protocol::Result<lumira::ImportReport> CreateSampleProduct(const std::string& samplesFolder,

@@ -120,6 +120,7 @@ SelectionPane::SelectionPane(QWidget* parent)
       _part(new QGroupBox),
       _values(new QGroupBox),
       _note(MakeNote()),
+      _filterNote(MakeNote()),
       _panelButton(new QPushButton) {
   auto* layout = new QVBoxLayout(this);
   layout->setSpacing(10);
@@ -159,6 +160,7 @@ void SelectionPane::AddValueRows() {
     grid->addWidget(labels.computed, row, 2, Qt::AlignRight);
   }
   grid->addWidget(_note, rows, 0, 1, 3);
+  grid->addWidget(_filterNote, rows + 1, 0, 1, 3);
 }
 
 void SelectionPane::Show(const OccurrencePlace& place, const protocol::PartData& data) {
@@ -172,10 +174,19 @@ void SelectionPane::ShowNothing() {
   RefreshTexts();
 }
 
+void SelectionPane::ShowFilter(const QString& name) {
+  _filterName = name;
+  _filterNote->setText(name.isEmpty() ? QString() : Text("Selection.FilterNote", {name}));
+  _filterNote->setVisible(!name.isEmpty());
+}
+
+QString SelectionPane::FilterNote() const { return _filterNote->text(); }
+
 void SelectionPane::RefreshTexts() {
   _part->setTitle(Text("Selection.PartTitle"));
   _values->setTitle(Text("Selection.ValuesTitle"));
   _note->setText(Text("Selection.Note"));
+  ShowFilter(_filterName);
   _panelButton->setText(Text("Selection.PanelButton"));
   _panelButton->setIcon(icons::PartPanel());
   _heading->setText(_place ? ToQt(_place->names.back()) : Text("Selection.Nothing"));

@@ -21,6 +21,8 @@ class SelectionPane : public QWidget {
 
   void Show(const OccurrencePlace& place, const protocol::PartData& data);
   void ShowNothing();
+  /// Says beside the values, which are of the whole product, that a filter is in force; empty: none is.
+  void ShowFilter(const QString& name);
   /// Shows units and texts anew.
   void RefreshTexts();
 
@@ -29,6 +31,8 @@ class SelectionPane : public QWidget {
   QString PartText(const char* key) const;
   /// The same of a line of values, such as "Selection.Mass".
   QString ComputedText(const char* key) const;
+  /// What is said of a filter; empty when nothing is.
+  QString FilterNote() const;
   /// Empty while the active mass type has no column of its own.
   QString ActiveText(const char* key) const;
 
@@ -55,9 +59,11 @@ class SelectionPane : public QWidget {
   QGroupBox* _part;
   QGroupBox* _values;
   QLabel* _note;
+  QLabel* _filterNote;
   QPushButton* _panelButton;
   std::vector<PartLabels> _partLabels;
   std::vector<ValueLabels> _valueLabels;  ///< the first line names the mass types
+  QString _filterName;
   std::optional<OccurrencePlace> _place;
   protocol::PartData _data;
 };

@@ -10,6 +10,8 @@ constexpr qsizetype kRecentProducts = 10;
 constexpr const char* kRecentKey = "recentProducts";
 constexpr const char* kThemeKey = "theme";
 constexpr const char* kLanguageKey = "language";
+constexpr const char* kTracedKey = "tracing/components";
+constexpr const char* kTraceFileKey = "tracing/file";
 constexpr const char* kDigitsKey = "units/digits";
 QString UnitKey(const KorCkeMagnitude& magnitude) {
   return "units/" + QString::fromStdString(magnitude.Name());
@@ -63,6 +65,15 @@ void Settings::KeepUnits() {
   _settings->setValue(kDigitsKey, KorCkeUnit::GetShownDigits());
   for (const KorCkeMagnitude_var& magnitude : KorCkeGlobalFunctions::GetParmDictionary()->Magnitudes())
     _settings->setValue(UnitKey(*magnitude), QString::fromStdString(magnitude->CurrentUnit()->Name()));
+}
+
+QStringList Settings::TracedComponents() const { return _settings->value(kTracedKey).toStringList(); }
+
+QString Settings::TraceFile() const { return _settings->value(kTraceFileKey).toString(); }
+
+void Settings::SetTracing(const QStringList& components, const QString& file) {
+  _settings->setValue(kTracedKey, components);
+  _settings->setValue(kTraceFileKey, file);
 }
 
 QByteArray Settings::WindowState(const char* name) const { return _settings->value(name).toByteArray(); }

@@ -31,6 +31,11 @@ class Settings {
   /// Remembers the units and shown digits that are current.
   void KeepUnits();
 
+  QStringList TracedComponents() const;
+  /// Empty: traces go to standard output.
+  QString TraceFile() const;
+  void SetTracing(const QStringList& components, const QString& file);
+
   QByteArray WindowState(const char* name) const;
   void SetWindowState(const char* name, const QByteArray& state);
 

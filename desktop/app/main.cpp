@@ -134,7 +134,7 @@ int RunDesktop(const QString& product) {
   desktop::MainWindow window(settings, backend);
   window.show();
   window.OpenAtStart(product);
-  window.TellCatalogueProblems();
+  window.TellStartProblems();
   const int code = QApplication::exec();
   KorApplicationFrame::SetBackend(nullptr);
   return code;

@@ -5,68 +5,18 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <map>
-#include <sstream>
-#include <stdexcept>
 #include <string>
 
-#include "gtest/gtest.h"
+#include "tests/system/DesktopRun.h"
 
 namespace {
 
-namespace fs = std::filesystem;
+using namespace system_tests;
 
 constexpr std::array kElements{"xx", "yy", "zz", "xy", "xz", "yz"};
 
-using Values = std::map<std::string, std::string>;
-
-/// The lines "name = value" of a file.
-Values ValuesIn(const fs::path& file) {
-  Values values;
-  std::ifstream in(file);
-  for (std::string line; std::getline(in, line);) {
-    const std::size_t equals = line.find(" = ");
-    if (equals != std::string::npos) values[line.substr(0, equals)] = line.substr(equals + 3);
-  }
-  return values;
-}
-
-/// A folder of this process alone: several of these tests run at once, each in a process of its own.
-fs::path OwnFolder() {
-  std::string name = (fs::path(testing::TempDir()) / "korvo-system-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder: " + name);
-  return name;
-}
-
-/// Runs the desktop once without a display and keeps what it left.
-class HeadlessRun : public testing::Test {
+class HeadlessRun : public DesktopRun {
  protected:
-  static void SetUpTestSuite() {
-    s_folder = OwnFolder();
-    const std::string command = "XDG_DATA_HOME='" + (s_folder / "data").string() + "' XDG_CONFIG_HOME='" +
-                                (s_folder / "config").string() + "' " + KORVO_PROGRAM + " --headless '" +
-                                (s_folder / "out").string() + "' > '" + (s_folder / "log").string() +
-                                "' 2>&1";
-    s_exitStatus = std::system(command.c_str());
-    ReadValues();
-  }
-
-  static void TearDownTestSuite() { fs::remove_all(s_folder); }
-
-  static void ReadValues() { s_values = ValuesIn(s_folder / "out" / "values.txt"); }
-
-  static double Value(const std::string& name) {
-    const auto found = s_values.find(name);
-    if (found == s_values.end()) {
-      ADD_FAILURE() << "values.txt has no line \"" << name << "\"";
-      return std::nan("");
-    }
-    return std::stod(found->second);
-  }
-
   static void ExpectTensor(const std::string& prefix, const std::array<double, 6>& published) {
     const double trace = published[0] + published[1] + published[2];
     for (std::size_t i = 0; i < 6; ++i)
@@ -87,18 +37,7 @@ class HeadlessRun : public testing::Test {
     in.read(head.data(), head.size());
     return std::string(head.data(), head.size()) == "\x89PNG\r\n\x1a\n";
   }
-
-  static inline fs::path s_folder;
-  static inline int s_exitStatus = -1;
-  static inline Values s_values;
 };
-
-std::string FileText(const fs::path& file) {
-  std::ifstream in(file);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
 
 /// A start of a program that is refused, and what was said.
 class Run : public testing::Test {
@@ -123,7 +62,8 @@ TEST_F(HeadlessRun, EndsWellAndLeavesItsPictures) {
   for (const char* name :
        {"window.png", "window-dark.png", "part-panel-results.png", "part-panel-mass-types.png",
         "part-panel-material.png", "part-panel-precision.png", "part-panel-imperial.png",
-        "part-panel-mixed.png", "part-panel-dark.png", "part-panel-custom.png"})
+        "part-panel-mixed.png", "part-panel-dark.png", "part-panel-custom.png", "filter-panel.png",
+        "part-panel-filter.png", "window-filter.png", "warning-dialog.png"})
     EXPECT_TRUE(IsPng(name)) << name;
 }
 
@@ -159,18 +99,43 @@ TEST_F(HeadlessRun, WritesNumbersThatReadBackExactly) {
   }
 }
 
-TEST_F(HeadlessRun, GivesTheFiguresThatTheServersProgramGives) {
+/// What the server's program prints for the sample: the same names, with the filter's behind the part's.
+Values FiguresOfTheServersProgram(const fs::path& folder) {
   const std::string program = LUMIRA_PROGRAM;
-  const std::string database = "'" + (s_folder / "same.lumira").string() + "'";
-  const std::string samples = std::string(KORVO_SOURCE_DIR) + "/samples/iea15/";
-  const fs::path printed = s_folder / "printed";
-  const std::string command = "(" + program + " init " + database + " && " + program + " import " + database +
-                              " --structure " + samples + "structure.csv --mass " + samples + "mass.csv && " +
-                              program + " compute " + database + " Above_yaw && " + program + " compute " +
-                              database + " generator) > '" + printed.string() + "' 2>&1";
-  ASSERT_EQ(std::system(command.c_str()), 0) << FileText(printed);
-  const Values fromProgram = ValuesIn(printed);
-  ASSERT_FALSE(s_values.empty());
+  const std::string database = " '" + (folder / "same.lumira").string() + "' ";
+  const std::string sample = std::string(KORVO_SOURCE_DIR) + "/samples/iea15/";
+  const std::string made = program + " init" + database + "&& " + program + " import" + database +
+                           "--structure " + sample + "structure.csv --mass " + sample +
+                           "mass.csv --filters " + sample + "filters.csv > /dev/null";
+  EXPECT_EQ(std::system(made.c_str()), 0);
+  Values all;
+  const auto compute = [&](const std::string& arguments, const std::string& filter) {
+    const fs::path printed = folder / "printed";
+    const std::string command =
+        program + " compute" + database + arguments + " > '" + printed.string() + "' 2>&1";
+    EXPECT_EQ(std::system(command.c_str()), 0) << FileText(printed);
+    for (const auto& [name, value] : ValuesIn(printed)) {
+      const std::size_t behindPart = name.find('.') + 1;
+      all[name.substr(0, behindPart) + filter + name.substr(behindPart)] = value;
+    }
+  };
+  compute("Above_yaw", "");
+  compute("generator", "");
+  compute("Above_yaw --filter 'Without generator'", "without_generator.");
+  compute("Above_yaw --filter 'Structure only'", "structure_only.");
+  compute("Above_yaw --filter 'Rotating parts'", "rotating_parts.");
+  compute("Above_yaw --filter 'As built 2020'", "as_built_2020.");
+  compute(
+      "Above_yaw --user-filter '1|2|bedplate.1|bedplate||2|nacelle.1|Above_yaw.1|"
+      "generator.1|generator||2|nacelle.1|Above_yaw.1'",
+      "user_filter.");
+  return all;
+}
+
+TEST_F(HeadlessRun, GivesTheFiguresThatTheServersProgramGives) {
+  const Values fromProgram = FiguresOfTheServersProgram(s_folder);
+  // Seven computations: mass, three of the centre of gravity, six of each tensor.
+  ASSERT_EQ(s_values.size(), 7u * 16u);
   for (const auto& [name, text] : s_values) {
     ASSERT_TRUE(fromProgram.contains(name)) << name;
     const double value = std::stod(text);

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QMetaObject>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <algorithm>
 
@@ -83,13 +84,30 @@ void MultiListView::ShowColumns() {
   FitColumns();
 }
 
+int MultiListView::WidthOf(int characters) const {
+  return characters * Qt()->fontMetrics().averageCharWidth() + kCellPadding;
+}
+
+/// What the columns that are to be seen at once take, as far as they have widths of their own; 0: nothing.
+int MultiListView::WidthAtOnce() const {
+  int width = 0;
+  int left = Model().GetVisibleColumnCount();
+  for (int i = 0; i < Model().GetColumnCount() && left > 0; ++i) {
+    if (!Model().GetColumn(i).shown) continue;
+    if (Model().GetColumn(i).textWidth > 0) width += WidthOf(Model().GetColumn(i).textWidth);
+    --left;
+  }
+  return width > 0 ? width + 2 * Qt()->frameWidth() + Qt()->verticalScrollBar()->sizeHint().width() : 0;
+}
+
 void MultiListView::FitColumns() {
   _columnsFitted = Model().GetLineCount() > 0;
   const int atOnce = Model().GetVisibleColumnCount();
+  Qt()->setMinimumWidth(WidthAtOnce());
   for (int i = 0; i < Model().GetColumnCount(); ++i) {
     const int characters = Model().GetColumn(i).textWidth;
     if (characters > 0)
-      Qt()->setColumnWidth(i, characters * Qt()->fontMetrics().averageCharWidth() + kCellPadding);
+      Qt()->setColumnWidth(i, WidthOf(characters));
     else if (atOnce > 0)
       Qt()->setColumnWidth(i, Qt()->viewport()->width() / atOnce);
     else

@@ -23,6 +23,8 @@ class MultiListView : public QtViewOf<KorDlgMultiList, QTableView> {
   void ShowColumns();
   void ShowSelection();
   void FitColumns();
+  int WidthOf(int characters) const;
+  int WidthAtOnce() const;
   std::vector<int> RowsSelectedInQt() const;
 
   MultiListModel* _items;

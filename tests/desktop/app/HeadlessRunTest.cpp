@@ -24,7 +24,9 @@ TEST_F(HeadlessRunTest, LeavesPicturesAndValues) {
   HeadlessRun run(scratch.filePath("out"));
   const auto done = run.Run();
   ASSERT_TRUE(done.Ok()) << done.Failure().message;
-  for (const char* file : {"window.png", "part-panel-results.png", "part-panel-custom.png", "values.txt"})
+  for (const char* file :
+       {"window.png", "part-panel-results.png", "part-panel-custom.png", "filter-panel.png",
+        "part-panel-filter.png", "window-filter.png", "warning-dialog.png", "values.txt"})
     EXPECT_TRUE(QFile::exists(scratch.filePath("out/") + file)) << file;
 }
 
@@ -67,8 +69,7 @@ TEST_F(HeadlessRunTest, FailsWhenAMessageBoxComesUp) {
   const auto done = HeadlessRun(scratch.filePath("out")).Run();
   KorMsgCatalog::SetFolder(before);
   ASSERT_FALSE(done.Ok());
-  EXPECT_NE(done.Failure().message.find("KorWBNymMainPanel.txt"), std::string::npos)
-      << done.Failure().message;
+  EXPECT_NE(done.Failure().message.find("KorvoDesktop.txt"), std::string::npos) << done.Failure().message;
 }
 
 }  // namespace

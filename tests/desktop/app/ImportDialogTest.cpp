@@ -42,7 +42,7 @@ TEST_F(ImportDialogTest, CheckReportsAndWritesNothing) {
   EXPECT_TRUE(dialog.ReportText().contains("Product car can be imported: 2 parts, 1 instances"))
       << dialog.ReportText().toStdString();
   EXPECT_EQ(ProductCount(), 0u);
-  EXPECT_FALSE(dialog.HasImported());
+  EXPECT_FALSE(dialog.Imported());
 }
 
 TEST_F(ImportDialogTest, ImportWritesTheProductUnderItsName) {
@@ -51,7 +51,7 @@ TEST_F(ImportDialogTest, ImportWritesTheProductUnderItsName) {
   dialog.ProductEdit()->setText("Car");
   dialog.ImportButton()->click();
   EXPECT_TRUE(dialog.ReportText().contains("Imported product Car")) << dialog.ReportText().toStdString();
-  EXPECT_TRUE(dialog.HasImported());
+  EXPECT_TRUE(dialog.Imported());
   EXPECT_EQ(ProductCount(), 1u);
 }
 
@@ -86,6 +86,31 @@ TEST_F(ImportDialogTest, WithoutAMassTableOneIsAskedFor) {
     button->click();
     EXPECT_EQ(dialog.ReportText(), "Choose a mass table first.");
   }
+  EXPECT_EQ(ProductCount(), 0u);
+}
+
+TEST_F(ImportDialogTest, ATableOfFiltersIsImportedWhenThereIsOne) {
+  ImportDialog dialog(*store);
+  FillIn(dialog);
+  dialog.FiltersEdit()->setText(
+      Table("filters.csv", "filter,condition,name,values,sense\nBare,instances,,wheel.1,leave out\n"));
+  dialog.ImportButton()->click();
+  EXPECT_TRUE(dialog.ReportText().contains("1 rows of mass data, 1 filters"))
+      << dialog.ReportText().toStdString();
+  const auto filters = store->LoadFilters("car");
+  ASSERT_TRUE(filters.Ok()) << filters.Failure().message;
+  ASSERT_EQ(filters.Value().size(), 1u);
+  EXPECT_EQ(filters.Value()[0].name, "Bare");
+}
+
+TEST_F(ImportDialogTest, AFilterThatCannotBeReadIsReportedAndNothingWritten) {
+  ImportDialog dialog(*store);
+  FillIn(dialog);
+  dialog.FiltersEdit()->setText(
+      Table("filters.csv", "filter,condition,name,values,sense\nBare,instances,,sail.1,leave out\n"));
+  dialog.ImportButton()->click();
+  EXPECT_TRUE(dialog.ReportText().contains("filters.csv")) << dialog.ReportText().toStdString();
+  EXPECT_TRUE(dialog.ReportText().contains("sail.1")) << dialog.ReportText().toStdString();
   EXPECT_EQ(ProductCount(), 0u);
 }
 

@@ -97,7 +97,7 @@ TEST_F(PartPanelTest, ValuesAreShownInTheUnitsChosenAfterwards) {
 }
 
 TEST_F(PartPanelTest, AnotherSelectionBindsTheOpenPanel) {
-  const KorWBNymMainPanel* before = window.PartPanel().Panel();
+  const KorDlgDialog* before = window.PartPanel().Panel();
   Select({"nacelle.1", "Above_yaw.1", "generator.1"});
   EXPECT_EQ(window.PartPanel().Panel(), before);
   EXPECT_EQ(ShownText("Frame012.SelectionEditor"), "IEA15/generator/nacelle.1/Above_yaw.1/generator.1");
@@ -225,7 +225,7 @@ TEST_F(PartPanelTest, ARefreshThatFailsGivesOneMessage) {
 }
 
 TEST_F(PartPanelTest, AReplyThatCannotBeReadLeavesTheOpenPanelAsItWas) {
-  const KorWBNymMainPanel* before = window.PartPanel().Panel();
+  const KorDlgDialog* before = window.PartPanel().Panel();
   const auto shown = window.PartPanel().Show("PartData/1|nonsense|end");
   ASSERT_FALSE(shown.Ok());
   EXPECT_FALSE(shown.Failure().message.empty());

@@ -1,10 +1,14 @@
 #include "tests/desktop/app/WindowHarness.h"
 
 #include <QApplication>
+#include <QItemSelectionModel>
+#include <QTreeView>
 
 #include "desktop/app/QtTranslation.h"
 #include "desktop/app/SampleProduct.h"
 #include "framework/dialog/KorApplicationFrame.h"
+#include "framework/dialog/KorDlgCombo.h"
+#include "framework/dialog/KorDlgRadioButton.h"
 #include "framework/dialog/KorMsgCatalog.h"
 #include "tests/desktop/support/QtApplication.h"
 
@@ -36,6 +40,8 @@ void WindowTest::SetUp() {
 
 void WindowTest::TearDown() {
   window.PartPanel().Close();
+  window.FilterPanel().Close();
+  window.Warnings().Close();
   RunPendingEvents();
   KorMsgCatalog::SetLanguage("en");
   TranslateQt("en");
@@ -44,6 +50,56 @@ void WindowTest::TearDown() {
 
 void WindowTest::Select(const std::vector<std::string>& instancePath) {
   ASSERT_TRUE(window.Select("IEA15", instancePath));
+}
+
+void WindowTest::SelectAll(const std::vector<std::vector<std::string>>& instancePaths) {
+  QItemSelection all;
+  for (const std::vector<std::string>& path : instancePaths) {
+    Select(path);
+    all.select(window.TreeView().currentIndex(), window.TreeView().currentIndex());
+  }
+  window.TreeView().selectionModel()->select(all,
+                                             QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+KorDlgDialog& WindowTest::OpenFilterPanel() {
+  window.ShowFilterPanel();
+  EXPECT_TRUE(window.FilterPanel().IsOpen());
+  RunPendingEvents();
+  QApplication::setActiveWindow(window.FilterPanel().Window());
+  return *window.FilterPanel().Panel();
+}
+
+void WindowTest::ChooseFilter(const std::string& name) {
+  KorDlgDialog& panel = OpenFilterPanel();
+  auto& radio = InFilterPanel<KorDlgRadioButton>("CfgFilterBtn");
+  if (!radio.IsChecked()) radio.Check();
+  EXPECT_TRUE(InFilterPanel<KorDlgCombo>("Frame002.ConfigHandlerIDCombo").Pick(name)) << name;
+  EXPECT_TRUE(panel.PressOK());
+  RunPendingEvents();
+}
+
+std::vector<std::string> WindowTest::FilterRows() {
+  const auto& list = InFilterPanel<KorDlgMultiList>("Frame001.FilterMultiList");
+  std::vector<std::string> rows;
+  for (int row = 0; row < list.GetLineCount(); ++row) {
+    std::string cells;
+    for (int column = 0; column < list.GetColumnCount(); ++column)
+      cells += (column ? ", " : "") + std::string(list.GetColumnItem(column, row));
+    rows.push_back(cells);
+  }
+  return rows;
+}
+
+void WindowTest::AddSecondProduct() {
+  lumira::ImportTables tables;
+  tables.structure = {"structure.csv", "parent,child,instance\ncar,wheel,wheel.1\n"};
+  tables.mass = {"mass.csv", "part,mass [kg]\nwheel,20\n"};
+  lumira::ImportOptions options;
+  options.product = "Car";
+  const auto imported = lumira::ImportProduct(window.Session().Transport().Store(), tables, options);
+  ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
+  ASSERT_TRUE(window.OpenProduct(File()));
 }
 
 void WindowTest::OpenPanelOnAboveYaw() {

@@ -6,6 +6,7 @@
 
 #include "desktop/app/MainWindow.h"
 #include "desktop/toolkit/HeadlessBoxes.h"
+#include "framework/dialog/KorDlgMultiList.h"
 
 namespace desktop::test {
 
@@ -21,8 +22,22 @@ class WindowTest : public ::testing::Test {
   QString File() const { return folder.filePath("iea15.lumira"); }
   /// Selects a part of the sample by its instances below the root, such as {"nacelle.1", "Above_yaw.1"}.
   void Select(const std::vector<std::string>& instancePath);
+  /// Selects several, the last of them as the current one.
+  void SelectAll(const std::vector<std::vector<std::string>>& instancePaths);
   void OpenPanelOnAboveYaw();
-  KorWBNymMainPanel& Panel() { return *window.PartPanel().Panel(); }
+  KorDlgDialog& OpenFilterPanel();
+  /// A widget of the open filter panel by its place below "MainFrame".
+  template <class Widget>
+  Widget& InFilterPanel(const std::string& path) {
+    return window.FilterPanel().Panel()->Find<Widget>("TabContainer001.TabPage001.MainFrame." + path);
+  }
+  /// Chooses a configuration filter of the product in the filter panel and presses OK.
+  void ChooseFilter(const std::string& name);
+  /// The rows of the filter panel's list, cells joined by ", ", hidden columns included.
+  std::vector<std::string> FilterRows();
+  /// Puts a second product, "Car" with the instance "wheel.1", into the product file and opens that anew.
+  void AddSecondProduct();
+  KorDlgDialog& Panel() { return *window.PartPanel().Panel(); }
   /// The text of the only message shown so far; fails when there is none or another one.
   std::string OnlyMessage() const;
 

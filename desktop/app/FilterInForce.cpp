@@ -1,0 +1,77 @@
+#include "desktop/app/FilterInForce.h"
+
+#include <algorithm>
+
+#include "desktop/app/PdmCommands.h"
+#include "desktop/app/Texts.h"
+#include "desktop/commands/KorWBCommands.h"
+#include "desktop/toolkit/QtText.h"
+#include "protocol/Codec.h"
+#include "protocol/Constants.h"
+
+namespace desktop {
+namespace {
+
+constexpr std::size_t kMostNamed = 10;  ///< instances that a tooltip names
+
+/// What a name stands for that cannot be read as a filter: a filter of that name.
+protocol::Filter Read(const std::string& text) {
+  auto read = protocol::ReadFilter(text);
+  if (read) return std::move(read).Value();
+  protocol::Filter filter;
+  filter.name = text;
+  return filter;
+}
+
+void ForgetValues(protocol::MassType& type) {
+  type.status = protocol::MassTypeStatus::Undefined;
+  type.mass.reset();
+  type.cg.reset();
+  type.inertia.reset();
+  type.lowerDeviation = type.upperDeviation = 0;
+}
+
+}  // namespace
+
+FilterInForce::FilterInForce(const KorWBCommands* commands, const std::string& product) : _product(product) {
+  if (!commands) return;
+  _name = ToQt(commands->GetDisplayFilter(product));
+  _filter = Read(commands->GetFilter(product).Utf8());
+}
+
+QString FilterInForce::Meaning(const protocol::TreeNode& root) const {
+  if (LetsAllPass()) return Text("Filter.All");
+  return _filter.kind == protocol::Filter::Kind::User ? MeaningOfInstances() : MeaningOfConfiguration(root);
+}
+
+QString FilterInForce::MeaningOfConfiguration(const protocol::TreeNode& root) const {
+  const auto filters = GetConfigFilters({{root.partId}, {_product}});
+  if (!filters) return Text("Filter.Unknown", {ToQt(_filter.name), ToQt(filters.Failure().message)});
+  const auto& known = filters.Value().filters;
+  const auto found = std::find_if(known.begin(), known.end(),
+                                  [this](const auto& filter) { return filter.name == _filter.name; });
+  return found == known.end() ? Text("Filter.Gone", {ToQt(_filter.name)})
+                              : Text("Filter.Configuration", {ToQt(found->name), ToQt(found->summary)});
+}
+
+QString FilterInForce::MeaningOfInstances() const {
+  QStringList lines{Text("Filter.Instances")};
+  const std::size_t named = std::min(_filter.rows.size(), kMostNamed);
+  for (std::size_t i = 0; i < named; ++i)
+    lines << Text("Filter.Instance", {ToQt(_filter.rows[i].instanceId), ToQt(_filter.rows[i].partId)});
+  if (named < _filter.rows.size())
+    lines << Text("Filter.More", {QString::number(_filter.rows.size() - named)});
+  return lines.join('\n');
+}
+
+std::string FilterInForce::PartDataFor(const std::string& partDataText) const {
+  auto data = protocol::ReadPartData(partDataText);
+  if (LetsAllPass() || !data) return partDataText;
+  data.Value().computed = false;
+  data.Value().persisted = data.Value().massTypes.size() > 1;  // what users have stored stays
+  for (protocol::MassType& type : data.Value().massTypes)
+    if (type.name == protocol::kComputed) ForgetValues(type);
+  return protocol::WritePartData(data.Value());
+}
+
+}  // namespace desktop

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QString>
+#include <string>
+
+#include "desktop/app/FilterMarks.h"
+#include "protocol/Tree.h"
+
+class KorWBCommands;
+
+namespace desktop {
+
+/// The filter under which a product is computed now.
+class FilterInForce {
+ public:
+  /// None: everything counts.
+  FilterInForce() = default;
+  /// As the filter panel keeps it for the product; none without commands.
+  FilterInForce(const KorWBCommands* commands, const std::string& product);
+
+  const std::string& Product() const { return _product; }
+  bool LetsAllPass() const { return _filter.LetsAllPass(); }
+  /// As the panels call it.
+  QString Name() const { return _name; }
+  /// What it means, for people. Asks the server about a configuration filter; `root` is the product's top
+  /// line.
+  QString Meaning(const protocol::TreeNode& root) const;
+  FilterMarks Marks() const { return FilterMarks(_filter); }
+  /// A part's data for the part panel. What the server has stored is of the whole product: under a filter it
+  /// is no computed value of the part.
+  std::string PartDataFor(const std::string& partDataText) const;
+
+  bool operator==(const FilterInForce&) const = default;
+
+ private:
+  QString MeaningOfConfiguration(const protocol::TreeNode& root) const;
+  QString MeaningOfInstances() const;
+
+  std::string _product;
+  QString _name;
+  protocol::Filter _filter;
+};
+
+}  // namespace desktop

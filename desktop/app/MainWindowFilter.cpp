@@ -1,0 +1,147 @@
+// The main window's filter: the panel, the instances that are added to it, and what is shown of the filter in
+// force. And the list of warnings.
+#include <QContextMenuEvent>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QStatusBar>
+#include <QTreeView>
+
+#include "desktop/app/MainWindow.h"
+#include "desktop/app/PdmCommands.h"
+#include "desktop/app/SelectionPane.h"
+#include "desktop/app/Texts.h"
+#include "desktop/toolkit/QtText.h"
+
+namespace desktop {
+namespace {
+
+constexpr int kSaidFor = 6'000;  ///< milliseconds that the status bar says what was added
+
+const char* SeverityKey(protocol::Severity severity) {
+  switch (severity) {
+    case protocol::Severity::Error:
+      return "Warnings.Error";
+    case protocol::Severity::Warning:
+      return "Warnings.Warning";
+    case protocol::Severity::Information:
+      break;
+  }
+  return "Warnings.Information";
+}
+
+}  // namespace
+
+void MainWindow::ShowFilterPanel() {
+  const std::string product = _model->ProductAt(_tree->currentIndex());
+  if (const auto opened = _filterPanel.Open(product); !opened)
+    ShowError("Error.Filter", opened.Failure().message);
+  TellCatalogueProblems();
+}
+
+std::vector<OccurrencePlace> MainWindow::SelectedPlaces() const {
+  std::vector<OccurrencePlace> places;
+  for (const QModelIndex& index : _tree->selectionModel()->selectedRows())
+    places.push_back(_model->PlaceAt(index));
+  return places;
+}
+
+void MainWindow::AddToFilter() {
+  if (!_filterPanel.IsOpen()) ShowFilterPanel();
+  if (_filterPanel.IsOpen()) AddToFilter(SelectedPlaces());
+}
+
+void MainWindow::AddToFilter(const std::vector<OccurrencePlace>& places) {
+  if (!_filterPanel.TakesInstances())
+    return ShowInformation("Command.AddToFilter.Title", Text("Filter.TakesNoInstances"));
+  ShowAdditions(_filterPanel.Add(places));
+}
+
+void MainWindow::ShowAdditions(const FilterPanelHost::Additions& additions) {
+  const auto said = [](const char* key, int count) { return Text(key, {QString::number(count)}); };
+  QStringList refused;
+  if (additions.roots > 0) refused << Text("Filter.RootRefused");
+  if (additions.ofOtherProducts > 0) refused << said("Filter.OtherProduct", additions.ofOtherProducts);
+  if (!refused.isEmpty()) ShowInformation("Command.AddToFilter.Title", refused.join("\n\n"));
+  QStringList done{said("Filter.Added", additions.added)};
+  if (additions.wereThere > 0) done << said("Filter.WereThere", additions.wereThere);
+  statusBar()->showMessage(done.join(" "), kSaidFor);
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == _tree && event->type() == QEvent::KeyPress && _filterPanel.IsOpen()) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    // A double click goes on opening the part panel.
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+      AddToFilter();
+      return true;
+    }
+  }
+  return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::ShowTreeMenu(const QPoint& place) {
+  if (!_tree->indexAt(place).isValid()) return;
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  for (const char* command : {"PartPanel", "Compute", "Filter", "AddToFilter"})
+    menu->addAction(_actions[command]);
+  menu->popup(_tree->viewport()->mapToGlobal(place));
+}
+
+void MainWindow::FilterChanged() {
+  const FilterInForce before = _shownFilter;
+  ShowFilter();
+  if (_shownFilter == before || !_partPanel.IsOpen()) return;
+  if (const auto text = ShowSelection()) BindPartPanel(*text);
+}
+
+void MainWindow::ShowFilter() {
+  const QModelIndex index = _tree->currentIndex();
+  const FilterInForce filter(_library.Commands(), _model->ProductAt(index));
+  if (filter == _shownFilter) return;
+  _shownFilter = filter;
+  const bool isInForce = !filter.LetsAllPass();
+  QModelIndex top = index.isValid() ? index : _model->index(0, 0);
+  while (top.parent().isValid()) top = top.parent();
+  _filter->setText(top.isValid() ? Text("Status.Filter", {filter.Name()}) : QString());
+  _filter->setToolTip(top.isValid() ? filter.Meaning(_model->PlaceAt(top).node) : QString());
+  QFont font = statusBar()->font();
+  font.setBold(isInForce);
+  _filter->setFont(font);
+  _model->MarkFilter(filter.Product(), filter.Marks());
+  _pane->ShowFilter(isInForce ? filter.Name() : QString());
+}
+
+QString MainWindow::FilterText() const { return _filter->text(); }
+
+QString MainWindow::FilterMeaning() const { return _filter->toolTip(); }
+
+void MainWindow::ShowImportReport(const lumira::ImportReport& report) {
+  std::vector<std::string> lines;
+  for (const std::string& text : report.leftOut)
+    lines.push_back(Text("Warnings.LeftOut", {ToQt(text)}).toStdString());
+  for (const std::string& text : report.warnings)
+    lines.push_back(Text("Warnings.Warning", {ToQt(text)}).toStdString());
+  _warnings.Show(lines);
+}
+
+void MainWindow::ShowFindings() {
+  const auto findings = GetFindings();
+  std::vector<std::string> lines;
+  if (!findings)
+    lines.push_back(Text("Warnings.NoFindings", {ToQt(findings.Failure().message)}).toStdString());
+  else
+    for (const protocol::Warning& finding : findings.Value().warnings)
+      lines.push_back(Text(SeverityKey(finding.severity), {ToQt(finding.text)}).toStdString());
+  _warnings.Show(lines);
+}
+
+void MainWindow::ClosePanels() {
+  _partPanel.Close();
+  _filterPanel.Close();
+  _warnings.Close();
+}
+
+}  // namespace desktop

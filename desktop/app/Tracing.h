@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <fstream>
+#include <memory>
+
+#include "desktop/app/Settings.h"
+#include "protocol/Result.h"
+
+namespace desktop {
+
+/// Which components are traced, and where to.
+struct TraceChoice {
+  QStringList components = {};  ///< traced ones; "all" among them stands for every one
+  QString file = {};            ///< empty: standard output
+
+  bool Traces(const QString& component) const;
+  bool operator==(const TraceChoice&) const = default;
+};
+
+/// Switches the trace facility; off by default, and off again when this object goes.
+class Tracing {
+ public:
+  Tracing() = default;
+  ~Tracing();
+  Tracing(const Tracing&) = delete;
+  Tracing& operator=(const Tracing&) = delete;
+
+  /// What the environment asks for (KORVO_TRACE: components with commas between them, or "all";
+  /// KORVO_TRACE_FILE), else what the settings remember. The environment is for one start: nothing of it is
+  /// remembered.
+  static TraceChoice ChoiceAtStart(const Settings& settings);
+
+  /// Traces these and no others. A file is written to behind what it has. Storage, with everything as it was,
+  /// when the file cannot be opened.
+  protocol::Result<void> Apply(const TraceChoice& choice);
+  const TraceChoice& Choice() const { return _choice; }
+
+  /// The components there are, each once, by name.
+  static QStringList Components();
+
+ private:
+  TraceChoice _choice;
+  std::unique_ptr<std::ofstream> _file;
+};
+
+}  // namespace desktop
