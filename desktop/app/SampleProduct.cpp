@@ -12,6 +12,14 @@ using protocol::Error;
 using protocol::ErrorKind;
 using protocol::Result;
 
+// A disk that is nearly full may have room for the log and none for the file itself, which then stays behind.
+Result<void> CheckStandsAlone(const std::string& file) {
+  std::error_code error;
+  const auto left = fs::file_size(file + "-wal", error);
+  if (error || left == 0) return {};
+  return Error{ErrorKind::Storage, "\"" + file + "\" cannot be finished: the disk is full or nearly so"};
+}
+
 Result<lumira::ImportReport> ImportSample(const std::string& folder, const std::string& file) {
   auto tables = ReadSampleTables(folder);
   if (!tables) return tables.Failure();
@@ -19,7 +27,11 @@ Result<lumira::ImportReport> ImportSample(const std::string& folder, const std::
   if (!store) return store.Failure();
   lumira::ImportOptions options;
   options.product = "IEA15";
-  return lumira::ImportProduct(*store.Value(), tables.Value(), options);
+  auto report = lumira::ImportProduct(*store.Value(), tables.Value(), options);
+  store.Value().reset();
+  if (report)
+    if (auto whole = CheckStandsAlone(file); !whole) return whole.Failure();
+  return report;
 }
 
 /// What SQLite keeps beside a database, by what stands behind its name.

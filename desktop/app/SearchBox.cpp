@@ -69,7 +69,8 @@ void SearchBox::RefreshTexts() {
   _edit->setToolTip(Text("Search.Help"));
   _list->setHeaderLabels({Text("Tree.Name"), Text("Search.Path")});
   _list->setAccessibleName(Text("Search.Hits"));
-  if (!_summary->isHidden()) ShowReply();
+  // What the server said of a search that it refused stays.
+  if (!_summary->isHidden() && _hasReply) ShowReply();
 }
 
 QString SearchBox::Summary() const { return _summary->isHidden() ? QString() : _summary->text(); }
@@ -85,6 +86,7 @@ void SearchBox::Search() {
     return ShowSummary(ToQt(reply.Failure().message));
   }
   _reply = std::move(reply).Value();
+  _hasReply = true;
   ShowReply();
 }
 
@@ -123,6 +125,7 @@ void SearchBox::ShowSummary(const QString& text) {
 void SearchBox::Clear() {
   _pause->stop();
   _reply = {};
+  _hasReply = false;
   _list->clear();
   _list->hide();
   _summary->hide();

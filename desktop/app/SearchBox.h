@@ -52,6 +52,7 @@ class SearchBox : public QWidget {
   QTimer* _pause;         ///< runs from the last key until the search begins
   std::string _searched;  ///< the product of `_reply`
   protocol::SearchReply _reply;
+  bool _hasReply = false;
 };
 
 }  // namespace desktop

@@ -101,6 +101,8 @@ class Assembly {
     else
       _structureIsSound =
           HasNoErrors([&] { ReadStructureInMassTable(); }) && massTableIsSound && !_structure.hasUnreadParts;
+    // A row that is too short for its parent to be there leaves open what its part is.
+    if (!_tables.structure && !massTableIsSound) _structure.hasUnreadParts = true;
     NameLeftOut(_massTable, _mass.usedColumns);
     if (_tables.filters) _filtersAreSound = HasNoErrors([&] { ReadFilters(); });
   }

@@ -78,6 +78,8 @@ TEST_F(SearchBoxTest, AServersMessageIsShownAsPlainText) {
   server.answer = [](auto&...) { return protocol::ErrorReply("there is no <b>product</b>"); };
   Type("nose");
   EXPECT_EQ(window.Search().Summary(), "there is no <b>product</b>");
+  window.Search().RefreshTexts();
+  EXPECT_EQ(window.Search().Summary(), "there is no <b>product</b>") << "a refusal is not \"nothing found\"";
   for (const QLabel* label : window.Search().findChildren<QLabel*>()) {
     EXPECT_EQ(label->textFormat(), Qt::PlainText);
     EXPECT_TRUE(label->wordWrap());

@@ -312,6 +312,14 @@ TEST(Import, NamesAShapeWithoutVolumeAndAnActiveRowWithoutDataAsLeftOut) {
   EXPECT_FALSE(PartOf(imported.Value(), "a").geometry);
 }
 
+TEST(Import, ARowThatIsTooShortForItsParentIsOneErrorInOneTable) {
+  const auto imported =
+      ReadProductTables({std::nullopt, {"m.csv", "part,parent,mass [kg]\ntop,,\na,top,5\nb\n"}}, {});
+  ASSERT_FALSE(imported.Ok());
+  EXPECT_EQ(imported.Failure().message,
+            "m.csv, line 4, column 2 (parent): the row has 1 cells, the header has 3");
+}
+
 TEST(Import, NamesThePlacementOfARowWithoutAParentAsLeftOut) {
   const auto imported = ReadProductTables(
       {std::nullopt,
