@@ -28,8 +28,8 @@ enum class WarningKind {
 /// One thing that a user should know about a result; the text is made where it is shown.
 struct Warning {
   WarningKind kind;
-  double occurrences =
-      0.0;  ///< how many items, quantities multiplied in; from `ShapeNotAdded` to `AlsoLeftOut`: parts
+  /// How many items, quantities multiplied in; from `ShapeNotAdded` to `AlsoLeftOut`: parts.
+  double occurrences = 0.0;
   double mass = 0.0;                  ///< of `WithoutCg`, `WithoutInertia`: the mass that is concerned, kg
   std::vector<std::string> examples;  ///< ids of the first parts concerned, in the order of the structure
 
