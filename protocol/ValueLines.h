@@ -6,9 +6,9 @@
 
 namespace protocol {
 
-/// Lines "part.quantity = value" about one part, as the programs print them, or "part.filter.quantity = value"
-/// about what a filter leaves of it: part and filter in small letters with "_" for what is no letter, digit or
-/// byte beyond ASCII, and 17 significant digits. A negative zero is written as zero.
+/// Lines "part.quantity = value" about one part, as the programs print them, or "part.filter.quantity =
+/// value" about what a filter leaves of it: part and filter in small letters with "_" for what is no letter,
+/// digit or byte beyond ASCII, and 17 significant digits. A negative zero is written as zero.
 class ValueLines {
  public:
   /// An empty filter: none.

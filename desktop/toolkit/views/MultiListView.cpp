@@ -84,8 +84,11 @@ void MultiListView::ShowColumns() {
   FitColumns();
 }
 
-int MultiListView::WidthOf(int characters) const {
-  return characters * Qt()->fontMetrics().averageCharWidth() + kCellPadding;
+/// Of a column with a text width: room for so many characters, and for the title in any case.
+int MultiListView::WidthOf(int column) const {
+  const int text =
+      Model().GetColumn(column).textWidth * Qt()->fontMetrics().averageCharWidth() + kCellPadding;
+  return std::max(text, Qt()->horizontalHeader()->sectionSizeHint(column));
 }
 
 /// What the columns that are to be seen at once take, as far as they have widths of their own; 0: nothing.
@@ -94,7 +97,7 @@ int MultiListView::WidthAtOnce() const {
   int left = Model().GetVisibleColumnCount();
   for (int i = 0; i < Model().GetColumnCount() && left > 0; ++i) {
     if (!Model().GetColumn(i).shown) continue;
-    if (Model().GetColumn(i).textWidth > 0) width += WidthOf(Model().GetColumn(i).textWidth);
+    if (Model().GetColumn(i).textWidth > 0) width += WidthOf(i);
     --left;
   }
   return width > 0 ? width + 2 * Qt()->frameWidth() + Qt()->verticalScrollBar()->sizeHint().width() : 0;
@@ -105,9 +108,8 @@ void MultiListView::FitColumns() {
   const int atOnce = Model().GetVisibleColumnCount();
   Qt()->setMinimumWidth(WidthAtOnce());
   for (int i = 0; i < Model().GetColumnCount(); ++i) {
-    const int characters = Model().GetColumn(i).textWidth;
-    if (characters > 0)
-      Qt()->setColumnWidth(i, WidthOf(characters));
+    if (Model().GetColumn(i).textWidth > 0)
+      Qt()->setColumnWidth(i, WidthOf(i));
     else if (atOnce > 0)
       Qt()->setColumnWidth(i, Qt()->viewport()->width() / atOnce);
     else

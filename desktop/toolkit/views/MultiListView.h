@@ -23,7 +23,7 @@ class MultiListView : public QtViewOf<KorDlgMultiList, QTableView> {
   void ShowColumns();
   void ShowSelection();
   void FitColumns();
-  int WidthOf(int characters) const;
+  int WidthOf(int column) const;
   int WidthAtOnce() const;
   std::vector<int> RowsSelectedInQt() const;
 

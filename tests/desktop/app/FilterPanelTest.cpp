@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QHeaderView>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableView>
@@ -203,6 +204,13 @@ TEST_F(FilterPanelTest, HasRoomForThreeColumnsHoweverNarrowItIsMade) {
             table->columnWidth(0) + table->columnWidth(1) + table->columnWidth(2));
   EXPECT_TRUE(table->isColumnHidden(4));
   EXPECT_TRUE(table->isColumnHidden(5));
+}
+
+TEST_F(FilterPanelTest, EachColumnHasRoomForItsTitle) {
+  OpenFilterPanel();
+  auto* table = On<QTableView>("Frame001.FilterMultiList");
+  for (int column = 0; column < 4; ++column)
+    EXPECT_GE(table->columnWidth(column), table->horizontalHeader()->sectionSizeHint(column)) << column;
 }
 
 TEST_F(FilterPanelTest, TabWalksItInTheOrderInWhichItIsRead) {
