@@ -1,6 +1,7 @@
 #include "framework/system/KorUnicodeString.h"
 
 #include <algorithm>
+#include <atomic>
 #include <charconv>
 #include <ostream>
 #include <system_error>
@@ -161,8 +162,18 @@ void KorUnicodeString::BuildFromNum(double number, const char* format) {
   const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, number, parsed.notation,
                                           std::clamp(parsed.precision, 0, kMostPrecision));
   _utf8.assign(buffer, end);
+  _contentId = 0;
 }
 
-void KorUnicodeString::BuildFromNum(int number, const char*) { _utf8 = std::to_string(number); }
+void KorUnicodeString::BuildFromNum(int number, const char*) {
+  _utf8 = std::to_string(number);
+  _contentId = 0;
+}
+
+std::uint64_t KorUnicodeString::ContentId() const {
+  static std::atomic<std::uint64_t> last{0};
+  if (_contentId == 0) _contentId = ++last;
+  return _contentId;
+}
 
 std::ostream& operator<<(std::ostream& out, const KorUnicodeString& text) { return out << text.Utf8(); }

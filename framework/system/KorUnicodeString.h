@@ -1,6 +1,7 @@
 #pragma once
 
 #include <compare>
+#include <cstdint>
 #include <iosfwd>
 #include <string>
 #include <string_view>
@@ -22,13 +23,31 @@ class KOR_FRAMEWORK_API KorUnicodeString {
   KorUnicodeString(std::string utf8) : _utf8(std::move(utf8)) {}
   KorUnicodeString(std::string_view utf8) : _utf8(utf8) {}
 
+  KorUnicodeString(const KorUnicodeString&) = default;
+  KorUnicodeString(KorUnicodeString&& other) noexcept
+      : _utf8(std::move(other._utf8)), _contentId(std::exchange(other._contentId, 0)) {}
+  KorUnicodeString& operator=(const KorUnicodeString&) = default;
+  KorUnicodeString& operator=(KorUnicodeString&& other) noexcept {
+    _utf8 = std::move(other._utf8);
+    _contentId = std::exchange(other._contentId, 0);
+    return *this;
+  }
+  ~KorUnicodeString() = default;
+
   const std::string& Utf8() const { return _utf8; }
   const char* ConvertToChar() const { return _utf8.c_str(); }
+
+  /// Two texts with the same number are equal, as long as neither is changed; a change gives another number.
+  /// For whoever keeps something that was worked out from a long text.
+  std::uint64_t ContentId() const;
 
   bool IsEmpty() const { return _utf8.empty(); }
   int GetLengthInChar() const;
 
-  void Append(const KorUnicodeString& text) { _utf8 += text._utf8; }
+  void Append(const KorUnicodeString& text) {
+    _utf8 += text._utf8;
+    _contentId = 0;
+  }
   KorUnicodeString& operator+=(const KorUnicodeString& text) {
     Append(text);
     return *this;
@@ -39,8 +58,10 @@ class KOR_FRAMEWORK_API KorUnicodeString {
 
   /// Non-zero when both texts are equal, zero when they differ.
   int Compare(const KorUnicodeString& other) const { return _utf8 == other._utf8; }
-  friend bool operator==(const KorUnicodeString&, const KorUnicodeString&) = default;
-  friend std::strong_ordering operator<=>(const KorUnicodeString&, const KorUnicodeString&) = default;
+  friend bool operator==(const KorUnicodeString& a, const KorUnicodeString& b) { return a._utf8 == b._utf8; }
+  friend std::strong_ordering operator<=>(const KorUnicodeString& a, const KorUnicodeString& b) {
+    return a._utf8 <=> b._utf8;
+  }
 
   /// Position of `part` at or after `from`, searching forward; -1 when it does not occur.
   int SearchSubString(const KorUnicodeString& part, int from = 0) const;
@@ -65,6 +86,7 @@ class KOR_FRAMEWORK_API KorUnicodeString {
 
  private:
   std::string _utf8;
+  mutable std::uint64_t _contentId = 0;  ///< 0: nobody has asked since the last change
 };
 
 KOR_FRAMEWORK_API std::ostream& operator<<(std::ostream& out, const KorUnicodeString& text);

@@ -68,7 +68,7 @@ class ExportedByKorWBNymNavGUI KorWBNymNavFilterPanel : public KorDlgDialog {
   static KorUnicodeString selectedPRCID;     ///< product root for which the filter was chosen
   static KorUnicodeString PVSFilterPRCID;    ///< product root for which `selectedPVSFilter` was recorded
   static KorUnicodeString selectedPRCConfigHandler;  ///< name of the chosen configuration filter
-  /// The user filter list as text. IsValid keeps an index of a long one, which follows the panel's OK.
+  /// The user filter list as text.
   static KorUnicodeString selectedPVSFilter;
   static KorUnicodeString selectedFilter;  ///< the filter handed to the server
 
@@ -88,7 +88,6 @@ class ExportedByKorWBNymNavGUI KorWBNymNavFilterPanel : public KorDlgDialog {
   static Choice ChoiceFor(const KorUnicodeString& prcId);
   static bool StoredListsAreParallel();
   static bool UserFilterHolds(std::string_view key);
-  static void UserFilterChanged();
 
   void BuildWidgets();
   void BuildColumns();

@@ -85,5 +85,4 @@ void KorWBNymNavFilterPanel::StoreUserFilter() {
     _listOfPathDepths.Append(list.GetColumnItem(Row::kDepthColumn, row));
   }
   selectedPVSFilter = std::move(text);
-  UserFilterChanged();
 }

@@ -72,8 +72,7 @@ namespace {
 
 // The index of the last long text that was asked about, and which text that was.
 struct IndexedText {
-  const char* data = nullptr;
-  std::size_t size = 0;
+  std::uint64_t contentId = 0;
   std::unique_ptr<KorWBNymNavFilterIndex> index;
 };
 
@@ -90,12 +89,10 @@ bool KorWBNymNavFilterPanel::UserFilterHolds(std::string_view key) {
   constexpr std::size_t kSearchedPlainly = 4096;
   if (text.size() <= kSearchedPlainly) return text.find(key) != text.npos;
   IndexedText& indexed = TheIndexedText();
-  if (!indexed.index || indexed.data != text.data() || indexed.size != text.size())
-    indexed = {text.data(), text.size(), std::make_unique<KorWBNymNavFilterIndex>(text)};
+  if (const std::uint64_t contentId = selectedPVSFilter.ContentId(); indexed.contentId != contentId)
+    indexed = {contentId, std::make_unique<KorWBNymNavFilterIndex>(text)};
   return indexed.index->Contains(key);
 }
-
-void KorWBNymNavFilterPanel::UserFilterChanged() { TheIndexedText() = {}; }
 
 bool KorWBNymNavFilterPanel::StoredListsAreParallel() {
   return _listOfInstanceIds.Size() == _listOfPartsIds.Size() &&

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <random>
 
 #include "framework/dialog/KorDlgMultiList.h"
@@ -161,6 +162,21 @@ TEST_F(FilterPanelLongFilter, ALongTextThatTheHostShortensInItsPlaceIsReadAnew) 
   ASSERT_GT(shorter.size(), 4096u);
   Chosen::selectedPVSFilter = KorUnicodeString(shorter.c_str());
   EXPECT_FALSE(Chosen::IsValid("TURBINE", "X399", "PART-OF-THE-TOWER", "A.1", 0, ""));
+}
+
+TEST_F(FilterPanelLongFilter, ALongTextThatTheHostReplacesByOneOfTheSameLengthIsReadAnew) {
+  Choose("X");
+  EXPECT_TRUE(Chosen::IsValid("TURBINE", "X123", "PART-OF-THE-TOWER", "A.1", 0, ""));
+  const std::string before = UserFilter();
+  std::string after = before;
+  std::replace(after.begin(), after.end(), 'X', 'Y');
+  const KorUnicodeString replacement(after);
+  Chosen::selectedPVSFilter = replacement;
+  EXPECT_FALSE(Chosen::IsValid("TURBINE", "X123", "PART-OF-THE-TOWER", "A.1", 0, ""));
+  EXPECT_TRUE(Chosen::IsValid("TURBINE", "Y123", "PART-OF-THE-TOWER", "A.1", 0, ""));
+  Chosen::selectedPVSFilter = "1|0";
+  Chosen::selectedPVSFilter = KorUnicodeString(before);
+  EXPECT_TRUE(Chosen::IsValid("TURBINE", "X123", "PART-OF-THE-TOWER", "A.1", 0, ""));
 }
 
 TEST_F(FilterPanelLongFilter, AKeyInsideALongerRowIsValidOnPurpose) {

@@ -14,6 +14,30 @@ TEST(UnicodeString, StartsEmpty) {
   EXPECT_EQ(KorUnicodeString().GetLengthInChar(), 0);
 }
 
+TEST(UnicodeString, TellsByANumberThatATextHasChanged) {
+  KorUnicodeString text("abc");
+  const auto before = text.ContentId();
+  EXPECT_EQ(text.ContentId(), before);
+  const KorUnicodeString copy = text;
+  EXPECT_EQ(copy.ContentId(), before);
+  text = KorUnicodeString("abd");
+  EXPECT_NE(text.ContentId(), before);
+  text = copy;
+  EXPECT_EQ(text.ContentId(), before);
+  KorUnicodeString moved = std::move(text);
+  EXPECT_EQ(moved.ContentId(), before);
+  moved += "d";
+  EXPECT_NE(moved.ContentId(), before);
+  const auto appended = moved.ContentId();
+  moved.BuildFromNum(7);
+  EXPECT_NE(moved.ContentId(), appended);
+  const auto integer = moved.ContentId();
+  moved.BuildFromNum(7.5);
+  EXPECT_NE(moved.ContentId(), integer);
+  EXPECT_NE(KorUnicodeString("abc").ContentId(), before) << "made apart, though alike";
+  EXPECT_EQ(KorUnicodeString("abc"), copy) << "equal all the same";
+}
+
 TEST(UnicodeString, TakesANullTextAsEmpty) {
   EXPECT_TRUE(KorUnicodeString(static_cast<const char*>(nullptr)).IsEmpty());
 }
