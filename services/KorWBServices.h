@@ -31,6 +31,15 @@ class KOR_SERVICES_API KorWBServices {
   /// The same with a status: E_FAIL, with `stored` left alone, when the magnitude is unknown.
   static HRESULT RestoreValue(double shown, const KorUnicodeString& magnitude, double& stored);
 
+  // ---- what a user types ----
+
+  /// Replaces a simple arithmetic expression by its value: decimal numbers ("2.5", "1e-3"), + - * /,
+  /// parentheses and signs, with the usual precedence. The text may end with the symbol of the unit in which
+  /// it is typed, which stays behind the value: "2*4 kg" becomes "8 kg". A text that is a number already, as
+  /// shown values are, stays as it is. E_FAIL, with the text as it was: what is no such expression, division
+  /// by zero, a result that is not finite on the way, parentheses nested too deeply (64).
+  static HRESULT EvaluateSimpleExpression(KorUnicodeString& text, const KorUnicodeString& unitSymbol = {});
+
   // ---- messages ----
 
   /// Shows a message box; a null parent means the main window.

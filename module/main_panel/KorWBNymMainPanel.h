@@ -163,11 +163,22 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   void ShowMassTypeCG(const KorWBNymNavMassValues& values);
   void ShowNoDistribution();
   void OfferDelete(const KorUnicodeString& shownType);
+  bool IsInEditMode() const;
+  void OfferEditing(const KorUnicodeString& shownType);
+  void SetDistributionSensitivity(KorSensitivity sensitivity);
+  void FillPasteValues();
+  void PasteValuesOf(const KorUnicodeString& source);
+  void ShowMTInertia(const KorWBNymNavMassValues& values);
   void ShowDensityPriority();
   void ShowWhereMaterialApplies();
+  void ShowApplyOn(KorVisibility visibility);
+  bool IsDensityEmpty() const;
   void ShowMaterialStatistics();
   void BrowseStatistics(int step);
+  void StoreStandardPart();
   void FillPrecisionCombos();
+  void OfferBounds();
+  void SetBoundsSensitivity(KorSensitivity sensitivity);
   void ShowBounds(const KorUnicodeString& massType, int precisionType, int valueType);
 
   // modes
@@ -198,8 +209,8 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   KorUnicodeString _appliedOnObject;
   KorUnicodeString _materialName;
   KorUnicodeString _partRefMaterialName;
-  double _density = 0;         ///< kg/m³
-  double _partRefDensity = 0;  ///< kg/m³
+  double _density = 0;         ///< kg/m³, of the part or as typed for its instance
+  double _partRefDensity = 0;  ///< kg/m³, of the part reference or as typed for it
   bool _computed = false;      ///< whether the buffer held computed values when it was bound
   bool _rebinding = false;  ///< cleared at the end of construction and of every rebinding; nothing reads it
   KorListValKorUnicodeString _massTypeNames;   ///< working list of the mass-types page

@@ -12,21 +12,6 @@ void KorWBNymMainPanel::OnEditNotification(KorCommand*, KorNotification*, KorCom
 void KorWBNymMainPanel::OnSaveNotification(KorCommand*, KorNotification*, KorCommandClientData) {}
 void KorWBNymMainPanel::OnDeleteNotification(KorCommand*, KorNotification*, KorCommandClientData) {}
 
-// Values cannot be copied between mass types yet.
-void KorWBNymMainPanel::OnUpdatePropertiesNotification(KorCommand*, KorNotification*, KorCommandClientData) {}
-void KorWBNymMainPanel::OnMTPasteValuesComboModifyNotification(KorCommand*, KorNotification*, KorCommandClientData) {}
-void KorWBNymMainPanel::OnMTMassEditorModifyNotification(KorCommand*, KorNotification*, KorCommandClientData) {}
-
-// Material and density cannot be typed yet.
-void KorWBNymMainPanel::OnMaterialNameModifyNotification(KorCommand*, KorNotification*, KorCommandClientData) {}
-void KorWBNymMainPanel::OnDensityModifyNotification(KorCommand*, KorNotification*, KorCommandClientData) {}
-void KorWBNymMainPanel::OnApplyMaterialRadioBModify(KorCommand*, KorNotification*, KorCommandClientData) {}
-void KorWBNymMainPanel::OnStandardPartClickeNotification(KorCommand*, KorNotification*, KorCommandClientData) {}
-
-// Precision bounds cannot be typed yet.
-void KorWBNymMainPanel::OnPrecisionEditorFocusNotification(KorCommand*, KorNotification*, KorCommandClientData) {}
-void KorWBNymMainPanel::OnPrecisionValueTypeChangeNotification(KorCommand*, KorNotification*, KorCommandClientData) {}
-
 // The active document cannot be changed yet.
 void KorWBNymMainPanel::OnDocPreviewValueChange(KorCommand*, KorNotification*, KorCommandClientData) {}
 void KorWBNymMainPanel::OnChangeActiveDocNotification(KorCommand*, KorNotification*, KorCommandClientData) {}
