@@ -28,6 +28,11 @@ class KorWBNymNavUnitDisplay {
   /// The same without asking the reference unit.
   KorUnicodeString ShowUnconverted(double value) const;
 
+  /// The text of a number that is given in the current unit.
+  KorUnicodeString ShowTyped(double typed) const;
+  const KorString& CurrentUnitName() const { return _current->Name(); }
+  const KorString& ReferenceUnitName() const { return _reference->Name(); }
+
   /// Puts the texts of the values into the editors, without notification. E_FAIL, with the editors as they
   /// were, when the magnitude cannot be shown. Both have the same length; without values the editors show
   /// kNoValue.
