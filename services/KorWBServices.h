@@ -1,5 +1,7 @@
 #pragma once
 
+#include <ctime>
+
 #include "framework/math/KorMath3x3Matrix.h"
 #include "framework/system/KorListValKorUnicodeString.h"
 #include "framework/system/KorStatus.h"
@@ -60,6 +62,19 @@ class KOR_SERVICES_API KorWBServices {
   /// configuration handler) and receives that, one '/' and the elements joined by '/'; empty elements are
   /// left out.
   static void CleanPathForDisplay(const KorUnicodeString& path, KorUnicodeString& display);
+
+  /// Which fields a date has.
+  enum class DateFields { Date, DateAndTime };
+
+  /// Reads a date in `format`, such as "YYYY-MM-DD" or "DD/MM/YYYY"; an empty format means year, month and
+  /// day with `ymdDelimiter` between them. With DateAndTime the time of day follows: `delimiter`, then hours,
+  /// minutes and seconds with `hmsDelimiter` between them. Each field has as many digits as the format has
+  /// letters, and nothing may stand before or behind. `time` is in seconds since 1970, UTC. E_FAIL, with
+  /// `time` left alone, for any other text, a date that does not exist, and a format without one of the
+  /// fields.
+  static HRESULT GetDateFromText(const KorUnicodeString& text, const KorUnicodeString& format,
+                                 const KorUnicodeString& delimiter, const KorUnicodeString& ymdDelimiter,
+                                 const KorUnicodeString& hmsDelimiter, DateFields fields, std::time_t& time);
 
   /// The fields between the separators; two adjacent separators, or one at either end, give an empty field.
   /// An empty text has no fields. An empty separator leaves the text whole.

@@ -32,6 +32,9 @@ class KorWBNymNavUnitDisplay {
   /// What stands behind the number in a shown text.
   const KorUnicodeString& Symbol() const { return _current->Symbol(); }
 
+  const KorString& CurrentUnitName() const { return _current->Name(); }
+  const KorString& ReferenceUnitName() const { return _reference->Name(); }
+
   /// Puts the texts of the values into the editors, without notification. E_FAIL, with the editors as they
   /// were, when the magnitude cannot be shown. Both have the same length; without values the editors show
   /// kNoValue.
