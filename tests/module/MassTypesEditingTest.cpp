@@ -177,6 +177,12 @@ TEST_F(MassTypesEditing, ADeleteButtonThatIsOffStaysOffWhenAnotherTypeBecomesAct
   EXPECT_FALSE(IsEnabled("DeleteButton"));
 }
 
+TEST_F(MassTypesEditing, AUserMassTypeOfAStandardPartLeavesTheDeleteButtonAsItIsOnPurpose) {
+  EditPage(StandardPart("Computed"));
+  Pick("MassTypeCombo", "Estimated");
+  EXPECT_FALSE(IsEnabled("DeleteButton"));
+}
+
 // ---- pasting ----
 
 TEST_F(MassTypesEditing, PastingTakesAllValuesOfTheSource) {
@@ -257,6 +263,30 @@ TEST_F(MassTypesEditing, OutsideEditModeNothingIsPasted) {
   Pick("MTPasteValuesCombo", "Computed");
   EXPECT_EQ(MTValues(), kEstimated);
   EXPECT_EQ(EditableDistribution(), 0);
+}
+
+TEST_F(MassTypesEditing, PastingWithoutAMagnitudeLeavesItsEditors) {
+  KorCkeParmDictionary* all = KorCkeGlobalFunctions::GetParmDictionary();
+  KorCkeParmDictionary dictionary;
+  dictionary.AddMagnitude(all->FindMagnitude("MASS"));
+  EditPage(WithActive("Estimated"));
+  KorCkeGlobalFunctions::SetParmDictionary(&dictionary);
+  Pick("MTPasteValuesCombo", "Computed");
+  EXPECT_EQ(MTValues(), "2 kg; 1000 mm, 0 mm, 0 mm; 5 kg·m², 6 kg·m², 7 kg·m²; 0 kg·m², 0 kg·m², 0 kg·m²");
+  KorCkeGlobalFunctions::RestoreParmDictionary();
+}
+
+TEST_F(MassTypesEditing, WithoutABufferNothingIsPastedWorkedOutOrRescaled) {
+  EditPage(WithActive("Estimated"));
+  Pick("MTPasteValuesCombo", "Computed");
+  Panel().SetModel(nullptr);
+  Pick("MTPasteValuesCombo", "Computed");
+  Type("MTMassEditor", "1+1");
+  Pick("MassTypeCombo", "Weighed");
+  Press("UpdatePropertiesButton");
+  EXPECT_EQ(MTValues(),
+            "1+1; 100 mm, 200 mm, 300 mm; 10 kg·m², 20 kg·m², 30 kg·m²; 1 kg·m², 2 kg·m², 3 kg·m²");
+  EXPECT_TRUE(IsEnabled("UpdatePropertiesButton"));
 }
 
 // ---- typing a mass ----

@@ -194,6 +194,17 @@ TEST_F(MaterialEditing, TypingLeavesTheBuffer) {
   EXPECT_EQ(Buffer().GetDensity(), 7850);
 }
 
+TEST_F(MaterialEditing, WithoutABufferTypingAndChoosingDoNothing) {
+  EditPage(WithoutInstance());
+  Panel().SetModel(nullptr);
+  Type("DensityEditor", "");
+  EXPECT_TRUE(AreApplyOnButtonsShown());
+  Check("ApplyOnReference");
+  EXPECT_EQ(Text("WBMaterialEditor"), "Steel");
+  Toggle("StdPartCheckButton");
+  EXPECT_FALSE(Buffer().IsStandatadPart());
+}
+
 // ---- standard part ----
 
 TEST_F(MaterialEditing, TheStandardPartFlagGoesToTheBufferAtOnce) {

@@ -158,6 +158,13 @@ TEST_F(PrecisionEditing, WithoutTheMassMagnitudeBoundsStayAsTheyAre) {
   EXPECT_EQ(Bounds(), "5%, 10%");
 }
 
+TEST_F(PrecisionEditing, WithoutABufferTheMassIsZero) {
+  EditPage(WithBounds(1, 0));
+  Panel().SetModel(nullptr);
+  Pick("ValueTypeCombo", "Absolute");
+  EXPECT_EQ(Bounds(), "0 kg, 0 kg");
+}
+
 // ---- focus ----
 
 TEST_F(PrecisionEditing, ARelativeBoundOf750IsRewrittenAs75PercentWhenTheFocusLeaves) {
@@ -202,6 +209,22 @@ TEST_F(PrecisionEditing, WithoutTheMassMagnitudeAnAbsoluteBoundIsSelectedAsItIs)
   TypeAndLeave("UpperValueEditor", "7.50");
   EXPECT_EQ(Text("UpperValueEditor"), "7.50");
   EXPECT_EQ(SelectedText("UpperValueEditor"), "7.50");
+}
+
+/// Lets a test call the handler as a sender that is no editor would.
+struct AskedPanel : KorWBNymMainPanel {
+  using KorWBNymMainPanel::KorWBNymMainPanel;
+  using KorWBNymMainPanel::OnPrecisionEditorFocusNotification;
+};
+
+TEST_F(PrecisionEditing, WithoutASendingEditorNothingIsRewritten) {
+  UseMaker([](KorWBAllDataBuffer* buffer) { return std::make_unique<AskedPanel>(buffer); });
+  EditPage(WithBounds(1, 0));
+  Type("UpperValueEditor", "7.50");
+  for (KorCommand* sender :
+       {static_cast<KorCommand*>(nullptr), static_cast<KorCommand*>(&Widget("EditButton"))})
+    static_cast<AskedPanel&>(Panel()).OnPrecisionEditorFocusNotification(sender, nullptr, KorClientData(1));
+  EXPECT_EQ(Text("UpperValueEditor"), "7.50");
 }
 
 }  // namespace
