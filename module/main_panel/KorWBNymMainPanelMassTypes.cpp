@@ -97,7 +97,9 @@ void KorWBNymMainPanel::ShowNoDistribution() {
   Display::ShowNoValueIn(_widgets.mtInertia);
 }
 
-/// In edit mode a mass type that is neither computed nor active can be deleted.
+/// In edit mode a mass type that is neither computed nor active can be deleted. The active one leaves the
+/// button as it is, and so do those that are not shown to the end (undefined, or of a standard part): kept as
+/// it is.
 void KorWBNymMainPanel::OfferDelete(const KorUnicodeString& shownType) {
   const bool editable =
       !shownType.Compare(KorLumWBCSCommonDefinitions::Computed) && _widgets.save->IsEnabled();
