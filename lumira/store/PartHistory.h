@@ -36,6 +36,7 @@ struct PartSaving {
 /// What a saving leads to.
 struct SavedState {
   std::int64_t state = 0;          ///< of the part
+  std::string product;             ///< that has the part
   std::int64_t productBefore = 0;  ///< `ProductInfo::state`
   std::int64_t productAfter = 0;   ///< greater by one when the data of a computation changed, else the same
 };

@@ -85,6 +85,7 @@ class SqliteStore final : public Store {
   void WriteDetails(std::int64_t partKey, const PartDetails& details);
   std::int64_t NextPartState();
   void SetPartState(std::int64_t partKey, std::int64_t state);
+  std::string ProductNameOf(std::int64_t partKey);
   std::int64_t ProductStateOf(std::int64_t partKey);
   void AddRecord(std::int64_t partKey, const PartSaving& saving, std::int64_t stateAfter);
   std::int64_t HistorySize(std::int64_t partKey);

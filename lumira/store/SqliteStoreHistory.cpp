@@ -65,6 +65,7 @@ Result<SavedState> SqliteStore::SavePart(const PartSaving& saving) {
     const StoredPart present = PartAt(key.Value());
     if (present.state != saving.saved.state)
       return Error{ErrorKind::Conflict, "part " + Quoted(part.id) + " has been changed in between"};
+    state.product = ProductNameOf(key.Value());
     state.productBefore = ProductStateOf(key.Value());
     if (present.part != part) WritePart(key.Value(), part);
     WriteDetails(key.Value(), saving.saved.details);
@@ -92,6 +93,12 @@ std::int64_t SqliteStore::NextPartState() {
 
 void SqliteStore::SetPartState(std::int64_t partKey, std::int64_t state) {
   _db.exec("UPDATE parts SET state = " + std::to_string(state) + " WHERE key = " + std::to_string(partKey));
+}
+
+std::string SqliteStore::ProductNameOf(std::int64_t partKey) {
+  SQLite::Statement query(_db, "SELECT key, product FROM products WHERE key = ?");
+  query.bind(1, ProductOf(partKey));
+  return query.executeStep() ? IdentifierIn(query, 1) : std::string();
 }
 
 std::int64_t SqliteStore::ProductStateOf(std::int64_t partKey) {

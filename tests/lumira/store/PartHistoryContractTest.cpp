@@ -68,6 +68,7 @@ TEST_P(PartHistoryContract, CountsTheProductAsChangedOnlyWhenDataOfAComputationC
   PartSaving saving = Saving();
   saving.saved.details.appliedOn = "Part Reference";
   const SavedState details = store->SavePart(saving).Value();
+  EXPECT_EQ(details.product, "PRC");
   EXPECT_EQ(details.productBefore, before);
   EXPECT_EQ(details.productAfter, before);
   EXPECT_EQ(ProductState(), before);
