@@ -39,7 +39,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Check(text, protocol::ReadPartData, protocol::WritePartData);
   Check(text, protocol::ReadComputeOptions, protocol::WriteComputeOptions);
   Check(text, protocol::ReadComputeReply, protocol::WriteComputeReply);
-  Check(text, protocol::ReadSaveReply, protocol::WriteSaveReply);
   Check(text, protocol::ReadPartDataRequest, protocol::WritePartDataRequest);
   Check(text, protocol::ReadChildrenRequest, protocol::WriteChildrenRequest);
   Check(text, protocol::ReadSearchRequest, protocol::WriteSearchRequest);

@@ -45,9 +45,6 @@ Result<ComputeOptions> ReadComputeOptions(std::string_view text) { return ReadFo
 std::string WriteComputeReply(const ComputeReply& reply) { return WriteForm(reply); }
 Result<ComputeReply> ReadComputeReply(std::string_view text) { return ReadForm<ComputeReply>(text); }
 
-std::string WriteSaveReply(const SaveReply& reply) { return WriteForm(reply); }
-Result<SaveReply> ReadSaveReply(std::string_view text) { return ReadForm<SaveReply>(text); }
-
 std::string WritePartDataRequest(const PartDataRequest& request) { return WriteForm(request); }
 Result<PartDataRequest> ReadPartDataRequest(std::string_view text) { return ReadForm<PartDataRequest>(text); }
 

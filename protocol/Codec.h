@@ -39,9 +39,6 @@ Result<ComputeRequest> ReadComputeRequest(std::string_view text);
 std::string WriteComputeReply(const ComputeReply& reply);
 Result<ComputeReply> ReadComputeReply(std::string_view text);
 
-std::string WriteSaveReply(const SaveReply& reply);
-Result<SaveReply> ReadSaveReply(std::string_view text);
-
 std::string WritePartDataRequest(const PartDataRequest& request);
 Result<PartDataRequest> ReadPartDataRequest(std::string_view text);
 

@@ -164,17 +164,6 @@ struct Form<ComputeReply> {
 };
 
 template <>
-struct Form<SaveReply> {
-  static constexpr FormHead kHead = {"SaveReply", "1"};
-
-  template <class Archive, class X>
-  static void Fields(Archive& a, X& x) {
-    a.Field("partId", x.partId);
-    a.Field("stateToken", x.stateToken);
-  }
-};
-
-template <>
 struct Form<PartDataRequest> {
   static constexpr FormHead kHead = {"PartDataRequest", "1"};
 

@@ -132,10 +132,4 @@ struct ComputeReply {
   std::optional<Tensor> inertiaAtOrigin = {};  ///< kg·m²
 };
 
-/// What a save answers once the data are stored.
-struct SaveReply {
-  std::string partId;
-  std::string stateToken;  ///< of the state that the save has made; the next save sends it back
-};
-
 }  // namespace protocol

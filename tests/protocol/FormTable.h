@@ -38,7 +38,6 @@ inline std::vector<FormCase> EndedForms() {
           MakeCase<ComputeOptions>("ComputeOptions", ReadComputeOptions, WriteComputeOptions),
           MakeCase<ComputeRequest>("ComputeRequest", ReadComputeRequest, WriteComputeRequest),
           MakeCase<ComputeReply>("ComputeReply", ReadComputeReply, WriteComputeReply),
-          MakeCase<SaveReply>("SaveReply", ReadSaveReply, WriteSaveReply),
           MakeCase<PartDataRequest>("PartDataRequest", ReadPartDataRequest, WritePartDataRequest),
           MakeCase<ChildrenRequest>("ChildrenRequest", ReadChildrenRequest, WriteChildrenRequest),
           MakeCase<SearchRequest>("SearchRequest", ReadSearchRequest, WriteSearchRequest),
