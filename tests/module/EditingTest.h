@@ -4,17 +4,26 @@
 #include "framework/dialog/KorDlgRadioButton.h"
 #include "tests/module/PanelTest.h"
 
+/// The sample part with that active mass type.
+inline protocol::PartData SamplePartWithActive(const char* massType) {
+  protocol::PartData part = SamplePart();
+  part.activeMassType = massType;
+  return part;
+}
+
+/// The same as a standard part.
+inline protocol::PartData SampleStandardPart(const char* activeMassType) {
+  protocol::PartData part = SamplePartWithActive(activeMassType);
+  part.standardPart = true;
+  return part;
+}
+
 /// A test of the part panel in edit mode.
 class EditingTest : public PanelTest {
  protected:
   /// Opens the panel, goes to a page and into edit mode.
   void Edit(const protocol::PartData& part, const std::string& page) {
     Open(part);
-    PickPage(page);
-    EnterEditMode();
-  }
-  void Edit(LumWBAllDataBuffer_var buffer, const std::string& page) {
-    Open(std::move(buffer));
     PickPage(page);
     EnterEditMode();
   }
@@ -67,4 +76,17 @@ class EditingTest : public PanelTest {
     for (const KorUnicodeString& line : As<KorDlgCombo>("MassTypeCombo").GetLines())
       if (line != SelectedLine("MassTypeCombo")) paste.SetLine(line);
   }
+};
+
+/// A test of the mass-types page in edit mode, with what it shows of the sample part's mass types.
+class MassTypesEditingTest : public EditingTest {
+ protected:
+  static constexpr const char* kEstimated =
+      "4 kg; 1000 mm, 0 mm, 0 mm; 5 kg·m², 6 kg·m², 7 kg·m²; 0 kg·m², 0 kg·m², 0 kg·m²";
+  static constexpr const char* kComputed =
+      "2 kg; 100 mm, 200 mm, 300 mm; 10 kg·m², 20 kg·m², 30 kg·m²; 1 kg·m², 2 kg·m², 3 kg·m²";
+  static constexpr const char* kNothing = "...; ..., ..., ...; ..., ..., ...; ..., ..., ...";
+
+  void EditPage(const protocol::PartData& part) { Edit(part, "TabPage003"); }
+  std::vector<KorUnicodeString> PasteLines() { return As<KorDlgCombo>("MTPasteValuesCombo").GetLines(); }
 };

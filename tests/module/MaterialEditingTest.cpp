@@ -18,12 +18,6 @@ protocol::PartData WithoutInstance() {
   return part;
 }
 
-protocol::PartData WithActive(const char* massType) {
-  protocol::PartData part = SamplePart();
-  part.activeMassType = massType;
-  return part;
-}
-
 class MaterialEditing : public EditingTest {
  protected:
   void EditPage(const protocol::PartData& part) { Edit(part, "TabPage004"); }
@@ -216,7 +210,7 @@ TEST_F(MaterialEditing, TheStandardPartFlagGoesToTheBufferAtOnce) {
 }
 
 TEST_F(MaterialEditing, WithAnEmptyPasteLineAStandardPartChangesTheFlagOnly) {
-  Edit(WithActive("Estimated"), "TabPage003");
+  Edit(SamplePartWithActive("Estimated"), "TabPage003");
   const std::string before = MTValues();
   Toggle("StdPartCheckButton");
   EXPECT_TRUE(Buffer().IsStandatadPart());
@@ -225,7 +219,7 @@ TEST_F(MaterialEditing, WithAnEmptyPasteLineAStandardPartChangesTheFlagOnly) {
 }
 
 TEST_F(MaterialEditing, AStandardPartTakesTheMassOfThePastedTypeAlone) {
-  Edit(WithActive("Estimated"), "TabPage003");
+  Edit(SamplePartWithActive("Estimated"), "TabPage003");
   Pick("MTPasteValuesCombo", "Computed");
   Type("MTMassEditor", "9 kg");
   Toggle("StdPartCheckButton");
@@ -234,7 +228,7 @@ TEST_F(MaterialEditing, AStandardPartTakesTheMassOfThePastedTypeAlone) {
 }
 
 TEST_F(MaterialEditing, APartThatIsNoStandardPartAnyMoreTakesAllValuesOfThePastedType) {
-  Edit(WithActive("Estimated"), "TabPage003");
+  Edit(SamplePartWithActive("Estimated"), "TabPage003");
   Pick("MTPasteValuesCombo", "Computed");
   Toggle("StdPartCheckButton");
   Toggle("StdPartCheckButton");
@@ -244,7 +238,7 @@ TEST_F(MaterialEditing, APartThatIsNoStandardPartAnyMoreTakesAllValuesOfThePaste
 }
 
 TEST_F(MaterialEditing, APartThatIsNoStandardPartAnyMoreShowsInertiaAtTheReferencePoint) {
-  Edit(WithActive("Estimated"), "TabPage003");
+  Edit(SamplePartWithActive("Estimated"), "TabPage003");
   Pick("MTPasteValuesCombo", "Computed");
   Toggle("StdPartCheckButton");
   LookAtTheReferencePoint();
@@ -253,7 +247,7 @@ TEST_F(MaterialEditing, APartThatIsNoStandardPartAnyMoreShowsInertiaAtTheReferen
 }
 
 TEST_F(MaterialEditing, AStandardPartShowsDotsAlsoForAPastedTypeWithoutValues) {
-  Edit(WithActive("Estimated"), "TabPage003");
+  Edit(SamplePartWithActive("Estimated"), "TabPage003");
   Pick("MTPasteValuesCombo", "Weighed");
   Toggle("StdPartCheckButton");
   EXPECT_EQ(MTValues(), "4 kg; ..., ..., ...; ..., ..., ...; ..., ..., ...");
