@@ -226,8 +226,6 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   void OfferDelete(const KorUnicodeString& shownType);
   bool IsInEditMode() const;
   void OfferEditing(const KorUnicodeString& shownType);
-  void SetDistributionSensitivity(KorSensitivity sensitivity);
-  void FillPasteValues();
   void PasteValuesOf(const KorUnicodeString& source);
   void ShowMTInertia(const KorWBNymNavMassValues& values);
   void ShowDensityPriority();

@@ -98,20 +98,6 @@ void KorWBNymMainPanel::OfferPrecision() {
                                   KorEnabledIf(w.precisionType->GetSelect() == kUserDefinedPrecision));
 }
 
-void KorWBNymMainPanel::SetDistributionSensitivity(KorSensitivity sensitivity) {
-  for (KorDlgEditor* editor : _widgets.mtCG) editor->SetSensitivity(sensitivity);
-  for (KorDlgEditor* editor : _widgets.mtInertia) editor->SetSensitivity(sensitivity);
-}
-
-/// An empty line for nothing, then every mass type but the one shown.
-void KorWBNymMainPanel::FillPasteValues() {
-  const KorDlgCombo& types = *_widgets.massType;
-  _widgets.pasteValues->ClearLines();
-  _widgets.pasteValues->SetLine("", 0);
-  for (int line = 0; line < types.GetLineCount(); ++line)
-    if (line != types.GetSelect()) _widgets.pasteValues->SetLine(types.GetLine(line));
-}
-
 void KorWBNymMainPanel::OfferCommands() {
   const KorWBNymMainPanelWidgets& w = _widgets;
   KorWBNymMainPanelSetSensitivity({w.inertiaModeFrame, w.referenceModeFrame}, Disabled);
