@@ -132,6 +132,20 @@ TEST_F(EditMode, ShowsNoInertiaOfAMassTypeWithoutValues) {
   EXPECT_EQ(MTProducts(), "..., ..., ...");
 }
 
+TEST_F(EditMode, ShowsNothingOfAnotherMassTypeWhereThisOneHasNothing) {
+  protocol::PartData part = SamplePart();
+  part.massTypes[2].status = protocol::MassTypeStatus::Defined;
+  part.massTypes[2].mass = 6;  // weighed, and nothing else is known
+  Open(part);
+  PickPage("TabPage003");
+  Pick("MassTypeCombo", "Estimated");
+  Pick("MassTypeCombo", "Weighed");
+  Press("EditButton");
+  EXPECT_EQ(Text("MTMassEditor"), "6 kg");
+  EXPECT_EQ(Text("MTCGxEditor"), "...");
+  EXPECT_EQ(MTMoments(), "..., ..., ...");
+}
+
 // ---- documents, properties, material ----
 
 TEST_F(EditMode, OffersTheAutomaticRevisionAndOneChosenByHand) {

@@ -144,6 +144,14 @@ TEST_F(Revisions, AreChosenWithNothingElseToDoMeanwhile) {
   ExpectChoosing(true);
 }
 
+TEST_F(Revisions, AreNoLongerChosenOnceAnotherPartIsBound) {
+  EditByHand();
+  Press("ChangeActiveDocButton");
+  auto plain = BufferOf(SamplePart());
+  Panel().SetModel(plain.Get());
+  ExpectChoosing(false);
+}
+
 TEST_F(Revisions, AfterCancelKeepTheChangedSelectionButNotTheSensitivities) {
   EditByHand();
   Press("ChangeActiveDocButton");

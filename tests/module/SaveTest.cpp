@@ -85,6 +85,18 @@ TEST_F(SaveCommand, StoresMaterialAndDensity) {
   EXPECT_EQ(sent.material.density, 8500);
 }
 
+TEST_F(SaveCommand, LeavesADensityUndefinedUntilOneIsTyped) {
+  protocol::PartData part = SamplePart();
+  part.material.density.reset();
+  Edit(part);
+  EXPECT_EQ(Text("DensityEditor"), "0 kg/m³");
+  EXPECT_EQ(Save().material.density, std::nullopt);
+  Press("EditButton");
+  PickPage("TabPage004");
+  Type("DensityEditor", "0");
+  EXPECT_EQ(Save().material.density, 0);
+}
+
 struct Priority {
   const char* first;
   const char* second;
