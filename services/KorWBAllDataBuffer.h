@@ -147,6 +147,7 @@ class KOR_SERVICES_API KorWBAllDataBuffer : public KorBaseUnknown {
   virtual HRESULT SetMaterialName(const KorUnicodeString& name);
   /// kg/m³; 0 when it is not defined.
   virtual double GetDensity() const;
+  bool IsDensityDefined() const;
   /// Stores the density and makes it defined.
   virtual HRESULT SetDensity(double density);
   /// False forgets the density; true makes a density that was not defined 0.

@@ -158,6 +158,7 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   void ListRevisions();
   void ShowRevision(int index, const char* where);
   void SetRevisionChoice(KorSensitivity choosing);
+  void EndRevisionChoice();
   void LoadRevision(const KorUnicodeString& id, const KorUnicodeString& revision);
   HRESULT TakeRevision(const KorUnicodeString& reply);
   void OrganizeActiveDocsComboBox();
@@ -174,6 +175,7 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   // edit mode
   bool IsComputedShown() const;
   void ResetInertiaDisplay();
+  void ShowOwnDistribution();
   void OfferUserMassType();
   void OfferComputedMassType();
   void OfferMaterial();
@@ -193,6 +195,7 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   void StoreDistribution(const KorUnicodeString& shownType, const KorWBNymNavMassValues& stored);
   void StoreNoDistribution(const KorUnicodeString& shownType);
   void StoreMaterial();
+  void StoreDensity();
   bool AcceptMaterial();
   void StorePrecision(const KorUnicodeString& activeType);
   void StoreBounds(const KorUnicodeString& activeType);

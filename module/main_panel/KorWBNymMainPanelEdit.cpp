@@ -45,16 +45,23 @@ bool KorWBNymMainPanel::IsComputedShown() const {
   return _widgets.massType->GetSelectedLine().Compare(KorLumWBCSCommonDefinitions::Computed) != 0;
 }
 
-/// The refresh of the results leaves the computed inertia on the mass-types page too. From here on what
-/// stands there is what a save stores, so the page shows the inertia of its own mass type again.
 void KorWBNymMainPanel::ResetInertiaDisplay() {
   Choose(*_widgets.atCG);
   Choose(*_widgets.currentPart);
+  ShowOwnDistribution();
+}
+
+/// From here on what stands on the mass-types page is what a save stores. So the page shows the values of its
+/// own mass type alone: not the inertia that the refresh of the results has left there, nor what stayed of
+/// another mass type where this one has nothing.
+void KorWBNymMainPanel::ShowOwnDistribution() {
+  using Display = KorWBNymNavUnitDisplay;
   const auto shown = ShownDistribution();
+  if (!shown || !shown->cg) Display::ShowNoValueIn(_widgets.mtCG);
   if (shown && shown->inertia)
     RefreshMomentOfInertiaUnits(*shown->inertia, "Current");
   else
-    KorWBNymNavUnitDisplay::ShowNoValueIn(_widgets.mtInertia);
+    Display::ShowNoValueIn(_widgets.mtInertia);
 }
 
 void KorWBNymMainPanel::OfferUserMassType() {

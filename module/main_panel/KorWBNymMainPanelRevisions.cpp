@@ -123,6 +123,11 @@ void KorWBNymMainPanel::SetRevisionChoice(KorSensitivity choosing) {
                                   others);
 }
 
+/// The part that comes next may have no documents, and nobody could leave the choice on its disabled page.
+void KorWBNymMainPanel::EndRevisionChoice() {
+  if (_widgets.documentsPage && _widgets.cancelActiveDoc->IsEnabled()) SetRevisionChoice(Disabled);
+}
+
 void KorWBNymMainPanel::OnChangeActiveDocNotification(KorCommand*, KorNotification*, KorCommandClientData) {
   SetRevisionChoice(Enabled);
 }

@@ -113,11 +113,19 @@ void KorWBNymMainPanel::StoreNoDistribution(const KorUnicodeString& shownType) {
   _dataBuffer->SetInertia(shownType, KorMath3x3Matrix());
 }
 
-void KorWBNymMainPanel::StoreMaterial() {
-  const auto density =
-      KorWBNymNavEditedValue::Read(*_widgets.density, Display::kDensity, _dataBuffer->GetDensity());
+/// A density that is not defined is shown as 0; it stays undefined until somebody types one.
+void KorWBNymMainPanel::StoreDensity() {
+  const double stored = _dataBuffer->GetDensity();
+  if (!_dataBuffer->IsDensityDefined() &&
+      KorWBNymNavEditedValue::Shows(*_widgets.density, Display::kDensity, stored))
+    return;
+  const auto density = KorWBNymNavEditedValue::Read(*_widgets.density, Display::kDensity, stored);
   if (density) _dataBuffer->SetDensity(*density);
   _dataBuffer->SetDensityDefined(density.has_value());
+}
+
+void KorWBNymMainPanel::StoreMaterial() {
+  StoreDensity();
   RefreshDensityUnits();
   const KorUnicodeString priority = _widgets.firstPriority->GetSelectedLine().ToUpper() + "_" +
                                     _widgets.secondPriority->GetSelectedLine().ToUpper();

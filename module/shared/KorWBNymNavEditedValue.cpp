@@ -10,12 +10,12 @@ namespace {
 
 constexpr double kFractionPerPercent = 0.01;
 
-bool Shows(const KorDlgEditor& editor, const char* magnitude, double stored) {
+}  // namespace
+
+bool KorWBNymNavEditedValue::Shows(const KorDlgEditor& editor, const char* magnitude, double stored) {
   const auto display = KorWBNymNavUnitDisplay::Of(magnitude);
   return display && editor.GetText() == display->Show(stored);
 }
-
-}  // namespace
 
 std::optional<double> KorWBNymNavEditedValue::Read(const KorDlgEditor& editor, const char* magnitude,
                                                    std::optional<double> stored) {

@@ -12,6 +12,9 @@ class KorDlgEditor;
 /// value stands for that value with all its digits: what nobody edited is never rounded.
 namespace KorWBNymNavEditedValue {
 
+/// Whether the editor shows a stored value of a magnitude as nobody has edited it.
+bool Shows(const KorDlgEditor& editor, const char* magnitude, double stored);
+
 /// The value of a magnitude, typed in its current unit, in its storage unit. Nothing when no number opens the
 /// text, or one that is too large to be stored. `stored` is what the buffer holds, if anything.
 std::optional<double> Read(const KorDlgEditor& editor, const char* magnitude, std::optional<double> stored);
