@@ -18,7 +18,9 @@ protocol::Result<std::unique_ptr<EmbeddedTransport>> EmbeddedTransport::Open(con
 
 EmbeddedTransport::EmbeddedTransport(std::string file, std::unique_ptr<lumira::Store> store,
                                      lumira::Progress progress)
-    : _file(std::move(file)), _store(std::move(store)), _server(*_store, std::move(progress)) {}
+    : _file(std::move(file)),
+      _store(std::move(store)),
+      _server(*_store, std::move(progress), lumira::UserOfEnvironment()) {}
 
 std::string EmbeddedTransport::Run(const std::string& command, const std::string& request) {
   return _server.Run(command, request);
