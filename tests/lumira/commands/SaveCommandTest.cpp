@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "SaveFixture.h"
+#include "Variations.h"
 
 namespace lumira::test {
 namespace {
@@ -345,6 +346,39 @@ TEST_F(SaveCommand, KeepsAnInvalidPropertyThatNobodyHasTouched) {
   Property(data, "colour").value = "blue";
   SaveWell(data);
   EXPECT_EQ(PartDataOf("a").properties.at(0).value, "about three");
+}
+
+// What a save has taken of a request.
+void ExpectStored(const protocol::PartData& request, const protocol::PartData& stored) {
+  for (const protocol::MassType& sent : request.massTypes)
+    for (const protocol::MassType& type : stored.massTypes)
+      if (type.name == sent.name && type.name != "Computed") {
+        EXPECT_EQ(type.mass, sent.status == MassTypeStatus::Undefined ? std::nullopt : sent.mass);
+        EXPECT_EQ(type.upperPrecision, sent.upperPrecision);
+      }
+  EXPECT_EQ(stored.material.name, request.material.name);
+  EXPECT_EQ(stored.material.density, request.material.density);
+  EXPECT_EQ(stored.activeMassType, request.activeMassType);
+}
+
+TEST_F(SaveCommand, StoresVariedRequestsWholeOrNotAtAll) {
+  std::mt19937 random(11);
+  int saved = 0, refused = 0;
+  for (int i = 0; i < 1'500; ++i) {
+    const std::string before = StoredText();
+    const std::string request = Varied(before, random);
+    const std::string reply = Run(protocol::kCommandSavePart, request);
+    if (protocol::IsErrorReply(reply)) {
+      ++refused;
+      EXPECT_EQ(StoredText(), before) << request;
+      continue;
+    }
+    ++saved;
+    ASSERT_TRUE(protocol::ReadSaveReply(reply).Ok()) << reply;
+    ExpectStored(protocol::ReadPartData(request).Value(), PartDataOf("a"));
+  }
+  EXPECT_GT(saved, 100);
+  EXPECT_GT(refused, 500);
 }
 
 }  // namespace
