@@ -6,6 +6,7 @@
 #include <iostream>
 
 #include "desktop/app/Folders.h"
+#include "desktop/app/HistoryDialog.h"
 #include "desktop/app/ImportDialog.h"
 #include "desktop/app/MainWindow.h"
 #include "desktop/app/PdmCommands.h"
@@ -163,13 +164,17 @@ void MainWindow::ServerCommandEnded(const KorUnicodeString& command, const KorUn
   if (failed || (!saves && command != KorUnicodeString(protocol::kCommandComputePart))) return;
   // The panel is not done with the reply: its own server calls come before those of the window.
   QMetaObject::invokeMethod(
-      this, [this] { ValuesComputed(); }, Qt::QueuedConnection);
+      this, [this] { ValuesChanged(); }, Qt::QueuedConnection);
 }
 
-void MainWindow::ValuesComputed() {
+void MainWindow::ValuesChanged() {
+  if (_history) _history->Reload();
   if (const auto refreshed = _model->RefreshValues(); !refreshed)
     return ShowError("Error.Tree", refreshed.Failure().message);
-  ShowSelection();
+  const auto text = ShowSelection();
+  // Another filter waits for the panel until what was typed there has been saved.
+  if (text && _partPanel.IsOpen() && !_partPanel.HasUnsavedValues() && !(_panelFilter == _shownFilter))
+    BindPartPanel(*text);
 }
 
 std::optional<std::string> MainWindow::ShowSelection() {
