@@ -6,15 +6,16 @@
 #include <QImageWriter>
 #include <QSaveFile>
 #include <QTreeView>
+#include <algorithm>
 
 #include "desktop/app/Folders.h"
-#include "desktop/app/PartValues.h"
 #include "desktop/app/PdmCommands.h"
 #include "desktop/app/SampleProduct.h"
 #include "framework/dialog/KorApplicationFrame.h"
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgRadioButton.h"
 #include "framework/dialog/KorDlgTabContainer.h"
+#include "framework/dialog/KorDlgTabPage.h"
 #include "framework/knowledge/KorUnitSystems.h"
 
 namespace desktop {
@@ -24,15 +25,15 @@ using protocol::Error;
 using protocol::ErrorKind;
 using protocol::Result;
 
-struct PageFile {
+/// What the picture of a page is called.
+struct PageName {
   const char* page;
-  const char* file;
+  const char* name;
 };
 
-constexpr PageFile kPageFiles[] = {
-    {"TabPage002", "part-panel-results.png"},         {"TabPage003", "part-panel-mass-types.png"},
-    {"TabPage004", "part-panel-material.png"},        {"TabPage005", "part-panel-precision.png"},
-    {"TabPageDocuments", "part-panel-documents.png"}, {"TabPageAdditional", "part-panel-additional.png"},
+constexpr PageName kPageNames[] = {
+    {"TabPage002", "results"},   {"TabPage003", "mass-types"},      {"TabPage004", "material"},
+    {"TabPage005", "precision"}, {"TabPageDocuments", "documents"}, {"TabPageAdditional", "additional"},
 };
 
 /// A custom reference: a point and axes turned by a quarter about z.
@@ -119,7 +120,7 @@ Result<void> HeadlessRun::RunSteps() {
   if (auto done = ComputeInPanel("Above_yaw"); !done) return done;
   _window.TreeView().expand(_window.TreeView().currentIndex());
   if (auto done = Save(&_window, "window.png"); !done) return done;
-  if (auto done = SavePages(); !done) return done;
+  if (auto done = SavePages("part-panel-"); !done) return done;
   if (auto done = SaveUnitSystem("Imperial", "part-panel-imperial.png"); !done) return done;
   if (auto done = SaveUnitSystem("Mixed", "part-panel-mixed.png"); !done) return done;
   if (auto done = SaveTheme(ThemeChoice::Dark, "window-dark.png", "part-panel-dark.png"); !done) return done;
@@ -127,6 +128,7 @@ Result<void> HeadlessRun::RunSteps() {
   if (auto done = ComputeInPanel("generator"); !done) return done;
   if (auto done = ComputeUnderFilters(); !done) return done;
   if (auto done = SaveWarnings(); !done) return done;
+  if (auto done = EditAndSave(); !done) return done;
   return SaveValues();
 }
 
@@ -141,7 +143,7 @@ Result<void> HeadlessRun::OpenSample() {
   return {};
 }
 
-Result<void> HeadlessRun::ComputeInPanel(const std::string& part, const std::string& filter) {
+Result<void> HeadlessRun::ShowInPanel(const std::string& part) {
   const std::string product = _window.Tree().ProductAt({});
   const auto place = FindPart(product, part);
   if (!place) return place.Failure();
@@ -149,23 +151,36 @@ Result<void> HeadlessRun::ComputeInPanel(const std::string& part, const std::str
     return Fail("\"" + part + "\" cannot be selected");
   _window.ShowPartPanel();
   if (!_window.PartPanel().IsOpen()) return Fail("the part panel did not open on \"" + part + "\"");
+  return {};
+}
+
+Result<PartValues> HeadlessRun::Compute(const std::string& part) {
+  if (auto done = ShowInPanel(part); !done) return done.Failure();
   if (!_window.PartPanel().Compute()) return Fail("the button that computes cannot be pressed");
   QApplication::processEvents();
   const auto values = ReadPartValues(*_window.PartPanel().Buffer());
   if (!values) return Fail("computing \"" + part + "\" gave no values");
-  _values += FormatPartValues(part, *values, filter);
+  return *values;
+}
+
+Result<void> HeadlessRun::ComputeInPanel(const std::string& part, const std::string& filter) {
+  const auto values = Compute(part);
+  if (!values) return values.Failure();
+  _values += FormatPartValues(part, values.Value(), filter);
   return {};
 }
 
-Result<void> HeadlessRun::SavePages() {
+Result<void> HeadlessRun::SavePages(const QString& start) {
   auto& pages = _window.PartPanel().Panel()->Find<KorDlgTabContainer>("TabContainer001");
   for (int i = 0; i < pages.GetPageCount(); ++i) {
-    if (!pages.GetPage(i)->IsShown()) continue;
-    if (!pages.Pick(i)) return Fail("the page \"" + pages.GetPage(i)->Name() + "\" cannot be picked");
-    for (const PageFile& file : kPageFiles) {
-      if (pages.GetPage(i)->Name() != file.page) continue;
-      if (auto done = Save(_window.PartPanel().Window(), file.file); !done) return done;
-    }
+    const KorDlgTabPage& page = *pages.GetPage(i);
+    const auto named = std::find_if(std::begin(kPageNames), std::end(kPageNames),
+                                    [&](const PageName& one) { return page.Name() == one.page; });
+    if (named == std::end(kPageNames) || !page.IsShown() || !page.IsEnabled()) continue;
+    const QString file = start + named->name + ".png";
+    if (_pictures.contains(file)) continue;
+    if (!pages.Pick(i)) return Fail("the page \"" + page.Name() + "\" cannot be picked");
+    if (auto done = Save(_window.PartPanel().Window(), file); !done) return done;
   }
   return pages.Pick(0) ? Result<void>() : Fail("the first page cannot be picked");
 }
@@ -206,6 +221,7 @@ Result<void> HeadlessRun::Save(QWidget* window, const QString& file) {
   QApplication::processEvents();
   QApplication::processEvents();
   const QString path = QDir(_folder).filePath(file);
+  _pictures << file;
   const QImage picture = window->grab().toImage();
   return WriteFile(path, [&picture](QSaveFile& target) {
     QImageWriter writer(&target, "PNG");

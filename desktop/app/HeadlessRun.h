@@ -3,13 +3,15 @@
 #include <QTemporaryDir>
 
 #include "desktop/app/MainWindow.h"
+#include "desktop/app/PartValues.h"
 #include "desktop/toolkit/HeadlessBoxes.h"
 
 namespace desktop {
 
 /// The main job without a display: makes and opens the sample product, computes an assembly in the part panel
 /// by the verbs that a user's clicks end in, and leaves the screens as pictures and the values as text in a
-/// folder. The same under each filter of the product, and under one of two instances.
+/// folder. The same under each filter of the product, and under one of two instances. At last it edits and
+/// saves a part, and computes the assembly anew.
 class HeadlessRun {
  public:
   explicit HeadlessRun(const QString& folder);
@@ -25,13 +27,22 @@ class HeadlessRun {
   protocol::Result<void> OpenSample();
   /// `filter` names the one in force in the values; empty: none is.
   protocol::Result<void> ComputeInPanel(const std::string& part, const std::string& filter = {});
-  protocol::Result<void> SavePages();
+  /// Selects the part, opens the panel on it and computes it there.
+  protocol::Result<PartValues> Compute(const std::string& part);
+  protocol::Result<void> ShowInPanel(const std::string& part);
+  /// A picture of each page that can be picked, named `start` and the page; those that are there stay.
+  protocol::Result<void> SavePages(const QString& start);
   protocol::Result<void> SaveCustomReference();
   protocol::Result<void> CheckReference(const std::string& button);
   protocol::Result<void> SaveUnitSystem(const char* system, const QString& file);
   protocol::Result<void> SaveTheme(ThemeChoice theme, const QString& windowFile, const QString& panelFile);
   protocol::Result<void> Save(QWidget* window, const QString& file);
   protocol::Result<void> SaveValues();
+  // editing
+  protocol::Result<void> EditAndSave();
+  protocol::Result<void> TypeMass(const std::string& massType, const std::string& mass);
+  protocol::Result<void> PressInPanel(const std::string& button);
+  protocol::Result<void> SaveHistory(const std::string& part);
   // filters and warnings
   protocol::Result<void> ComputeUnderFilters();
   protocol::Result<void> ComputeUnderConfiguration(const std::string& name);
@@ -48,6 +59,7 @@ class HeadlessRun {
   QtBackend _backend;
   MainWindow _window;
   std::string _values;
+  QStringList _pictures;  ///< files made so far
 };
 
 }  // namespace desktop

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QApplication>
+#include <QTest>
+
+#include "framework/dialog/KorDlgCombo.h"
+#include "framework/dialog/KorDlgEditor.h"
+#include "framework/dialog/KorDlgPushButton.h"
+#include "framework/dialog/KorDlgTabContainer.h"
+#include "tests/desktop/app/WindowHarness.h"
+#include "tests/desktop/support/QtApplication.h"
+
+namespace desktop::test {
+
+/// The part panel on the bedplate of the sample, whose mass type "Calculated" can be typed.
+class EditingTest : public WindowTest {
+ protected:
+  static constexpr const char* kMassTypes = "TabContainer001.TabPage003.";
+  static constexpr const char* kMass = "TabContainer001.TabPage003.Frame107.Frame231.MTMassEditor";
+  static constexpr const char* kCGx = "TabContainer001.TabPage003.Frame113.MTCGFrame.MTCGxEditor";
+  enum Page { kResultsPage, kMassTypesPage, kMaterialPage, kPrecisionPage };
+  enum Answer { kGiveUp = 0, kKeep = 1 };
+
+  void SetUp() override {
+    qputenv("USER", "eva");
+    WindowTest::SetUp();
+    OpenPanelOnBedplate();
+  }
+  void TearDown() override {
+    WindowTest::TearDown();
+    qunsetenv("USER");
+  }
+
+  void OpenPanelOnBedplate() {
+    Select({"nacelle.1", "Above_yaw.1", "bedplate.1"});
+    window.ShowPartPanel();
+    ASSERT_TRUE(window.PartPanel().IsOpen());
+    RunPendingEvents();
+    QApplication::setActiveWindow(window.PartPanel().Window());
+  }
+  void GoTo(Page page) { ASSERT_TRUE(Panel().Find<KorDlgTabContainer>("TabContainer001").Pick(page)); }
+  bool Press(const char* button) {
+    return Panel().Find<KorDlgPushButton>(std::string("Frame238.") + button).Press();
+  }
+  /// Presses Edit with the mass type "Calculated" shown on its page.
+  void Edit() {
+    GoTo(kMassTypesPage);
+    ASSERT_TRUE(Panel()
+                    .Find<KorDlgCombo>("TabContainer001.TabPage003.Frame107.Frame231.MassTypeCombo")
+                    .Pick("Calculated"));
+    ASSERT_TRUE(Press("EditButton"));
+  }
+  void Type(const char* editor, const std::string& text) {
+    ASSERT_TRUE(Panel().Find<KorDlgEditor>(editor).Type(text)) << editor;
+  }
+  void EditMass(const std::string& text) {
+    Edit();
+    Type(kMass, text);
+  }
+  void Save() {
+    ASSERT_TRUE(Press("SaveButton"));
+    RunPendingEvents();
+  }
+  std::string TextOf(const char* editor) { return Panel().Find<KorDlgEditor>(editor).GetText().Utf8(); }
+  std::string MarkOf(const char* editor) { return Panel().Find<KorDlgEditor>(editor).GetMarking().Utf8(); }
+  bool IsEditing() { return window.PartPanel().IsOpen() && IsInEditMode(Panel()); }
+  std::string CurrentInstance() {
+    return window.TreeView()
+        .currentIndex()
+        .siblingAtColumn(ProductTreeModel::Instance)
+        .data()
+        .toString()
+        .toStdString();
+  }
+};
+
+}  // namespace desktop::test

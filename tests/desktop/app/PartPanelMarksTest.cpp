@@ -1,0 +1,126 @@
+// Texts that the part panel could not read are marked while they are typed.
+#include "framework/knowledge/KorUnitSystems.h"
+#include "tests/desktop/app/EditingHarness.h"
+
+namespace desktop::test {
+namespace {
+
+using PartPanelMarksTest = EditingTest;
+
+constexpr const char* kUpper = "TabContainer001.TabPage005.Frame252.PrecisionValueFrame.UpperValueEditor";
+constexpr const char* kDensity = "TabContainer001.TabPage004.MaterialAndDensityFrame.DensityEditor";
+
+TEST_F(PartPanelMarksTest, NothingIsMarkedInDisplayModeAndWhenEditingBegins) {
+  EXPECT_EQ(MarkOf(kMass), "");
+  Edit();
+  EXPECT_EQ(MarkOf(kMass), "");
+  EXPECT_EQ(MarkOf(kCGx), "");
+}
+
+TEST_F(PartPanelMarksTest, ATextThatIsNoNumberIsMarkedUntilItIsOne) {
+  Edit();
+  Type(kCGx, "about 3");
+  EXPECT_EQ(MarkOf(kCGx), "\"about 3\" cannot be read as a number, with or without \"mm\" behind it.");
+  Type(kCGx, "3 mm");
+  EXPECT_EQ(MarkOf(kCGx), "");
+}
+
+TEST_F(PartPanelMarksTest, ANumberInAnotherUnitIsMarkedBecauseOnlyItsNumberWouldBeRead) {
+  Edit();
+  Type(kCGx, "3 m");
+  EXPECT_NE(MarkOf(kCGx), "");
+}
+
+TEST_F(PartPanelMarksTest, ASumInTheMassEditorIsNoError) {
+  EditMass("2 * (3 + 4.5)");
+  EXPECT_EQ(TextOf(kMass), "15");
+  EXPECT_EQ(MarkOf(kMass), "");
+}
+
+TEST_F(PartPanelMarksTest, ASumThatCannotBeWorkedOutIsMarked) {
+  EditMass("2 / 0");
+  EXPECT_EQ(TextOf(kMass), "2 / 0");
+  EXPECT_EQ(MarkOf(kMass),
+            "\"2 / 0\" can be read neither as a number nor as a sum such as 2 * (3 + 4.5), with or without "
+            "\"kg\" behind it.");
+}
+
+TEST_F(PartPanelMarksTest, NoValueIsNoError) {
+  Edit();
+  Type(kCGx, "...");
+  EXPECT_EQ(MarkOf(kCGx), "");
+}
+
+TEST_F(PartPanelMarksTest, ANumberThatIsNotFiniteIsMarked) {
+  Edit();
+  for (const char* text : {"1e999", "inf", "nan"}) {
+    Type(kCGx, text);
+    EXPECT_NE(MarkOf(kCGx), "") << text;
+  }
+}
+
+TEST_F(PartPanelMarksTest, ALongTextIsNotToldWhole) {
+  Edit();
+  Type(kCGx, std::string(5'000'000, 'x'));
+  EXPECT_LT(MarkOf(kCGx).size(), 200u);
+  EXPECT_NE(MarkOf(kCGx), "");
+}
+
+TEST_F(PartPanelMarksTest, ABoundIsReadInPercentOrAsAMassAsItsKindSays) {
+  Edit();
+  GoTo(kPrecisionPage);
+  ASSERT_TRUE(Panel().Find<KorDlgCombo>("TabContainer001.TabPage005.Frame252.Frame092.TypeCombo").Pick(1));
+  Type(kUpper, "5 kg");
+  EXPECT_NE(MarkOf(kUpper), "");
+  Type(kUpper, "5 %");
+  EXPECT_EQ(MarkOf(kUpper), "");
+}
+
+TEST_F(PartPanelMarksTest, ABoundThatCannotBeTypedIsNotMarked) {
+  Edit();
+  GoTo(kPrecisionPage);
+  auto& type = Panel().Find<KorDlgCombo>("TabContainer001.TabPage005.Frame252.Frame092.TypeCombo");
+  ASSERT_TRUE(type.Pick(1));
+  Type(kUpper, "much");
+  ASSERT_NE(MarkOf(kUpper), "");
+  ASSERT_TRUE(type.Pick(0));
+  EXPECT_EQ(MarkOf(kUpper), "");
+}
+
+TEST_F(PartPanelMarksTest, NoDensityIsNoError) {
+  Edit();
+  GoTo(kMaterialPage);
+  Type(kDensity, "heavy");
+  EXPECT_NE(MarkOf(kDensity), "");
+  Type(kDensity, "");
+  EXPECT_EQ(MarkOf(kDensity), "");
+}
+
+TEST_F(PartPanelMarksTest, AMarkGoesWithEditMode) {
+  Edit();
+  Type(kCGx, "about 3");
+  Save();
+  EXPECT_FALSE(IsEditing());
+  EXPECT_EQ(MarkOf(kCGx), "");
+}
+
+TEST_F(PartPanelMarksTest, AMarkGoesWhenAnotherMassTypeIsShown) {
+  Edit();
+  Type(kCGx, "about 3");
+  ASSERT_TRUE(Panel()
+                  .Find<KorDlgCombo>("TabContainer001.TabPage003.Frame107.Frame231.MassTypeCombo")
+                  .Pick("Computed"));
+  EXPECT_EQ(MarkOf(kCGx), "");
+}
+
+TEST_F(PartPanelMarksTest, AMarkGoesWhenAnotherPartIsShown) {
+  Edit();
+  Type(kCGx, "about 3");
+  boxes.answers = {kGiveUp};
+  Select({"nacelle.1", "Above_yaw.1", "yaw.1"});
+  RunPendingEvents();
+  EXPECT_EQ(MarkOf(kCGx), "");
+}
+
+}  // namespace
+}  // namespace desktop::test

@@ -1,0 +1,257 @@
+// What a save changes on the screen, and that nothing typed is lost without a question.
+#include <QFile>
+#include <QStatusBar>
+#include <QTreeView>
+
+#include "desktop/app/SelectionPane.h"
+#include "framework/knowledge/KorUnitSystems.h"
+#include "tests/desktop/app/EditingHarness.h"
+#include "tests/desktop/app/ScriptedTransport.h"
+
+namespace desktop::test {
+namespace {
+
+class SavingTest : public EditingTest {
+ protected:
+  /// How the computed values of an occurrence stand, as the tree shows it.
+  std::string StatusAt(const std::vector<std::string>& instancePath) {
+    const QModelIndex line = window.Tree().IndexOf("IEA15", instancePath);
+    return line.siblingAtColumn(ProductTreeModel::Status).data().toString().toStdString();
+  }
+  void ComputeAt(const std::vector<std::string>& instancePath) {
+    Select(instancePath);
+    RunPendingEvents();
+    window.Compute();
+    RunPendingEvents();
+  }
+  std::string PaneMass() { return window.Selection().ActiveText("Selection.Mass").toStdString(); }
+};
+
+TEST_F(SavingTest, ASaveMakesEveryAncestorOutOfDateInTheTree) {
+  const std::vector<std::string> aboveYaw{"nacelle.1", "Above_yaw.1"};
+  for (const std::vector<std::string>& path : {{}, {"nacelle.1"}, aboveYaw}) ComputeAt(path);
+  OpenPanelOnBedplate();
+  ASSERT_EQ(StatusAt({}), "up to date");
+  EditMass("43000");
+  Save();
+  for (const std::vector<std::string>& path : {{}, {"nacelle.1"}, aboveYaw})
+    EXPECT_EQ(StatusAt(path), "out of date") << path.size();
+}
+
+TEST_F(SavingTest, ASaveShowsTheNewValuesInTheSelectionPane) {
+  EditMass("43000");
+  EXPECT_EQ(PaneMass(), "42274.27441 kg");
+  Save();
+  EXPECT_EQ(PaneMass(), "43000 kg");
+  EXPECT_TRUE(boxes.Messages().empty());
+  EXPECT_FALSE(IsEditing());
+}
+
+TEST_F(SavingTest, TheStatusBarSaysThatTheServerSaves) {
+  QString said;
+  KorPdmTransport* real = KorPdmClient::GetTransport();
+  ScriptedTransport server;
+  server.answer = [&](const std::string& command, const std::string& request) {
+    if (command == "WBSaveNymValues") said = window.statusBar()->currentMessage();
+    return real->Run(command, request);
+  };
+  EditMass("43000");
+  Save();
+  EXPECT_EQ(said, "The server saves\u2026");
+  EXPECT_EQ(window.statusBar()->currentMessage(), "");
+}
+
+TEST_F(SavingTest, AnErrorReplyChangesNothingButThePanelsOwnMessage) {
+  ComputeAt({"nacelle.1", "Above_yaw.1"});
+  OpenPanelOnBedplate();
+  KorPdmTransport* real = KorPdmClient::GetTransport();
+  ScriptedTransport server;
+  server.answer = [real](const std::string& command, const std::string& request) {
+    return command == "WBSaveNymValues" ? protocol::ErrorReply("the disk is full")
+                                        : real->Run(command, request);
+  };
+  EditMass("43000");
+  server.commands.clear();
+  Save();
+  EXPECT_EQ(OnlyMessage(), "the disk is full");
+  EXPECT_EQ(server.commands, std::vector<std::string>{"WBSaveNymValues"});
+  EXPECT_EQ(PaneMass(), "42274.27441 kg");
+  EXPECT_EQ(StatusAt({"nacelle.1", "Above_yaw.1"}), "up to date");
+}
+
+class DeadServerTest : public SavingTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(DeadServerTest, LeavesThePanelUsableAndTheNextSaveStoresWhatWasTyped) {
+  KorPdmTransport* real = KorPdmClient::GetTransport();
+  {
+    ScriptedTransport server;
+    server.answer = [real](const std::string& command, const std::string& request) {
+      return command == "WBSaveNymValues" ? std::string(GetParam()) : real->Run(command, request);
+    };
+    EditMass("43000");
+    Save();
+    EXPECT_EQ(boxes.Messages().size(), 1u);
+    EXPECT_EQ(PaneMass(), "42274.27441 kg");
+  }
+  ASSERT_TRUE(window.PartPanel().IsOpen());
+  EXPECT_TRUE(window.PartPanel().HasUnsavedValues());
+  EXPECT_EQ(TextOf(kMass), "43000 kg");
+  ASSERT_TRUE(Press("EditButton"));
+  Save();
+  EXPECT_EQ(PaneMass(), "43000 kg");
+  EXPECT_FALSE(window.PartPanel().HasUnsavedValues());
+}
+
+INSTANTIATE_TEST_SUITE_P(LastWords, DeadServerTest,
+                         testing::Values("", "LumiraError: the server does not answer"));
+
+TEST_F(SavingTest, WhatIsSavedIsSavedInTheNameOfTheUser) {
+  EditMass("43000");
+  Save();
+  const std::string history =
+      window.Session().Transport().Run("LumGetHistory", "HistoryRequest/1|bedplate|0|100|end");
+  EXPECT_NE(history.find("|eva|"), std::string::npos) << history;
+}
+
+// ---- nothing typed is lost without a question ----
+
+TEST_F(SavingTest, NothingIsAskedOutsideEditMode) {
+  Press("CloseButton");
+  RunPendingEvents();
+  EXPECT_FALSE(window.PartPanel().IsOpen());
+  EXPECT_TRUE(boxes.Questions().empty());
+}
+
+TEST_F(SavingTest, ClosingInEditModeAsksAndKeepsThePanelWhenTheUserGoesOn) {
+  EditMass("43000");
+  boxes.answers = {kKeep};
+  Press("CloseButton");
+  RunPendingEvents();
+  ASSERT_EQ(boxes.Questions().size(), 1u);
+  EXPECT_EQ(boxes.Questions()[0].text,
+            "What was typed for part bedplate has not been saved and would be lost.");
+  ASSERT_TRUE(IsEditing());
+  EXPECT_EQ(TextOf(kMass), "43000");
+}
+
+TEST_F(SavingTest, ClosingInEditModeClosesWhenTheUserGivesUp) {
+  EditMass("43000");
+  boxes.answers = {kGiveUp};
+  window.PartPanel().Window()->close();
+  RunPendingEvents();
+  EXPECT_FALSE(window.PartPanel().IsOpen());
+}
+
+TEST_F(SavingTest, ClosingAfterAFailedSaveAsks) {
+  EditMass("43000");
+  {
+    ScriptedTransport server;
+    Save();
+  }
+  boxes.answers = {kKeep};
+  Press("CloseButton");
+  RunPendingEvents();
+  EXPECT_EQ(boxes.Questions().size(), 1u);
+  EXPECT_TRUE(window.PartPanel().IsOpen());
+}
+
+TEST_F(SavingTest, AnotherSelectionAsksOnceAndComesBackWhenTheUserGoesOn) {
+  EditMass("43000");
+  boxes.answers = {kKeep};
+  Select({"nacelle.1", "Above_yaw.1", "generator.1"});
+  RunPendingEvents();
+  EXPECT_EQ(boxes.Questions().size(), 1u);
+  EXPECT_EQ(CurrentInstance(), "bedplate.1");
+  EXPECT_EQ(window.Selection().PartText("Selection.Part"), "bedplate");
+  EXPECT_TRUE(IsEditing());
+  EXPECT_EQ(TextOf(kMass), "43000");
+}
+
+TEST_F(SavingTest, AnotherSelectionIsShownInDisplayModeWhenTheUserGivesUp) {
+  EditMass("43000");
+  boxes.answers = {kGiveUp};
+  Select({"nacelle.1", "Above_yaw.1", "generator.1"});
+  RunPendingEvents();
+  EXPECT_EQ(boxes.Questions().size(), 1u);
+  EXPECT_EQ(window.Selection().PartText("Selection.Part"), "generator");
+  ASSERT_TRUE(window.PartPanel().IsOpen());
+  EXPECT_FALSE(IsEditing());
+  EXPECT_NE(TextOf("Frame012.SelectionEditor").find("generator.1"), std::string::npos);
+}
+
+TEST_F(SavingTest, ThePartPanelCommandBringsAPanelInEditModeToTheFrontAndLosesNothing) {
+  EditMass("43000");
+  window.ShowPartPanel();
+  EXPECT_TRUE(IsEditing());
+  EXPECT_EQ(TextOf(kMass), "43000");
+  EXPECT_TRUE(boxes.Questions().empty());
+}
+
+TEST_F(SavingTest, OpeningAnotherProductAsksOnce) {
+  EditMass("43000");
+  boxes.answers = {kKeep, kGiveUp};
+  EXPECT_FALSE(window.OpenProduct(File()));
+  EXPECT_TRUE(IsEditing());
+  EXPECT_TRUE(window.OpenProduct(File()));
+  EXPECT_FALSE(window.PartPanel().IsOpen());
+  EXPECT_EQ(boxes.Questions().size(), 2u);
+}
+
+TEST_F(SavingTest, ANewProductFileIsNotMadeWhenTheUserGoesOnEditing) {
+  EditMass("43000");
+  boxes.answers = {kKeep};
+  const QString file = folder.filePath("new.lumira");
+  EXPECT_FALSE(window.CreateProduct(file));
+  EXPECT_FALSE(QFile::exists(file));
+}
+
+TEST_F(SavingTest, QuittingAsksAndStaysWhenTheUserGoesOn) {
+  EditMass("43000");
+  boxes.answers = {kKeep};
+  EXPECT_FALSE(window.close());
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_TRUE(IsEditing());
+  boxes.answers = {kGiveUp};
+  EXPECT_TRUE(window.close());
+  EXPECT_FALSE(window.PartPanel().IsOpen());
+}
+
+TEST_F(SavingTest, ChoosingUnitsAsksBeforeWhatWasTypedWouldMeanSomethingElse) {
+  EditMass("43000");
+  boxes.answers = {kKeep};
+  window.Command("Units")->trigger();
+  EXPECT_EQ(boxes.Questions().size(), 1u);
+  EXPECT_EQ(TextOf(kMass), "43000");
+}
+
+TEST_F(SavingTest, OtherUnitsShowTheStoredValuesInDisplayMode) {
+  EditMass("43000");
+  KorApplyUnitSystem("Imperial");
+  window.UnitsChanged();
+  EXPECT_FALSE(IsEditing());
+  // 42274.27441488182 kg / 0.45359237
+  EXPECT_EQ(TextOf(kMass), "93198.82182 lb");
+}
+
+TEST_F(SavingTest, AnotherLanguageLeavesWhatWasTyped) {
+  EditMass("43000");
+  ASSERT_TRUE(window.ChooseLanguage("de"));
+  EXPECT_TRUE(IsEditing());
+  EXPECT_EQ(TextOf(kMass), "43000");
+}
+
+TEST_F(SavingTest, AnotherFilterWaitsForThePanelUntilItsValuesAreSaved) {
+  EditMass("43000");
+  ChooseFilter("Structure only");
+  EXPECT_EQ(TextOf(kMass), "43000");
+  const std::string before = TextOf("Frame250.AdditionalFrame1.ConfigHandler.ConfigHandlerEditor");
+  Save();
+  EXPECT_NE(TextOf("Frame250.AdditionalFrame1.ConfigHandler.ConfigHandlerEditor"), before);
+  EXPECT_NE(TextOf("Frame250.AdditionalFrame1.ConfigHandler.ConfigHandlerEditor").find("Structure only"),
+            std::string::npos);
+  EXPECT_EQ(PaneMass(), "43000 kg");
+  ChooseFilter("No Filter");
+}
+
+}  // namespace
+}  // namespace desktop::test
