@@ -35,7 +35,8 @@ void MakeLines(QTableView& table) {
   table.setShowGrid(false);
   table.verticalHeader()->hide();
   table.horizontalHeader()->setHighlightSections(false);
-  table.horizontalHeader()->setStretchLastSection(true);
+  table.horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  table.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 QTableWidgetItem* MakeItem(const QString& text) {
@@ -72,6 +73,7 @@ HistoryDialog::HistoryDialog(const std::string& part, QWidget* parent)
     if (onError) onError(error);
   };
   _saves->setModel(_model);
+  _saves->horizontalHeader()->setSectionResizeMode(HistoryModel::User, QHeaderView::Stretch);
   QObject::connect(_saves->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
                    [this] { ShowFields(); });
   QObject::connect(_model, &QAbstractItemModel::rowsInserted, this, [this] { ShowCounts(); });
@@ -89,6 +91,8 @@ void HistoryDialog::Build() {
   MakeLines(*_saves);
   MakeLines(*_fields);
   _fields->setColumnCount(static_cast<int>(std::size(kFieldColumns)));
+  for (int column = 1; column < _fields->columnCount(); ++column)
+    _fields->horizontalHeader()->setSectionResizeMode(column, QHeaderView::Stretch);
   _fields->setWordWrap(true);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(_heading);
@@ -119,7 +123,6 @@ void HistoryDialog::Reload() {
   _model->Reload();
   ChooseNumber(number);
   ShowCounts();
-  _saves->resizeColumnsToContents();
 }
 
 /// The latest one where there is no such save among those that are known.
@@ -192,7 +195,6 @@ void HistoryDialog::FillFields(const protocol::HistoryEntry& save) {
     _fields->setItem(row, 1, MakeItem(texts.before));
     _fields->setItem(row, 2, MakeItem(texts.after));
   }
-  _fields->horizontalHeader()->resizeSections(QHeaderView::ResizeToContents);
   _fields->resizeRowsToContents();
 }
 

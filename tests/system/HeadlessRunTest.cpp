@@ -63,13 +63,25 @@ TEST_F(HeadlessRun, EndsWellAndLeavesItsPictures) {
        {"window.png", "window-dark.png", "part-panel-results.png", "part-panel-mass-types.png",
         "part-panel-material.png", "part-panel-precision.png", "part-panel-imperial.png",
         "part-panel-mixed.png", "part-panel-dark.png", "part-panel-custom.png", "filter-panel.png",
-        "part-panel-filter.png", "window-filter.png", "warning-dialog.png"})
+        "part-panel-filter.png", "window-filter.png", "warning-dialog.png", "part-panel-edit-results.png",
+        "part-panel-edit-mass-types.png", "part-panel-edit-material.png", "part-panel-edit-precision.png",
+        "history.png"})
     EXPECT_TRUE(IsPng(name)) << name;
 }
 
 TEST_F(HeadlessRun, KeepsWhatQtCannotDoWithoutADisplayToItself) {
   ASSERT_TRUE(fs::exists(s_folder / "log"));
   EXPECT_EQ(FileText(s_folder / "log").find("This plugin"), std::string::npos) << FileText(s_folder / "log");
+}
+
+// Worked out from the sample's tables in exact arithmetic, with 43000 kg for the bedplate.
+TEST_F(HeadlessRun, TellsWhatTheSaveOfTheBedplateChangesAboveIt) {
+  EXPECT_NEAR(Value("saved.above_yaw.mass_kg"), 645582.2736735792, 1e-12 * 645582.2736735792);
+  ExpectPoint("saved.above_yaw", {-5.120373778758365, -0.14631703128246193, 4.312559133412999});
+  ExpectTensor("saved.above_yaw.inertia_cg_", {9476226.618777072, 10621485.35225945, 10546989.13690823,
+                                               483668.8774929535, 2202688.0320618246, -235961.14770707005});
+  ExpectTensor("saved.above_yaw.inertia_ref_", {21496694.151658878, 39554154.83271013, 27486833.204891074, 0,
+                                                16458380.735074362, 171401.81548770788});
 }
 
 // Published rows of the IEA 15 MW nacelle, see tests/lumira/data/README.md.

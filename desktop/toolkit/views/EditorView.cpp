@@ -12,9 +12,9 @@ namespace {
 constexpr int kLeastCharacters = 12;
 constexpr int kFrame = 10;  ///< device-independent pixels that border and padding take
 
-/// Whether a text is a number, with or without the symbol of a unit behind it.
+/// Whether a text is a number, with or without the symbol of a unit or "%" behind it.
 bool IsQuantity(const QString& text) {
-  static const QRegularExpression quantity(R"(^[-+]?\d[\d.,]*([eE][-+]?\d+)?( \S+)?$)");
+  static const QRegularExpression quantity(R"(^[-+]?\d[\d.,]*([eE][-+]?\d+)?( \S+|%)?$)");
   return quantity.match(text).hasMatch();
 }
 }  // namespace

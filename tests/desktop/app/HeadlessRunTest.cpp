@@ -26,7 +26,8 @@ TEST_F(HeadlessRunTest, LeavesPicturesAndValues) {
   ASSERT_TRUE(done.Ok()) << done.Failure().message;
   for (const char* file :
        {"window.png", "part-panel-results.png", "part-panel-custom.png", "filter-panel.png",
-        "part-panel-filter.png", "window-filter.png", "warning-dialog.png", "values.txt"})
+        "part-panel-filter.png", "window-filter.png", "warning-dialog.png", "part-panel-edit-mass-types.png",
+        "history.png", "values.txt"})
     EXPECT_TRUE(QFile::exists(scratch.filePath("out/") + file)) << file;
 }
 

@@ -31,8 +31,11 @@ std::string FieldRow(HistoryDialog& dialog, int row) {
 
 // ---- what a server tells is shown ----
 
-class HistoryDialogTest : public WindowTest {
+class HistoryDialogTest : public testing::Test {
  protected:
+  HistoryDialogTest() { KorApplyUnitSystem("Mixed"); }
+  ~HistoryDialogTest() override { KorApplyUnitSystem("Mixed"); }
+
   /// A server with this history, and with part data for units of properties and kinds of bounds.
   void Serve(protocol::History history, protocol::PartData data = {}) {
     server.answer = [history, data](const std::string& command, const std::string& request) {
@@ -93,7 +96,9 @@ TEST_F(HistoryDialogTest, ShowsQuantitiesInTheCurrentUnitsAndProductsWithTheirPh
 
 TEST_F(HistoryDialogTest, ShowsBoundsInPercentOrAsMassesAsTheyWereMeantThen) {
   protocol::PartData now;
-  now.massTypes = {{.name = "Weighed", .precisionValueType = 1}};
+  now.massTypes.resize(1);
+  now.massTypes[0].name = "Weighed";
+  now.massTypes[0].precisionValueType = 1;
   protocol::History history{"p", 2, {}};
   history.entries = {
       {2,

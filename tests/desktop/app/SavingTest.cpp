@@ -5,6 +5,7 @@
 
 #include "desktop/app/SelectionPane.h"
 #include "framework/knowledge/KorUnitSystems.h"
+#include "protocol/Codec.h"
 #include "tests/desktop/app/EditingHarness.h"
 #include "tests/desktop/app/ScriptedTransport.h"
 
@@ -112,6 +113,45 @@ TEST_F(SavingTest, WhatIsSavedIsSavedInTheNameOfTheUser) {
       window.Session().Transport().Run("LumGetHistory", "HistoryRequest/1|bedplate|0|100|end");
   EXPECT_NE(history.find("|eva|"), std::string::npos) << history;
 }
+
+// ---- values that nobody edits ----
+
+class UneditedTest : public SavingTest, public testing::WithParamInterface<const char*> {
+ protected:
+  static void TearDownTestSuite() { KorApplyUnitSystem("Mixed"); }
+  /// The bedplate as the server would send it now.
+  std::string StoredPart() {
+    protocol::PartDataRequest request;
+    request.partId = "bedplate";
+    return window.Session().Transport().Run("WBGetPartData", protocol::WritePartDataRequest(request));
+  }
+  void SaveUneditedWithShown(const char* massType) {
+    GoTo(kMassTypesPage);
+    ASSERT_TRUE(Panel()
+                    .Find<KorDlgCombo>("TabContainer001.TabPage003.Frame107.Frame231.MassTypeCombo")
+                    .Pick(massType));
+    ASSERT_TRUE(Press("EditButton"));
+    Save();
+  }
+};
+
+TEST_P(UneditedTest, ValuesStayExactlyAsTheyWereUnderEachUnit) {
+  const std::string before = StoredPart();
+  const auto magnitude = KorCkeGlobalFunctions::GetParmDictionary()->FindMagnitude(GetParam());
+  ASSERT_GE(magnitude->Units().size(), 3u);
+  for (const KorCkeUnit_var& unit : magnitude->Units()) {
+    magnitude->SetCurrentUnit(unit->Name());
+    window.UnitsChanged();
+    for (const char* massType : {"Calculated", "Computed"}) {
+      SaveUneditedWithShown(massType);
+      EXPECT_EQ(StoredPart(), before) << unit->Name() << ", " << massType;
+    }
+  }
+  EXPECT_TRUE(boxes.Messages().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Magnitudes, UneditedTest,
+                         testing::Values("MASS", "LENGTH", "INERTIAMOMENT", "DENSITY", "SURFACICMASS"));
 
 // ---- nothing typed is lost without a question ----
 
@@ -230,7 +270,7 @@ TEST_F(SavingTest, OtherUnitsShowTheStoredValuesInDisplayMode) {
   window.UnitsChanged();
   EXPECT_FALSE(IsEditing());
   // 42274.27441488182 kg / 0.45359237
-  EXPECT_EQ(TextOf(kMass), "93198.82182 lb");
+  EXPECT_EQ(TextOf(kMass), "93198.8217 lb");
 }
 
 TEST_F(SavingTest, AnotherLanguageLeavesWhatWasTyped) {
