@@ -184,11 +184,11 @@ TEST_F(SqliteFaults, EveryOverwrittenPageEndsInAnErrorOrTheRightProduct) {
 
 TEST_F(SqliteFaults, LostRowsAreNoticed) {
   const std::pair<const char*, const char*> cases[] = {
-      {"DELETE FROM instances WHERE instance = 'i2'", "has 3 parts and 1 instances instead of 3 and 2"},
+      {"DELETE FROM instances WHERE instance = 'i2'", "has 3 parts and 1 instance instead of 3 and 2"},
       {"DELETE FROM parts WHERE part = 'bare'", "has 2 parts and 2 instances instead of 3 and 2"},
-      {"DELETE FROM mass_types WHERE name = 'Estimated'", "part \"leaf\" has 1 mass types instead of 2"},
+      {"DELETE FROM mass_types WHERE name = 'Estimated'", "part \"leaf\" has 1 mass type instead of 2"},
       {"DELETE FROM mass_types", "part \"leaf\" has 0 mass types instead of 2"},
-      {"UPDATE mass_types SET part = 3 WHERE name = 'Estimated'", "has 1 mass types instead of 2"},
+      {"UPDATE mass_types SET part = 3 WHERE name = 'Estimated'", "has 1 mass type instead of 2"},
       {"DELETE FROM roots", "product \"PRC\" has 0 root parts, not one"},
       {"DELETE FROM products", "there is no product \"PRC\""}};
   MakeStore();
@@ -219,7 +219,7 @@ TEST_F(SqliteFaults, LostValuesOfAFilterAreNoticed) {
   const auto filters = OpenSqliteStore(file).Value()->LoadFilters("PRC");
   ASSERT_FALSE(filters.Ok());
   EXPECT_EQ(filters.Failure().kind, ErrorKind::Storage);
-  ExpectReason(filters.Failure().message, "filter \"Kit\" has 1 values of its conditions instead of 2");
+  ExpectReason(filters.Failure().message, "filter \"Kit\" has 1 value of its conditions instead of 2");
 }
 
 TEST_F(SqliteFaults, IdentifiersAndRootsThatWereNeverStoredAreRefused) {
