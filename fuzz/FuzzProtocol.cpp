@@ -52,6 +52,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Check(text, protocol::ReadHandlerRequest, protocol::WriteHandlerRequest);
   Check(text, protocol::ReadConfigurationHandler, protocol::WriteConfigurationHandler);
   Check(text, protocol::ReadPendingWarnings, protocol::WritePendingWarnings);
+  Check(text, protocol::ReadSaveReply, protocol::WriteSaveReply);
+  Check(text, protocol::ReadHistoryRequest, protocol::WriteHistoryRequest);
+  Check(text, protocol::ReadHistory, protocol::WriteHistory);
+  Check(text, protocol::ReadHistoryStateRequest, protocol::WriteHistoryStateRequest);
   // These two carry names as they stand, so the header of an error may be among them.
   if (!protocol::IsErrorReply(text)) {
     Check(text, protocol::ReadComputeRequest, protocol::WriteComputeRequest);

@@ -36,6 +36,9 @@ Error BadField(int number, std::string_view name, const std::string& reason) {
 std::string WritePartData(const PartData& data) { return WriteForm(data); }
 Result<PartData> ReadPartData(std::string_view text) { return ReadForm<PartData>(text); }
 
+std::string WriteSaveReply(const SaveReply& reply) { return WriteForm(reply); }
+Result<SaveReply> ReadSaveReply(std::string_view text) { return ReadForm<SaveReply>(text); }
+
 std::string WriteComputeOptions(const ComputeOptions& options) { return WriteForm(options); }
 Result<ComputeOptions> ReadComputeOptions(std::string_view text) { return ReadForm<ComputeOptions>(text); }
 
@@ -81,6 +84,17 @@ Result<HandlerRequest> ReadHandlerRequest(std::string_view text) { return ReadFo
 std::string WriteConfigurationHandler(const ConfigurationHandler& handler) { return WriteForm(handler); }
 Result<ConfigurationHandler> ReadConfigurationHandler(std::string_view text) {
   return ReadForm<ConfigurationHandler>(text);
+}
+
+std::string WriteHistoryRequest(const HistoryRequest& request) { return WriteForm(request); }
+Result<HistoryRequest> ReadHistoryRequest(std::string_view text) { return ReadForm<HistoryRequest>(text); }
+
+std::string WriteHistory(const History& history) { return WriteForm(history); }
+Result<History> ReadHistory(std::string_view text) { return ReadForm<History>(text); }
+
+std::string WriteHistoryStateRequest(const HistoryStateRequest& request) { return WriteForm(request); }
+Result<HistoryStateRequest> ReadHistoryStateRequest(std::string_view text) {
+  return ReadForm<HistoryStateRequest>(text);
 }
 
 std::string WriteComputeRequest(const ComputeRequest& request) {

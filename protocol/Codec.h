@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "protocol/Filter.h"
+#include "protocol/History.h"
 #include "protocol/PartData.h"
 #include "protocol/Requests.h"
 #include "protocol/Result.h"
@@ -23,6 +24,9 @@ namespace protocol {
 
 std::string WritePartData(const PartData& data);
 Result<PartData> ReadPartData(std::string_view text);
+
+std::string WriteSaveReply(const SaveReply& reply);
+Result<SaveReply> ReadSaveReply(std::string_view text);
 
 std::string WriteComputeOptions(const ComputeOptions& options);
 Result<ComputeOptions> ReadComputeOptions(std::string_view text);
@@ -73,5 +77,14 @@ Result<HandlerRequest> ReadHandlerRequest(std::string_view text);
 
 std::string WriteConfigurationHandler(const ConfigurationHandler& handler);
 Result<ConfigurationHandler> ReadConfigurationHandler(std::string_view text);
+
+std::string WriteHistoryRequest(const HistoryRequest& request);
+Result<HistoryRequest> ReadHistoryRequest(std::string_view text);
+
+std::string WriteHistory(const History& history);
+Result<History> ReadHistory(std::string_view text);
+
+std::string WriteHistoryStateRequest(const HistoryStateRequest& request);
+Result<HistoryStateRequest> ReadHistoryStateRequest(std::string_view text);
 
 }  // namespace protocol

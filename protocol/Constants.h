@@ -35,5 +35,8 @@ inline constexpr std::string_view kCommandFilters = "LumGetConfigFilters";
 inline constexpr std::string_view kCommandHandler = "LumGetConfigHandler";
 inline constexpr std::string_view kCommandSetHandler = "LumSetConfigHandler";
 inline constexpr std::string_view kCommandFindings = "LumGetFindings";
+inline constexpr std::string_view kCommandSavePart = "WBSaveNymValues";
+inline constexpr std::string_view kCommandHistory = "LumGetHistory";
+inline constexpr std::string_view kCommandHistoryState = "LumGetHistoryState";
 
 }  // namespace protocol

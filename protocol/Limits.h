@@ -26,4 +26,13 @@ inline constexpr std::size_t kMaxFilterRows = 100'000;
 /// Most children or hits that one reply carries; a request may ask for fewer.
 inline constexpr int kMaxPageEntries = 10'000;
 
+/// Most entries of a part's history that a request may ask for at once.
+inline constexpr int kMaxHistoryEntries = 1'000;
+
+/// Most changed fields that one entry of a history names.
+inline constexpr std::size_t kMaxHistoryChanges = 1'000;
+
+/// Longest value of a changed field in a history, bytes; a longer one is cut.
+inline constexpr std::size_t kMaxShownValueBytes = 255;
+
 }  // namespace protocol

@@ -109,6 +109,12 @@ struct PartData {
   std::string stateToken;  ///< which stored state this was read from; a save sends it back
 };
 
+/// What a save answers once everything is stored.
+struct SaveReply {
+  std::string partId;
+  std::string stateToken;  ///< of the state that is stored now; the next save sends it back
+};
+
 /// What a compute request says beyond the part: the third field of "WBComputeNymValues".
 struct ComputeOptions {
   std::string filter = "0|No Filter";

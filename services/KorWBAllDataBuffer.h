@@ -42,15 +42,20 @@ class KOR_SERVICES_API KorWBAllDataBuffer : public KorBaseUnknown {
   /// The whole buffer, as a save sends it.
   HRESULT GetAllData(KorUnicodeString& text) const;
   /// Replaces the content by that of a full data text. With `newSelection` true everything comes from the
-  /// text except what stands in no data text: the pre-compute switch and whether a compute makes sense with a user
-  /// mass type stay, here as below. With false the text tells of another state of the same part (another
+  /// text except what stands in no data text: the pre-compute switch and whether a compute makes sense with a
+  /// user mass type stay, here as below. With false the text tells of another state of the same part (another
   /// revision of its document): what belongs to the selection stays, that is instance path, configuration
   /// handler, filter, has-instance flag, inertia mode and placement. E_FAIL, with the buffer as it was and
   /// the reason in GetLastRefusal, when the text cannot be read, or when `newSelection` is false and it is
   /// about another part.
   HRESULT SetAllData(const KorUnicodeString& text, bool newSelection);
-  /// Why the last SetAllData or SetComputedData was refused, with the field's position; empty when it was
-  /// not.
+  /// Takes over what a save answers: the values are stored, and the next save tells of the state that this
+  /// one has made. An active document of which the save said nothing ("__null__") is again the one that the
+  /// data were read with; one that it named was chosen by the user. E_FAIL, with the buffer as it was and the
+  /// reason in GetLastRefusal, when the text cannot be read or is about another part.
+  HRESULT SetSaveReply(const KorUnicodeString& reply);
+  /// Why the last SetAllData, SetComputedData or SetSaveReply was refused, with the field's position; empty
+  /// when it was not.
   KorUnicodeString GetLastRefusal() const;
 
   // ---- the part ----
@@ -142,6 +147,7 @@ class KOR_SERVICES_API KorWBAllDataBuffer : public KorBaseUnknown {
   virtual HRESULT SetMaterialName(const KorUnicodeString& name);
   /// kg/m³; 0 when it is not defined.
   virtual double GetDensity() const;
+  bool IsDensityDefined() const;
   /// Stores the density and makes it defined.
   virtual HRESULT SetDensity(double density);
   /// False forgets the density; true makes a density that was not defined 0.

@@ -13,6 +13,8 @@ HRESULT KorWBAllDataBuffer::SetMaterialName(const KorUnicodeString& name) {
 
 double KorWBAllDataBuffer::GetDensity() const { return Data().data.material.density.value_or(0); }
 
+bool KorWBAllDataBuffer::IsDensityDefined() const { return Data().data.material.density.has_value(); }
+
 HRESULT KorWBAllDataBuffer::SetDensity(double density) {
   if (!std::isfinite(density)) return E_FAIL;
   Data().data.material.density = density;

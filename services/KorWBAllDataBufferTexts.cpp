@@ -86,6 +86,16 @@ HRESULT KorWBAllDataBuffer::SetAllData(const KorUnicodeString& text, bool newSel
   return S_OK;
 }
 
+HRESULT KorWBAllDataBuffer::SetSaveReply(const KorUnicodeString& reply) {
+  const auto read = protocol::ReadSaveReply(reply.Utf8());
+  if (!read) return Refuse(read.Failure().message);
+  if (const std::string& partId = read.Value().partId; partId != Data().data.partId)
+    return Refuse(OtherPart("SaveReply", partId, Data().data.partId));
+  Data().SetSaved(read.Value().stateToken);
+  Data().lastRefusal = {};
+  return S_OK;
+}
+
 KorUnicodeString KorWBAllDataBuffer::GetLastRefusal() const { return Data().lastRefusal; }
 
 HRESULT KorWBAllDataBuffer::Refuse(const KorUnicodeString& reason) {

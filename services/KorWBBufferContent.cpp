@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "protocol/Constants.h"
 #include "services/KorWBLengths.h"
 
 namespace {
@@ -18,6 +19,8 @@ std::optional<std::array<double, 3>> CgInMillimetres(const protocol::MassType& m
 
 void KorWBAllDataBuffer::Content::Replace(protocol::PartData newData) {
   data = std::move(newData);
+  storedDocumentId = data.documents.activeId;
+  storedDocumentVersion = data.documents.activeVersion;
   cgMillimetres.clear();
   std::transform(data.massTypes.begin(), data.massTypes.end(), std::back_inserter(cgMillimetres),
                  CgInMillimetres);
@@ -69,4 +72,18 @@ void KorWBAllDataBuffer::Content::SetComputed(const protocol::MassType& computed
   values.upperPrecision = listed->upperPrecision;
   *listed = std::move(values);
   cgMillimetres[IndexOf(*listed)] = CgInMillimetres(*listed);
+}
+
+void KorWBAllDataBuffer::Content::SetSaved(const std::string& stateToken) {
+  protocol::Documents& documents = data.documents;
+  data.stateToken = stateToken;
+  data.persisted = true;
+  const bool automatic = documents.activeId == protocol::kNull;
+  documents.usedSpecificRevisionBefore = documents.used && !automatic;
+  if (!automatic) {
+    storedDocumentId = documents.activeId;
+    storedDocumentVersion = documents.activeVersion;
+  }
+  documents.activeId = storedDocumentId;
+  documents.activeVersion = storedDocumentVersion;
 }

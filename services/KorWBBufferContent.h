@@ -20,6 +20,8 @@ struct KorWBAllDataBuffer::Content {
   // The first two stand in no data text: new data leave them as they are.
   bool mayReuseStoredResults = true;       ///< whether a compute may answer from results stored before
   bool computableWithUserMassType = true;  ///< whether a compute makes sense with a user mass type active
+  std::string storedDocumentId;            ///< active document of the stored state
+  std::string storedDocumentVersion;       ///< likewise
   KorUnicodeString lastRefusal;            ///< why the last text was refused; empty: it was not
 
   /// Takes over new wire data and works the millimetres out anew.
@@ -34,6 +36,8 @@ struct KorWBAllDataBuffer::Content {
   /// `mm` holds three lengths. A coordinate that does not differ from the present one keeps its metres.
   void SetCg(protocol::MassType& massType, const double* mm);
   void RemoveCg(protocol::MassType& massType);
+  /// The data as they are now are the stored state of that token.
+  void SetSaved(const std::string& stateToken);
   /// Takes over the values of a compute; the bounds that the user typed stay.
   void SetComputed(const protocol::MassType& computed);
 

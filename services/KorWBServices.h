@@ -1,5 +1,7 @@
 #pragma once
 
+#include <ctime>
+
 #include "framework/math/KorMath3x3Matrix.h"
 #include "framework/system/KorListValKorUnicodeString.h"
 #include "framework/system/KorStatus.h"
@@ -31,6 +33,15 @@ class KOR_SERVICES_API KorWBServices {
   /// The same with a status: E_FAIL, with `stored` left alone, when the magnitude is unknown.
   static HRESULT RestoreValue(double shown, const KorUnicodeString& magnitude, double& stored);
 
+  // ---- what a user types ----
+
+  /// Replaces a simple arithmetic expression by its value: decimal numbers ("2.5", "1e-3"), + - * /,
+  /// parentheses and signs, with the usual precedence. The text may end with the symbol of the unit in which
+  /// it is typed, which stays behind the value: "2*4 kg" becomes "8 kg". A text that is a number already, as
+  /// shown values are, stays as it is. E_FAIL, with the text as it was: what is no such expression, division
+  /// by zero, a result that is not finite on the way, parentheses nested too deeply (64).
+  static HRESULT EvaluateSimpleExpression(KorUnicodeString& text, const KorUnicodeString& unitSymbol = {});
+
   // ---- messages ----
 
   /// Shows a message box; a null parent means the main window.
@@ -51,6 +62,19 @@ class KOR_SERVICES_API KorWBServices {
   /// configuration handler) and receives that, one '/' and the elements joined by '/'; empty elements are
   /// left out.
   static void CleanPathForDisplay(const KorUnicodeString& path, KorUnicodeString& display);
+
+  /// Which fields a date has.
+  enum class DateFields { Date, DateAndTime };
+
+  /// Reads a date in `format`, such as "YYYY-MM-DD" or "DD/MM/YYYY"; an empty format means year, month and
+  /// day with `ymdDelimiter` between them. With DateAndTime the time of day follows: `delimiter`, then hours,
+  /// minutes and seconds with `hmsDelimiter` between them. Each field has as many digits as the format has
+  /// letters, and nothing may stand before or behind. `time` is in seconds since 1970, UTC. E_FAIL, with
+  /// `time` left alone, for any other text, a date that does not exist, and a format without one of the
+  /// fields.
+  static HRESULT GetDateFromText(const KorUnicodeString& text, const KorUnicodeString& format,
+                                 const KorUnicodeString& delimiter, const KorUnicodeString& ymdDelimiter,
+                                 const KorUnicodeString& hmsDelimiter, DateFields fields, std::time_t& time);
 
   /// The fields between the separators; two adjacent separators, or one at either end, give an empty field.
   /// An empty text has no fields. An empty separator leaves the text whole.

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "desktop/app/Texts.h"
+#include "desktop/app/UserName.h"
 #include "desktop/toolkit/QtText.h"
 #include "lumira/store/OpenSqliteStore.h"
 
@@ -18,7 +19,7 @@ protocol::Result<std::unique_ptr<EmbeddedTransport>> EmbeddedTransport::Open(con
 
 EmbeddedTransport::EmbeddedTransport(std::string file, std::unique_ptr<lumira::Store> store,
                                      lumira::Progress progress)
-    : _file(std::move(file)), _store(std::move(store)), _server(*_store, std::move(progress)) {}
+    : _file(std::move(file)), _store(std::move(store)), _server(*_store, std::move(progress), UserName()) {}
 
 std::string EmbeddedTransport::Run(const std::string& command, const std::string& request) {
   return _server.Run(command, request);

@@ -9,7 +9,7 @@
 
 namespace desktop {
 
-/// A server in this process, on a product file.
+/// A server in this process, on a product file. What is saved is saved in the name of UserName().
 class EmbeddedTransport : public KorPdmTransport {
  public:
   /// Fails as opening the store does: no such file, damaged, read-only, locked, of a newer version.

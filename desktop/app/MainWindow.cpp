@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include "desktop/app/HistoryDialog.h"
 #include "desktop/app/Icons.h"
 #include "desktop/app/SearchBox.h"
 #include "desktop/app/SelectionPane.h"
@@ -33,8 +34,8 @@ constexpr const char* kThemeMenu = "Menu.Theme";
 constexpr const char* kLanguageMenu = "Menu.Language";
 
 enum class OnToolbar { No, Yes };
-/// Whether a command does its work through the library of weight-and-balance commands.
-enum class Needs { Nothing, Library };
+/// What must be there for a command; with the library of weight-and-balance commands, a selection too.
+enum class Needs { Nothing, Selection, Library };
 
 /// Widths of the tree's columns at the first start, characters; the names take what is left.
 constexpr std::array kColumnWidths{18, 18, 12, 20, 21};
@@ -66,6 +67,7 @@ const MainWindow::CommandRow MainWindow::kCommands[] = {
      Needs::Library},
     {"AddToFilter", "Menu.Weight", nullptr, "Ctrl+Shift+L", OnToolbar::No, &MainWindow::AddToFilter,
      Needs::Library},
+    {"History", "Menu.Weight", nullptr, "Ctrl+H", OnToolbar::No, &MainWindow::ShowHistory, Needs::Selection},
     {"Find", "Menu.View", icons::Find, "Ctrl+F", OnToolbar::No, &MainWindow::FocusSearch},
     {"Units", "Menu.Settings", icons::Units, "Ctrl+U", OnToolbar::Yes, &MainWindow::AskForUnits},
     {"Tracing", "Menu.Settings", nullptr, "", OnToolbar::No, &MainWindow::AskForTracing},
@@ -92,6 +94,7 @@ MainWindow::MainWindow(Settings& settings, QtBackend& backend)
   BuildCentre();
   BuildStatusBar();
   _model->onError = [this](const protocol::Error& error) { ShowError("Error.Tree", error.message); };
+  _partPanel.mayClose = [this] { return MayGiveUpValues(); };
   _filterPanel.onFilterChanged = [this] { FilterChanged(); };
   _filterPanel.onDropped = [this](const std::vector<OccurrenceKey>& keys) {
     std::vector<OccurrencePlace> places;
@@ -231,6 +234,7 @@ void MainWindow::ShowTexts() {
   _search->RefreshTexts();
   _model->RefreshTexts();
   _pane->RefreshTexts();
+  if (_history) _history->RefreshTexts();
   _shownFilter = {};  // so that its texts are shown anew
   ShowStatus();
 }
@@ -262,8 +266,9 @@ void MainWindow::ShowStatus() {
   setWindowTitle(product.empty() ? Text("Title") : ToQt(product) + " \u2013 " + Text("Title"));
   _actions["ImportTables"]->setEnabled(_session.IsOpen());
   for (const CommandRow& row : kCommands)
-    if (row.needs == Needs::Library)
-      _actions[row.name]->setEnabled(_library.Commands() && _tree->currentIndex().isValid());
+    if (row.needs != Needs::Nothing)
+      _actions[row.name]->setEnabled(_tree->currentIndex().isValid() &&
+                                     (row.needs == Needs::Selection || _library.Commands()));
   _pane->PanelButton()->setEnabled(_library.Commands());
   ShowFilter();
 }
@@ -290,6 +295,7 @@ QStringList MainWindow::CommandNames() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+  if (!MayGiveUpValues()) return event->ignore();
   _settings.SetWindowState(kGeometryKey, saveGeometry());
   _settings.SetWindowState(kColumnsKey, _tree->header()->saveState());
   if (auto* splitter = findChild<QSplitter*>("MainSplitter"))

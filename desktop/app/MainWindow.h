@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPersistentModelIndex>
+#include <QPointer>
 #include <map>
 #include <optional>
 #include <string>
@@ -17,6 +19,7 @@
 #include "desktop/app/Tracing.h"
 #include "desktop/app/WarningListHost.h"
 #include "lumira/import/ImportReport.h"
+#include "protocol/History.h"
 
 class QAction;
 class QActionGroup;
@@ -26,6 +29,7 @@ class QTreeView;
 
 namespace desktop {
 
+class HistoryDialog;
 class SearchBox;
 class SelectionPane;
 
@@ -52,6 +56,11 @@ class MainWindow : public QMainWindow {
   bool Select(const std::string& product, const std::vector<std::string>& instancePath);
   /// Opens the part panel on what is selected.
   void ShowPartPanel();
+  /// Shows the saves of the selected part.
+  void ShowHistory();
+  /// Saves a part again as it was before or after one of its saves, after asking the user. Tells why not when
+  /// the server refuses it.
+  void SaveAgain(const std::string& part, int save, protocol::HistoryMoment moment);
   /// Computes what is selected by the part panel, opening it first where it is closed.
   void Compute();
   /// Opens the filter panel on the product of what is selected.
@@ -79,6 +88,8 @@ class MainWindow : public QMainWindow {
   ProductTreeModel& Tree() { return *_model; }
   QTreeView& TreeView() { return *_tree; }
   SelectionPane& Selection() { return *_pane; }
+  /// Null while none is open.
+  HistoryDialog* History() const;
   SearchBox& Search() { return *_search; }
   /// A command by its name in the table of commands, such as "PartPanel"; null when there is none.
   QAction* Command(const std::string& name) const;
@@ -128,12 +139,21 @@ class MainWindow : public QMainWindow {
   void ForgetIfGone(const QString& file, const protocol::Error& why);
   void ReloadTree();
   void SelectionChanged();
+  void DecideOnSelection();
+  void ShowChangedSelection();
+  /// Asks for leave to lose what has been typed into the part panel and not been saved; true when there is
+  /// nothing of the kind. Everything that closes or binds the panel asks here first.
+  bool MayGiveUpValues();
+  bool OpenInPlace(const QString& file);
+  bool AskToSaveAgain(const std::string& part, int save, protocol::HistoryMoment moment);
+  bool ShowsInPanel(const std::string& part) const;
+  void ValuesSaved(PartPanelHost::SaveOutcome outcome);
   /// Shows the selected part in the pane. Its data as the server sent it; nothing, with the pane as it was,
   /// when they cannot be read.
   std::optional<std::string> ShowSelection();
   void BindPartPanel(const std::string& partDataText);
   void ServerCommandEnded(const KorUnicodeString& command, const KorUnicodeString& reply);
-  void ValuesComputed();
+  void ValuesChanged();
   void FilterChanged();
   void ShowFilter();
   void AddToFilter(const std::vector<OccurrencePlace>& places);
@@ -159,6 +179,10 @@ class MainWindow : public QMainWindow {
   FilterPanelHost _filterPanel;
   WarningListHost _warnings;
   FilterInForce _shownFilter;
+  FilterInForce _panelFilter;        ///< that the part panel is bound under
+  QPersistentModelIndex _panelLine;  ///< of the tree, that the part panel is bound to
+  bool _savesAgain = false;          ///< a save that runs is not the panel's
+  QPointer<HistoryDialog> _history;
   ProductTreeModel* _model;
   QTreeView* _tree;
   SelectionPane* _pane;

@@ -6,6 +6,7 @@
 #include <iostream>
 
 #include "desktop/app/Folders.h"
+#include "desktop/app/HistoryDialog.h"
 #include "desktop/app/ImportDialog.h"
 #include "desktop/app/MainWindow.h"
 #include "desktop/app/PdmCommands.h"
@@ -25,7 +26,9 @@
 
 namespace desktop {
 
-bool MainWindow::OpenProduct(const QString& file) {
+bool MainWindow::OpenProduct(const QString& file) { return MayGiveUpValues() && OpenInPlace(file); }
+
+bool MainWindow::OpenInPlace(const QString& file) {
   const auto opened = Open(file);
   if (opened) return true;
   ForgetIfGone(file, opened.Failure());
@@ -58,22 +61,24 @@ void MainWindow::ForgetIfGone(const QString& file, const protocol::Error& why) {
 }
 
 bool MainWindow::CreateProduct(const QString& file) {
+  if (!MayGiveUpValues()) return false;
   if (const auto made = lumira::CreateSqliteStore(file.toStdString()); !made) {
     ShowError("Error.New", made.Failure().message);
     return false;
   }
-  return OpenProduct(file);
+  return OpenInPlace(file);
 }
 
 QString MainWindow::SampleFile() const { return QDir(Folders::UserData()).filePath("iea15.lumira"); }
 
 bool MainWindow::OpenSample() {
+  if (!MayGiveUpValues()) return false;
   if (QFileInfo::exists(SampleFile())) {
     const auto opened = Open(SampleFile());
     if (opened) return true;
     if (!MayMakeSampleAnew(opened.Failure())) return false;
   }
-  return MakeSample() && OpenProduct(SampleFile());
+  return MakeSample() && OpenInPlace(SampleFile());
 }
 
 /// A sample that is only locked or read-only is whole, and would open the next time.
@@ -137,15 +142,12 @@ bool MainWindow::Select(const std::string& product, const std::vector<std::strin
   return true;
 }
 
-void MainWindow::SelectionChanged() {
-  ShowStatus();
-  const auto text = ShowSelection();
-  if (text && _partPanel.IsOpen()) BindPartPanel(*text);
-}
-
 void MainWindow::ShowPartPanel() {
   if (!_tree->currentIndex().isValid())
     return ShowError("Error.Part", Text("Error.NothingSelected").toStdString());
+  if (_partPanel.IsOpen() && IsInEditMode(*_partPanel.Panel()) && _panelLine == _tree->currentIndex())
+    return _partPanel.Raise();
+  if (!MayGiveUpValues()) return;
   if (const auto text = ShowSelection()) BindPartPanel(*text);
 }
 
@@ -155,18 +157,24 @@ void MainWindow::Compute() {
 }
 
 void MainWindow::ServerCommandEnded(const KorUnicodeString& command, const KorUnicodeString& reply) {
-  // After a failure nothing has changed, and the panel that sent the command tells of it.
-  if (command != KorUnicodeString(protocol::kCommandComputePart) || protocol::IsErrorReply(reply.Utf8()))
-    return;
+  const bool saves = command == KorUnicodeString(protocol::kCommandSavePart);
+  const bool failed = reply.IsEmpty() || protocol::IsErrorReply(reply.Utf8());
+  if (saves) ValuesSaved(failed ? PartPanelHost::SaveOutcome::Failed : PartPanelHost::SaveOutcome::Saved);
+  // After a failure nothing has changed, and whoever sent the command tells of it.
+  if (failed || (!saves && command != KorUnicodeString(protocol::kCommandComputePart))) return;
   // The panel is not done with the reply: its own server calls come before those of the window.
   QMetaObject::invokeMethod(
-      this, [this] { ValuesComputed(); }, Qt::QueuedConnection);
+      this, [this] { ValuesChanged(); }, Qt::QueuedConnection);
 }
 
-void MainWindow::ValuesComputed() {
+void MainWindow::ValuesChanged() {
+  if (_history) _history->Reload();
   if (const auto refreshed = _model->RefreshValues(); !refreshed)
     return ShowError("Error.Tree", refreshed.Failure().message);
-  ShowSelection();
+  const auto text = ShowSelection();
+  // Another filter waits for the panel until what was typed there has been saved.
+  if (text && _partPanel.IsOpen() && !_partPanel.HasUnsavedValues() && !(_panelFilter == _shownFilter))
+    BindPartPanel(*text);
 }
 
 std::optional<std::string> MainWindow::ShowSelection() {
@@ -193,13 +201,22 @@ std::optional<std::string> MainWindow::ShowSelection() {
 void MainWindow::BindPartPanel(const std::string& partDataText) {
   if (const auto shown = _partPanel.Show(_shownFilter.PartDataFor(partDataText)); !shown)
     ShowError("Error.Part", shown.Failure().message);
+  else
+    _panelLine = _tree->currentIndex();
+  _panelFilter = _shownFilter;
   TellCatalogueProblems();
 }
 
 void MainWindow::UnitsChanged() {
   _model->RefreshTexts();
   _pane->RefreshTexts();
-  _partPanel.RefreshValues();
+  if (_history) _history->RefreshTexts();
+  // What was typed was meant in the units before: it would be stored as something else.
+  const auto text = _partPanel.HasUnsavedValues() ? ShowSelection() : std::nullopt;
+  if (text)
+    BindPartPanel(*text);
+  else
+    _partPanel.RefreshValues();
   ShowStatus();
 }
 
@@ -238,7 +255,7 @@ void MainWindow::AskForNewProduct() {
 }
 
 void MainWindow::AskForTables() {
-  if (!_session.IsOpen()) return;
+  if (!_session.IsOpen() || !MayGiveUpValues()) return;
   ImportDialog dialog(_session.Transport().Store(), this);
   dialog.exec();
   if (!dialog.Imported()) return;
@@ -248,6 +265,7 @@ void MainWindow::AskForTables() {
 }
 
 void MainWindow::AskForUnits() {
+  if (!MayGiveUpValues()) return;
   if (UnitsDialog(this).exec() != QDialog::Accepted) return;
   _settings.KeepUnits();
   UnitsChanged();

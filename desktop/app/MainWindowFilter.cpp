@@ -85,7 +85,7 @@ void MainWindow::ShowTreeMenu(const QPoint& place) {
   if (!_tree->indexAt(place).isValid()) return;
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  for (const char* command : {"PartPanel", "Compute", "Filter", "AddToFilter"})
+  for (const char* command : {"PartPanel", "Compute", "Filter", "AddToFilter", "History"})
     menu->addAction(_actions[command]);
   menu->popup(_tree->viewport()->mapToGlobal(place));
 }
@@ -93,7 +93,9 @@ void MainWindow::ShowTreeMenu(const QPoint& place) {
 void MainWindow::FilterChanged() {
   const FilterInForce before = _shownFilter;
   ShowFilter();
-  if (_shownFilter == before || !_partPanel.IsOpen()) return;
+  // A panel with unsaved values goes on under its filter, which it names; the other one counts after the
+  // save.
+  if (_shownFilter == before || !_partPanel.IsOpen() || _partPanel.HasUnsavedValues()) return;
   if (const auto text = ShowSelection()) BindPartPanel(*text);
 }
 
@@ -142,6 +144,7 @@ void MainWindow::ClosePanels() {
   _partPanel.Close();
   _filterPanel.Close();
   _warnings.Close();
+  if (_history) _history->close();
 }
 
 }  // namespace desktop

@@ -30,22 +30,31 @@ protocol::Result<void> PartPanelHost::Show(const std::string& partDataText) {
   auto buffer = LumWBAllDataBuffer_var::Adopt(new LumWBAllDataBuffer);
   if (Failed(buffer->SetAllData(partDataText, true)))
     return protocol::Error{protocol::ErrorKind::BadText, buffer->GetLastRefusal().Utf8()};
-  if (_panel && !HasSamePages(*_buffer, *buffer)) Close();
+  // Bound anew, a panel in edit mode would stay in it, with editors open for a part that nobody edits.
+  if (_panel && (HasUnsavedValues() || !HasSamePages(*_buffer, *buffer))) Close();
   _buffer = buffer;
   if (_panel)
     _panel->Bind(*_buffer);
   else
     Open();
+  _marks->Update();
   return {};
 }
 
 void PartPanelHost::Open() {
   _panel = _library.Commands()->CreatePartPanel(*_buffer);
   KorDlgDialog& dialog = _panel->Dialog();
+  _marks = std::make_unique<PartPanelMarks>(
+      dialog, [this]() -> auto& { return *_buffer; });
+  _saveFailed = false;
   // A notification may not destroy its sender: the panel goes when control is back in the event loop.
   const auto close = [this](auto...) {
     QMetaObject::invokeMethod(
-        this, [this] { Close(); }, Qt::QueuedConnection);
+        this,
+        [this] {
+          if (mayClose()) Close();
+        },
+        Qt::QueuedConnection);
   };
   dialog.Find<KorDlgPushButton>("Frame238.CloseButton").Subscribe(KorEvent::PushActivate, close);
   dialog.Subscribe(KorEvent::WindowClose, close);
@@ -60,7 +69,14 @@ void PartPanelHost::Close() {
     _panel->Dialog().Detach();
   }
   _panel.reset();
+  _marks.reset();
   _buffer = {};
+}
+
+void PartPanelHost::Raise() const {
+  if (!_panel) return;
+  Window()->raise();
+  Window()->activateWindow();
 }
 
 bool PartPanelHost::Compute() {
@@ -74,7 +90,8 @@ void PartPanelHost::RefreshValues() {
 void PartPanelHost::RefreshTexts() {
   if (!_panel) return;
   _panel->Dialog().ReloadTexts();
-  _panel->Refresh();
+  if (!HasUnsavedValues()) _panel->Refresh();
+  _marks->Update();
 }
 
 QWidget* PartPanelHost::Window() const { return _panel ? _backend.WindowOf(&_panel->Dialog()) : nullptr; }

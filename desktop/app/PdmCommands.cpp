@@ -51,6 +51,18 @@ Result<std::string> GetPartDataText(const protocol::PartDataRequest& request) {
   return Run(protocol::kCommandPartData, protocol::WritePartDataRequest(request));
 }
 
+Result<protocol::SaveReply> SavePart(const std::string& partDataText) {
+  return RunAndRead(protocol::kCommandSavePart, partDataText, protocol::ReadSaveReply);
+}
+
+Result<protocol::History> GetHistory(const protocol::HistoryRequest& request) {
+  return RunAndRead(protocol::kCommandHistory, protocol::WriteHistoryRequest(request), protocol::ReadHistory);
+}
+
+Result<std::string> GetHistoryStateText(const protocol::HistoryStateRequest& request) {
+  return Run(protocol::kCommandHistoryState, protocol::WriteHistoryStateRequest(request));
+}
+
 Result<protocol::CurrentRoot> SetCurrentRoot(const protocol::RootRequest& request) {
   return RunAndRead(protocol::kCommandSetCurrentRoot, protocol::WriteRootRequest(request),
                     protocol::ReadCurrentRoot);

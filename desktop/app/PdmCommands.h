@@ -13,6 +13,12 @@ protocol::Result<protocol::TreeNodes> GetChildren(const protocol::ChildrenReques
 protocol::Result<protocol::SearchReply> SearchTree(const protocol::SearchRequest& request);
 /// The reply as it came, for a data buffer; a failure when it is an error reply.
 protocol::Result<std::string> GetPartDataText(const protocol::PartDataRequest& request);
+/// Saves a part as a text in the form of GetPartDataText says; refused when the part has changed since the
+/// state that the text was read from.
+protocol::Result<protocol::SaveReply> SavePart(const std::string& partDataText);
+protocol::Result<protocol::History> GetHistory(const protocol::HistoryRequest& request);
+/// The part as it was before or after one of its saves, in the form of GetPartDataText.
+protocol::Result<std::string> GetHistoryStateText(const protocol::HistoryStateRequest& request);
 /// Makes a product the current root of the session.
 protocol::Result<protocol::CurrentRoot> SetCurrentRoot(const protocol::RootRequest& request);
 protocol::Result<protocol::FilterList> GetConfigFilters(const protocol::FiltersRequest& request);

@@ -38,10 +38,11 @@ void ClearProgress(const Console& console) {
 // A database with a server on it.
 class OpenServer {
  public:
-  static Result<OpenServer> On(const std::string& file, const Console& console) {
+  static Result<OpenServer> On(const std::string& file, const Console& console,
+                               const std::string& user = UserOfEnvironment()) {
     auto store = OpenSqliteStore(file);
     if (!store) return store.Failure();
-    return OpenServer(std::move(store).Value(), console);
+    return OpenServer(std::move(store).Value(), console, user);
   }
 
   Store& Data() { return *_store; }
@@ -60,8 +61,8 @@ class OpenServer {
   }
 
  private:
-  OpenServer(std::unique_ptr<Store> store, const Console& console)
-      : _store(std::move(store)), _server(new Server(*_store, ProgressOn(console))) {}
+  OpenServer(std::unique_ptr<Store> store, const Console& console, const std::string& user)
+      : _store(std::move(store)), _server(new Server(*_store, ProgressOn(console), user)) {}
 
   std::unique_ptr<Store> _store;
   std::unique_ptr<Server> _server;
@@ -275,6 +276,16 @@ Result<void> PrintWarnings(OpenServer& server, const Console& console) {
   return {};
 }
 
+// "  massTypes[Weighed].mass: 2 -> 3" below a line with number, time and user.
+void PrintEntry(const protocol::HistoryEntry& entry, const Console& console) {
+  console.out << entry.number << "  " << entry.time << "  " << entry.user << '\n';
+  for (const protocol::FieldChange& change : entry.changes)
+    console.out << "  " << change.field << ": " << change.before.value_or("none") << " -> "
+                << change.after.value_or("none") << '\n';
+  const auto more = entry.changeCount - std::ssize(entry.changes);
+  if (more > 0) console.out << "  and " << more << (more == 1 ? " more field\n" : " more fields\n");
+}
+
 }  // namespace
 
 Result<void> Do(const InitAction& action, const Console& console) {
@@ -328,12 +339,29 @@ Result<void> Do(const ComputeAction& action, const Console& console) {
 }
 
 Result<void> Do(const CommandAction& action, const Console& console) {
-  auto server = OpenServer::On(action.file, console);
+  auto server = OpenServer::On(action.file, console, action.user);
   if (!server) return server.Failure();
   const auto reply = server.Value().Execute(action.name, action.request);
   ClearProgress(console);
   if (!reply) return reply.Failure();
   console.out << reply.Value() << '\n';
+  return {};
+}
+
+Result<void> Do(const HistoryAction& action, const Console& console) {
+  auto server = OpenServer::On(action.file, console);
+  if (!server) return server.Failure();
+  protocol::HistoryRequest request{.partId = action.part, .before = 0, .limit = action.limit};
+  while (request.limit > 0) {
+    const auto page = server.Value().Ask(protocol::kCommandHistory, protocol::WriteHistoryRequest(request),
+                                         protocol::ReadHistory);
+    if (!page) return page.Failure();
+    const auto& entries = page.Value().entries;
+    for (const protocol::HistoryEntry& entry : entries) PrintEntry(entry, console);
+    if (entries.empty() || entries.back().number == 1) return {};
+    request.before = entries.back().number;
+    request.limit -= static_cast<int>(entries.size());
+  }
   return {};
 }
 

@@ -46,6 +46,13 @@ struct CommandAction {
   std::string file;
   std::string name;
   std::string request;
+  std::string user;  ///< who runs it; goes into the history of what is saved
+};
+
+struct HistoryAction {
+  std::string file;
+  std::string part;
+  int limit = 100;  ///< most saves to print
 };
 
 protocol::Result<void> Do(const InitAction& action, const Console& console);
@@ -53,5 +60,6 @@ protocol::Result<void> Do(const ImportAction& action, const Console& console);
 protocol::Result<void> Do(const TreeAction& action, const Console& console);
 protocol::Result<void> Do(const ComputeAction& action, const Console& console);
 protocol::Result<void> Do(const CommandAction& action, const Console& console);
+protocol::Result<void> Do(const HistoryAction& action, const Console& console);
 
 }  // namespace lumira

@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <functional>
 
+#include "lumira/commands/UserName.h"
 #include "lumira/import/Guarded.h"
+#include "protocol/Limits.h"
 
 namespace lumira {
 namespace {
@@ -43,6 +45,7 @@ class Parser {
     AddTree();
     AddCompute();
     AddCommand();
+    AddHistory();
   }
 
   int Run(int argc, const char* const* argv) {
@@ -112,6 +115,22 @@ class Parser {
     CLI::App* command = Add("command", "Runs one server command and prints the reply.", _command);
     command->add_option("NAME", _command.name, "Name of the command, such as LumGetProducts")->required();
     command->add_option("TEXT", _command.request, "The request");
+    _command.user = UserOfEnvironment();
+    command
+        ->add_option("--user", _command.user,
+                     "Who runs it, for the history of what is saved; else the user of the environment")
+        ->check([](const std::string& name) {
+          const auto problem = FindUserNameProblem(name);
+          return problem ? "the name " + *problem : std::string();
+        });
+  }
+
+  void AddHistory() {
+    CLI::App* command =
+        Add("history", "Prints who has saved a part, when, and what changed; the latest first.", _history);
+    command->add_option("PART", _history.part, "The part")->required();
+    command->add_option("--limit", _history.limit, "How many saves to print at most")
+        ->check(CLI::Range(1, protocol::kMaxHistoryEntries));
   }
 
   const Console& _console;
@@ -121,6 +140,7 @@ class Parser {
   TreeAction _tree;
   ComputeAction _compute;
   CommandAction _command;
+  HistoryAction _history;
   std::function<Result<void>()> _chosen;
 };
 

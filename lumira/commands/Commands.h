@@ -45,4 +45,14 @@ protocol::Result<std::string> SetConfigurationHandler(Session& session, std::str
 /// "LumGetFindings": what there was to say of the store when the session began.
 protocol::Result<std::string> GetFindings(Session& session, std::string_view request);
 
+/// "WBSaveNymValues": stores what a user has edited of a part, and who did it. Conflict when somebody else
+/// has changed it since the client read it.
+protocol::Result<std::string> SavePart(Session& session, std::string_view request);
+
+/// "LumGetHistory": who has saved a part, when, and what changed.
+protocol::Result<std::string> GetHistory(Session& session, std::string_view request);
+
+/// "LumGetHistoryState": the part as it was before or after one of its saves.
+protocol::Result<std::string> GetHistoryState(Session& session, std::string_view request);
+
 }  // namespace lumira

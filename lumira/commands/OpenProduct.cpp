@@ -54,6 +54,21 @@ protocol::Result<std::unique_ptr<FilteredProduct>> OpenProduct::Apply(const prot
   return ApplyFilter(_structure, *named.Value());
 }
 
+// The identifier, which the index looks at, stays where it is; a save changes none.
+void OpenProduct::TakeSaved(std::uint32_t part, const Part& saved, std::int64_t state) {
+  Part& known = _product.parts[part];
+  known.massTypes = saved.massTypes;
+  known.activeMassType = saved.activeMassType;
+  known.material = saved.material;
+  known.density = saved.density;
+  known.densityPriority = saved.densityPriority;
+  known.standardPart = saved.standardPart;
+  _state.data = state;
+  _filtered.reset();
+  const auto changed = _computation ? _computation.Value().ChangePart(known) : _computation.Failure();
+  if (!changed || changed.Value() == Changed::NeedsCompile) _computation = Computed(_product);
+}
+
 const StoredResult* OpenProduct::ResultOf(std::string_view partId) const {
   const auto found = _results.find(std::string(partId));
   return found == _results.end() ? nullptr : &found->second;

@@ -62,6 +62,11 @@ class OpenProduct {
   /// the same filter without laying the product out again. Lives until the next call with another filter.
   protocol::Result<const FilteredProduct*> Under(const protocol::Filter& filter);
 
+  /// Takes what a save has changed of a part, and the state that the product has since. The path from the
+  /// part to the root is computed anew, or all when the change decides whether an assembly or its children
+  /// count.
+  void TakeSaved(std::uint32_t part, const Part& saved, std::int64_t state);
+
   /// The last stored result of a part; nullptr without one.
   const StoredResult* ResultOf(std::string_view partId) const;
 

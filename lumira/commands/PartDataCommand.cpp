@@ -4,6 +4,9 @@
 
 #include "lumira/commands/Commands.h"
 #include "lumira/commands/ComputedMassType.h"
+#include "lumira/commands/PartDataOf.h"
+#include "lumira/commands/SaveConflict.h"
+#include "lumira/commands/SavedValues.h"
 #include "lumira/commands/TreeSearch.h"
 #include "lumira/engine/ChosenOccurrences.h"
 #include "protocol/Codec.h"
@@ -98,18 +101,6 @@ std::string Joined(const std::vector<std::string>& elements) {
   return text;
 }
 
-void AddPrecision(protocol::MassType& type, const std::vector<Precision>& precisions) {
-  for (const Precision& p : precisions) {
-    if (p.massType != type.name) continue;
-    type.precisionType = p.precisionType;
-    type.precisionValueType = p.precisionValueType;
-    type.lowerPrecision = p.lowerPrecision;
-    type.upperPrecision = p.upperPrecision;
-    type.massTypeLowerPrecision = p.massTypeLowerPrecision;
-    type.massTypeUpperPrecision = p.massTypeUpperPrecision;
-  }
-}
-
 // What a request is about: what was stored is the result of the whole product, and says nothing of a part of
 // it that a filter leaves.
 enum class Counts { Whole, WhatAFilterLeaves };
@@ -120,20 +111,6 @@ protocol::MassType ComputedTypeOf(const OpenProduct& product, const Part& part, 
       .name = std::string(kComputedMassType), .properties = {}, .deviations = {}, .bounds = {}};
   if (result == nullptr) return ToWire(none, protocol::MassTypeStatus::Undefined);
   return ToWire(result->computed, product.ComputedStatus(part.id));
-}
-
-// The computed mass type first, then those of the users.
-std::vector<protocol::MassType> MassTypesOf(const OpenProduct& product, const Part& part,
-                                            const PartDetails& details, Counts counts) {
-  std::vector<protocol::MassType> types;
-  types.push_back(ComputedTypeOf(product, part, counts));
-  for (const MassTypeData& data : part.massTypes) {
-    const bool hasValues = data.properties != MassProperties{};
-    types.push_back(
-        ToWire(data, hasValues ? protocol::MassTypeStatus::Defined : protocol::MassTypeStatus::Undefined));
-  }
-  for (protocol::MassType& type : types) AddPrecision(type, details.precisions);
-  return types;
 }
 
 constexpr std::size_t kMostStatistics = 1'000;
@@ -160,58 +137,55 @@ std::vector<protocol::MaterialStatistic> MaterialsBelow(const OpenProduct& produ
   return statistics;
 }
 
-protocol::Material MaterialOf(const OpenProduct& product, std::uint32_t index, const PartDetails& details) {
-  const Part& part = product.PartAt(index);
-  return {.name = part.material,
-          .density = part.density,
-          .densityPriority = static_cast<int>(part.densityPriority),
-          .referenceName = details.referenceMaterial,
-          .referenceDensity = details.referenceDensity,
-          .appliedOn = details.appliedOn,
-          .statistics = MaterialsBelow(product, index)};
-}
-
+// The part itself is the one that is stored now, in one piece with its details and its state: the product in
+// memory may be a little older or newer.
 PartData MakePartData(const Selection& selection, const protocol::PartDataRequest& request,
-                      const PartDetails& details, Counts counts) {
+                      const StoredPart& stored, Counts counts) {
   const OpenProduct& product = *selection.product;
-  const Part& part = product.PartAt(selection.part);
+  const auto& [part, details, state] = stored;
   PartData data;
   data.partId = part.id;
   data.instancePath = Joined(request.instancePath);
   data.configurationHandler = product.Data().id;
   data.filter = request.filter;
   data.hasInstance = true;  // whatever the server tells of is in the PDM
-  data.massTypes = MassTypesOf(product, part, details, counts);
+  data.massTypes = {ComputedTypeOf(product, part, counts)};
   data.computed = data.massTypes.front().status == protocol::MassTypeStatus::Defined;
   // What was computed can be computed again; a compute leaves this as the client has it.
   data.persisted = !part.massTypes.empty();
-  data.standardPart = part.standardPart;
-  data.activeMassType = part.activeMassType;
   if (selection.placement) data.placement = ToNumbers(*selection.placement);
-  data.material = MaterialOf(product, selection.part, details);
+  data.material.referenceName = details.referenceMaterial;
+  data.material.referenceDensity = details.referenceDensity;
+  data.material.statistics = MaterialsBelow(product, selection.part);
   data.documents = details.documents;
   data.propertiesRequested = details.propertiesRequested;
   data.dateFormat = details.dateFormat;
   data.properties = details.properties;
-  data.stateToken = std::to_string(product.State().data);
+  data.stateToken = ToToken(state);
+  PutSavedValues(data, SavedValuesOf(part, details));
   return data;
 }
 
 }  // namespace
 
+Result<PartData> PartDataOf(Session& session, const protocol::PartDataRequest& request) {
+  const auto filter = protocol::ReadFilter(request.filter);
+  if (!filter) return filter.Failure();
+  const auto selection = Select(session, request);
+  if (!selection) return selection.Failure();
+  if (const auto good = CheckFilter(*selection.Value().product, filter.Value()); !good) return good.Failure();
+  const auto stored = session.store.LoadPart(selection.Value().product->PartAt(selection.Value().part).id);
+  if (!stored) return stored.Failure();
+  const Counts counts = filter.Value().LetsAllPass() ? Counts::Whole : Counts::WhatAFilterLeaves;
+  return MakePartData(selection.Value(), request, stored.Value(), counts);
+}
+
 Result<std::string> GetPartData(Session& session, std::string_view text) {
   const auto request = protocol::ReadPartDataRequest(text);
   if (!request) return request.Failure();
-  const auto filter = protocol::ReadFilter(request.Value().filter);
-  if (!filter) return filter.Failure();
-  const auto selection = Select(session, request.Value());
-  if (!selection) return selection.Failure();
-  if (const auto good = CheckFilter(*selection.Value().product, filter.Value()); !good) return good.Failure();
-  const auto details =
-      session.store.LoadDetails(selection.Value().product->PartAt(selection.Value().part).id);
-  if (!details) return details.Failure();
-  const Counts counts = filter.Value().LetsAllPass() ? Counts::Whole : Counts::WhatAFilterLeaves;
-  return protocol::WritePartData(MakePartData(selection.Value(), request.Value(), details.Value(), counts));
+  const auto data = PartDataOf(session, request.Value());
+  if (!data) return data.Failure();
+  return protocol::WritePartData(data.Value());
 }
 
 }  // namespace lumira

@@ -63,4 +63,13 @@ Result<OpenProduct*> ProductCache::OpenForPart(std::string_view partId) {
   return Open(product.Value());
 }
 
+// A product that somebody else has changed before the save is loaded anew with its next use, as ever.
+void ProductCache::TakeSaved(const Part& part, const SavedState& saved) {
+  const auto open = _open.find(saved.product);
+  if (open == _open.end() || open->second->State().data != saved.productBefore) return;
+  if (saved.productAfter == saved.productBefore) return;
+  if (const auto index = open->second->FindPart(part.id))
+    open->second->TakeSaved(*index, part, saved.productAfter);
+}
+
 }  // namespace lumira

@@ -26,6 +26,9 @@ class ProductCache {
   /// The product that a part belongs to.
   protocol::Result<OpenProduct*> OpenForPart(std::string_view partId);
 
+  /// Takes a part that this session has just saved, so that its product need not be loaded anew.
+  void TakeSaved(const Part& part, const SavedState& saved);
+
   /// Loads the product from the store with its next use, changed or not.
   void Forget(std::string_view productId) { _open.erase(std::string(productId)); }
 

@@ -33,6 +33,9 @@ constexpr Command kCommands[] = {
     {protocol::kCommandHandler, GetConfigurationHandler},
     {protocol::kCommandSetHandler, SetConfigurationHandler},
     {protocol::kCommandFindings, GetFindings},
+    {protocol::kCommandSavePart, SavePart},
+    {protocol::kCommandHistory, GetHistory},
+    {protocol::kCommandHistoryState, GetHistoryState},
 };
 
 Result<std::string> Handle(Session& session, std::string_view name, std::string_view request) {
@@ -43,8 +46,10 @@ Result<std::string> Handle(Session& session, std::string_view name, std::string_
 
 }  // namespace
 
-Server::Server(Store& store, Progress progress)
-    : _session(new Session{store, progress, ProductCache(store, progress), CollectFindings(store)}) {}
+Server::Server(Store& store, Progress progress, std::string user)
+    : _session(new Session{store, progress, ProductCache(store, progress),
+                           FindUserNameProblem(user) ? std::string(kUnknownUser) : std::move(user),
+                           CollectFindings(store)}) {}
 
 Server::~Server() = default;
 

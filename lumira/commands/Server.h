@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "lumira/commands/UserName.h"
 #include "lumira/model/Progress.h"
 #include "lumira/store/Store.h"
 
@@ -15,8 +16,9 @@ struct Session;
 /// changes, computed results among them, with the next command. One thread at a time.
 class Server {
  public:
-  /// `store` must outlive the server. `progress` hears of long work.
-  explicit Server(Store& store, Progress progress = {});
+  /// `store` must outlive the server. `progress` hears of long work. `user` goes into the history of what is
+  /// saved; one that `FindUserNameProblem` refuses is taken for `kUnknownUser`.
+  explicit Server(Store& store, Progress progress = {}, std::string user = std::string(kUnknownUser));
   ~Server();
   Server(const Server&) = delete;
   Server& operator=(const Server&) = delete;

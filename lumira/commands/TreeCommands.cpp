@@ -4,6 +4,7 @@
 
 #include "lumira/commands/Commands.h"
 #include "lumira/commands/EmptyRequest.h"
+#include "lumira/commands/Page.h"
 #include "lumira/commands/TreeNodes.h"
 #include "lumira/commands/TreeSearch.h"
 #include "protocol/Codec.h"
@@ -90,10 +91,6 @@ class Listing {
   protocol::ProductList _list;
 };
 
-// At most so many bytes of names and identifiers stand in one page: written, a byte takes three at the most,
-// and the numbers beside them the rest of the largest text.
-constexpr std::size_t kPageBytes = protocol::kMaxTextBytes / 8;
-
 std::size_t BytesOf(const protocol::TreeNode& node) {
   return node.instanceId.size() + node.partId.size() + node.name.size() + node.revision.size();
 }
@@ -102,15 +99,6 @@ std::size_t BytesOf(const protocol::Occurrence& occurrence) {
   std::size_t bytes = BytesOf(occurrence.node);
   for (const std::string& element : occurrence.instancePath) bytes += element.size();
   return bytes;
-}
-
-// Adds an entry to a page that has room for it; the first one always fits.
-template <class T>
-bool AddToPage(std::vector<T>& page, std::size_t& bytes, T entry) {
-  bytes += BytesOf(entry);
-  if (!page.empty() && bytes > kPageBytes) return false;
-  page.push_back(std::move(entry));
-  return true;
 }
 
 protocol::Occurrence MakeOccurrence(const OpenProduct& product, const FoundOccurrence& found) {
@@ -161,12 +149,13 @@ Result<std::string> GetChildren(Session& session, std::string_view text) {
   const auto count =
       std::min<std::size_t>(static_cast<std::size_t>(request.Value().limit), instances.size() - first);
   protocol::TreeNodes reply{request.Value().partId, ToInt(std::ssize(instances)), request.Value().first, {}};
-  std::size_t bytes = 0;
-  for (std::uint32_t instance : instances.subspan(first, count))
-    if (!AddToPage(reply.nodes, bytes,
-                   MakeTreeNode(*product.Value(), product.Value()->ChildOf(instance),
-                                &product.Value()->InstanceAt(instance))))
-      break;
+  Page<protocol::TreeNode> page(reply.nodes);
+  for (std::uint32_t instance : instances.subspan(first, count)) {
+    protocol::TreeNode node = MakeTreeNode(*product.Value(), product.Value()->ChildOf(instance),
+                                           &product.Value()->InstanceAt(instance));
+    const std::size_t bytes = BytesOf(node);
+    if (!page.Add(std::move(node), bytes)) break;
+  }
   return protocol::WriteTreeNodes(reply);
 }
 
@@ -178,12 +167,14 @@ Result<std::string> SearchTree(Session& session, std::string_view text) {
   const auto found = SearchOccurrences(*product.Value(), request.Value().text,
                                        static_cast<std::size_t>(request.Value().limit));
   protocol::SearchReply reply{found.cut, {}};
-  std::size_t bytes = 0;
-  for (const FoundOccurrence& hit : found.hits)
-    if (!AddToPage(reply.hits, bytes, MakeOccurrence(*product.Value(), hit))) {
-      reply.cut = true;
-      break;
-    }
+  Page<protocol::Occurrence> page(reply.hits);
+  for (const FoundOccurrence& hit : found.hits) {
+    protocol::Occurrence occurrence = MakeOccurrence(*product.Value(), hit);
+    const std::size_t bytes = BytesOf(occurrence);
+    if (page.Add(std::move(occurrence), bytes)) continue;
+    reply.cut = true;
+    break;
+  }
   return protocol::WriteSearchReply(reply);
 }
 

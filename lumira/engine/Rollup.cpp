@@ -8,7 +8,9 @@ namespace lumira {
 using protocol::Result;
 
 Rollup::Rollup(CompiledProduct product, Spread spread)
-    : _product(std::move(product)), _nodes(std::move(_product.structure), spread) {}
+    : _product(std::move(product)),
+      _nodes(std::move(_product.structure), spread),
+      _computedNodes(_nodes.Structure().NodeCount()) {}
 
 Result<std::uint32_t> Rollup::IndexOf(std::string_view partId) const {
   const auto found = _product.partIndex.find(std::string(partId));
@@ -61,7 +63,7 @@ Result<Changed> Rollup::ChangePart(const Part& part) {
   if (known.isHollow) return Changed::PathComputed;  // it stays nothing
   known.item = own.Value().item;
   _product.fingerprints.Change(index.Value(), known);
-  _nodes.Change(index.Value(), known);
+  _computedNodes += _nodes.Change(index.Value(), known);
   return Changed::PathComputed;
 }
 

@@ -43,12 +43,17 @@ class Rollup {
   /// Fails as `Compile` does on bad numbers; then nothing changed.
   protocol::Result<Changed> ChangePart(const Part& part);
 
+  /// How many nodes (assemblies, cut into bundles) have been computed since the object was made, all of them
+  /// once for that. Tells what a change has cost.
+  std::size_t ComputedNodes() const { return _computedNodes; }
+
  private:
   protocol::Result<std::uint32_t> IndexOf(std::string_view partId) const;
   MassResult Computed(std::uint32_t part) const;
 
   CompiledProduct _product;
   NodeRollup _nodes;  ///< owns the structure of `_product`
+  std::size_t _computedNodes = 0;
 };
 
 }  // namespace lumira

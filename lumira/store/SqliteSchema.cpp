@@ -124,6 +124,30 @@ INSERT INTO filter_values(filter, condition, position, value)
 DROP TABLE filter_instances;
 )sql";
 
+// Part of version 5. The state of a part is taken from one counter for all parts, so that no state comes back
+// when a product is replaced or a part goes to another product. A record of the history carries the values
+// before and after it as texts, since details may change without one in between.
+constexpr char kHistoryTables[] = R"sql(
+ALTER TABLE parts ADD COLUMN state INTEGER NOT NULL DEFAULT 1;
+
+CREATE TABLE part_states(
+  key INTEGER PRIMARY KEY CHECK(key = 1), last INTEGER NOT NULL) STRICT;
+INSERT INTO part_states(key, last) VALUES(1, 1);
+
+CREATE TABLE history(
+  key INTEGER PRIMARY KEY, part INTEGER NOT NULL REFERENCES parts ON DELETE CASCADE, number INTEGER NOT NULL,
+  user TEXT NOT NULL, time TEXT NOT NULL, state_before INTEGER NOT NULL, state_after INTEGER NOT NULL,
+  before TEXT NOT NULL, after TEXT NOT NULL,
+  UNIQUE(part, number)) STRICT;
+)sql";
+
+// What version 4 did not have; run in this order.
+constexpr const char* kTablesOfVersion5[] = {kHistoryTables};
+
+void AddTablesOfVersion5(SQLite::Database& database) {
+  for (const char* tables : kTablesOfVersion5) database.exec(tables);
+}
+
 int Pragma(SQLite::Database& database, const char* name) {
   return database.execAndGet(std::string("PRAGMA ") + name).getInt();
 }
@@ -138,6 +162,7 @@ void CreateSchema(SQLite::Database& database) {
   SQLite::Transaction transaction(database);
   database.exec(kTables);
   database.exec(kTablesOfVersion4);
+  AddTablesOfVersion5(database);
   database.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
   SetVersion(database);
   transaction.commit();
@@ -159,9 +184,13 @@ std::string SchemaProblem(SQLite::Database& database) {
 void BringUpToDate(SQLite::Database& database) {
   if (Pragma(database, "user_version") == kSchemaVersion) return;
   SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
-  if (Pragma(database, "user_version") == kSchemaVersion) return;  // another program has been faster
-  database.exec(kTablesOfVersion4);
-  database.exec(kFromVersion3);
+  const int version = Pragma(database, "user_version");
+  if (version == kSchemaVersion) return;  // another program has been faster
+  if (version < 4) {
+    database.exec(kTablesOfVersion4);
+    database.exec(kFromVersion3);
+  }
+  AddTablesOfVersion5(database);
   SetVersion(database);
   transaction.commit();
 }

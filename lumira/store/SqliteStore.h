@@ -32,6 +32,13 @@ class SqliteStore final : public Store {
   protocol::Result<void> UpdatePart(const Part& part) override;
   protocol::Result<PartDetails> LoadDetails(std::string_view partId) override;
   protocol::Result<void> SaveDetails(std::string_view partId, const PartDetails& details) override;
+  protocol::Result<StoredPart> LoadPart(std::string_view partId) override;
+  protocol::Result<SavedState> SavePart(const PartSaving& saving) override;
+  protocol::Result<HistoryPage> LoadHistory(std::string_view partId, std::int64_t before,
+                                            std::int64_t limit) override;
+  protocol::Result<HistoryTexts> LoadHistoryTexts(std::string_view partId, std::int64_t number) override;
+  protocol::Result<std::optional<std::string>> FindStateText(std::string_view partId,
+                                                             std::int64_t state) override;
   protocol::Result<std::vector<StoredResult>> LoadResults(std::string_view productId) override;
   protocol::Result<void> SaveResults(const std::vector<StoredResult>& results) override;
   protocol::Result<std::vector<ConfigurationFilter>> LoadFilters(std::string_view productId) override;
@@ -72,6 +79,16 @@ class SqliteStore final : public Store {
   std::optional<std::int64_t> Key(const char* sql, std::string_view id);
   protocol::Result<std::int64_t> ProductKey(std::string_view productId);
   protocol::Result<std::int64_t> PartKey(std::string_view partId);
+  StoredPart PartAt(std::int64_t partKey);
+  PartDetails DetailsAt(std::int64_t partKey);
+  void WritePart(std::int64_t partKey, const Part& part);
+  void WriteDetails(std::int64_t partKey, const PartDetails& details);
+  std::int64_t NextPartState();
+  void SetPartState(std::int64_t partKey, std::int64_t state);
+  std::string ProductNameOf(std::int64_t partKey);
+  std::int64_t ProductStateOf(std::int64_t partKey);
+  void AddRecord(std::int64_t partKey, const PartSaving& saving, std::int64_t stateAfter);
+  std::int64_t HistorySize(std::int64_t partKey);
   std::int64_t ProductOf(std::int64_t partKey);
   std::size_t RowCount(std::int64_t productKey);
   ProductInfo InfoIn(SQLite::Statement& row);

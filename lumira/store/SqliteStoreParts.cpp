@@ -14,49 +14,61 @@ Result<void> SqliteStore::UpdatePart(const Part& part) {
   return Write([&]() -> Result<void> {
     const auto key = PartKey(part.id);
     if (!key) return key.Failure();
-    SQLite::Statement update(_db, UpdateSql<Part>("parts", "WHERE key = ?"));
-    update.bind(static_cast<int>(ColumnsOf<Part>().size()) + 1, key.Value());
-    InsertRow(update, 1, part);
-    DeleteRows(_db, "mass_types", key.Value());
-    WriteRows(_db, "mass_types", key.Value(), part.massTypes);
-    _db.exec("UPDATE parts SET mass_type_count = " + std::to_string(part.massTypes.size()) +
-             " WHERE key = " + std::to_string(key.Value()));
-    _db.exec("UPDATE products SET state = state + 1 WHERE key = (SELECT product FROM parts WHERE key = " +
-             std::to_string(key.Value()) + ")");
+    WritePart(key.Value(), part);
+    SetPartState(key.Value(), NextPartState());
     return {};
   });
+}
+
+void SqliteStore::WritePart(std::int64_t partKey, const Part& part) {
+  SQLite::Statement update(_db, UpdateSql<Part>("parts", "WHERE key = ?"));
+  update.bind(static_cast<int>(ColumnsOf<Part>().size()) + 1, partKey);
+  InsertRow(update, 1, part);
+  DeleteRows(_db, "mass_types", partKey);
+  WriteRows(_db, "mass_types", partKey, part.massTypes);
+  _db.exec("UPDATE parts SET mass_type_count = " + std::to_string(part.massTypes.size()) +
+           " WHERE key = " + std::to_string(partKey));
+  _db.exec("UPDATE products SET state = state + 1 WHERE key = " + std::to_string(ProductOf(partKey)));
 }
 
 Result<PartDetails> SqliteStore::LoadDetails(std::string_view partId) {
   return Read([&]() -> Result<PartDetails> {
     const auto key = PartKey(partId);
     if (!key) return key.Failure();
-    SQLite::Statement query(_db, SelectSql<PartDetails>("part", "part_details", "WHERE part = ?"));
-    query.bind(1, key.Value());
-    if (!query.executeStep()) return PartDetails{};
-    auto details = ReadRow<PartDetails>(query, 1);
-    details.precisions = ReadRows<Precision>(_db, "precisions", key.Value());
-    details.documents.revisions =
-        ReadRows<protocol::DocumentRevision>(_db, "document_revisions", key.Value());
-    details.properties = ReadRows<protocol::ExtraProperty>(_db, "properties", key.Value());
-    return details;
+    return DetailsAt(key.Value());
   });
+}
+
+PartDetails SqliteStore::DetailsAt(std::int64_t partKey) {
+  SQLite::Statement query(_db, SelectSql<PartDetails>("part", "part_details", "WHERE part = ?"));
+  query.bind(1, partKey);
+  if (!query.executeStep()) return {};
+  auto details = ReadRow<PartDetails>(query, 1);
+  details.precisions = ReadRows<Precision>(_db, "precisions", partKey);
+  details.documents.revisions = ReadRows<protocol::DocumentRevision>(_db, "document_revisions", partKey);
+  details.properties = ReadRows<protocol::ExtraProperty>(_db, "properties", partKey);
+  return details;
 }
 
 Result<void> SqliteStore::SaveDetails(std::string_view partId, const PartDetails& details) {
   return Write([&]() -> Result<void> {
     const auto key = PartKey(partId);
     if (!key) return key.Failure();
-    for (const char* table : {"part_details", "precisions", "document_revisions", "properties"})
-      DeleteRows(_db, table, key.Value());
-    SQLite::Statement insert(_db, InsertSql<PartDetails>("part_details", {"part"}));
-    insert.bind(1, key.Value());
-    InsertRow(insert, 2, details);
-    WriteRows(_db, "precisions", key.Value(), details.precisions);
-    WriteRows(_db, "document_revisions", key.Value(), details.documents.revisions);
-    WriteRows(_db, "properties", key.Value(), details.properties);
+    WriteDetails(key.Value(), details);
+    SetPartState(key.Value(), NextPartState());
     return {};
   });
+}
+
+void SqliteStore::WriteDetails(std::int64_t partKey, const PartDetails& details) {
+  for (const char* table : {"part_details", "precisions", "document_revisions", "properties"})
+    DeleteRows(_db, table, partKey);
+  SQLite::Statement insert(_db, InsertSql<PartDetails>("part_details", {"part"}));
+  insert.bind(1, partKey);
+  InsertRow(insert, 2, details);
+  WriteRows(_db, "precisions", partKey, details.precisions);
+  WriteRows(_db, "document_revisions", partKey, details.documents.revisions);
+  WriteRows(_db, "properties", partKey, details.properties);
 }
 
 Result<std::vector<StoredResult>> SqliteStore::LoadResults(std::string_view productId) {

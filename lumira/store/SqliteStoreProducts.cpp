@@ -39,11 +39,6 @@ SELECT
 
 std::size_t RowsOf(const Product& product) { return product.parts.size() + product.instances.size(); }
 
-void CheckMassTypeCount(const Part& part, std::int64_t stored) {
-  CheckRowCount([&] { return "part " + Quoted(part.id); }, {"mass type", "mass types"}, part.massTypes.size(),
-                stored);
-}
-
 std::int64_t AttributeCount(const Product& product) {
   std::int64_t count = 0;
   for (const Instance& instance : product.instances) count += std::ssize(instance.attributes);
@@ -291,12 +286,13 @@ std::int64_t SqliteStore::InsertProduct(const Product& product, std::int64_t sta
 }
 
 void SqliteStore::InsertParts(const Product& product, std::int64_t key, const Progress& progress) {
-  SQLite::Statement insert(_db, InsertSql<Part>("parts", {"product", "mass_type_count"}));
+  SQLite::Statement insert(_db, InsertSql<Part>("parts", {"product", "mass_type_count", "state"}));
   SQLite::Statement insertType(_db, InsertListSql<MassTypeData>("mass_types"));
+  const std::int64_t state = NextPartState();
   std::size_t written = 0;
   for (const Part& part : product.parts) {
-    SQLite::bind(insert, key, std::int64_t(part.massTypes.size()));
-    InsertRow(insert, 3, part);
+    SQLite::bind(insert, key, std::int64_t(part.massTypes.size()), state);
+    InsertRow(insert, 4, part);
     WriteRows(insertType, _db.getLastInsertRowid(), part.massTypes);
     ReportRow(progress, kWriting, ++written, RowsOf(product));
   }

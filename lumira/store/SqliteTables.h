@@ -96,6 +96,12 @@ void WriteRows(SQLite::Database& database, const std::string& table, std::int64_
   WriteRows(insert, part, list);
 }
 
+/// Throws DamagedContent when a part has lost mass types.
+inline void CheckMassTypeCount(const Part& part, std::int64_t stored) {
+  CheckRowCount([&] { return "part " + protocol::Quoted(part.id); }, {"mass type", "mass types"},
+                part.massTypes.size(), stored);
+}
+
 template <class T>
 std::vector<T> ReadRows(SQLite::Database& database, const std::string& table, std::int64_t owner,
                         const std::string& ownerColumn = "part") {

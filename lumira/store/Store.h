@@ -11,6 +11,7 @@
 #include "lumira/model/ProductFilters.h"
 #include "lumira/model/Progress.h"
 #include "lumira/store/PartDetails.h"
+#include "lumira/store/PartHistory.h"
 #include "lumira/store/StoredResult.h"
 #include "protocol/Result.h"
 #include "protocol/Utf8.h"
@@ -106,6 +107,26 @@ class Store {
   virtual protocol::Result<PartDetails> LoadDetails(std::string_view partId) = 0;
   /// BadValue for a number that is not finite or outside its range.
   virtual protocol::Result<void> SaveDetails(std::string_view partId, const PartDetails& details) = 0;
+
+  /// A part with its details, both of one moment.
+  virtual protocol::Result<StoredPart> LoadPart(std::string_view partId) = 0;
+
+  /// Replaces the data and the details of a part and adds a record to its history, all or nothing. Conflict
+  /// when the part is in another state than the one that the saving stands on. BadValue as `UpdatePart` and
+  /// `SaveDetails`. The product counts as changed only when data change that enter a computation.
+  virtual protocol::Result<SavedState> SavePart(const PartSaving& saving) = 0;
+
+  /// At most `limit` records of a part's history with numbers below `before` (0: all), the latest first. A
+  /// history lasts as long as its part: that of a replaced product is gone.
+  virtual protocol::Result<HistoryPage> LoadHistory(std::string_view partId, std::int64_t before,
+                                                    std::int64_t limit) = 0;
+
+  /// The texts of one record. NotFound when the part has no record of that number.
+  virtual protocol::Result<HistoryTexts> LoadHistoryTexts(std::string_view partId, std::int64_t number) = 0;
+
+  /// The text of the saved values in one state of the part; none when no record tells of that state.
+  virtual protocol::Result<std::optional<std::string>> FindStateText(std::string_view partId,
+                                                                     std::int64_t state) = 0;
 
   /// Computed results of a product's parts, in no particular order.
   virtual protocol::Result<std::vector<StoredResult>> LoadResults(std::string_view productId) = 0;

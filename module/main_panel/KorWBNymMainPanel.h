@@ -53,12 +53,20 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   HRESULT RefreshDocsTab();
   HRESULT RefreshAdditionalInfoTab();
 
+  /// Document and revision selected in "ActiveDocsCombo". E_FAIL without a buffer or revisions. A line that
+  /// is none of the revisions leaves `revision` alone and counts as success: intended, and callers accept it.
+  HRESULT GetActiveDocSelection(KorUnicodeString& id, KorUnicodeString& revision) const;
+
   // ---- one magnitude shown again in its current unit; E_FAIL without a buffer, a magnitude or a unit ----
 
   HRESULT RefreshDensityUnits();
   HRESULT RefreshLengthUnits();
   HRESULT RefreshMassUnits();
   HRESULT RefreshMomentOfInertiaUnits();
+  /// Shows the value of the additional property selected, a magnitude, in its current unit: a text in the
+  /// storage unit when `fromStorage` is true, else one in the current unit already. A text that no number
+  /// opens stays as it is shown.
+  void RefreshMagnitudePropertiesUnits(const KorUnicodeString& text, bool fromStorage);
   /// Shows a tensor (kg·m², products negated) as moments and products of inertia: in the editors of the
   /// results page when the label is "Active", in those of the mass-types page for any other label.
   HRESULT RefreshMomentOfInertiaUnits(const KorMath3x3Matrix& inertia, const KorUnicodeString& label);
@@ -143,6 +151,62 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   void SetAct(const KorUnicodeString& text);
   void SelectFirstPage();
 
+  // revisions of the document
+  bool HasDocumentRevisions() const;
+  KorUnicodeString RevisionLine(const KorUnicodeString& revision) const;
+  void ListActiveRevision();
+  void ListRevisions();
+  void ShowRevision(int index, const char* where);
+  void SetRevisionChoice(KorSensitivity choosing);
+  void EndRevisionChoice();
+  void LoadRevision(const KorUnicodeString& id, const KorUnicodeString& revision);
+  HRESULT TakeRevision(const KorUnicodeString& reply);
+  void OrganizeActiveDocsComboBox();
+
+  // additional properties
+  void ShowSelectedProperty();
+  std::optional<KorUnicodeString> ShownMagnitude(int property, const KorUnicodeString& text,
+                                                 bool fromStorage) const;
+  KorUnicodeString ShownPropertyValue(int property) const;
+  void ValidateAndUpdateBufferAndPropEditor(bool keepBuffer);
+  void StoreEditedProperty();
+  void ValidatePropertyValue(int property, const KorUnicodeString& text);
+
+  // edit mode
+  bool IsComputedShown() const;
+  void ResetInertiaDisplay();
+  void ShowOwnDistribution();
+  void OfferUserMassType();
+  void OfferComputedMassType();
+  void OfferMaterial();
+  void OfferPrecision();
+  void SetDistributionSensitivity(KorSensitivity sensitivity);
+  void FillPasteValues();
+  void OfferCommands();
+  void OfferActiveDocument();
+  bool CheckDataModification(bool documentsOnly) const;
+  bool IsMassTypeAsStored() const;
+  bool IsMaterialAsStored() const;
+  bool IsActiveDocumentAsStored() const;
+
+  // save
+  void StoreCalculationStatus();
+  void StoreShownMassType();
+  void StoreDistribution(const KorUnicodeString& shownType, const KorWBNymNavMassValues& stored);
+  void StoreNoDistribution(const KorUnicodeString& shownType);
+  void StoreMaterial();
+  void StoreDensity();
+  bool AcceptMaterial();
+  void StorePrecision(const KorUnicodeString& activeType);
+  void StoreBounds(const KorUnicodeString& activeType);
+  void LeaveEditMode();
+  void StoreActiveDocument();
+  void StoreChosenDocument();
+  void StoreProperties();
+  void SendSave(const KorUnicodeString& activeType);
+  void TakeSaveReply(const KorUnicodeString& reply);
+  void ShowAsSaved(const KorUnicodeString& activeType);
+
   // results
   ReferenceMode GetReferenceMode() const;
   KorWBNymNavReferenceFrame CustomFrame() const;
@@ -163,14 +227,25 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   void ShowMassTypeCG(const KorWBNymNavMassValues& values);
   void ShowNoDistribution();
   void OfferDelete(const KorUnicodeString& shownType);
+  bool IsInEditMode() const;
+  void OfferEditing(const KorUnicodeString& shownType);
+  void PasteValuesOf(const KorUnicodeString& source);
+  void ShowMTInertia(const KorWBNymNavMassValues& values);
   void ShowDensityPriority();
   void ShowWhereMaterialApplies();
+  void ShowApplyOn(KorVisibility visibility);
+  bool IsDensityEmpty() const;
   void ShowMaterialStatistics();
   void BrowseStatistics(int step);
+  void StoreStandardPart();
   void FillPrecisionCombos();
+  void OfferBounds();
+  void SetBoundsSensitivity(KorSensitivity sensitivity);
   void ShowBounds(const KorUnicodeString& massType, int precisionType, int valueType);
 
   // modes
+  /// Checks the button as a user would: one that is checked already stays as it is and tells nobody.
+  static void Choose(KorDlgRadioButton& button);
   void ShowMovedToReference(const KorUnicodeString& massType, const KorUnicodeString& label);
   void PlaceCustomFrame();
   void LeaveResultsPage();
@@ -198,8 +273,8 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   KorUnicodeString _appliedOnObject;
   KorUnicodeString _materialName;
   KorUnicodeString _partRefMaterialName;
-  double _density = 0;         ///< kg/m³
-  double _partRefDensity = 0;  ///< kg/m³
+  double _density = 0;         ///< kg/m³, of the part or as typed for its instance
+  double _partRefDensity = 0;  ///< kg/m³, of the part reference or as typed for it
   bool _computed = false;      ///< whether the buffer held computed values when it was bound
   bool _rebinding = false;  ///< cleared at the end of construction and of every rebinding; nothing reads it
   KorListValKorUnicodeString _massTypeNames;   ///< working list of the mass-types page

@@ -103,9 +103,3 @@ void KorWBNymMainPanel::SetAct(const KorUnicodeString& text) {
   KorWBPartTraceLine("Setting act to ", text);
   _widgets.act->SetText(text);
 }
-
-// The revisions are not listed yet.
-HRESULT KorWBNymMainPanel::RefreshDocsTab() {
-  KORWB_PART_TRACE("RefreshDocsTab");
-  return S_OK;
-}

@@ -4,7 +4,9 @@
 
 #include <array>
 
+#include "framework/dialog/KorDlgCheckButton.h"
 #include "framework/dialog/KorDlgCombo.h"
+#include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgPushButton.h"
 #include "framework/dialog/KorDlgRadioButton.h"
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
@@ -30,10 +32,14 @@ HRESULT KorWBNymMainPanel::RefreshMassTypeTab() {
   return traceStatus;
 }
 
+/// Edit mode is no stored flag but the sensitivities that entering it sets.
+bool KorWBNymMainPanel::IsInEditMode() const { return !_widgets.edit->IsEnabled(); }
+
 // Shows another mass type. What a mass type lacks leaves its editors as they are.
 void KorWBNymMainPanel::OnMassTypeChangeNotification(KorCommand*, KorNotification*, KorCommandClientData) {
   if (!_dataBuffer) return;
   const KorUnicodeString shownType = _widgets.massType->GetSelectedLine();
+  if (IsInEditMode()) OfferEditing(shownType);
   if (_dataBuffer->GetMassTypeDefined(shownType) != KorWBAllDataBuffer::kDefined) {
     Display::ShowNoValueIn(std::array{_widgets.mtMass});
     ShowNoDistribution();
@@ -57,6 +63,31 @@ void KorWBNymMainPanel::OnMassTypeChangeNotification(KorCommand*, KorNotificatio
     RefreshMomentOfInertiaUnits(*inertia, "Current");
 }
 
+/// In edit mode the values of user mass types can be typed, those of the computed one cannot.
+void KorWBNymMainPanel::OfferEditing(const KorUnicodeString& shownType) {
+  const KorWBNymMainPanelWidgets& w = _widgets;
+  const bool typed = !shownType.Compare(KorLumWBCSCommonDefinitions::Computed);
+  w.mtMass->SetSensitivity(KorEnabledIf(typed));
+  SetDistributionSensitivity(KorEnabledIf(typed && !w.standardPart->IsChecked()));
+  w.pasteValues->SetSensitivity(KorEnabledIf(typed));
+  if (typed) {
+    FillPasteValues();
+  } else {
+    w.updateProperties->SetSensitivity(KorSensitivity::Disabled);
+    w.pasteValues->ClearLines();
+  }
+  // Material and density whatever the density priority, although entering edit mode asks it: kept as it is.
+  for (KorDlgObject* widget :
+       std::initializer_list<KorDlgObject*>{w.density, w.material, w.firstPriority, w.precisionType, w.save})
+    widget->SetSensitivity(KorSensitivity::Enabled);
+  OfferBounds();
+}
+
+void KorWBNymMainPanel::SetDistributionSensitivity(KorSensitivity sensitivity) {
+  for (KorDlgEditor* editor : _widgets.mtCG) editor->SetSensitivity(sensitivity);
+  for (KorDlgEditor* editor : _widgets.mtInertia) editor->SetSensitivity(sensitivity);
+}
+
 void KorWBNymMainPanel::ShowMassTypeCG(const KorWBNymNavMassValues& values) {
   if (values.cg) Display::ShowPointIn(_widgets.mtCG, *values.cg);
 }
@@ -66,7 +97,9 @@ void KorWBNymMainPanel::ShowNoDistribution() {
   Display::ShowNoValueIn(_widgets.mtInertia);
 }
 
-/// In edit mode a mass type that is neither computed nor active can be deleted.
+/// In edit mode a mass type that is neither computed nor active can be deleted. The active one leaves the
+/// button as it is, and so do those that are not shown to the end (undefined, or of a standard part): kept as
+/// it is.
 void KorWBNymMainPanel::OfferDelete(const KorUnicodeString& shownType) {
   const bool editable =
       !shownType.Compare(KorLumWBCSCommonDefinitions::Computed) && _widgets.save->IsEnabled();

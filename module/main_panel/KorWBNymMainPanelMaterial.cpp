@@ -2,6 +2,7 @@
 
 #include "module/main_panel/KorWBNymMainPanel.h"
 
+#include "framework/dialog/KorDlgCheckButton.h"
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgFrame.h"
@@ -11,6 +12,7 @@
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
 #include "module/shared/KorWBNymNavUnitDisplay.h"
 #include "services/KorLumWBCSCommonDefinitions.h"
+#include "services/KorWBServices.h"
 #include "services/LumWBAllDataBuffer.h"
 
 using Display = KorWBNymNavUnitDisplay;
@@ -64,16 +66,23 @@ void KorWBNymMainPanel::ShowDensityPriority() {
   _widgets.secondPriority->SetSelect(1 - first, KorNotify::Send);
 }
 
-// The two combos always name different sources.
+// The two combos always name different sources. In edit mode material and density can be typed for either.
 void KorWBNymMainPanel::OnFirstComboModifyNotification(KorCommand*, KorNotification*, KorCommandClientData) {
   if (!_dataBuffer) return;
   _widgets.secondPriority->SetSelect(_widgets.firstPriority->GetSelect() == 0 ? 1 : 0, KorNotify::Send);
+  if (!IsInEditMode()) return;
+  _widgets.density->SetSensitivity(KorSensitivity::Enabled);
+  _widgets.material->SetSensitivity(KorSensitivity::Enabled);
+}
+
+void KorWBNymMainPanel::ShowApplyOn(KorVisibility visibility) {
+  _widgets.definedFor->SetVisibility(visibility);
+  _widgets.applyOnFrame->SetVisibility(visibility);
 }
 
 void KorWBNymMainPanel::ShowWhereMaterialApplies() {
   const bool applies = _dataBuffer->GetDensity() > 0 && !_dataBuffer->GetMaterialName().Strip().IsEmpty();
-  _widgets.definedFor->SetVisibility(KorShownIf(applies));
-  _widgets.applyOnFrame->SetVisibility(KorShownIf(applies));
+  ShowApplyOn(KorShownIf(applies));
   if (!applies) return;
   const bool onReference = _appliedOnObject.Compare(KorLumWBCSCommonDefinitions::partRef) != 0;
   _widgets.definedFor->SetTitle("Material applied to: ");
@@ -81,6 +90,43 @@ void KorWBNymMainPanel::ShowWhereMaterialApplies() {
   _widgets.applyOnInstance->SetState(KorCheckedIf(!onReference));
   _widgets.applyOnReference->SetSensitivity(KorSensitivity::Disabled);
   _widgets.applyOnInstance->SetSensitivity(KorSensitivity::Disabled);
+}
+
+bool KorWBNymMainPanel::IsDensityEmpty() const { return _widgets.density->GetText().Strip().IsEmpty(); }
+
+// This handler and the next differ on purpose: an empty material keeps the buttons while there is a density,
+// an empty density hides them whatever the material is.
+void KorWBNymMainPanel::OnMaterialNameModifyNotification(KorCommand*, KorNotification*,
+                                                         KorCommandClientData) {
+  if (!_dataBuffer || Pdm().HasInstInLUMIRA()) return;
+  const KorUnicodeString& name = _widgets.material->GetText();
+  if (_widgets.applyOnReference->IsChecked())
+    _partRefMaterialName = name;
+  else if (_widgets.applyOnInstance->IsChecked())
+    _materialName = name;
+  if (!name.Strip().IsEmpty())
+    ShowApplyOn(KorVisibility::Shown);
+  else if (IsDensityEmpty())
+    ShowApplyOn(KorVisibility::Hidden);
+}
+
+void KorWBNymMainPanel::OnDensityModifyNotification(KorCommand*, KorNotification*, KorCommandClientData) {
+  if (!_dataBuffer || Pdm().HasInstInLUMIRA()) return;
+  // In the storage unit, as the densities that come from the buffer: both are shown again the same way.
+  const double typed = KorWBServices::RestoreValue(_widgets.density->GetValue(), Display::kDensity);
+  if (_widgets.applyOnReference->IsChecked())
+    _partRefDensity = typed;
+  else if (_widgets.applyOnInstance->IsChecked())
+    _density = typed;
+  ShowApplyOn(KorShownIf(!IsDensityEmpty()));
+}
+
+// Shows what is remembered for the side that was chosen.
+void KorWBNymMainPanel::OnApplyMaterialRadioBModify(KorCommand*, KorNotification*, KorCommandClientData) {
+  if (!_dataBuffer || !Display::Of(Display::kDensity)) return;
+  const bool onReference = _widgets.applyOnReference->IsChecked() && !_widgets.applyOnInstance->IsChecked();
+  _widgets.material->SetText(onReference ? _partRefMaterialName : _materialName);
+  Display::ShowIn(Display::kDensity, _widgets.density, onReference ? _partRefDensity : _density);
 }
 
 // Always from the first entry, wherever the user has browsed to: the index of that stays as it is.
@@ -121,4 +167,22 @@ void KorWBNymMainPanel::BrowseStatistics(int step) {
   if (!statistics.Has(_materialStatisticsIndex)) return;
   _widgets.statisticsName->SetText(statistics.names[_materialStatisticsIndex], KorNotify::Send);
   ShowDensity(statistics, _materialStatisticsIndex, _widgets.statisticsDensity);
+}
+
+void KorWBNymMainPanel::OnStandardPartClickeNotification(KorCommand*, KorNotification*,
+                                                         KorCommandClientData) {
+  if (!_dataBuffer) return;
+  StoreStandardPart();
+  KorWBPartTraceLine("<-OnStandardPartClickeNotification");
+}
+
+/// The flag goes to the buffer at once. In edit mode the values of the mass type that is chosen for pasting
+/// come along; without one nothing but the flag changes, neither values nor sensitivities.
+void KorWBNymMainPanel::StoreStandardPart() {
+  const bool standard = _widgets.standardPart->IsChecked();
+  Pdm().SetStandardPart(standard);
+  const KorUnicodeString source = _widgets.pasteValues->GetSelectedLine();
+  if (!_widgets.mtMass->IsEnabled() || source.IsEmpty()) return;
+  PasteValuesOf(source);
+  if (standard) ShowNoDistribution();
 }

@@ -13,14 +13,9 @@
 #include "module/shared/KorWBNymNavMassValues.h"
 #include "services/KorLumWBCSCommonDefinitions.h"
 
-namespace {
-
-/// Checks the button as a user would: one that is checked already stays as it is and tells nobody.
-void Choose(KorDlgRadioButton& button) {
+void KorWBNymMainPanel::Choose(KorDlgRadioButton& button) {
   if (!button.IsChecked()) button.SetState(KorCheckState::Checked, KorNotify::Send);
 }
-
-}  // namespace
 
 void KorWBNymMainPanel::ShowMovedToReference(const KorUnicodeString& massType,
                                              const KorUnicodeString& label) {

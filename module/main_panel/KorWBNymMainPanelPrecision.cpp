@@ -2,9 +2,12 @@
 
 #include "module/main_panel/KorWBNymMainPanel.h"
 
+#include <cmath>
+
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgPushButton.h"
+#include "module/main_panel/KorWBNymMainPanelFocus.h"
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
 #include "module/shared/KorWBNymNavUnitDisplay.h"
 
@@ -23,15 +26,33 @@ void Fill(KorDlgCombo& combo, const char* first, const char* second) {
   combo.SetLine(second);
 }
 
-/// A relative bound, a fraction of the mass, as percent; an absolute one, kg, in the current mass unit.
+KorUnicodeString Percent(double percent) {
+  KorUnicodeString text;
+  text.BuildFromNum(percent, "%g");
+  return text + "%";
+}
+
+/// A bound as the buffer stores it: a relative one, a fraction of the mass, as percent; an absolute one, kg,
+/// in the current mass unit.
 void ShowBound(KorDlgEditor* editor, double bound, int valueType) {
-  if (valueType != kRelative) {
+  if (valueType == kRelative)
+    editor->SetText(Percent(bound * 100));
+  else
     Display::ShowIn(Display::kMass, editor, bound);
-    return;
-  }
-  KorUnicodeString percent;
-  percent.BuildFromNum(bound * 100, "%g");
-  editor->SetText(percent + "%");
+}
+
+/// A bound as the user types it: in percent, or in the current mass unit.
+KorUnicodeString TypedBound(double bound, int valueType, const Display& display) {
+  // The percentage of no mass at all is no number.
+  if (!std::isfinite(bound)) return Display::kNoValue;
+  return valueType == kRelative ? Percent(bound) : display.ShowTyped(bound);
+}
+
+/// What the user reads as the mass: rounded to the digits shown, in the current unit.
+double AsShown(double mass, const Display& display) {
+  double shown = 0;
+  display.Show(mass).ConvertToNum(&shown, "%le");
+  return shown;
 }
 
 }  // namespace
@@ -82,10 +103,54 @@ void KorWBNymMainPanel::OnActiveTypeChangeNotification(KorCommand*, KorNotificat
 }
 
 void KorWBNymMainPanel::OnTypeComboModifyNotification(KorCommand*, KorNotification*, KorCommandClientData) {
-  if (!_dataBuffer || _widgets.precisionType->GetSelect() == kTypedByTheUser) return;
-  _widgets.lowerPrecision->SetSensitivity(KorSensitivity::Disabled);
-  _widgets.upperPrecision->SetSensitivity(KorSensitivity::Disabled);
-  _widgets.precisionValueType->SetSensitivity(KorSensitivity::Disabled);
+  if (!_dataBuffer) return;
+  if (_widgets.precisionType->GetSelect() == kTypedByTheUser) {
+    if (IsInEditMode()) SetBoundsSensitivity(KorSensitivity::Enabled);
+    return;
+  }
+  SetBoundsSensitivity(KorSensitivity::Disabled);
   _widgets.precisionValueType->SetSelect(kRelative);
   ShowBounds(_widgets.activeTypeShown->GetText(), kOfTheMassType, kRelative);
+}
+
+/// Only bounds of the user can be typed.
+void KorWBNymMainPanel::OfferBounds() {
+  SetBoundsSensitivity(KorEnabledIf(_widgets.precisionType->GetSelect() == kTypedByTheUser));
+}
+
+void KorWBNymMainPanel::SetBoundsSensitivity(KorSensitivity sensitivity) {
+  _widgets.upperPrecision->SetSensitivity(sensitivity);
+  _widgets.lowerPrecision->SetSensitivity(sensitivity);
+  _widgets.precisionValueType->SetSensitivity(sensitivity);
+}
+
+// What is compared is the line of the last change, not the one shown before: the first choice of a panel
+// always converts, also from a type to itself, and what a refresh selects does not count as a change.
+void KorWBNymMainPanel::OnPrecisionValueTypeChangeNotification(KorCommand*, KorNotification*,
+                                                               KorCommandClientData) {
+  const int valueType = _widgets.precisionValueType->GetSelect();
+  if (valueType == _lastPrecisionValueType) return;
+  _lastPrecisionValueType = valueType;
+  const auto display = Display::Of(Display::kMass);
+  if (!display) return;
+  const KorUnicodeString active = _widgets.activeMass->GetSelectedLine();
+  const double mass = AsShown(_dataBuffer ? _dataBuffer->GetMass(active) : 0.0, *display);
+  const double factor = valueType == kRelative ? 100 / mass : mass / 100;
+  for (KorDlgEditor* editor : {_widgets.upperPrecision, _widgets.lowerPrecision})
+    editor->SetText(TypedBound(editor->GetValue() * factor, valueType, *display));
+}
+
+void KorWBNymMainPanel::OnPrecisionEditorFocusNotification(KorCommand* sender, KorNotification*,
+                                                           KorCommandClientData data) {
+  auto* editor = dynamic_cast<KorDlgEditor*>(sender);
+  if (!editor) return;
+  const bool leaves = data == KorWBNymMainPanelFocus::kLeaves;
+  if (leaves && _widgets.precisionValueType->GetSelect() == kRelative) {
+    editor->SetText(Percent(editor->GetValue()));
+    return;
+  }
+  const auto display = Display::Of(Display::kMass);
+  if (leaves && display) editor->SetText(display->ShowTyped(editor->GetValue()));
+  // Also after the focus has gone: the next key then replaces the whole text.
+  editor->SetSelection(0, editor->GetText().GetLengthInChar());
 }

@@ -2,19 +2,16 @@
 
 #include "module/main_panel/KorWBNymMainPanel.h"
 
+#include "module/main_panel/KorWBNymMainPanelFocus.h"
 #include "module/shared/KorWBNymNavLayout.h"
 #include "module/shared/KorWBNymNavWiring.h"
 #include "services/LumWBAllDataBuffer.h"
-
-namespace {
-const KorCommandClientData kFocusLeaves = KorClientData(1);
-const KorCommandClientData kFocusComes = KorClientData(2);
-}  // namespace
 
 // "CloseButton" has no handler here: the host closes the panel.
 void KorWBNymMainPanel::WireHandlers() {
   using Panel = KorWBNymMainPanel;
   using enum KorEvent;
+  using namespace KorWBNymMainPanelFocus;
   const KorWBNymMainPanelWidgets& w = _widgets;
   // clang-format off
   KorWBNymNavWireHandlers(this, {
@@ -32,10 +29,10 @@ void KorWBNymMainPanel::WireHandlers() {
     {w.edit,               PushActivate, &Panel::OnEditNotification},
     {w.save,               PushActivate, &Panel::OnSaveNotification},
     {w.precisionValueType, ComboSelect,  &Panel::OnPrecisionValueTypeChangeNotification},
-    {w.upperPrecision,     FocusOut,     &Panel::OnPrecisionEditorFocusNotification, kFocusLeaves},
-    {w.upperPrecision,     FocusIn,      &Panel::OnPrecisionEditorFocusNotification, kFocusComes},
-    {w.lowerPrecision,     FocusOut,     &Panel::OnPrecisionEditorFocusNotification, kFocusLeaves},
-    {w.lowerPrecision,     FocusIn,      &Panel::OnPrecisionEditorFocusNotification, kFocusComes},
+    {w.upperPrecision,     FocusOut,     &Panel::OnPrecisionEditorFocusNotification, kLeaves},
+    {w.upperPrecision,     FocusIn,      &Panel::OnPrecisionEditorFocusNotification, kComes},
+    {w.lowerPrecision,     FocusOut,     &Panel::OnPrecisionEditorFocusNotification, kLeaves},
+    {w.lowerPrecision,     FocusIn,      &Panel::OnPrecisionEditorFocusNotification, kComes},
     {w.updateProperties,   PushActivate, &Panel::OnUpdatePropertiesNotification},
     {w.pasteValues,        ComboSelect,  &Panel::OnMTPasteValuesComboModifyNotification},
     {w.mtMass,             EditorModify, &Panel::OnMTMassEditorModifyNotification},

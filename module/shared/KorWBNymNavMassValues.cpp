@@ -32,6 +32,14 @@ KorWBNymNavMassValues KorWBNymNavMassValues::ReadEach(const KorWBAllDataBuffer& 
 }
 
 void KorWBNymNavMassValues::MoveInertiaTo(const KorMathPoint& point) {
+  MoveInertia(point, kFromCentreOfGravity);
+}
+
+void KorWBNymNavMassValues::MoveInertiaBackFrom(const KorMathPoint& point) {
+  MoveInertia(point, !kFromCentreOfGravity);
+}
+
+void KorWBNymNavMassValues::MoveInertia(const KorMathPoint& point, bool fromCentreOfGravity) {
   KorWBServices::ConvertInertiaMatrix(*inertia, mass, kMetresPerMillimetre * *cg,
-                                      kMetresPerMillimetre * point, kFromCentreOfGravity);
+                                      kMetresPerMillimetre * point, fromCentreOfGravity);
 }

@@ -21,4 +21,9 @@ struct KorWBNymNavMassValues {
   /// Moves the inertia from the centre of gravity to a point (mm, in the axes of the values), whatever the
   /// mass. Needs inertia and point.
   void MoveInertiaTo(const KorMathPoint& point);
+  /// Undoes MoveInertiaTo: inertia about that point comes to be about the centre of gravity.
+  void MoveInertiaBackFrom(const KorMathPoint& point);
+
+ private:
+  void MoveInertia(const KorMathPoint& point, bool fromCentreOfGravity);
 };

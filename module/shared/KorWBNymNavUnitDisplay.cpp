@@ -21,6 +21,10 @@ KorUnicodeString KorWBNymNavUnitDisplay::ShowUnconverted(double value) const {
   return _current->ShowValue(value, 0);
 }
 
+KorUnicodeString KorWBNymNavUnitDisplay::ShowTyped(double value) const {
+  return _current->FormatValue(value, 0);
+}
+
 HRESULT KorWBNymNavUnitDisplay::ShowIn(const char* magnitude, std::span<KorDlgEditor* const> editors,
                                        std::optional<std::span<const double>> values) {
   const auto display = Of(magnitude);

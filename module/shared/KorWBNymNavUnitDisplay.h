@@ -27,6 +27,13 @@ class KorWBNymNavUnitDisplay {
   KorUnicodeString Show(double stored) const;
   /// The same without asking the reference unit.
   KorUnicodeString ShowUnconverted(double value) const;
+  /// The text of a value that is in the current unit already, as one that was typed.
+  KorUnicodeString ShowTyped(double value) const;
+  /// What stands behind the number in a shown text.
+  const KorUnicodeString& Symbol() const { return _current->Symbol(); }
+
+  const KorString& CurrentUnitName() const { return _current->Name(); }
+  const KorString& ReferenceUnitName() const { return _reference->Name(); }
 
   /// Puts the texts of the values into the editors, without notification. E_FAIL, with the editors as they
   /// were, when the magnitude cannot be shown. Both have the same length; without values the editors show

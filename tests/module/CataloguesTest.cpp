@@ -23,7 +23,14 @@ constexpr const char* kMessages[] = {"ServerError.Title",
                                      "KorWBNymMainPanel.CustomModeEmptyValue.Message",
                                      "DocumentsNotFound001.Title",
                                      "NoDocsFoundMessage",
-                                     "WB_ComputePart100"};
+                                     "WB_ComputePart100",
+                                     "EmptyField.Title",
+                                     "EmptyMaterialField.Message",
+                                     "DensityZero.Title",
+                                     "DensityZero.Message",
+                                     "WrongPropertyValue001.Title",
+                                     "UnsuitablePropertyValue100",
+                                     "SaveReplyNotRead.Message"};
 
 class Catalogues : public PanelTest {
  protected:

@@ -14,6 +14,7 @@
 #include "framework/dialog/KorMsgCatalog.h"
 #include "framework/knowledge/KorUnitSystems.h"
 #include "framework/pdm/KorPdmClient.h"
+#include "protocol/Codec.h"
 #include "tests/support/PanelHarness.h"
 #include "tests/support/SamplePart.h"
 
@@ -33,8 +34,12 @@ class MoodyServer : public KorPdmTransport {
   std::string Run(const std::string&, const std::string&) override {
     static const std::string kGood =
         "ComputeReply/1|P-100|Computed|1|3|0.5|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0|end";
+    static const std::string kPart = protocol::WritePartData(SamplePartWithDocuments());
     const std::string replies[] = {kGood,
                                    kGood,
+                                   kPart,
+                                   kPart.substr(0, _dice() % kPart.size()),
+                                   "SaveReply/1|P-100|8|end",
                                    "LumiraError: no",
                                    "PendingWarnings/1|1|2|bad|end",
                                    "",
@@ -86,6 +91,7 @@ TEST_P(RandomUser, NeverFindsAStateThatTheWindowDoesNotShow) {
     MoodyServer server(dice);
     protocol::PartData part = SamplePartWithDocuments();
     part.propertiesRequested = true;
+    if (GetParam() % 3 != 0) part.properties = SamplePartWithADate().properties;
     part.hasInstance = GetParam() % 2 == 0;
     part.computed = false;
     const protocol::PartData plain = SamplePart();

@@ -51,7 +51,12 @@ inline std::vector<FormCase> EndedForms() {
           MakeCase<FilterList>("FilterList", ReadFilterList, WriteFilterList),
           MakeCase<HandlerRequest>("HandlerRequest", ReadHandlerRequest, WriteHandlerRequest),
           MakeCase<ConfigurationHandler>("ConfigurationHandler", ReadConfigurationHandler,
-                                         WriteConfigurationHandler)};
+                                         WriteConfigurationHandler),
+          MakeCase<SaveReply>("SaveReply", ReadSaveReply, WriteSaveReply),
+          MakeCase<HistoryRequest>("HistoryRequest", ReadHistoryRequest, WriteHistoryRequest),
+          MakeCase<History>("History", ReadHistory, WriteHistory),
+          MakeCase<HistoryStateRequest>("HistoryStateRequest", ReadHistoryStateRequest,
+                                        WriteHistoryStateRequest)};
 }
 
 inline std::vector<FormCase> AllForms() {

@@ -164,5 +164,32 @@ TEST(TreeForms, ReadANodeFieldByField) {
   EXPECT_EQ(node.mass, 5.5);
 }
 
+TEST(SaveReplyForm, ReadsPartAndToken) {
+  const auto reply = ReadSaveReply("SaveReply/1|bedplate|8|end");
+  ASSERT_TRUE(reply.Ok()) << reply.Failure().message;
+  EXPECT_EQ(reply.Value().partId, "bedplate");
+  EXPECT_EQ(reply.Value().stateToken, "8");
+}
+
+TEST(HistoryForms, ReadAnEntryFieldByField) {
+  const auto read = ReadHistory("History/1|p|7|1|6|2024-05-01T12:30:00Z|eva|3|1|m|__null__|7850|end");
+  ASSERT_TRUE(read.Ok()) << read.Failure().message;
+  EXPECT_EQ(read.Value().partId, "p");
+  EXPECT_EQ(read.Value().total, 7);
+  const HistoryEntry& entry = read.Value().entries.at(0);
+  EXPECT_EQ(entry.number, 6);
+  EXPECT_EQ(entry.time, "2024-05-01T12:30:00Z");
+  EXPECT_EQ(entry.user, "eva");
+  EXPECT_EQ(entry.changeCount, 3);
+  EXPECT_EQ(entry.changes, (std::vector<FieldChange>{{"m", std::nullopt, "7850"}}));
+}
+
+TEST(HistoryForms, RefuseARequestForMoreThanOneReplyHolds) {
+  EXPECT_EQ(ReadHistoryRequest("HistoryRequest/1|p|0|1001|end").Failure().message,
+            "HistoryRequest: field 4 (limit): \"1001\" is not an integer from 1 to 1000");
+  EXPECT_EQ(ReadHistoryStateRequest("HistoryStateRequest/1|p|0|0|end").Failure().message,
+            "HistoryStateRequest: field 3 (number): \"0\" is not an integer from 1 to 2147483647");
+}
+
 }  // namespace
 }  // namespace protocol

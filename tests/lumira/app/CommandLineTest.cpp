@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "lumira/app/CommandLine.h"
+#include "protocol/Codec.h"
 
 namespace lumira {
 namespace {
@@ -342,6 +343,87 @@ TEST_F(CommandLine, RunsServerCommands) {
             "lumira: ChildrenRequest: field 1 (form): \"rubbish\" is not \"ChildrenRequest/1\"\n");
 }
 
+class CommandLineHistory : public CommandLine {
+ protected:
+  CommandLineHistory() {
+    Lumira({"init", file});
+    ImportSample();
+  }
+
+  protocol::PartData Bedplate() {
+    const protocol::PartDataRequest request{.partId = "bedplate"};
+    const auto data = protocol::ReadPartData(
+        Line(Lumira({"command", file, "WBGetPartData", protocol::WritePartDataRequest(request)})));
+    EXPECT_TRUE(data.Ok()) << data.Failure().message;
+    return data.Ok() ? data.Value() : protocol::PartData{};
+  }
+
+  Outcome SaveMaterial(const std::string& material, const std::vector<std::string>& more) {
+    protocol::PartData data = Bedplate();
+    data.material.name = material;
+    std::vector<std::string> words = {"command", file, "WBSaveNymValues", protocol::WritePartData(data)};
+    words.insert(words.end(), more.begin(), more.end());
+    return Lumira(words);
+  }
+
+  static std::string Line(const Outcome& outcome) { return outcome.out.substr(0, outcome.out.find('\n')); }
+};
+
+TEST_F(CommandLineHistory, TellsWhoHasSavedWhatTheLatestFirst) {
+  EXPECT_THAT(SaveMaterial("Steel", {"--user", "eva"}).out, StartsWith("SaveReply/1|bedplate|"));
+  EXPECT_EQ(SaveMaterial("Iron", {"--user", "bob"}).code, kDone);
+  const Outcome history = Lumira({"history", file, "bedplate"});
+  EXPECT_EQ(history.code, kDone);
+  EXPECT_THAT(history.out, testing::MatchesRegex("2  20[-0-9]+T[:0-9]+Z  bob\n"
+                                                 "  material.name: Steel -> Iron\n"
+                                                 "1  20[-0-9]+T[:0-9]+Z  eva\n"
+                                                 "  material.name: [^\n]*-> Steel\n"));
+  const Outcome latest = Lumira({"history", file, "bedplate", "--limit", "1"});
+  EXPECT_THAT(latest.out, StartsWith("2  "));
+  EXPECT_EQ(latest.out.find("eva"), std::string::npos);
+  EXPECT_EQ(Lumira({"history", file, "yaw"}).out, "");
+}
+
+TEST_F(CommandLineHistory, GivesAStateThatCanBeSavedAgain) {
+  const std::string before = Bedplate().material.name;
+  SaveMaterial("Steel, painted", {"--user", "eva"});
+  const std::string state =
+      Line(Lumira({"command", file, "LumGetHistoryState", "HistoryStateRequest/1|bedplate|1|0|end"}));
+  EXPECT_EQ(Lumira({"command", file, "WBSaveNymValues", state, "--user", "bob"}).code, kDone);
+  EXPECT_EQ(Bedplate().material.name, before);
+  EXPECT_THAT(Lumira({"history", file, "bedplate"}).out,
+              HasSubstr("  material.name: Steel, painted -> " + before + "\n"));
+}
+
+TEST_F(CommandLineHistory, TakesTheUserOfTheEnvironmentWhenNobodyIsNamed) {
+  const char* before = std::getenv("USER");
+  const std::optional<std::string> user =
+      before == nullptr ? std::nullopt : std::optional<std::string>(before);
+  setenv("USER", "joe", 1);
+  SaveMaterial("Steel", {});
+  user ? setenv("USER", user->c_str(), 1) : unsetenv("USER");
+  EXPECT_THAT(Lumira({"history", file, "bedplate"}).out, HasSubstr("Z  joe\n"));
+}
+
+TEST_F(CommandLineHistory, RefusesNamesThatAreNoneAndPartsThatAreNot) {
+  const Outcome refused = SaveMaterial("Steel, painted", {"--user", "e|va"});
+  EXPECT_EQ(refused.code, kUsage);
+  EXPECT_THAT(refused.errors, HasSubstr("\"e|va\" holds \"|\""));
+  EXPECT_NE(Bedplate().material.name, "Steel, painted");
+  const Outcome unknown = Lumira({"history", file, "nobody"});
+  EXPECT_EQ(unknown.code, kRefused);
+  EXPECT_EQ(unknown.errors, "lumira: there is no part \"nobody\"\n");
+}
+
+TEST_F(CommandLineHistory, TellsAConflictAsInputThatIsRefused) {
+  protocol::PartData old = Bedplate();
+  SaveMaterial("Steel", {"--user", "eva"});
+  old.material.name = "Iron";
+  const Outcome refused = Lumira({"command", file, "WBSaveNymValues", protocol::WritePartData(old)});
+  EXPECT_EQ(refused.code, kRefused);
+  EXPECT_THAT(refused.errors, HasSubstr("part \"bedplate\" was changed by \"eva\" on"));
+}
+
 TEST_F(CommandLine, TellsInputFromStorageByItsExitCode) {
   EXPECT_EQ(Lumira({"tree", file}).code, kRefused);
   EXPECT_EQ(Lumira({"tree", file}).errors, "lumira: database \"" + file + "\": there is no such file\n");
@@ -363,6 +445,8 @@ TEST_F(CommandLine, RefusesWhatItDoesNotUnderstand) {
                                              {"compute", file},
                                              {"tree", file, "--depth", "-1"},
                                              {"tree", file, "--depth", "x"},
+                                             {"history", file},
+                                             {"history", file, "p", "--limit", "0"},
                                              {"import", file, "--mass", "m", "--frobnicate"}}) {
     const Outcome outcome = Lumira(words);
     EXPECT_EQ(outcome.code, kUsage);
@@ -373,7 +457,7 @@ TEST_F(CommandLine, RefusesWhatItDoesNotUnderstand) {
 
 TEST_F(CommandLine, HelpsWithEachCommand) {
   EXPECT_THAT(Lumira({"--help"}).out, HasSubstr("Exit codes: 0 done"));
-  for (const char* command : {"init", "import", "tree", "compute", "command"}) {
+  for (const char* command : {"init", "import", "tree", "compute", "command", "history"}) {
     const Outcome help = Lumira({command, "--help"});
     EXPECT_EQ(help.code, kDone);
     EXPECT_THAT(help.out, HasSubstr("FILE")) << command;

@@ -3,6 +3,7 @@
 #include <random>
 
 #include "ServerFixture.h"
+#include "Variations.h"
 
 namespace lumira::test {
 namespace {
@@ -36,20 +37,6 @@ TEST_F(ServerCommands, ForUnknownPartsAndProductsSaySo) {
             "LumiraError: there is no product \"Nothing\"");
 }
 
-// Replaces, removes or doubles a piece.
-std::string Varied(std::string text, std::mt19937& random) {
-  const std::string alphabet = "|0123456789%:_endtopbxKi\n\xFF";
-  const std::size_t at = random() % text.size();
-  const std::size_t size = 1 + random() % 6;
-  if (random() % 2 == 0)
-    text[at] = alphabet[random() % alphabet.size()];
-  else if (random() % 2 == 0)
-    text.erase(at, size);
-  else
-    text.insert(random() % text.size(), text.substr(at, size));
-  return text;
-}
-
 struct VariedCommand {
   std::string_view name;
   std::string request;
@@ -75,6 +62,8 @@ const VariedCommand kVariedCommands[] = {
      [](std::string_view reply) { return protocol::ReadConfigurationHandler(reply).Ok(); }},
     {protocol::kCommandSetHandler, "ConfigurationHandler/1|top|__null__|end",
      [](std::string_view reply) { return protocol::ReadConfigurationHandler(reply).Ok(); }},
+    {protocol::kCommandHistory, "HistoryRequest/1|box|0|10|end",
+     [](std::string_view reply) { return protocol::ReadHistory(reply).Ok(); }},
 };
 
 TEST_F(ServerCommands, AnswerVariedRequestsReadablyAndChangeNothing) {

@@ -82,6 +82,22 @@ TEST(Change, OfAnAssemblysOwnNumbersReachesItsParents) {
   EXPECT_EQ(*rollup.ResultOf("sub").Value().mass, 1.0);
 }
 
+TEST(Change, IsCountedByTheNodesThatItComputes) {
+  Product product;
+  product.parts = {Plain("root"), Plain("left"), Plain("right"), Weighed("a", {1.0, Vec3{}, InertiaTensor{}}),
+                   Weighed("b", {2.0, Vec3{}, InertiaTensor{}})};
+  Place(product, "root", "left");
+  Place(product, "root", "right");
+  Place(product, "left", "a");
+  Place(product, "right", "b");
+  auto rollup = RollUp(product);
+  EXPECT_EQ(rollup.ComputedNodes(), 3u) << "each assembly once";
+  product.parts[3].massTypes[0].properties.mass = 5.0;
+  ASSERT_EQ(rollup.ChangePart(product.parts[3]).Value(), Changed::PathComputed);
+  EXPECT_EQ(rollup.ComputedNodes(), 5u) << "left and root";
+  EXPECT_EQ(*rollup.ResultOf("root").Value().mass, 7.0);
+}
+
 TEST(Change, ToABadNumberIsRefusedAndChangesNothing) {
   Dice dice(53);
   auto product = RandomProduct(dice, 2, 3, 4);

@@ -149,9 +149,9 @@ TEST_F(SqliteFaults, DatabaseOfAnotherProgramIsRefusedAndStaysAsItIs) {
 
 TEST_F(SqliteFaults, NewerVersionIsRefusedAndStaysAsItIs) {
   MakeStore();
-  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 5");
+  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 6");
   const std::string before = Content(file);
-  ExpectReason(OpeningFails(ErrorKind::Storage), "newer version (tables of version 5, this program knows 4)");
+  ExpectReason(OpeningFails(ErrorKind::Storage), "newer version (tables of version 6, this program knows 5)");
   EXPECT_EQ(Content(file), before);
 }
 
@@ -508,6 +508,77 @@ TEST_F(SqliteFaults, DetailsThatWereNeverStoredAreRefusedByTheirRow) {
        {"UPDATE part_details SET reference_density = NULL; UPDATE properties SET type = 4294967296",
         "column type: 4294967296 is not an integer from -2147483648 to 2147483647"}},
       [](Store& store) { return store.LoadDetails("leaf"); });
+}
+
+PartSaving SavingOf(Store& store, double mass) {
+  PartSaving saving{store.LoadPart("leaf").Value(), {"eva", "2026-01-02T03:04:05Z"}, "before", "after"};
+  saving.saved.part.massTypes.at(0).properties.mass = mass;
+  saving.saved.details.appliedOn = std::to_string(mass);
+  return saving;
+}
+
+TEST_F(SqliteFaults, HistoriesThatWereNeverStoredAreRefused) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"UPDATE history SET user = CAST(x'ff' AS TEXT) WHERE number = 2",
+       "row number = \"2\", column user: \"\\xFF\" is not UTF-8"},
+      {"DELETE FROM history WHERE number = 1", "has 1 records instead of 2"}};
+  MakeStore();
+  auto store = OpenSqliteStore(file).Value();
+  for (double mass : {1, 2}) ASSERT_TRUE(store->SavePart(SavingOf(*store, mass)).Ok());
+  store.reset();
+  for (const auto& [damage, reason] : cases) {
+    SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
+    const auto page = OpenSqliteStore(file).Value()->LoadHistory("leaf", 0, 10);
+    ASSERT_FALSE(page.Ok()) << reason;
+    EXPECT_EQ(page.Failure().kind, ErrorKind::Storage);
+    ExpectReason(page.Failure().message, reason);
+  }
+}
+
+TEST_F(SqliteFaults, SavingIntoADatabaseThatLostItsCounterIsRefusedAndChangesNothing) {
+  MakeStore();
+  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("DELETE FROM part_states");
+  auto store = OpenSqliteStore(file).Value();
+  const auto saved = store->SavePart(SavingOf(*store, 5));
+  ASSERT_FALSE(saved.Ok());
+  EXPECT_EQ(saved.Failure().kind, ErrorKind::Storage);
+  ExpectReason(saved.Failure().message, "the counter of the states of parts is missing");
+  EXPECT_EQ(store->LoadProduct("PRC").Value(), SampleProduct());
+}
+
+TEST_F(SqliteFaults, SavingWhileAnotherProgramWritesIsRefusedAndChangesNothing) {
+  MakeStore();
+  auto store = OpenSqliteStore(file, kNoPatience).Value();
+  const PartSaving saving = SavingOf(*store, 5);
+  {
+    SQLite::Database other(file, SQLite::OPEN_READWRITE);
+    SQLite::Transaction writing(other, SQLite::TransactionBehavior::EXCLUSIVE);
+    const auto refused = store->SavePart(saving);
+    ASSERT_FALSE(refused.Ok());
+    EXPECT_EQ(refused.Failure().kind, ErrorKind::Storage);
+    ExpectReason(refused.Failure().message, "locked by another program");
+  }
+  EXPECT_EQ(store->LoadHistory("leaf", 0, 10).Value().total, 0);
+  EXPECT_TRUE(store->SavePart(saving).Ok()) << "the same saving, once the other is done";
+}
+
+TEST_F(SqliteFaults, SavingOnAFullDiskIsRefusedAndLeavesPartDetailsAndHistoryAlone) {
+  MakeStore();
+  auto store = OpenSqliteStore(file).Value();
+  PartSaving saving = SavingOf(*store, 5);
+  saving.after = std::string(2'000'000, 'x');
+  {
+    SmallDisk disk(300'000);
+    const auto refused = store->SavePart(saving);
+    ASSERT_FALSE(refused.Ok());
+    EXPECT_EQ(refused.Failure().kind, ErrorKind::Storage);
+    ExpectReason(refused.Failure().message, "disk");
+  }
+  store = OpenSqliteStore(file).Value();
+  EXPECT_EQ(store->LoadProduct("PRC").Value(), SampleProduct());
+  EXPECT_EQ(store->LoadDetails("leaf").Value().appliedOn, "");
+  EXPECT_EQ(store->LoadHistory("leaf", 0, 10).Value().total, 0);
+  EXPECT_TRUE(store->SavePart(saving).Ok());
 }
 
 TEST_F(SqliteFaults, ProductThatCannotBeToldDoesNotHideTheOthers) {

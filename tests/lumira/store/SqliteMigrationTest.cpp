@@ -1,6 +1,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 
+#include "DatabaseFiles.h"
 #include "Filters.h"
 #include "StoreContract.h"
 #include "lumira/store/OpenSqliteStore.h"
@@ -118,23 +119,6 @@ class SqliteMigration : public testing::Test {
     database.exec(kContent);
   }
 
-  static int Version(const std::string& file) {
-    return SQLite::Database(file).execAndGet("PRAGMA user_version").getInt();
-  }
-
-  // Every table and column there is, in a text that does not depend on the order of the columns.
-  static std::vector<std::string> Columns(const std::string& file) {
-    SQLite::Database database(file);
-    SQLite::Statement query(
-        database,
-        "SELECT m.name || '.' || c.name || ' ' || c.type || ' ' || c.\"notnull\" || ' ' || "
-        "c.pk || ' ' || coalesce(c.dflt_value, '-') FROM sqlite_master m "
-        "JOIN pragma_table_info(m.name) c WHERE m.type = 'table' ORDER BY 1");
-    std::vector<std::string> columns;
-    while (query.executeStep()) columns.push_back(query.getColumn(0).getString());
-    return columns;
-  }
-
   TemporaryFolder folder;
   std::string file = folder.File("old.lumira");
 };
@@ -160,10 +144,10 @@ TEST_F(SqliteMigration, KeepsProductsResultsAndFiltersOfVersion3) {
 TEST_F(SqliteMigration, MakesTheTablesOfANewFile) {
   const std::string fresh = folder.File("new.lumira");
   ASSERT_TRUE(CreateSqliteStore(fresh).Ok());
-  ASSERT_NE(Columns(file), Columns(fresh));
+  ASSERT_NE(ColumnsOf(file), ColumnsOf(fresh));
   ASSERT_TRUE(OpenSqliteStore(file).Ok());
-  EXPECT_EQ(Columns(file), Columns(fresh));
-  EXPECT_EQ(Version(file), 4);
+  EXPECT_EQ(ColumnsOf(file), ColumnsOf(fresh));
+  EXPECT_EQ(VersionOf(file), 5);
 }
 
 TEST_F(SqliteMigration, HappensOnceAndWhatIsWrittenThenStays) {
@@ -179,9 +163,10 @@ TEST_F(SqliteMigration, ThatFailsLeavesTheFileAtVersion3) {
   const auto refused = OpenSqliteStore(file);
   ASSERT_FALSE(refused.Ok());
   EXPECT_EQ(refused.Failure().kind, protocol::ErrorKind::Storage);
-  EXPECT_EQ(Version(file), 3);
+  EXPECT_EQ(VersionOf(file), 3);
   SQLite::Database database(file, SQLite::OPEN_READWRITE);
   EXPECT_FALSE(database.tableExists("filter_conditions"));
+  EXPECT_FALSE(database.tableExists("history"));
   database.exec("CREATE TABLE filter_instances(filter INTEGER, position INTEGER, instance TEXT)");
   EXPECT_TRUE(OpenSqliteStore(file).Ok());
 }
@@ -196,7 +181,7 @@ TEST_F(SqliteMigration, WaitsForNobodyWhoHoldsTheFileAndLeavesItAsItIs) {
     EXPECT_NE(refused.Failure().message.find("locked by another program"), std::string::npos)
         << refused.Failure().message;
   }
-  EXPECT_EQ(Version(file), 3);
+  EXPECT_EQ(VersionOf(file), 3);
   EXPECT_TRUE(OpenSqliteStore(file).Ok());
 }
 

@@ -7,6 +7,7 @@
 #include <memory>
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include "lumira/store/Store.h"
 
@@ -38,6 +39,9 @@ struct StoreKind {
 
   friend std::ostream& operator<<(std::ostream& out, const StoreKind& kind) { return out << kind.name; }
 };
+
+/// All implementations there are.
+std::vector<StoreKind> StoreKinds();
 
 /// Every promise of `Store` that does not depend on where the data lies.
 class StoreContract : public testing::TestWithParam<StoreKind> {

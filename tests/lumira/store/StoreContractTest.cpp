@@ -46,6 +46,11 @@ Product SampleProduct() {
           {"root"}};
 }
 
+std::vector<StoreKind> StoreKinds() {
+  return {{"Sqlite", [](const std::string& place) { return CreateSqliteStore(place).Value(); },
+           [](const std::string& place) { return OpenSqliteStore(place).Value(); }}};
+}
+
 namespace {
 
 using protocol::ErrorKind;
@@ -531,11 +536,7 @@ TEST_P(StoreContract, SurveysAProductWithoutLoadingIt) {
   EXPECT_EQ(store->Survey("X").Failure().kind, ErrorKind::NotFound);
 }
 
-INSTANTIATE_TEST_SUITE_P(Sqlite, StoreContract,
-                         testing::Values(StoreKind{
-                             "Sqlite",
-                             [](const std::string& place) { return CreateSqliteStore(place).Value(); },
-                             [](const std::string& place) { return OpenSqliteStore(place).Value(); }}),
+INSTANTIATE_TEST_SUITE_P(All, StoreContract, testing::ValuesIn(StoreKinds()),
                          [](const auto& kind) { return kind.param.name; });
 
 }  // namespace

@@ -1,0 +1,207 @@
+#include "desktop/app/HistoryDialog.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableView>
+#include <QTableWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/app/PdmCommands.h"
+#include "desktop/app/Texts.h"
+#include "desktop/toolkit/QtText.h"
+
+namespace desktop {
+namespace {
+
+constexpr const char* kFieldColumns[] = {"History.Field", "History.Before", "History.After"};
+
+QLabel* MakeText() {
+  auto* label = new QLabel;
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  return label;
+}
+
+/// A table of lines to read: the arrow keys go through the lines, Tab leads out of it.
+void MakeLines(QTableView& table) {
+  table.setSelectionBehavior(QAbstractItemView::SelectRows);
+  table.setSelectionMode(QAbstractItemView::SingleSelection);
+  table.setEditTriggers(QAbstractItemView::NoEditTriggers);
+  table.setTabKeyNavigation(false);
+  table.setAlternatingRowColors(true);
+  table.setShowGrid(false);
+  table.verticalHeader()->hide();
+  table.horizontalHeader()->setHighlightSections(false);
+  table.horizontalHeader()->setStretchLastSection(true);
+}
+
+QTableWidgetItem* MakeItem(const QString& text) {
+  auto* item = new QTableWidgetItem(text);
+  item->setToolTip(text);
+  return item;
+}
+
+/// Of a part that cannot be read nothing is known; its history can be.
+HistoryContext ContextNow(const std::string& part) {
+  protocol::PartDataRequest request;
+  request.partId = part;
+  const auto text = GetPartDataText(request);
+  const auto data = text ? protocol::ReadPartData(text.Value()) : text.Failure();
+  return data ? HistoryContext::Of(data.Value()) : HistoryContext();
+}
+
+}  // namespace
+
+HistoryDialog::HistoryDialog(const std::string& part, QWidget* parent)
+    : QDialog(parent),
+      _model(new HistoryModel(part, this)),
+      _heading(MakeText()),
+      _saves(new QTableView),
+      _more(new QPushButton),
+      _fieldTitle(MakeText()),
+      _fields(new QTableWidget),
+      _fieldNote(MakeText()),
+      _before(new QPushButton),
+      _after(new QPushButton),
+      _close(new QPushButton) {
+  Build();
+  _model->onError = [this](const protocol::Error& error) {
+    if (onError) onError(error);
+  };
+  _saves->setModel(_model);
+  QObject::connect(_saves->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+                   [this] { ShowFields(); });
+  QObject::connect(_model, &QAbstractItemModel::rowsInserted, this, [this] { ShowCounts(); });
+  QObject::connect(_more, &QPushButton::clicked, this, [this] { _model->fetchMore(); });
+  QObject::connect(_before, &QPushButton::clicked, this,
+                   [this] { SaveAgain(protocol::HistoryMoment::Before); });
+  QObject::connect(_after, &QPushButton::clicked, this,
+                   [this] { SaveAgain(protocol::HistoryMoment::After); });
+  QObject::connect(_close, &QPushButton::clicked, this, [this] { close(); });
+  RefreshTexts();
+  resize(760, 560);
+}
+
+void HistoryDialog::Build() {
+  MakeLines(*_saves);
+  MakeLines(*_fields);
+  _fields->setColumnCount(static_cast<int>(std::size(kFieldColumns)));
+  _fields->setWordWrap(true);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(_heading);
+  layout->addWidget(_saves, 2);
+  layout->addWidget(_more, 0, Qt::AlignLeft);
+  layout->addWidget(_fieldTitle);
+  layout->addWidget(_fields, 3);
+  layout->addWidget(_fieldNote);
+  layout->addWidget(MakeButtons());
+}
+
+QWidget* HistoryDialog::MakeButtons() {
+  auto* row = new QWidget;
+  auto* layout = new QHBoxLayout(row);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(_before);
+  layout->addWidget(_after);
+  layout->addStretch();
+  layout->addWidget(_close);
+  for (QPushButton* button : {_more, _before, _after, _close}) button->setAutoDefault(false);
+  return row;
+}
+
+void HistoryDialog::Reload() {
+  const protocol::HistoryEntry* chosen = Chosen();
+  const int number = chosen ? chosen->number : 0;
+  _now = ContextNow(_model->Part());
+  _model->Reload();
+  ChooseNumber(number);
+  ShowCounts();
+  _saves->resizeColumnsToContents();
+}
+
+/// The latest one where there is no such save among those that are known.
+void HistoryDialog::ChooseNumber(int number) {
+  const auto& entries = _model->Entries();
+  const auto found =
+      std::find_if(entries.begin(), entries.end(), [&](const auto& entry) { return entry.number == number; });
+  const auto row = found == entries.end() ? 0 : found - entries.begin();
+  _saves->setCurrentIndex(_model->index(static_cast<int>(row), 0));
+  ShowFields();
+}
+
+const protocol::HistoryEntry* HistoryDialog::Chosen() const {
+  const QModelIndex index = _saves->currentIndex();
+  const auto row = static_cast<std::size_t>(std::max(index.row(), 0));
+  return index.isValid() && row < _model->Entries().size() ? &_model->Entries()[row] : nullptr;
+}
+
+void HistoryDialog::RefreshTexts() {
+  setWindowTitle(Text("History.Title", {ToQt(_model->Part())}));
+  _more->setText(Text("History.More"));
+  _before->setText(Text("History.SaveBefore"));
+  _before->setToolTip(Text("History.SaveBeforeHelp"));
+  _after->setText(Text("History.SaveAfter"));
+  _after->setToolTip(Text("History.SaveAfterHelp"));
+  _close->setText(Text("History.Close"));
+  _fieldTitle->setText(Text("History.Fields"));
+  _saves->setAccessibleName(Text("History.Saves"));
+  _fields->setAccessibleName(Text("History.Fields"));
+  QStringList titles;
+  for (const char* key : kFieldColumns) titles << Text(key);
+  _fields->setHorizontalHeaderLabels(titles);
+  _model->RefreshTexts();
+  ShowCounts();
+  ShowFields();
+}
+
+void HistoryDialog::ShowCounts() {
+  const int known = _model->rowCount();
+  const QString total = QString::number(_model->Total());
+  _heading->setText(_model->Total() == 0      ? Text("History.None", {ToQt(_model->Part())})
+                    : known < _model->Total() ? Text("History.Some", {total, QString::number(known)})
+                                              : Text("History.All", {total}));
+  _more->setVisible(_model->canFetchMore());
+}
+
+void HistoryDialog::ShowFields() {
+  const protocol::HistoryEntry* save = Chosen();
+  _before->setEnabled(save);
+  _after->setEnabled(save);
+  _fields->setRowCount(0);
+  const bool cut = save && static_cast<std::size_t>(save->changeCount) > save->changes.size();
+  _fieldNote->setText(
+      cut ? Text("History.Cut", {QString::number(save->changes.size()), QString::number(save->changeCount)})
+          : QString());
+  _fieldNote->setVisible(cut);
+  if (save) FillFields(*save);
+}
+
+void HistoryDialog::FillFields(const protocol::HistoryEntry& save) {
+  HistoryContext after = _now;
+  for (const protocol::HistoryEntry& later : _model->Entries())
+    if (later.number > save.number) after.GoBackOver(later);
+  HistoryContext before = after;
+  before.GoBackOver(save);
+  _fields->setRowCount(static_cast<int>(save.changes.size()));
+  for (int row = 0; row < _fields->rowCount(); ++row) {
+    const auto texts = HistoryTexts::Of(save.changes[static_cast<std::size_t>(row)], after, before);
+    _fields->setItem(row, 0, MakeItem(texts.field));
+    _fields->setItem(row, 1, MakeItem(texts.before));
+    _fields->setItem(row, 2, MakeItem(texts.after));
+  }
+  _fields->horizontalHeader()->resizeSections(QHeaderView::ResizeToContents);
+  _fields->resizeRowsToContents();
+}
+
+void HistoryDialog::SaveAgain(protocol::HistoryMoment moment) {
+  if (const protocol::HistoryEntry* save = Chosen(); save && onSaveAgain)
+    onSaveAgain(_model->Part(), save->number, moment);
+}
+
+QString HistoryDialog::Heading() const { return _heading->text(); }
+QString HistoryDialog::FieldNote() const { return _fieldNote->text(); }
+
+}  // namespace desktop

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QDialog>
+#include <functional>
+
+#include "desktop/app/HistoryModel.h"
+#include "desktop/app/HistoryTexts.h"
+
+class QLabel;
+class QPushButton;
+class QTableView;
+class QTableWidget;
+
+namespace desktop {
+
+/// The saves of a part: who, when, how many fields; the changed fields of the chosen one with their values
+/// before and after. Either state can be saved again.
+class HistoryDialog : public QDialog {
+ public:
+  /// Shows nothing before Reload().
+  HistoryDialog(const std::string& part, QWidget* parent);
+
+  /// The user wants a state to be saved again.
+  std::function<void(const std::string& part, int save, protocol::HistoryMoment moment)> onSaveAgain;
+  std::function<void(const protocol::Error&)> onError;
+
+  /// Asks the server again; the chosen save stays chosen.
+  void Reload();
+  /// Shows texts and units anew.
+  void RefreshTexts();
+
+  HistoryModel& Saves() const { return *_model; }
+  QTableView& SaveList() const { return *_saves; }
+  QTableWidget& FieldList() const { return *_fields; }
+  QPushButton& BeforeButton() const { return *_before; }
+  QPushButton& AfterButton() const { return *_after; }
+  QPushButton& MoreButton() const { return *_more; }
+  QString Heading() const;
+  /// What is said of fields that are not listed; empty when all are.
+  QString FieldNote() const;
+
+ private:
+  void Build();
+  QWidget* MakeButtons();
+  const protocol::HistoryEntry* Chosen() const;
+  void ChooseNumber(int number);
+  void ShowCounts();
+  void ShowFields();
+  void FillFields(const protocol::HistoryEntry& save);
+  void SaveAgain(protocol::HistoryMoment moment);
+
+  HistoryModel* _model;
+  HistoryContext _now;  ///< of the part as it is stored
+  QLabel* _heading;
+  QTableView* _saves;
+  QPushButton* _more;
+  QLabel* _fieldTitle;
+  QTableWidget* _fields;
+  QLabel* _fieldNote;
+  QPushButton* _before;
+  QPushButton* _after;
+  QPushButton* _close;
+};
+
+}  // namespace desktop

@@ -1,0 +1,114 @@
+// The main window while values are edited: what must not be lost without a question, what a save changes on
+// the screen, and the history of a part.
+#include <QItemSelectionModel>
+#include <QStatusBar>
+#include <QTreeView>
+#include <utility>
+
+#include "desktop/app/HistoryDialog.h"
+#include "desktop/app/MainWindow.h"
+#include "desktop/app/PdmCommands.h"
+#include "desktop/app/Texts.h"
+#include "desktop/toolkit/QtText.h"
+#include "framework/dialog/KorApplicationFrame.h"
+
+namespace desktop {
+namespace {
+
+constexpr int kSaidFor = 6'000;  ///< milliseconds that the status bar says what was saved
+
+/// Whether the user chose the first of the answers, which does what is asked for.
+bool Agrees(KorDlgDialog* parent, const char* titleKey, const QString& text, const char* doKey,
+            const char* leaveKey) {
+  KorDlgQuestion question;
+  question.parent = parent;
+  question.title = FromQt(Text(titleKey));
+  question.text = FromQt(text);
+  question.answers = {FromQt(Text(doKey)), FromQt(Text(leaveKey))};
+  constexpr int kDo = 0;
+  return KorApplicationFrame::Ask(question) == kDo;
+}
+
+const char* AgainKey(protocol::HistoryMoment moment) {
+  return moment == protocol::HistoryMoment::Before ? "History.AskBefore" : "History.AskAfter";
+}
+
+}  // namespace
+
+bool MainWindow::MayGiveUpValues() {
+  if (!_partPanel.HasUnsavedValues()) return true;
+  KorUnicodeString part;
+  _partPanel.Buffer()->GetPartIdentifier(part);
+  return Agrees(_partPanel.Panel(), "Unsaved.Title", Text("Unsaved.Text", {ToQt(part)}), "Unsaved.GiveUp",
+                "Unsaved.Keep");
+}
+
+void MainWindow::SelectionChanged() {
+  if (!_partPanel.HasUnsavedValues()) return ShowChangedSelection();
+  ShowStatus();
+  // The tree is not done with the click or key: the question, and going back, come after it.
+  QMetaObject::invokeMethod(
+      this, [this] { DecideOnSelection(); }, Qt::QueuedConnection);
+}
+
+void MainWindow::DecideOnSelection() {
+  if (_panelLine.isValid() && _tree->currentIndex() == _panelLine) return;
+  if (MayGiveUpValues()) return ShowChangedSelection();
+  if (!_panelLine.isValid()) return;
+  _tree->selectionModel()->setCurrentIndex(_panelLine,
+                                           QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void MainWindow::ShowChangedSelection() {
+  ShowStatus();
+  const auto text = ShowSelection();
+  if (text && _partPanel.IsOpen()) BindPartPanel(*text);
+}
+
+void MainWindow::ValuesSaved(PartPanelHost::SaveOutcome outcome) {
+  if (!_savesAgain) _partPanel.SaveEnded(outcome);
+}
+
+HistoryDialog* MainWindow::History() const { return _history; }
+
+void MainWindow::ShowHistory() {
+  const QModelIndex line = _tree->currentIndex();
+  if (!line.isValid()) return ShowError("Error.History", Text("Error.NothingSelected").toStdString());
+  if (_history) _history->close();
+  _history = new HistoryDialog(_model->PlaceAt(line).node.partId, this);
+  _history->setAttribute(Qt::WA_DeleteOnClose);
+  _history->onSaveAgain = [this](const std::string& part, int save, protocol::HistoryMoment moment) {
+    SaveAgain(part, save, moment);
+  };
+  _history->onError = [this](const protocol::Error& error) { ShowError("Error.History", error.message); };
+  _history->show();
+  _history->Reload();
+}
+
+bool MainWindow::AskToSaveAgain(const std::string& part, int save, protocol::HistoryMoment moment) {
+  return Agrees(nullptr, "History.AskTitle", Text(AgainKey(moment), {ToQt(part), QString::number(save)}),
+                "History.AskSave", "History.AskLeave");
+}
+
+bool MainWindow::ShowsInPanel(const std::string& part) const {
+  if (!_partPanel.IsOpen()) return false;
+  KorUnicodeString shown;
+  _partPanel.Buffer()->GetPartIdentifier(shown);
+  return shown == KorUnicodeString(part);
+}
+
+void MainWindow::SaveAgain(const std::string& part, int save, protocol::HistoryMoment moment) {
+  const bool shown = ShowsInPanel(part);
+  if (!AskToSaveAgain(part, save, moment) || (shown && !MayGiveUpValues())) return;
+  const auto state = GetHistoryStateText({part, save, moment});
+  if (!state) return ShowError("Error.SaveAgain", state.Failure().message);
+  const bool before = std::exchange(_savesAgain, true);
+  const auto saved = SavePart(state.Value());
+  _savesAgain = before;
+  if (!saved) return ShowError("Error.SaveAgain", saved.Failure().message);
+  statusBar()->showMessage(Text("History.SavedAgain", {ToQt(part)}), kSaidFor);
+  if (!shown) return;
+  if (const auto text = ShowSelection()) BindPartPanel(*text);
+}
+
+}  // namespace desktop

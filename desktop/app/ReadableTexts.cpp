@@ -1,0 +1,106 @@
+#include "desktop/app/ReadableTexts.h"
+
+#include <cmath>
+
+#include "desktop/app/Texts.h"
+#include "desktop/toolkit/QtText.h"
+#include "framework/knowledge/KorCkeParmDictionary.h"
+#include "services/KorLumWBCSCommonDefinitions.h"
+#include "services/KorWBServices.h"
+
+namespace desktop {
+namespace {
+
+using Definitions = KorLumWBCSCommonDefinitions;
+
+constexpr const char* kNoValue = "...";
+constexpr int kMostShown = 60;  ///< characters of a text that are told again
+
+/// Types of properties; others are not checked.
+enum PropertyType { kIntegerOrDate = 1, kReal = 2 };
+
+QString Shown(const QString& text) {
+  return text.size() > kMostShown ? text.left(kMostShown) + QString::fromUtf8("\u2026") : text;
+}
+
+QString SymbolOf(const char* magnitude) {
+  const KorCkeParmDictionary* dictionary = KorCkeGlobalFunctions::GetParmDictionary();
+  const KorCkeMagnitude_var found = dictionary ? dictionary->FindMagnitude(magnitude) : KorCkeMagnitude_var();
+  return found && found->CurrentUnit() ? ToQt(found->CurrentUnit()->Symbol()) : QString();
+}
+
+/// The text without blanks around it and without `suffix` at its end.
+QString WithoutSuffix(const QString& text, const QString& suffix) {
+  const QString stripped = text.trimmed();
+  if (suffix.isEmpty() || !stripped.endsWith(suffix)) return stripped;
+  return stripped.left(stripped.size() - suffix.size()).trimmed();
+}
+
+/// Nothing for any other text, and for what is no finite number.
+std::optional<double> ReadWhole(const QString& text) {
+  bool whole = false;
+  const double number = text.toDouble(&whole);
+  return whole && std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
+bool IsNoValue(const QString& text) { return text.trimmed() == kNoValue; }
+
+QString ProblemOfNumber(const QString& text, const QString& suffix) {
+  if (IsNoValue(text) || ReadWhole(WithoutSuffix(text, suffix))) return {};
+  if (text.trimmed().isEmpty()) return Text("Mark.Empty");
+  return suffix.isEmpty() ? Text("Mark.Number", {Shown(text)}) : Text("Mark.Quantity", {Shown(text), suffix});
+}
+
+bool IsInteger(const QString& text) {
+  bool whole = false;
+  text.toInt(&whole);
+  return whole;
+}
+
+bool IsDate(const KorUnicodeString& text, const KorUnicodeString& format) {
+  std::time_t time = 0;
+  return Succeeded(KorWBServices::GetDateFromText(
+      text, format, Definitions::dateFieldDelimiter1, Definitions::dateYMDFieldDelimiter1,
+      Definitions::dateHMSFieldDelimiter1, KorWBServices::DateFields::Date, time));
+}
+
+QString ProblemOfReal(const LumWBAllDataBuffer& buffer, int index, const KorUnicodeString& text) {
+  if (!buffer.GetIsMagnitude(index)) return ProblemOfNumber(ToQt(text), {});
+  return FindQuantityProblem(text, buffer.GetPropMagnitudeType(index).ConvertToChar());
+}
+
+}  // namespace
+
+QString FindQuantityProblem(const KorUnicodeString& text, const char* magnitude) {
+  const QString symbol = SymbolOf(magnitude);
+  const auto number = ReadWhole(WithoutSuffix(ToQt(text), symbol));
+  // A number that has no place in the storage unit is not stored either.
+  if (number && !std::isfinite(KorWBServices::RestoreValue(*number, magnitude)))
+    return Text("Mark.TooLarge", {Shown(ToQt(text))});
+  return ProblemOfNumber(ToQt(text), symbol);
+}
+
+QString FindExpressionProblem(const KorUnicodeString& text, const char* magnitude) {
+  KorUnicodeString value = text;
+  if (Succeeded(KorWBServices::EvaluateSimpleExpression(value, SymbolOf(magnitude).toStdString())))
+    return FindQuantityProblem(value, magnitude);
+  const QString problem = FindQuantityProblem(text, magnitude);
+  if (problem.isEmpty() || text.Strip().IsEmpty()) return problem;
+  return Text("Mark.Expression", {Shown(ToQt(text)), SymbolOf(magnitude)});
+}
+
+QString FindPercentProblem(const KorUnicodeString& text) { return ProblemOfNumber(ToQt(text), "%"); }
+
+QString FindPropertyProblem(const LumWBAllDataBuffer& buffer, int index, const KorUnicodeString& text) {
+  const KorUnicodeString stripped = text.Strip();
+  if (stripped.IsEmpty()) return {};
+  const int type = buffer.GetPropertyType(index);
+  if (type == kReal) return ProblemOfReal(buffer, index, stripped);
+  if (type != kIntegerOrDate) return {};
+  const KorUnicodeString format = buffer.GetDateFormatForExtraProperties();
+  if (!buffer.GetIsDate(index))
+    return IsInteger(ToQt(stripped)) ? QString() : Text("Mark.Integer", {Shown(ToQt(stripped))});
+  return IsDate(stripped, format) ? QString() : Text("Mark.Date", {Shown(ToQt(stripped)), ToQt(format)});
+}
+
+}  // namespace desktop

@@ -1,0 +1,58 @@
+#include <utility>
+
+#include "lumira/commands/Commands.h"
+#include "lumira/commands/SaveConflict.h"
+#include "lumira/commands/SaveRules.h"
+#include "lumira/commands/SavedValues.h"
+#include "lumira/commands/UtcTime.h"
+#include "protocol/Codec.h"
+
+namespace lumira {
+namespace {
+
+using protocol::ErrorKind;
+using protocol::PartData;
+using protocol::Result;
+
+std::string ReplyFor(const std::string& part, std::int64_t state) {
+  return protocol::WriteSaveReply({part, ToToken(state)});
+}
+
+// Writes what is new; a save that changes nothing leaves no trace.
+Result<std::string> Write(Session& session, const StoredPart& stored, StoredPart saved) {
+  PartSaving saving{.saved = std::move(saved),
+                    .by = {session.user, UtcTime()},
+                    .before = ToHistoryText(SavedValuesOf(stored.part, stored.details)),
+                    .after = {}};
+  const Part& part = saving.saved.part;
+  saving.after = ToHistoryText(SavedValuesOf(part, saving.saved.details));
+  if (saving.before == saving.after) return ReplyFor(part.id, stored.state);
+  const auto state = session.store.SavePart(saving);
+  if (!state) return state.Failure();
+  session.products.TakeSaved(part, state.Value());
+  return ReplyFor(part.id, state.Value().state);
+}
+
+Result<std::string> Save(Session& session, const PartData& request, std::int64_t state) {
+  const auto stored = session.store.LoadPart(request.partId);
+  if (!stored) return stored.Failure();
+  if (const auto good = CheckStillStored(session.store, stored.Value(), state); !good) return good.Failure();
+  auto saved = ApplySave(stored.Value(), request);
+  if (!saved) return saved.Failure();
+  return Write(session, stored.Value(), std::move(saved).Value());
+}
+
+}  // namespace
+
+Result<std::string> SavePart(Session& session, std::string_view text) {
+  const auto request = protocol::ReadPartData(text);
+  if (!request) return request.Failure();
+  const auto state = StateIn(request.Value());
+  if (!state) return state.Failure();
+  const auto saved = Save(session, request.Value(), state.Value());
+  // Another session may come between looking and writing; the second look says who it was.
+  if (saved || saved.Failure().kind != ErrorKind::Conflict) return saved;
+  return Save(session, request.Value(), state.Value());
+}
+
+}  // namespace lumira

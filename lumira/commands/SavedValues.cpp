@@ -1,0 +1,122 @@
+#include "lumira/commands/SavedValues.h"
+
+#include <unordered_map>
+#include <utility>
+
+#include "lumira/commands/ComputedMassType.h"
+#include "lumira/commands/FieldTexts.h"
+#include "protocol/Codec.h"
+#include "protocol/Forms.h"
+#include "protocol/Limits.h"
+#include "protocol/Utf8.h"
+
+namespace lumira {
+namespace {
+
+using protocol::FieldChange;
+using protocol::PartData;
+
+void PutPrecision(protocol::MassType& type, const Precision& p) {
+  type.precisionType = p.precisionType;
+  type.precisionValueType = p.precisionValueType;
+  type.lowerPrecision = p.lowerPrecision;
+  type.upperPrecision = p.upperPrecision;
+  type.massTypeLowerPrecision = p.massTypeLowerPrecision;
+  type.massTypeUpperPrecision = p.massTypeUpperPrecision;
+}
+
+std::vector<protocol::MassType> MassTypesOf(const Part& part, const PartDetails& details) {
+  std::vector<protocol::MassType> types(1);
+  types.front().name = std::string(kComputedMassType);
+  for (const MassTypeData& data : part.massTypes) {
+    const bool hasValues = data.properties != MassProperties{};
+    types.push_back(
+        ToWire(data, hasValues ? protocol::MassTypeStatus::Defined : protocol::MassTypeStatus::Undefined));
+  }
+  for (protocol::MassType& type : types)
+    for (const Precision& precision : details.precisions)
+      if (precision.massType == type.name) PutPrecision(type, precision);
+  return types;
+}
+
+// Where a character begins, so that none is cut in two.
+std::string Cut(std::string text) {
+  if (text.size() <= protocol::kMaxShownValueBytes) return text;
+  constexpr std::string_view kMore = "...";
+  std::size_t size = protocol::kMaxShownValueBytes - kMore.size();
+  while (size > 0 && (static_cast<unsigned char>(text[size]) & 0xC0) == 0x80) --size;
+  return text.substr(0, size) + std::string(kMore);
+}
+
+std::optional<std::string> Shown(const std::optional<std::string>& text) {
+  return text ? std::optional(Cut(*text)) : std::nullopt;
+}
+
+}  // namespace
+
+Precision PrecisionOf(const protocol::MassType& type) {
+  return {type.name,           type.precisionType,          type.precisionValueType,    type.lowerPrecision,
+          type.upperPrecision, type.massTypeLowerPrecision, type.massTypeUpperPrecision};
+}
+
+PartData SavedValuesOf(const Part& part, const PartDetails& details) {
+  PartData values;
+  values.standardPart = part.standardPart;
+  values.activeMassType = part.activeMassType;
+  values.massTypes = MassTypesOf(part, details);
+  values.material.name = part.material;
+  values.material.density = part.density;
+  values.material.densityPriority = static_cast<int>(part.densityPriority);
+  values.material.appliedOn = details.appliedOn;
+  values.documents.activeId = details.documents.activeId;
+  values.documents.activeVersion = details.documents.activeVersion;
+  values.documents.usedSpecificRevisionBefore = details.documents.usedSpecificRevisionBefore;
+  values.properties = details.properties;
+  return values;
+}
+
+std::string ToHistoryText(const PartData& values) { return protocol::WritePartData(values); }
+
+protocol::Result<PartData> FromHistoryText(std::string_view text) {
+  auto values = protocol::ReadPartData(text);
+  if (values && values.Value().massTypes.empty())
+    return protocol::Error{protocol::ErrorKind::BadText, "PartData: massTypes: the computed one is missing"};
+  return values;
+}
+
+std::vector<FieldChange> DifferencesOf(const PartData& before, const PartData& after) {
+  std::vector<FieldText> now = FieldTexts::Of(after);
+  std::unordered_map<std::string_view, FieldText*> left;
+  for (FieldText& field : now) left.emplace(field.field, &field);
+  std::vector<FieldChange> changes;
+  for (const FieldText& old : FieldTexts::Of(before)) {
+    const auto found = left.find(old.field);
+    const std::optional<std::string> text = found == left.end() ? std::nullopt : found->second->text;
+    if (text != old.text) changes.push_back({old.field, Shown(old.text), Shown(text)});
+    if (found != left.end()) left.erase(found);
+  }
+  for (const FieldText& added : now)
+    if (left.contains(added.field)) changes.push_back({added.field, std::nullopt, Shown(added.text)});
+  return changes;
+}
+
+void PutSavedValues(PartData& data, const PartData& values) {
+  protocol::MassType computed = data.massTypes.front();
+  PutPrecision(computed, PrecisionOf(values.massTypes.front()));
+  data.standardPart = values.standardPart;
+  data.activeMassType = values.activeMassType;
+  data.massTypes = values.massTypes;
+  data.massTypes.front() = std::move(computed);
+  data.material.name = values.material.name;
+  data.material.density = values.material.density;
+  data.material.densityPriority = values.material.densityPriority;
+  data.material.appliedOn = values.material.appliedOn;
+  data.documents.activeId = values.documents.activeId;
+  data.documents.activeVersion = values.documents.activeVersion;
+  data.documents.usedSpecificRevisionBefore = values.documents.usedSpecificRevisionBefore;
+  for (protocol::ExtraProperty& property : data.properties)
+    for (const protocol::ExtraProperty& saved : values.properties)
+      if (saved.name == property.name) property.value = saved.value;
+}
+
+}  // namespace lumira

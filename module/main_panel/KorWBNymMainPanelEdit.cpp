@@ -1,0 +1,144 @@
+// Edit mode: which widgets can be changed while it lasts. It is no flag but the sensitivities set here; a
+// save ends it.
+
+#include "module/main_panel/KorWBNymMainPanel.h"
+
+#include "framework/dialog/KorDlgCheckButton.h"
+#include "framework/dialog/KorDlgCombo.h"
+#include "framework/dialog/KorDlgEditor.h"
+#include "framework/dialog/KorDlgFrame.h"
+#include "framework/dialog/KorDlgLabel.h"
+#include "framework/dialog/KorDlgPushButton.h"
+#include "framework/dialog/KorDlgRadioButton.h"
+#include "module/main_panel/KorWBNymMainPanelSensitivity.h"
+#include "module/main_panel/KorWBNymMainPanelTrace.h"
+#include "module/shared/KorWBNymNavMassValues.h"
+#include "module/shared/KorWBNymNavUnitDisplay.h"
+#include "services/KorLumWBCSCommonDefinitions.h"
+#include "services/LumWBAllDataBuffer.h"
+
+using enum KorSensitivity;
+
+namespace {
+constexpr int kUserDefinedPrecision = 1;
+}  // namespace
+
+void KorWBNymMainPanel::OnEditNotification(KorCommand*, KorNotification*, KorCommandClientData) {
+  KORWB_PART_TRACE("OnEditNotification");
+  if (!_dataBuffer) return;
+  ResetInertiaDisplay();
+  if (IsComputedShown())
+    OfferComputedMassType();
+  else
+    OfferUserMassType();
+  OfferCommands();
+  if (HasDocumentRevisions() && _widgets.documentsPage) OfferActiveDocument();
+  if (Pdm().AdditionalInfoRequested() && _widgets.additionalPage)
+    _widgets.propertyValue->SetSensitivity(Enabled);
+  if (!Pdm().HasInstInLUMIRA()) {
+    _widgets.definedFor->SetTitle("Apply material on:");
+    KorWBNymMainPanelSetSensitivity({_widgets.applyOnInstance, _widgets.applyOnReference}, Enabled);
+  }
+}
+
+bool KorWBNymMainPanel::IsComputedShown() const {
+  return _widgets.massType->GetSelectedLine().Compare(KorLumWBCSCommonDefinitions::Computed) != 0;
+}
+
+void KorWBNymMainPanel::ResetInertiaDisplay() {
+  Choose(*_widgets.atCG);
+  Choose(*_widgets.currentPart);
+  ShowOwnDistribution();
+}
+
+/// From here on what stands on the mass-types page is what a save stores. So the page shows the values of its
+/// own mass type alone: not the inertia that the refresh of the results has left there, nor what stayed of
+/// another mass type where this one has nothing.
+void KorWBNymMainPanel::ShowOwnDistribution() {
+  using Display = KorWBNymNavUnitDisplay;
+  const auto shown = ShownDistribution();
+  if (!shown || !shown->cg) Display::ShowNoValueIn(_widgets.mtCG);
+  if (shown && shown->inertia)
+    RefreshMomentOfInertiaUnits(*shown->inertia, "Current");
+  else
+    Display::ShowNoValueIn(_widgets.mtInertia);
+}
+
+void KorWBNymMainPanel::OfferUserMassType() {
+  const KorWBNymMainPanelWidgets& w = _widgets;
+  w.mtMass->SetSensitivity(Enabled);
+  SetDistributionSensitivity(KorEnabledIf(!w.standardPart->IsChecked()));
+  OfferMaterial();
+  OfferPrecision();
+  // Whatever the precision type: here, and not for the computed mass type, the value type can be chosen even
+  // where the bounds are disabled. This is intended.
+  w.precisionValueType->SetSensitivity(Enabled);
+  w.pasteValues->SetSensitivity(Enabled);
+  // "SaveButton" is enabled further down only, so that a panel that comes from display mode keeps
+  // "DeleteButton" disabled. The order is intended.
+  const int status = _dataBuffer->GetMassTypeDefined(w.massType->GetSelectedLine());
+  if (status == KorWBAllDataBuffer::kDefined && w.save->IsEnabled()) w.deleteValues->SetSensitivity(Enabled);
+  FillPasteValues();
+}
+
+void KorWBNymMainPanel::OfferComputedMassType() {
+  const KorWBNymMainPanelWidgets& w = _widgets;
+  w.mtMass->SetSensitivity(Disabled);
+  SetDistributionSensitivity(Disabled);
+  OfferMaterial();
+  OfferPrecision();
+  KorWBNymMainPanelSetSensitivity({w.pasteValues, w.updateProperties}, Disabled);
+  w.pasteValues->ClearLines();
+}
+
+/// Density and material can be typed when the typed density comes first.
+void KorWBNymMainPanel::OfferMaterial() {
+  _widgets.firstPriority->SetSensitivity(Enabled);
+  KorWBNymMainPanelSetSensitivity({_widgets.density, _widgets.material},
+                                  KorEnabledIf(_dataBuffer->GetDensityPriority() == 0));
+}
+
+void KorWBNymMainPanel::OfferPrecision() {
+  const KorWBNymMainPanelWidgets& w = _widgets;
+  w.precisionType->SetSensitivity(Enabled);
+  KorWBNymMainPanelSetSensitivity({w.lowerPrecision, w.upperPrecision, w.precisionValueType},
+                                  KorEnabledIf(w.precisionType->GetSelect() == kUserDefinedPrecision));
+}
+
+void KorWBNymMainPanel::OfferCommands() {
+  const KorWBNymMainPanelWidgets& w = _widgets;
+  KorWBNymMainPanelSetSensitivity({w.inertiaModeFrame, w.referenceModeFrame}, Disabled);
+  // Nothing is custom any more by now; should the choice above ever leave it checked, its frame is off too.
+  if (w.customReference->IsChecked()) w.customFrame->SetSensitivity(Disabled);
+  KorWBNymMainPanelSetSensitivity({w.activeMass, w.save}, Enabled);
+  KorWBNymMainPanelSetSensitivity({w.edit, w.compute}, Disabled);
+  w.standardPart->SetSensitivity(Enabled);
+}
+
+void KorWBNymMainPanel::OfferActiveDocument() {
+  const KorWBNymMainPanelWidgets& w = _widgets;
+  KorWBNymMainPanelSetSensitivity({w.activeDocLatest, w.activeDocUserSelected}, Enabled);
+  if (w.activeDocUserSelected->IsChecked()) w.changeActiveDoc->SetSensitivity(Enabled);
+  OrganizeActiveDocsComboBox();
+}
+
+// Wipes the values in the buffer and on the screen; the server learns of it with the next save.
+void KorWBNymMainPanel::OnDeleteNotification(KorCommand*, KorNotification*, KorCommandClientData) {
+  KORWB_PART_TRACE("OnDeleteNotification");
+  if (!_dataBuffer) return;
+  const KorWBNymMainPanelWidgets& w = _widgets;
+  const auto& [ixx, iyy, izz, ixy, ixz, iyz] = w.mtInertia;
+  for (KorDlgEditor* editor : {w.mtMass, w.mtCG[0], w.mtCG[1], w.mtCG[2], ixx, iyy, izz, iyz, ixz, ixy})
+    editor->SetText(KorWBNymNavUnitDisplay::kNoValue);
+  const KorUnicodeString shownType = w.massType->GetSelectedLine();
+  _dataBuffer->RemoveMass(shownType);
+  _dataBuffer->RemoveCG(shownType);
+  _dataBuffer->RemoveInertia(shownType);
+  _dataBuffer->SetMassTypeDefined(shownType, false);
+  // Both combos list the same mass types in the same order.
+  if (w.massType->GetSelect() != w.activeMass->GetSelect()) return;
+  _dataBuffer->SetMassTypeDefined(KorLumWBCSCommonDefinitions::Computed, true);
+  // With notification: the precision page would else go on showing, and the next save store for the new
+  // active mass type, the bounds of the deleted one.
+  w.activeMass->SetSelect(0, KorNotify::Send);
+}

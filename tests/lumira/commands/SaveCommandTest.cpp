@@ -1,0 +1,385 @@
+#include <gmock/gmock.h>
+
+#include "SaveFixture.h"
+#include "Variations.h"
+
+namespace lumira::test {
+namespace {
+
+using protocol::MassTypeStatus;
+using protocol::Tensor;
+using protocol::Vector;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class SaveCommand : public SaveFixture {};
+
+TEST_F(SaveCommand, StoresTheValuesOfAMassTypeInSi) {
+  protocol::PartData data = PartDataOf("a");
+  protocol::MassType& weighed = Type(data, "Weighed");
+  weighed.mass = 7.25;
+  weighed.cg = Vector{0.1, 0.2, 0.3};
+  weighed.inertia = Tensor{1, 2, 3, -0.1, -0.2, -0.3};
+  const std::string token = SaveWell(data);
+  Restart();
+  const MassTypeData stored = store->LoadPart("a").Value().part.massTypes.at(1);
+  EXPECT_EQ(stored.properties.mass, 7.25);
+  EXPECT_EQ(stored.properties.cg, (Vec3{0.1, 0.2, 0.3}));
+  EXPECT_EQ(stored.properties.inertia, (InertiaTensor{1, 2, 3, -0.1, -0.2, -0.3}));
+  EXPECT_EQ(PartDataOf("a").stateToken, token);
+}
+
+TEST_F(SaveCommand, StoresEverythingThatTheTabsEdit) {
+  protocol::PartData data = PartDataOf("a");
+  data.activeMassType = "Estimated";
+  data.standardPart = true;
+  data.material.name = "Brass | 50%";
+  data.material.density = 8500;
+  data.material.densityPriority = 1 - data.material.densityPriority;
+  data.material.appliedOn = "Part Instance";
+  protocol::MassType& estimated = Type(data, "Estimated");
+  estimated.precisionType = 1;
+  estimated.precisionValueType = 1;
+  estimated.lowerPrecision = 0.5;
+  estimated.upperPrecision = 0.75;
+  data.documents.activeVersion = "C";
+  Property(data, "count").value = "-4";
+  Property(data, "checked").value = "2026-01-31";
+  Property(data, "length").value = "2.5e-3";
+  Property(data, "colour").value = "anything at all";
+  SaveWell(data);
+  Restart();
+  const protocol::PartData back = PartDataOf("a");
+  EXPECT_EQ(back.activeMassType, "Estimated");
+  EXPECT_TRUE(back.standardPart);
+  EXPECT_EQ(back.material.name, "Brass | 50%");
+  EXPECT_EQ(back.material.density, 8500);
+  EXPECT_EQ(back.material.densityPriority, data.material.densityPriority);
+  EXPECT_EQ(back.material.appliedOn, "Part Instance");
+  EXPECT_EQ(back.massTypes.at(1).precisionType, 1);
+  EXPECT_EQ(back.massTypes.at(1).precisionValueType, 1);
+  EXPECT_EQ(back.massTypes.at(1).lowerPrecision, 0.5);
+  EXPECT_EQ(back.massTypes.at(1).upperPrecision, 0.75);
+  EXPECT_EQ(back.documents.activeVersion, "C");
+  EXPECT_EQ(back.properties.at(0).value, "-4");
+  EXPECT_EQ(back.properties.at(1).value, "2026-01-31");
+  EXPECT_EQ(back.properties.at(2).value, "2.5e-3");
+  EXPECT_EQ(back.properties.at(3).value, "anything at all");
+}
+
+TEST_F(SaveCommand, OfWhatWasReadChangesNothingAndLeavesNoTrace) {
+  const protocol::PartData data = PartDataOf("a");
+  const std::int64_t state = store->Products().Value().at(0).state;
+  EXPECT_EQ(SaveWell(data), data.stateToken);
+  EXPECT_EQ(StoredText(), protocol::WritePartData(data));
+  EXPECT_EQ(HistoryOf("a").total, 0);
+  EXPECT_EQ(store->Products().Value().at(0).state, state);
+}
+
+TEST_F(SaveCommand, KeepsTheStandardDeviationsThatNoClientSees) {
+  Part part = store->LoadPart("a").Value().part;
+  part.massTypes.at(1).deviations.mass = 0.25;
+  part.massTypes.at(1).deviations.cg = {1, 2, 3};
+  ASSERT_TRUE(store->UpdatePart(part).Ok());
+  protocol::PartData data = PartDataOf("a");
+  EXPECT_EQ(Type(data, "Weighed").lowerDeviation, 0.25);
+  Type(data, "Weighed").mass = 7;
+  SaveWell(data);
+  const MassTypeData stored = store->LoadPart("a").Value().part.massTypes.at(1);
+  EXPECT_EQ(stored.deviations, part.massTypes.at(1).deviations);
+  EXPECT_FALSE(stored.bounds.has_value());
+}
+
+TEST_F(SaveCommand, TakesOtherDeviationsForLimitsThatSomebodyHasSet) {
+  protocol::PartData data = PartDataOf("a");
+  Type(data, "Weighed").upperDeviation = 0.5;
+  SaveWell(data);
+  EXPECT_EQ(store->LoadPart("a").Value().part.massTypes.at(1).bounds, (MassBounds{0, 0.5}));
+  EXPECT_EQ(store->LoadPart("a").Value().part.massTypes.at(0).bounds, (MassBounds{1, 2})) << "not sent anew";
+}
+
+TEST_F(SaveCommand, DropsTheValuesOfAMassTypeThatWasRemoved) {
+  protocol::PartData data = PartDataOf("a");
+  protocol::MassType& removed = Type(data, "Estimated");
+  removed.status = MassTypeStatus::Undefined;
+  removed.mass.reset();
+  SaveWell(data);
+  const MassTypeData stored = store->LoadPart("a").Value().part.massTypes.at(0);
+  EXPECT_EQ(stored, (MassTypeData{"Estimated", {}, {}, {}})) << "its limits are gone as well";
+  EXPECT_EQ(PartDataOf("a").massTypes.at(1).status, MassTypeStatus::Undefined);
+}
+
+TEST_F(SaveCommand, DropsWhatStandsBesideAMassTypeThatIsNotDefined) {
+  protocol::PartData data = PartDataOf("a");
+  protocol::MassType& planned = Type(data, "Planned");
+  planned.cg = Vector{0, 0, 0};  // what a panel stores for a standard part without a mass
+  planned.inertia = Tensor{};
+  SaveWell(data);
+  EXPECT_EQ(store->LoadPart("a").Value().part.massTypes.at(2).properties, MassProperties{});
+}
+
+TEST_F(SaveCommand, DefinesAMassTypeThatHadNoValues) {
+  protocol::PartData data = PartDataOf("a");
+  Type(data, "Planned").status = MassTypeStatus::Defined;
+  Type(data, "Planned").mass = 4;
+  SaveWell(data);
+  EXPECT_EQ(PartDataOf("a").massTypes.at(3).mass, 4);
+  EXPECT_EQ(PartDataOf("a").massTypes.at(3).status, MassTypeStatus::Defined);
+}
+
+TEST_F(SaveCommand, DoesNotStoreTheComputedValuesOfAClientButTheirPrecision) {
+  protocol::PartData data = PartDataOf("a");
+  protocol::MassType& computed = Type(data, "Computed");
+  computed.status = MassTypeStatus::Defined;
+  computed.mass = 999;
+  computed.precisionType = 1;
+  computed.upperPrecision = 0.05;
+  SaveWell(data);
+  const protocol::MassType back = PartDataOf("a").massTypes.at(0);
+  EXPECT_EQ(back.status, MassTypeStatus::Undefined);
+  EXPECT_FALSE(back.mass.has_value());
+  EXPECT_EQ(back.upperPrecision, 0.05);
+  EXPECT_TRUE(store->LoadResults("top").Value().empty());
+}
+
+TEST_F(SaveCommand, DoesNotStoreWhatComesWithAMassTypeOrFromTheSelection) {
+  protocol::PartData data = PartDataOf("a");
+  Type(data, "Estimated").massTypeUpperPrecision = 9;
+  Type(data, "Estimated").upperPrecision = 0.5;
+  data.instancePath = "no|where";
+  data.placement = std::vector<double>(12, 7);
+  data.material.referenceName = "Lead";
+  data.documents.attachedVersion = "Z";
+  data.documents.revisions.clear();
+  data.dateFormat = "MM/DD";
+  Property(data, "length").magnitude = "MASS";
+  SaveWell(data);
+  const protocol::PartData back = PartDataOf("a");
+  EXPECT_EQ(back.massTypes.at(1).massTypeUpperPrecision, 0.04);
+  EXPECT_EQ(back.massTypes.at(1).upperPrecision, 0.5);
+  EXPECT_EQ(back.material.referenceName, "");
+  EXPECT_EQ(back.documents.attachedVersion, "A");
+  EXPECT_EQ(back.documents.revisions.size(), 3u);
+  EXPECT_EQ(back.dateFormat, "YYYY-MM-DD");
+  EXPECT_EQ(back.properties.at(2).magnitude, "LENGTH");
+}
+
+TEST_F(SaveCommand, LeavesADensityThatIsNotDefinedOut) {
+  protocol::PartData data = PartDataOf("a");
+  data.material.density.reset();
+  SaveWell(data);
+  EXPECT_FALSE(PartDataOf("a").material.density.has_value());
+  data = PartDataOf("a");
+  data.material.density = 0;
+  SaveWell(data);
+  EXPECT_EQ(PartDataOf("a").material.density, 0);
+}
+
+TEST_F(SaveCommand, WithoutARevisionByHandGoesBackToTheAutomaticOne) {
+  protocol::PartData data = PartDataOf("a");
+  data.documents.activeId = data.documents.activeVersion = "__null__";
+  SaveWell(data);
+  const protocol::Documents back = PartDataOf("a").documents;
+  EXPECT_FALSE(back.usedSpecificRevisionBefore);
+  EXPECT_EQ(back.activeId, "D1");
+  EXPECT_EQ(back.activeVersion, "");
+  data = PartDataOf("a");
+  data.documents.activeVersion = "A";
+  SaveWell(data);
+  EXPECT_TRUE(PartDataOf("a").documents.usedSpecificRevisionBefore);
+  EXPECT_EQ(PartDataOf("a").documents.activeVersion, "A");
+}
+
+TEST_F(SaveCommand, TakesTheAbsentDocumentOfAPartWithoutAny) {
+  protocol::PartData data = PartDataOf("b");
+  EXPECT_EQ(data.documents.activeId, "0");
+  data.documents.activeId = data.documents.activeVersion = "__null__";
+  Type(data, "Weighed").mass = 11;
+  SaveWell(data);
+  EXPECT_EQ(PartDataOf("b").documents.activeId, "0");
+  EXPECT_EQ(PartDataOf("b").massTypes.at(1).mass, 11);
+}
+
+TEST_F(SaveCommand, KeepsPropertiesThatAreNotSentAndTakesBlankOnes) {
+  protocol::PartData data = PartDataOf("a");
+  Property(data, "count").value = "  ";
+  data.properties.resize(1);
+  SaveWell(data);
+  EXPECT_EQ(PartDataOf("a").properties.at(0).value, "  ");
+  EXPECT_EQ(PartDataOf("a").properties.at(1).value, "2024-02-29");
+}
+
+// ---- What is refused
+
+struct Refused {
+  const char* name;
+  void (*spoil)(protocol::PartData& data);
+  const char* message;
+};
+
+void SetWeighed(protocol::PartData& data, double protocol::MassType::*field, double value) {
+  data.massTypes.at(2).*field = value;
+}
+
+const Refused kRefused[] = {
+    {"AnUnknownPart", [](protocol::PartData& d) { d.partId = "nobody"; }, "there is no part \"nobody\""},
+    {"AnEmptyPart", [](protocol::PartData& d) { d.partId = ""; }, "there is no part \"\""},
+    {"APartWithTheSeparatorInItsName", [](protocol::PartData& d) { d.partId = "a|b"; },
+     "there is no part \"a|b\""},
+    {"AMassTypeThatThePartHasNot", [](protocol::PartData& d) { d.massTypes.at(2).name = "Guessed"; },
+     "PartData: massTypes[3].name: \"Guessed\" is no mass type of part \"a\", one of \"Computed\", "
+     "\"Estimated\", \"Weighed\", \"Planned\" expected"},
+    {"AMassTypeWithTheSeparatorInItsName", [](protocol::PartData& d) { d.massTypes.at(2).name = "Wei|ghed"; },
+     "PartData: massTypes[3].name: \"Wei|ghed\" is no mass type of part \"a\""},
+    {"AMassTypeTwice", [](protocol::PartData& d) { d.massTypes.at(2).name = "Estimated"; },
+     "PartData: massTypes[3].name: \"Estimated\" is listed twice, once expected"},
+    {"AMassTypeThatIsMissing", [](protocol::PartData& d) { d.massTypes.pop_back(); },
+     "PartData: massTypes: \"Planned\" is missing, all mass types of part \"a\" expected"},
+    {"AnActiveMassTypeThatThePartHasNot", [](protocol::PartData& d) { d.activeMassType = "Guessed"; },
+     "PartData: activeMassType: \"Guessed\" is no mass type of part \"a\", one of"},
+    {"ANegativeDeviation",
+     [](protocol::PartData& d) { SetWeighed(d, &protocol::MassType::lowerDeviation, -1); },
+     "PartData: massTypes[3].lowerDeviation: -1 is negative, a number of 0 or above expected"},
+    {"ANegativePrecision",
+     [](protocol::PartData& d) { SetWeighed(d, &protocol::MassType::upperPrecision, -0.5); },
+     "PartData: massTypes[3].upperPrecision: -0.5 is negative, a number of 0 or above expected"},
+    {"ANegativeDensity", [](protocol::PartData& d) { d.material.density = -7850; },
+     "PartData: material.density: -7850 is negative, a number of 0 or above expected"},
+    {"AnUnknownPlaceOfAMaterial", [](protocol::PartData& d) { d.material.appliedOn = "Everywhere"; },
+     "PartData: material.appliedOn: \"Everywhere\" is no place to apply a material to, one of \"\", "
+     "\"Part Instance\", \"Part Reference\" expected"},
+    {"ADocumentOfAnotherPart", [](protocol::PartData& d) { d.documents.activeId = "D2"; },
+     "PartData: documents.activeId: \"D2\" is not the document of part \"a\", \"D1\" expected"},
+    {"ARevisionThatVanished", [](protocol::PartData& d) { d.documents.activeVersion = "Q"; },
+     "PartData: documents.activeVersion: \"Q\" is no revision of document \"D1\", one of its revisions "
+     "expected"},
+    {"ADocumentChoiceThatWentWrong",
+     [](protocol::PartData& d) { d.documents.activeId = d.documents.activeVersion = "ERROR!"; },
+     "PartData: documents.activeId: \"ERROR!\" is not the document of part \"a\""},
+    {"APropertyThatThePartHasNot", [](protocol::PartData& d) { d.properties.at(1).name = "weight"; },
+     "PartData: properties[2].name: \"weight\" is no property of part \"a\", one of its properties expected"},
+    {"APropertyTwice", [](protocol::PartData& d) { d.properties.at(1) = d.properties.at(0); },
+     "PartData: properties[2].name: \"count\" is listed twice, once expected"},
+    {"AnIntegerThatIsNone", [](protocol::PartData& d) { d.properties.at(0).value = "3.5"; },
+     "PartData: properties[1].value: \"3.5\" is not an integer, as property \"count\" expects"},
+    {"ADateThatDoesNotExist", [](protocol::PartData& d) { d.properties.at(1).value = "2023-02-29"; },
+     "PartData: properties[2].value: \"2023-02-29\" is no day of the calendar in the form YYYY-MM-DD, as "
+     "property \"checked\" expects"},
+    {"ARealThatIsNone", [](protocol::PartData& d) { d.properties.at(2).value = "abc"; },
+     "PartData: properties[3].value: \"abc\" is not a finite number, as property \"length\" expects"},
+    {"AnInfiniteReal", [](protocol::PartData& d) { d.properties.at(2).value = "inf"; },
+     "PartData: properties[3].value: \"inf\" is not a finite number"},
+    {"AnEmptyToken", [](protocol::PartData& d) { d.stateToken = ""; },
+     "PartData: stateToken: \"\" is no state token, the one that the part was read with expected; read the "
+     "part again"},
+    {"ATokenThatIsNoNumber", [](protocol::PartData& d) { d.stateToken = "7x"; },
+     "PartData: stateToken: \"7x\" is no state token"},
+    {"ANegativeToken", [](protocol::PartData& d) { d.stateToken = "-1"; },
+     "PartData: stateToken: \"-1\" is no state token"},
+    {"ATokenThatWasNeverGiven", [](protocol::PartData& d) { d.stateToken = "999999"; },
+     "PartData: stateToken: \"999999\" is no state of part \"a\"; read the part again"},
+    {"ATextOfFiveMegabytes", [](protocol::PartData& d) { d.material.name.assign(5'000'000, 'x'); },
+     "longer than 1048576 bytes"},
+    {"AnInfiniteMass",
+     [](protocol::PartData& d) { d.massTypes.at(2).mass = std::numeric_limits<double>::infinity(); },
+     "(massTypes[3].mass): \"inf\" is not a finite number"},
+    {"AnInertiaThatIsNotANumber",
+     [](protocol::PartData& d) { d.massTypes.at(2).inertia = Tensor{1, 1, std::nan(""), 0, 0, 0}; },
+     "massTypes[3].inertia"},
+};
+
+class SaveRefusal : public SaveFixture, public testing::WithParamInterface<Refused> {};
+
+TEST_P(SaveRefusal, NamesThePlaceAndStoresNothing) {
+  const std::string before = StoredText();
+  protocol::PartData data = PartDataOf("a");
+  Type(data, "Weighed").mass = 7;  // what would be half of a save
+  data.material.name = "Brass";
+  GetParam().spoil(data);
+  const std::string reply = Save(data);
+  EXPECT_THAT(reply, StartsWith("LumiraError: "));
+  EXPECT_THAT(reply, HasSubstr(GetParam().message));
+  Restart();
+  EXPECT_EQ(StoredText(), before);
+  EXPECT_EQ(HistoryOf("a").total, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, SaveRefusal, testing::ValuesIn(kRefused),
+                         [](const auto& refused) { return std::string(refused.param.name); });
+
+TEST_F(SaveCommand, OfAPartThatVanishedIsRefused) {
+  const protocol::PartData data = PartDataOf("a");
+  ImportOptions replace;
+  replace.existing = Existing::Replace;
+  Import("parent,child\ntop,z\n", "part,mass [kg]\nz,1\n", replace);
+  EXPECT_EQ(Save(data), "LumiraError: there is no part \"a\"");
+}
+
+TEST_F(SaveCommand, WhoseDensityMakesTheMassTooLargeIsRefused) {
+  Part part = store->LoadPart("a").Value().part;
+  part.activeMassType = "Computed";
+  part.massTypes.clear();
+  part.geometry = Geometry{1e10, {}, {}};
+  ASSERT_TRUE(store->UpdatePart(part).Ok());
+  protocol::PartData data = PartDataOf("a");
+  data.material.density = 1e300;
+  EXPECT_EQ(Save(data), "LumiraError: part 'a', volume times density: mass is inf, expected a finite number");
+  EXPECT_EQ(PartDataOf("a").material.density, 7850);
+}
+
+TEST_F(SaveCommand, TakesNumbersOfEveryFiniteSizeExactly) {
+  protocol::PartData data = PartDataOf("a");
+  Type(data, "Weighed").mass = 5e-324;
+  Type(data, "Weighed").cg = Vector{-1.7976931348623157e308, -0.0, 0.1};
+  SaveWell(data);
+  Restart();
+  const protocol::MassType back = PartDataOf("a").massTypes.at(2);
+  EXPECT_EQ(back.mass, 5e-324);
+  EXPECT_EQ(back.cg, (Vector{-1.7976931348623157e308, -0.0, 0.1}));
+}
+
+TEST_F(SaveCommand, KeepsAnInvalidPropertyThatNobodyHasTouched) {
+  PartDetails details = DetailsOfA();
+  details.properties.at(0).value = "about three";
+  ASSERT_TRUE(store->SaveDetails("a", details).Ok());
+  protocol::PartData data = PartDataOf("a");
+  Property(data, "colour").value = "blue";
+  SaveWell(data);
+  EXPECT_EQ(PartDataOf("a").properties.at(0).value, "about three");
+}
+
+// What a save has taken of a request.
+void ExpectStored(const protocol::PartData& request, const protocol::PartData& stored) {
+  for (const protocol::MassType& sent : request.massTypes)
+    for (const protocol::MassType& type : stored.massTypes)
+      if (type.name == sent.name && type.name != "Computed") {
+        EXPECT_EQ(type.mass, sent.status == MassTypeStatus::Undefined ? std::nullopt : sent.mass);
+        EXPECT_EQ(type.upperPrecision, sent.upperPrecision);
+      }
+  EXPECT_EQ(stored.material.name, request.material.name);
+  EXPECT_EQ(stored.material.density, request.material.density);
+  EXPECT_EQ(stored.activeMassType, request.activeMassType);
+}
+
+TEST_F(SaveCommand, StoresVariedRequestsWholeOrNotAtAll) {
+  std::mt19937 random(11);
+  int saved = 0, refused = 0;
+  for (int i = 0; i < 1'500; ++i) {
+    const std::string before = StoredText();
+    const std::string request = Varied(before, random);
+    const std::string reply = Run(protocol::kCommandSavePart, request);
+    if (protocol::IsErrorReply(reply)) {
+      ++refused;
+      EXPECT_EQ(StoredText(), before) << request;
+      continue;
+    }
+    ++saved;
+    ASSERT_TRUE(protocol::ReadSaveReply(reply).Ok()) << reply;
+    ExpectStored(protocol::ReadPartData(request).Value(), PartDataOf("a"));
+  }
+  EXPECT_GT(saved, 100);
+  EXPECT_GT(refused, 500);
+}
+
+}  // namespace
+}  // namespace lumira::test

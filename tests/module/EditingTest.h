@@ -1,0 +1,92 @@
+#pragma once
+
+#include "framework/dialog/KorDlgCombo.h"
+#include "framework/dialog/KorDlgRadioButton.h"
+#include "tests/module/PanelTest.h"
+
+/// The sample part with that active mass type.
+inline protocol::PartData SamplePartWithActive(const char* massType) {
+  protocol::PartData part = SamplePart();
+  part.activeMassType = massType;
+  return part;
+}
+
+/// The same as a standard part.
+inline protocol::PartData SampleStandardPart(const char* activeMassType) {
+  protocol::PartData part = SamplePartWithActive(activeMassType);
+  part.standardPart = true;
+  return part;
+}
+
+/// A test of the part panel in edit mode.
+class EditingTest : public PanelTest {
+ protected:
+  /// Opens the panel, goes to a page and into edit mode.
+  void Edit(const protocol::PartData& part, const std::string& page) {
+    Open(part);
+    PickPage(page);
+    EnterEditMode();
+  }
+
+  /// The state in which pressing "EditButton" leaves the panel, as far as the tests need it.
+  void EnterEditMode() {
+    const bool typed = SelectedLine("MassTypeCombo") != "Computed";
+    Enable(typed, {"MTMassEditor", "MTPasteValuesCombo"});
+    Enable(typed && !IsChecked("StdPartCheckButton"), kDistribution);
+    Enable(Buffer().GetDensityPriority() == 0, {"DensityEditor", "WBMaterialEditor"});
+    Enable(SelectedLine("TypeCombo") == "User Defined", {"UpperValueEditor", "LowerValueEditor"});
+    Enable(typed || SelectedLine("TypeCombo") == "User Defined", {"ValueTypeCombo"});
+    Enable(true, {"FirstCombo", "TypeCombo", "ActiveMassCombo", "SaveButton", "StdPartCheckButton"});
+    Enable(false, {"InertiaModeFrame", "ReferenceModeFrame", "EditButton", "ComputeButton"});
+    if (!Buffer().HasInstInLUMIRA()) Enable(true, {"ApplyOnInstance", "ApplyOnReference"});
+    FillPaste(typed);
+  }
+
+  /// Chooses inertia about the reference point, as nobody can while another page is in front.
+  void LookAtTheReferencePoint() {
+    As<KorDlgRadioButton>("ReferenceButton").SetState(KorCheckState::Checked);
+  }
+
+  /// What the mass-types page shows of mass, centre of gravity, moments and products.
+  std::string MTValues() {
+    return Text("MTMassEditor") + "; " + Text("MTCGxEditor") + ", " + Text("MTCGyEditor") + ", " +
+           Text("MTCGzEditor") + "; " + MTMoments() + "; " + MTProducts();
+  }
+
+  /// How many of the nine centre-of-gravity and inertia editors can be typed in.
+  int EditableDistribution() {
+    int count = 0;
+    for (const char* editor : kDistribution) count += IsEnabled(editor);
+    return count;
+  }
+
+  static constexpr std::initializer_list<const char*> kDistribution = {
+      "MTCGxEditor", "MTCGyEditor", "MTCGzEditor", "MTIxxEditor", "MTIyyEditor",
+      "MTIzzEditor", "MTIyzEditor", "MTIxzEditor", "MTIxyEditor"};
+
+ private:
+  void Enable(bool enabled, std::initializer_list<const char*> widgets) {
+    for (const char* widget : widgets) Widget(widget).SetSensitivity(KorEnabledIf(enabled));
+  }
+  void FillPaste(bool typed) {
+    auto& paste = As<KorDlgCombo>("MTPasteValuesCombo");
+    paste.ClearLines();
+    if (!typed) return;
+    paste.SetLine("");
+    for (const KorUnicodeString& line : As<KorDlgCombo>("MassTypeCombo").GetLines())
+      if (line != SelectedLine("MassTypeCombo")) paste.SetLine(line);
+  }
+};
+
+/// A test of the mass-types page in edit mode, with what it shows of the sample part's mass types.
+class MassTypesEditingTest : public EditingTest {
+ protected:
+  static constexpr const char* kEstimated =
+      "4 kg; 1000 mm, 0 mm, 0 mm; 5 kg·m², 6 kg·m², 7 kg·m²; 0 kg·m², 0 kg·m², 0 kg·m²";
+  static constexpr const char* kComputed =
+      "2 kg; 100 mm, 200 mm, 300 mm; 10 kg·m², 20 kg·m², 30 kg·m²; 1 kg·m², 2 kg·m², 3 kg·m²";
+  static constexpr const char* kNothing = "...; ..., ..., ...; ..., ..., ...; ..., ..., ...";
+
+  void EditPage(const protocol::PartData& part) { Edit(part, "TabPage003"); }
+  std::vector<KorUnicodeString> PasteLines() { return As<KorDlgCombo>("MTPasteValuesCombo").GetLines(); }
+};
