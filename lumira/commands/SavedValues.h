@@ -27,8 +27,9 @@ protocol::Result<protocol::PartData> FromHistoryText(std::string_view text);
 std::vector<protocol::FieldChange> DifferencesOf(const protocol::PartData& before,
                                                  const protocol::PartData& after);
 
-/// Puts saved values into part data that is complete but for them: the computed mass type, which stands
-/// first, keeps its values; properties that are no longer there are left out.
+/// Puts saved values into part data, whose lists decide what there is: mass types and properties that are no
+/// longer there are left out, those that were not there yet stay as they are. The computed mass type keeps
+/// its values.
 void PutSavedValues(protocol::PartData& data, const protocol::PartData& values);
 
 }  // namespace lumira
