@@ -8,6 +8,7 @@
 #include <QStatusBar>
 #include <QTreeView>
 
+#include "desktop/app/HistoryDialog.h"
 #include "desktop/app/MainWindow.h"
 #include "desktop/app/PdmCommands.h"
 #include "desktop/app/SelectionPane.h"
