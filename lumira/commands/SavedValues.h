@@ -18,7 +18,8 @@ protocol::PartData SavedValuesOf(const Part& part, const PartDetails& details);
 /// The precision as it is stored beside a mass type.
 Precision PrecisionOf(const protocol::MassType& type);
 
-/// The values as they stand in a history. What is read back has the computed mass type at least.
+/// The values as they stand in a history: in the form that clients get, version and all, so that a later
+/// version of the form needs a reader for this one. What is read back has the computed mass type at least.
 std::string ToHistoryText(const protocol::PartData& values);
 protocol::Result<protocol::PartData> FromHistoryText(std::string_view text);
 

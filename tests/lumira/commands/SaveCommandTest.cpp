@@ -136,6 +136,7 @@ TEST_F(SaveCommand, DoesNotStoreTheComputedValuesOfAClientButTheirPrecision) {
   protocol::MassType& computed = Type(data, "Computed");
   computed.status = MassTypeStatus::Defined;
   computed.mass = 999;
+  computed.lowerDeviation = -1;  // not looked at
   computed.precisionType = 1;
   computed.upperPrecision = 0.05;
   SaveWell(data);
