@@ -103,7 +103,7 @@ std::string WriteComputeRequest(const ComputeRequest& request) {
 }
 
 Result<ComputeRequest> ReadComputeRequest(std::string_view text) {
-  if (const std::string problem = ProblemOfText(text); !problem.empty())
+  if (const std::string problem = ProblemOfSize(text); !problem.empty())
     return Error{ErrorKind::BadText, "ComputeRequest: " + problem};
   const std::size_t afterFlag = text.find('|');
   const std::string_view flag = text.substr(0, afterFlag);
@@ -114,12 +114,12 @@ Result<ComputeRequest> ReadComputeRequest(std::string_view text) {
   const std::size_t afterPart = text.find('|');
   if (afterPart == text.npos) return BadField(3, "options", "is missing");
   if (afterPart == 0) return BadField(2, "partId", "is empty");
-  if (afterPart > kMaxFieldBytes)
-    return BadField(
-        2, "partId",
-        Quoted(text.substr(0, afterPart)) + " longer than " + std::to_string(kMaxFieldBytes) + " bytes");
-  ComputeRequest request{
-      .hasInstance = flag == "1", .partId = std::string(text.substr(0, afterPart)), .options = {}};
+  const std::string_view part = text.substr(0, afterPart);
+  if (part.size() > kMaxFieldBytes)
+    return BadField(2, "partId", Quoted(part) + " longer than " + std::to_string(kMaxFieldBytes) + " bytes");
+  if (const std::string problem = ProblemOfBytes(part); !problem.empty())
+    return BadField(2, "partId", Quoted(part) + " " + problem);
+  ComputeRequest request{.hasInstance = flag == "1", .partId = std::string(part), .options = {}};
 
   // A client that has no options to tell sends the request all the same; the defaults hold.
   const std::string_view options = text.substr(afterPart + 1);

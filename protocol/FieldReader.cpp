@@ -18,17 +18,19 @@ bool IsControl(char c) {
 
 }  // namespace
 
-std::string ProblemOfText(std::string_view text) {
-  if (text.size() > kMaxTextBytes)
-    return "the text has " + std::to_string(text.size()) + " bytes, the limit is " +
-           std::to_string(kMaxTextBytes);
-  if (const auto bad = FindInvalidUtf8(text))
-    return "byte " + std::to_string(*bad + 1) + " is not well-formed UTF-8";
-  return {};
+std::string ProblemOfSize(std::string_view text) {
+  if (text.size() <= kMaxTextBytes) return {};
+  return "the text has " + std::to_string(text.size()) + " bytes, the limit is " +
+         std::to_string(kMaxTextBytes);
+}
+
+std::string ProblemOfBytes(std::string_view field) {
+  const auto bad = FindInvalidUtf8(field);
+  return bad ? "is not well-formed UTF-8 at its byte " + std::to_string(*bad + 1) : "";
 }
 
 FieldReader::FieldReader(FormHead head, std::string_view text) : _head(head), _rest(text) {
-  if (const std::string problem = ProblemOfText(text); !problem.empty())
+  if (const std::string problem = ProblemOfSize(text); !problem.empty())
     Fail(ErrorKind::BadText, problem);
   else
     ReadHead();
@@ -58,8 +60,11 @@ std::optional<std::string_view> FieldReader::Take(std::string_view name, TextRul
   const std::string_view field = _rest.substr(0, separator);
   _atEnd = separator == std::string_view::npos;
   _rest.remove_prefix(_atEnd ? _rest.size() : separator + 1);
-  if (field.size() <= rule.mostBytes) return field;
-  Refuse(name, field, "longer than " + std::to_string(rule.mostBytes) + " bytes");
+  const std::string problem = field.size() > rule.mostBytes
+                                  ? "longer than " + std::to_string(rule.mostBytes) + " bytes"
+                                  : ProblemOfBytes(field);
+  if (problem.empty()) return field;
+  Refuse(name, field, problem);
   return std::nullopt;
 }
 

@@ -14,14 +14,18 @@
 
 namespace protocol {
 
-/// Why a text cannot be any form: too long, or not well-formed UTF-8. Empty when it can.
-std::string ProblemOfText(std::string_view text);
+/// Why a text as a whole cannot be any form: it is too long. Empty when it can.
+std::string ProblemOfSize(std::string_view text);
+
+/// Why a field as it stands in a text is no field: it is not well-formed UTF-8. Empty when it can be.
+std::string ProblemOfBytes(std::string_view field);
 
 /// Reads the fields of a form one after the other. The first thing that is wrong is kept as the failure;
 /// every later call does nothing, so a table of fields needs no checks in between.
 class FieldReader {
  public:
-  /// Checks size, well-formed UTF-8 and the head. `text` must outlive the reader.
+  /// Checks size and head; that the text is well-formed UTF-8, field by field as they are read. `text` must
+  /// outlive the reader.
   FieldReader(FormHead head, std::string_view text);
 
   void Field(std::string_view name, std::string& value, TextRule rule = {});

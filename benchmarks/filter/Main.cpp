@@ -18,7 +18,7 @@ using Panel = KorWBNymNavFilterPanel;
 constexpr int kInstances = 1'000'000;
 constexpr int kFilterRows = 10'000;
 constexpr int kSampled = 2'000;
-constexpr double kTarget = 2.0;  // s, for all instances
+constexpr double kTarget = 2.0;  // s, for all instances and what is prepared for them
 
 bool Passes(const Instance& one) {
   return Panel::IsValid("TURBINE", one.id, one.part, one.version, one.depth, one.path);
@@ -64,19 +64,27 @@ void RequireEqualAnswers(const std::vector<Instance>& sample) {
   }
 }
 
-/// All instances against a user filter, beside what the plain search would take for them.
+/// All instances against a user filter that is new to IsValid each time, so that its index is built each
+/// time, beside what the plain search would take for them.
 void MeasureIsValid(std::vector<Row>& rows, const std::string& name, Naming naming) {
   const std::vector<Instance> instances = MakeInstances(kInstances, naming);
   const std::vector<Instance> filter = FilterRows(instances);
   const std::vector<Instance> sample = Sample(instances, filter);
   UseAsFilter(filter);
-  const std::string& text = Panel::selectedPVSFilter.Utf8();
-  const double first = SecondsOf([&] { KeepAlive(Passes(instances.back())); });
+  const std::string text = Panel::selectedPVSFilter.Utf8();
   RequireEqualAnswers(sample);
 
-  rows.push_back(RowOf(name + ": the first answer for a new filter", {first}));
-  rows.push_back(RowOf(name + ": all instances",
-                       Times(3, [&] { KeepAlive(std::ranges::count_if(instances, Passes)); }), 0.0, kTarget));
+  rows.push_back(RowOf(name + ": a new filter and its first answer", Times(3, [&] {
+                         UseAsFilter(filter);
+                         KeepAlive(Passes(instances.back()));
+                       })));
+  rows.push_back(RowOf(name + ": a new filter and all answers",
+                       Times(3,
+                             [&] {
+                               UseAsFilter(filter);
+                               KeepAlive(std::ranges::count_if(instances, Passes));
+                             }),
+                       0.0, kTarget));
   const double all = rows.back().median;
   const double plain = SecondsOf([&] {
     KeepAlive(std::ranges::count_if(sample, [&](const Instance& one) { return OccursIn(text, one); }));
@@ -123,6 +131,6 @@ int main(int count, char** arguments) {
   MeasureFilling(rows);
   MeasureIsValid(rows, "named by part", Naming::ByPart);
   MeasureIsValid(rows, "named by number", Naming::ByNumber);
-  return Finish({"plain search: in multiples of all instances; last rows: of the first rows", rows},
+  return Finish({"plain search: in multiples of all answers; last rows: of the first rows", rows},
                 count == 3 ? arguments[2] : "");
 }

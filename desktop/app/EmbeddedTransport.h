@@ -21,6 +21,7 @@ class EmbeddedTransport : public KorPdmTransport {
 
   const std::string& File() const { return _file; }
   lumira::Store& Store() { return *_store; }
+  lumira::Server& Server() { return _server; }
 
  private:
   EmbeddedTransport(std::string file, std::unique_ptr<lumira::Store> store, lumira::Progress progress);

@@ -21,19 +21,21 @@ namespace {
 
 using protocol::Result;
 
-QStringList Lines(const char* headingKey, const std::vector<std::string>& texts) {
+QStringList Lines(const QString& heading, const std::vector<std::string>& texts) {
   if (texts.empty()) return {};
-  QStringList lines{QString(), Text(headingKey, {QString::number(texts.size())})};
+  QStringList lines{QString(), heading};
   for (const std::string& text : texts) lines << "  " + ToQt(text);
   return lines;
 }
 
 QString ReportOf(const lumira::ImportReport& report, lumira::ImportMode mode) {
-  QStringList lines{
-      Text(mode == lumira::ImportMode::Write ? "Import.Done" : "Import.Checked",
-           {ToQt(report.product), QString::number(report.parts), QString::number(report.instances),
-            QString::number(report.massTypes), QString::number(report.filters)})};
-  lines << Lines("Import.LeftOut", report.leftOut) << Lines("Import.Warnings", report.warnings);
+  QStringList lines{Text(mode == lumira::ImportMode::Write ? "Import.Done" : "Import.Checked",
+                         {ToQt(report.product), CountedText(report.parts, "Count.Part", "Count.Parts"),
+                          CountedText(report.instances, "Count.Instance", "Count.Instances"),
+                          CountedText(report.massTypes, "Count.MassRow", "Count.MassRows"),
+                          CountedText(report.filters, "Count.Filter", "Count.Filters")})};
+  lines << Lines(Text("Import.LeftOut", {QString::number(report.leftOut.size())}), report.leftOut)
+        << Lines(CountedText(report.warnings.size(), "Import.Warning", "Import.Warnings"), report.warnings);
   return lines.join('\n');
 }
 

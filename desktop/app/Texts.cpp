@@ -17,6 +17,10 @@ QString TextOr(const char* key, const char* fallback, const QStringList& paramet
                                           fallback));
 }
 
+QString CountedText(qulonglong number, const char* one, const char* many) {
+  return Text(number == 1 ? one : many, {QString::number(number)});
+}
+
 QString ProgressText(std::string_view what) {
   const std::string own(what);
   return TextOr(("Progress." + own).c_str(), own.c_str());

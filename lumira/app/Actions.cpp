@@ -7,6 +7,7 @@
 
 #include "lumira/app/ValueList.h"
 #include "lumira/commands/Server.h"
+#include "lumira/model/Counted.h"
 #include "lumira/store/OpenSqliteStore.h"
 #include "protocol/Codec.h"
 #include "protocol/Constants.h"
@@ -71,11 +72,14 @@ void WriteReport(const ImportReport& report, ImportMode mode, const Console& con
   for (const std::string& text : report.warnings) console.errors << "warning: " << text << '\n';
   for (const std::string& text : report.leftOut) console.errors << "left out: " << text << '\n';
   console.out << (mode == ImportMode::DryRun ? "Would import" : "Imported") << " product \"" << report.product
-              << "\": " << report.parts << " parts, " << report.instances << " instances, "
-              << report.massTypes << " mass types"
-              << (report.filters > 0 ? ", " + std::to_string(report.filters) + " configuration filters" : "")
-              << "; " << report.warnings.size() << " warnings, " << report.leftOut.size()
-              << " things left out.\n";
+              << "\": " << Counted(report.parts, {"part", "parts"}) << ", "
+              << Counted(report.instances, {"instance", "instances"}) << ", "
+              << Counted(report.massTypes, {"mass type", "mass types"})
+              << (report.filters > 0
+                      ? ", " + Counted(report.filters, {"configuration filter", "configuration filters"})
+                      : "")
+              << "; " << Counted(report.warnings.size(), {"warning", "warnings"}) << ", "
+              << Counted(report.leftOut.size(), {"thing", "things"}) << " left out.\n";
 }
 
 Result<ImportTables> ReadTables(const ImportAction& action) {

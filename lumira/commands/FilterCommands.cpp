@@ -1,5 +1,6 @@
 #include "lumira/commands/Commands.h"
 #include "lumira/engine/ExcludedInstances.h"
+#include "lumira/model/Counted.h"
 #include "protocol/Codec.h"
 #include "protocol/Utf8.h"
 
@@ -11,10 +12,6 @@ using protocol::ErrorKind;
 using protocol::Quoted;
 using protocol::Result;
 
-std::string Count(std::size_t number, const char* one, const char* many) {
-  return std::to_string(number) + " " + (number == 1 ? one : many);
-}
-
 // "Leaves out 9 of 30 instances", behind what its maker says of the filter.
 std::string Summary(const StructureIndex& structure, const ConfigurationFilter& filter) {
   const std::string before = filter.description.empty() ? "" : filter.description + " - ";
@@ -22,7 +19,7 @@ std::string Summary(const StructureIndex& structure, const ConfigurationFilter& 
   if (!excluded) return before + "Cannot be applied: " + excluded.Failure().message;
   const std::size_t leftOut = CountLeftOut(structure, excluded.Value());
   return before + "Leaves out " + std::to_string(leftOut) + " of " +
-         Count(structure.Data().instances.size(), "instance", "instances");
+         Counted(structure.Data().instances.size(), {"instance", "instances"});
 }
 
 Result<void> CheckRoot(const OpenProduct& product, const std::string& rootPart) {
@@ -40,8 +37,8 @@ Result<std::string> GetConfigurationFilters(Session& session, std::string_view t
   const auto& [rootParts, products] = request.Value();
   if (rootParts.size() != products.size())
     return Error{ErrorKind::BadValue, "the request has " +
-                                          Count(rootParts.size(), "root part", "root parts") + " for " +
-                                          Count(products.size(), "product", "products")};
+                                          Counted(rootParts.size(), {"root part", "root parts"}) + " for " +
+                                          Counted(products.size(), {"product", "products"})};
   protocol::FilterList list;
   for (std::size_t i = 0; i < products.size(); ++i) {
     const auto product = session.products.Open(products[i]);

@@ -149,7 +149,9 @@ PartData MakePartData(const Selection& selection, const protocol::PartDataReques
   data.configurationHandler = product.Data().id;
   data.filter = request.filter;
   data.hasInstance = true;  // whatever the server tells of is in the PDM
-  data.massTypes = {ComputedTypeOf(product, part, counts)};
+  const PartData values = SavedValuesOf(part, details);
+  data.massTypes = values.massTypes;
+  data.massTypes.front() = ComputedTypeOf(product, part, counts);
   data.computed = data.massTypes.front().status == protocol::MassTypeStatus::Defined;
   // What was computed can be computed again; a compute leaves this as the client has it.
   data.persisted = !part.massTypes.empty();
@@ -162,7 +164,7 @@ PartData MakePartData(const Selection& selection, const protocol::PartDataReques
   data.dateFormat = details.dateFormat;
   data.properties = details.properties;
   data.stateToken = ToToken(state);
-  PutSavedValues(data, SavedValuesOf(part, details));
+  PutSavedValues(data, values);
   return data;
 }
 

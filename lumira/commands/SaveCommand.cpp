@@ -18,6 +18,11 @@ std::string ReplyFor(const std::string& part, std::int64_t state) {
   return protocol::WriteSaveReply({part, ToToken(state)});
 }
 
+protocol::Error InField(const char* field, protocol::Error error) {
+  error.message = "PartData: " + std::string(field) + ": " + error.message;
+  return error;
+}
+
 // Writes what is new; a save that changes nothing leaves no trace.
 Result<std::string> Write(Session& session, const StoredPart& stored, StoredPart saved) {
   PartSaving saving{.saved = std::move(saved),
@@ -35,7 +40,7 @@ Result<std::string> Write(Session& session, const StoredPart& stored, StoredPart
 
 Result<std::string> Save(Session& session, const PartData& request, std::int64_t state) {
   const auto stored = session.store.LoadPart(request.partId);
-  if (!stored) return stored.Failure();
+  if (!stored) return InField("partId", stored.Failure());
   if (const auto good = CheckStillStored(session.store, stored.Value(), state); !good) return good.Failure();
   auto saved = ApplySave(stored.Value(), request);
   if (!saved) return saved.Failure();

@@ -75,11 +75,18 @@ Result<void> CheckNames(const Part& part, const std::vector<protocol::MassType>&
   return {};
 }
 
+// Whether the values of a mass type are taken, and not its precision only.
+bool TakesValues(const protocol::MassType& type) {
+  return type.name != kComputedMassType && type.status != protocol::MassTypeStatus::Undefined;
+}
+
 Result<void> CheckNumbers(const protocol::MassType& type, std::size_t index) {
-  const std::pair<const char*, double> numbers[] = {{"lowerDeviation", type.lowerDeviation},
-                                                    {"upperDeviation", type.upperDeviation},
-                                                    {"lowerPrecision", type.lowerPrecision},
-                                                    {"upperPrecision", type.upperPrecision}};
+  const bool hasDeviations = TakesValues(type);
+  const std::pair<const char*, double> numbers[] = {
+      {"lowerDeviation", hasDeviations ? type.lowerDeviation : 0},
+      {"upperDeviation", hasDeviations ? type.upperDeviation : 0},
+      {"lowerPrecision", type.lowerPrecision},
+      {"upperPrecision", type.upperPrecision}};
   for (const auto& [field, value] : numbers)
     if (auto good = CheckNotNegative(Entry("massTypes", index, field), value); !good) return good;
   return {};
@@ -96,7 +103,7 @@ MassProperties PropertiesOf(const protocol::MassType& type) {
 // The deviations on the wire are the limits, or for want of them the standard deviation; only when a client
 // sends others than it was told are they limits that somebody has set.
 void TakeMassType(MassTypeData& data, const protocol::MassType& type) {
-  if (type.status == protocol::MassTypeStatus::Undefined) {
+  if (!TakesValues(type)) {
     data = {.name = data.name, .properties = {}, .deviations = {}, .bounds = {}};
     return;
   }

@@ -1,5 +1,6 @@
 #include "lumira/commands/SavedValues.h"
 
+#include <algorithm>
 #include <unordered_map>
 #include <utility>
 
@@ -37,6 +38,18 @@ std::vector<protocol::MassType> MassTypesOf(const Part& part, const PartDetails&
     for (const Precision& precision : details.precisions)
       if (precision.massType == type.name) PutPrecision(type, precision);
   return types;
+}
+
+// Of the computed mass type only the precision is saved.
+void PutMassType(protocol::MassType& type, const protocol::MassType& saved) {
+  if (type.name == kComputedMassType)
+    PutPrecision(type, PrecisionOf(saved));
+  else
+    type = saved;
+}
+
+bool HasMassType(const PartData& data, const std::string& name) {
+  return std::ranges::find(data.massTypes, name, &protocol::MassType::name) != data.massTypes.end();
 }
 
 // Where a character begins, so that none is cut in two.
@@ -101,12 +114,11 @@ std::vector<FieldChange> DifferencesOf(const PartData& before, const PartData& a
 }
 
 void PutSavedValues(PartData& data, const PartData& values) {
-  protocol::MassType computed = data.massTypes.front();
-  PutPrecision(computed, PrecisionOf(values.massTypes.front()));
+  for (protocol::MassType& type : data.massTypes)
+    for (const protocol::MassType& saved : values.massTypes)
+      if (saved.name == type.name) PutMassType(type, saved);
+  if (HasMassType(data, values.activeMassType)) data.activeMassType = values.activeMassType;
   data.standardPart = values.standardPart;
-  data.activeMassType = values.activeMassType;
-  data.massTypes = values.massTypes;
-  data.massTypes.front() = std::move(computed);
   data.material.name = values.material.name;
   data.material.density = values.material.density;
   data.material.densityPriority = values.material.densityPriority;

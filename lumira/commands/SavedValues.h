@@ -18,7 +18,8 @@ protocol::PartData SavedValuesOf(const Part& part, const PartDetails& details);
 /// The precision as it is stored beside a mass type.
 Precision PrecisionOf(const protocol::MassType& type);
 
-/// The values as they stand in a history. What is read back has the computed mass type at least.
+/// The values as they stand in a history: in the form that clients get, version and all, so that a later
+/// version of the form needs a reader for this one. What is read back has the computed mass type at least.
 std::string ToHistoryText(const protocol::PartData& values);
 protocol::Result<protocol::PartData> FromHistoryText(std::string_view text);
 
@@ -27,8 +28,9 @@ protocol::Result<protocol::PartData> FromHistoryText(std::string_view text);
 std::vector<protocol::FieldChange> DifferencesOf(const protocol::PartData& before,
                                                  const protocol::PartData& after);
 
-/// Puts saved values into part data that is complete but for them: the computed mass type, which stands
-/// first, keeps its values; properties that are no longer there are left out.
+/// Puts saved values into part data, whose lists decide what there is: mass types and properties that are no
+/// longer there are left out, those that were not there yet stay as they are. The computed mass type keeps
+/// its values.
 void PutSavedValues(protocol::PartData& data, const protocol::PartData& values);
 
 }  // namespace lumira

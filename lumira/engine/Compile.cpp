@@ -2,12 +2,15 @@
 
 #include <utility>
 
+#include "lumira/model/Counted.h"
+
 namespace lumira {
 namespace {
 
 protocol::Error CycleError(const std::vector<std::uint32_t>& cycle, const std::vector<std::string>& names) {
   constexpr std::size_t kShown = 12;  // of a chain that may be a million parts long
-  std::string text = "the structure contains a cycle of " + std::to_string(cycle.size() - 1) + " part(s): ";
+  std::string text =
+      "the structure contains a cycle of " + Counted(cycle.size() - 1, {"part", "parts"}) + ": ";
   for (std::size_t i = 0; i < cycle.size(); ++i) {
     if (i >= kShown && i + 1 < cycle.size()) continue;
     text += (i == 0 ? "" : i > kShown ? " > ... > " : " > ") + ("'" + names[cycle[i]] + "'");

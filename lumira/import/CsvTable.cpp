@@ -6,6 +6,7 @@
 #include <array>
 #include <optional>
 
+#include "lumira/model/Counted.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
@@ -82,7 +83,7 @@ class CsvReading {
     if (_table._lines.empty()) _table._columns = _rowCells;
     if (_rowCells != _table._columns)
       _log.Error(PlaceOf(_rowLine, std::min(_rowCells, _table._columns) + 1),
-                 "the row has " + std::to_string(_rowCells) + " cells, the header has " +
+                 "the row has " + Counted(_rowCells, {"cell", "cells"}) + ", the header has " +
                      std::to_string(_table._columns),
                  ErrorKind::BadText);
     // A row of another length would shift all that follow, as would texts of cells that are not there.

@@ -99,18 +99,39 @@ class FilterReading {
   }
 
   std::vector<std::string> ReadValues(std::size_t row) {
-    std::vector<std::string> values;
-    std::string_view rest = _columns.Text(row, Values);
-    for (bool more = true; more;) {
-      const std::size_t separator = rest.find(';');
-      more = separator != rest.npos;
-      values.emplace_back(Trimmed(rest.substr(0, separator)));
-      rest.remove_prefix(more ? separator + 1 : rest.size());
-      if (values.back().empty())
+    std::vector<std::string> values = SplitValues(row);
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      values[i] = Trimmed(values[i]);
+      if (values[i].empty())
         _columns.Error(row, Values,
-                       "value " + std::to_string(values.size()) + " is empty; values are separated by \";\"");
+                       "value " + std::to_string(i + 1) + " is empty; values are separated by \";\"");
     }
     return values;
+  }
+
+  // At each ";" but those behind a backslash. A backslash that escapes nothing is told and stays in the
+  // value.
+  std::vector<std::string> SplitValues(std::size_t row) {
+    const std::string_view text = _columns.Text(row, Values);
+    std::vector<std::string> values(1);
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      const bool isEscape = IsEscape(text.substr(i, 2));
+      if (text[i] == '\\' && !isEscape) RefuseBackslash(row, values.size());
+      if (text[i] == ';')
+        values.emplace_back();
+      else
+        values.back() += text[isEscape ? ++i : i];
+    }
+    return values;
+  }
+
+  static bool IsEscape(std::string_view pair) { return pair == "\\;" || pair == "\\\\"; }
+
+  void RefuseBackslash(std::size_t row, std::size_t value) {
+    _columns.Error(row, Values,
+                   "value " + std::to_string(value) + " of " + Quoted(_columns.Text(row, Values)) +
+                       " has a \"\\\" before neither \";\" nor \"\\\"; \"\\;\" is a \";\" inside a value and "
+                       "\"\\\\\" a \"\\\"");
   }
 
   void CheckName(std::size_t row, const FilterCondition& condition) {

@@ -1,5 +1,7 @@
 #include "lumira/import/ImportLog.h"
 
+#include "lumira/model/Counted.h"
+
 namespace lumira {
 namespace {
 
@@ -30,7 +32,7 @@ protocol::Error ImportLog::Failure() const {
   std::string message;
   for (const std::string& error : _errors) message += (message.empty() ? "" : "\n") + error;
   if (_errorCount > _errors.size())
-    message += "\nand " + std::to_string(_errorCount - _errors.size()) + " more errors";
+    message += "\nand " + Counted(_errorCount - _errors.size(), {"more error", "more errors"});
   return {_kind, message};
 }
 

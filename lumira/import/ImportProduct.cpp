@@ -11,6 +11,7 @@
 #include "lumira/import/MassTable.h"
 #include "lumira/import/StructureChecks.h"
 #include "lumira/import/StructureTable.h"
+#include "lumira/model/Counted.h"
 #include "lumira/model/Identifier.h"
 #include "lumira/store/ProductRules.h"
 #include "protocol/Utf8.h"
@@ -150,7 +151,7 @@ class Assembly {
         _log.LeftOut({table.Name(), table.HeaderLine(), column + 1, table.Title(column)},
                      "the column is not known");
     if (table.BlankRows() > 0)
-      _log.LeftOut({table.Name(), 0, 0, {}}, std::to_string(table.BlankRows()) + " blank rows");
+      _log.LeftOut({table.Name(), 0, 0, {}}, Counted(table.BlankRows(), {"blank row", "blank rows"}));
   }
 
   // Parts of the structure in the order of the rows, with the data of the mass table.
@@ -241,9 +242,8 @@ class Assembly {
       if (!_parents.contains(part.id) && part.massTypes.empty() && !(part.geometry && EffectiveDensity(part)))
         empty.push_back(part.id);
     if (!empty.empty())
-      _log.Warning(
-          {_massTable.Name(), 0, 0, {}},
-          std::to_string(empty.size()) + " parts have neither children nor mass data: " + List(empty));
+      _log.Warning({_massTable.Name(), 0, 0, {}}, Counted(empty.size(), {"part has", "parts have"}) +
+                                                      " neither children nor mass data: " + List(empty));
   }
 
   const ImportTables& _tables;

@@ -157,7 +157,8 @@ class StructureReading {
       return Refuse(row, first, "the rotation is given twice, by r11 to r33 and by tilts");
     if (given < 9)
       return Refuse(row, first,
-                    "only " + std::to_string(given) + " of the nine coefficients r11 to r33 are given");
+                    "only " + std::to_string(given) + " of the nine coefficients r11 to r33 " +
+                        (given == 1 ? "is" : "are") + " given");
     return read == 9 ? Checked(row, rotation) : Rotation{};
   }
 

@@ -21,7 +21,7 @@ std::optional<Three> ReadThree(const TableColumns& columns, std::size_t row, std
   if (given != 0 && given != numbers.size())
     columns.Error(row, columns.FirstGiven(row, first, numbers.size()),
                   "only " + std::to_string(given) + " of the 3 numbers of the " + what + " (from " +
-                      std::string(columns.Name(first)) + " on) are given");
+                      std::string(columns.Name(first)) + (given == 1 ? " on) is given" : " on) are given"));
   return read == numbers.size() ? std::optional(numbers) : std::nullopt;
 }
 

@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "lumira/model/Counted.h"
 #include "protocol/Result.h"
 
 namespace lumira {
@@ -29,9 +30,9 @@ class UnstorableValue : public std::runtime_error {
 /// Throws DamagedContent when something has not as many of its rows as were stored. `nameOwner` is asked for
 /// what has them only then.
 template <class NameOwner>
-void CheckRowCount(NameOwner&& nameOwner, const char* rows, std::size_t found, std::int64_t stored) {
+void CheckRowCount(NameOwner&& nameOwner, Noun rows, std::size_t found, std::int64_t stored) {
   if (static_cast<std::int64_t>(found) != stored)
-    throw DamagedContent(nameOwner() + " has " + std::to_string(found) + " " + rows + " instead of " +
+    throw DamagedContent(nameOwner() + " has " + Counted(found, rows) + " instead of " +
                          std::to_string(stored));
 }
 

@@ -34,7 +34,8 @@ Result<std::vector<ConfigurationFilter>> SqliteStore::LoadFilters(std::string_vi
       filters.push_back({.name = TextIn(query, 1),
                          .description = TextIn(query, 2),
                          .conditions = LoadConditions(query.getColumn(0).getInt64())});
-      CheckRowCount([&] { return "filter " + Quoted(filters.back().name); }, "values of its conditions",
+      CheckRowCount([&] { return "filter " + Quoted(filters.back().name); },
+                    {"value of its conditions", "values of its conditions"},
                     static_cast<std::size_t>(ValueCount(filters.back())), query.getColumn(3).getInt64());
     }
     return filters;

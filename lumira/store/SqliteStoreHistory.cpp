@@ -112,8 +112,8 @@ std::int64_t SqliteStore::HistorySize(std::int64_t partKey) {
   query.bind(1, partKey);
   query.executeStep();
   const std::int64_t records = query.getColumn(0).getInt64();
-  CheckRowCount([&] { return "the history of part with key " + std::to_string(partKey); }, "records",
-                static_cast<std::size_t>(records), query.getColumn(1).getInt64());
+  CheckRowCount([&] { return "the history of part with key " + std::to_string(partKey); },
+                {"record", "records"}, static_cast<std::size_t>(records), query.getColumn(1).getInt64());
   return records;
 }
 

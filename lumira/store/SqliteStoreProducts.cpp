@@ -1,5 +1,6 @@
 #include <SQLiteCpp/VariadicBind.h>
 
+#include "lumira/model/Counted.h"
 #include "lumira/store/ProductRules.h"
 #include "lumira/store/SqliteArchives.h"
 #include "lumira/store/SqliteStore.h"
@@ -213,12 +214,15 @@ Result<void> SqliteStore::CheckCounts(std::int64_t productKey, const Product& pr
   const auto attributes = counts.getColumn(4).getInt64();
   const std::string whose = "product " + Quoted(product.id) + " has ";
   if (parts != std::ssize(product.parts) || instances != std::ssize(product.instances))
-    return DamageError(_file, whose + std::to_string(product.parts.size()) + " parts and " +
-                                  std::to_string(product.instances.size()) + " instances instead of " +
-                                  std::to_string(parts) + " and " + std::to_string(instances));
+    return DamageError(_file, whose + Counted(product.parts.size(), {"part", "parts"}) + " and " +
+                                  Counted(product.instances.size(), {"instance", "instances"}) +
+                                  " instead of " + std::to_string(parts) + " and " +
+                                  std::to_string(instances));
   if (attributes != AttributeCount(product))
-    return DamageError(_file, whose + std::to_string(AttributeCount(product)) +
-                                  " attributes of instances instead of " + std::to_string(attributes));
+    return DamageError(
+        _file, whose +
+                   Counted(AttributeCount(product), {"attribute of instances", "attributes of instances"}) +
+                   " instead of " + std::to_string(attributes));
   return {};
 }
 

@@ -98,8 +98,8 @@ void WriteRows(SQLite::Database& database, const std::string& table, std::int64_
 
 /// Throws DamagedContent when a part has lost mass types.
 inline void CheckMassTypeCount(const Part& part, std::int64_t stored) {
-  CheckRowCount([&] { return "part " + protocol::Quoted(part.id); }, "mass types", part.massTypes.size(),
-                stored);
+  CheckRowCount([&] { return "part " + protocol::Quoted(part.id); }, {"mass type", "mass types"},
+                part.massTypes.size(), stored);
 }
 
 template <class T>

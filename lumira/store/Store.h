@@ -95,8 +95,8 @@ class Store {
 
   /// Conflict when the product exists (and is not to be replaced), or when one of its parts belongs to
   /// another product. BadValue for what no command could tell of or compute (store/ProductRules.h). A
-  /// replaced product loses its results, details, filters and handler. `progress` hears of rows written, out
-  /// of all rows. The filters are checked against the product (`CheckFilters`).
+  /// replaced product loses its results, details, histories, filters and handler. `progress` hears of rows
+  /// written, out of all rows. The filters are checked against the product (`CheckFilters`).
   virtual protocol::Result<void> AddProduct(const Product& product, Existing existing,
                                             const Progress& progress = {},
                                             const ProductFilters& filters = {}) = 0;

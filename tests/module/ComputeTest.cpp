@@ -342,7 +342,8 @@ TEST_P(HostileReply, IsShownWithItsReasonAndNothingChanges) {
 const Hostile kHostile[] = {
     {"Empty", "", "ComputeReply: field 1 (form): \"\" is not \"ComputeReply/1\""},
     {"Blank", " ", "ComputeReply: field 1 (form): \" \" is not \"ComputeReply/1\""},
-    {"Garbage", "\x01\x02\xff\xfe garbage", "ComputeReply: byte 3 is not well-formed UTF-8"},
+    {"Garbage", "\x01\x02\xff\xfe garbage",
+     "ComputeReply: field 1 (form): \"\\x01\\x02\\xFF\\xFE garbage\" is not well-formed UTF-8 at its byte 3"},
     {"Cut", "ComputeReply/1|P-100|Computed|1|3|0.5|0|0|1|2|3|0|0|0|0.1|0.2|0|0|0|0|0|0",
      "ComputeReply: field 23 (end) is missing, the text ends after field 22"},
     {"CutInTheMiddle", "ComputeReply/1|P-100|Computed|1|3|0.5",

@@ -14,36 +14,39 @@ void ExpectSameAnswers(const std::string& text, const std::vector<std::string>& 
     EXPECT_EQ(index.Contains(key), text.find(key) != text.npos) << '"' << key << "\" in \"" << text << '"';
 }
 
-TEST(FilterIndex, FindsAKeyInTheMiddleAtTheBeginningAndAtTheEnd) {
-  const KorWBNymNavFilterIndex index("1|2|I1|P1|A|2|R|S|I2|P2|B|0");
-  EXPECT_TRUE(index.Contains("I1|P1|A|2|R|S"));
-  EXPECT_TRUE(index.Contains("1|2|I1"));
-  EXPECT_TRUE(index.Contains("I2|P2|B|0"));
-  EXPECT_TRUE(index.Contains("1|2|I1|P1|A|2|R|S|I2|P2|B|0"));
-  EXPECT_FALSE(index.Contains("I1|P1|A|2|R|T"));
-  EXPECT_FALSE(index.Contains("I2|P2|B|0|"));
-  EXPECT_FALSE(index.Contains("01|2|I1|P1|A|2|R|S|I2|P2|B|0"));
+/// Keys that a text holds, and keys that it lacks.
+struct Keys {
+  const char* name;
+  const char* text;
+  std::vector<const char*> held;
+  std::vector<const char*> lacking;
+};
+
+void PrintTo(const Keys& keys, std::ostream* out) { *out << keys.name; }
+
+struct FilterIndexKeys : testing::TestWithParam<Keys> {};
+
+TEST_P(FilterIndexKeys, AreFoundWhenTheTextHoldsThem) {
+  const KorWBNymNavFilterIndex index(GetParam().text);
+  for (const char* key : GetParam().held) EXPECT_TRUE(index.Contains(key)) << key;
+  for (const char* key : GetParam().lacking) EXPECT_FALSE(index.Contains(key)) << key;
 }
 
-TEST(FilterIndex, FindsAKeyThatBeginsAndEndsInsideFields) {
-  const KorWBNymNavFilterIndex index("1|1|XI1|P1|A|2|R|S2");
-  EXPECT_TRUE(index.Contains("I1|P1|A|2|R|S"));
-  EXPECT_TRUE(index.Contains("|S"));
-  EXPECT_TRUE(index.Contains("1|"));
-  EXPECT_FALSE(index.Contains("XI|P1"));
-}
+const Keys kKeys[] = {
+    {"InTheMiddleAtTheBeginningAndAtTheEnd",
+     "1|2|I1|P1|A|2|R|S|I2|P2|B|0",
+     {"I1|P1|A|2|R|S", "1|2|I1", "I2|P2|B|0", "1|2|I1|P1|A|2|R|S|I2|P2|B|0"},
+     {"I1|P1|A|2|R|T", "I2|P2|B|0|", "01|2|I1|P1|A|2|R|S|I2|P2|B|0"}},
+    {"ThatBeginAndEndInsideFields", "1|1|XI1|P1|A|2|R|S2", {"I1|P1|A|2|R|S", "|S", "1|"}, {"XI|P1"}},
+    {"WhoseFirstFieldWouldHaveToReachBeyondAFieldBackwards", "xa|b|a|c", {"b|a|c"}, {"b|b", "a|b|b", "xa|c"}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Keys, FilterIndexKeys, testing::ValuesIn(kKeys),
+                         [](const auto& one) { return std::string(one.param.name); });
 
 TEST(FilterIndex, AnswersForTextsAndKeysWithoutSeparatorsAndForEmptyOnes) {
   for (const char* text : {"", "a", "|", "||", "a|", "|a", "ab|ba"})
     ExpectSameAnswers(text, {"", "a", "b", "ab", "|", "||", "|||", "a|", "|a", "b|b", "ab|ba", "ab|ba|"});
-}
-
-TEST(FilterIndex, DoesNotReadBeyondAFieldWhenItComparesBackwards) {
-  const KorWBNymNavFilterIndex index("xa|b|a|c");
-  EXPECT_FALSE(index.Contains("b|b"));
-  EXPECT_FALSE(index.Contains("a|b|b"));
-  EXPECT_TRUE(index.Contains("b|a|c"));
-  EXPECT_FALSE(index.Contains("xa|c"));
 }
 
 TEST(FilterIndex, TellsFieldsApartThatOnlyDifferBehindALongCommonText) {

@@ -35,34 +35,52 @@ TEST_F(FilterPanelRows, ThePathIsShownRelativeToTheProductThatTheHostNamed) {
   EXPECT_THAT(Rows(), ElementsAre("I1, P1, A, Rotor/R/S, 2, R|S", "I2, P1, A, Tower/R/S, 2, R|S"));
 }
 
-TEST_F(FilterPanelRows, TheSameInstanceTwiceIsOneLineEvenWithAnotherDepth) {
+/// Rows that are added one after the other, and the lines that there are afterwards.
+struct Additions {
+  struct Row {
+    const char *instance, *part, *version, *path;
+    int depth;
+  };
+  const char* name;
+  std::vector<Row> rows;
+  std::vector<std::string> lines;
+};
+
+void PrintTo(const Additions& additions, std::ostream* out) { *out << additions.name; }
+
+struct FilterPanelAdditions : FilterPanelRows, testing::WithParamInterface<Additions> {};
+
+TEST_P(FilterPanelAdditions, LeaveTheseLines) {
   Open();
-  Add("I1", "P1", "A", "R|S", 2);
-  Add("I1", "P1", "A", "R|S", 2);
-  Add("I1", "P1", "A", "R|S", 9);
-  EXPECT_THAT(Rows(), ElementsAre("I1, P1, A, /R/S, 2, R|S"));
+  for (const auto& row : GetParam().rows) Add(row.instance, row.part, row.version, row.path, row.depth);
+  EXPECT_EQ(Rows(), GetParam().lines);
 }
 
-TEST_F(FilterPanelRows, ARowThatDiffersInOneFieldIsAnother) {
-  Open();
-  Add("I1", "P1", "A", "R", 1);
-  Add("I2", "P1", "A", "R", 1);
-  Add("I1", "P2", "A", "R", 1);
-  Add("I1", "P1", "B", "R", 1);
-  Add("I1", "P1", "A", "S", 1);
-  Add("I1", "P1", "A", "R", 1);
-  EXPECT_EQ(Rows().size(), 5u);
-}
+const Additions kAdditions[] = {
+    {"OfTheSameInstanceTwiceAreOneLineEvenWithAnotherDepth",
+     {{"I1", "P1", "A", "R|S", 2}, {"I1", "P1", "A", "R|S", 2}, {"I1", "P1", "A", "R|S", 9}},
+     {"I1, P1, A, /R/S, 2, R|S"}},
+    {"ThatDifferInOneFieldAreAllThere",
+     {{"I1", "P1", "A", "R", 1},
+      {"I2", "P1", "A", "R", 1},
+      {"I1", "P2", "A", "R", 1},
+      {"I1", "P1", "B", "R", 1},
+      {"I1", "P1", "A", "S", 1},
+      {"I1", "P1", "A", "R", 1}},
+     {"I1, P1, A, /R, 1, R", "I2, P1, A, /R, 1, R", "I1, P2, A, /R, 1, R", "I1, P1, B, /R, 1, R",
+      "I1, P1, A, /S, 1, S"}},
+    {"ThatOnlyReadTheSameWhenJoinedAreAllThere",
+     {{"I", "1P", "A", "R", 1},
+      {"I1", "P", "A", "R", 1},
+      {"I", "1", "PA", "R", 1},
+      {"I|1", "P", "A", "R", 1},
+      {"I", "1|P", "A", "R", 1}},
+     {"I, 1P, A, /R, 1, R", "I1, P, A, /R, 1, R", "I, 1, PA, /R, 1, R", "I|1, P, A, /R, 1, R",
+      "I, 1|P, A, /R, 1, R"}},
+};
 
-TEST_F(FilterPanelRows, FieldsThatOnlyReadTheSameWhenJoinedAreDifferentRows) {
-  Open();
-  Add("I", "1P", "A", "R", 1);
-  Add("I1", "P", "A", "R", 1);
-  Add("I", "1", "PA", "R", 1);
-  Add("I|1", "P", "A", "R", 1);
-  Add("I", "1|P", "A", "R", 1);
-  EXPECT_EQ(Rows().size(), 5u);
-}
+INSTANTIATE_TEST_SUITE_P(Additions, FilterPanelAdditions, testing::ValuesIn(kAdditions),
+                         [](const auto& one) { return std::string(one.param.name); });
 
 TEST_F(FilterPanelRows, NothingIsADuplicateOfAnEmptyList) {
   Open();

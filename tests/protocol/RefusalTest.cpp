@@ -12,7 +12,8 @@ std::string ExampleOf(const std::string& form) {
   return {};
 }
 
-std::string Refusal(const Result<SearchRequest>& result) {
+template <class Form>
+std::string Refusal(const Result<Form>& result) {
   return result.Ok() ? "read" : result.Failure().message;
 }
 
@@ -57,7 +58,29 @@ TEST(Refusal, NamesTheFieldItsValueAndWhatWasExpected) {
   EXPECT_EQ(Refusal(ReadSearchRequest("SearchRequest/1|P|t|5|stop")),
             "SearchRequest: field 5 (end): \"stop\" stands where the text should end with \"end\"");
   EXPECT_EQ(Refusal(ReadSearchRequest("SearchRequest/1|P|\xFF|5|end")),
-            "SearchRequest: byte 19 is not well-formed UTF-8");
+            "SearchRequest: field 3 (text): \"\\xFF\" is not well-formed UTF-8 at its byte 1");
+}
+
+TEST(Refusal, NamesTheFieldThatIsNotUtf8WhereverItStands) {
+  EXPECT_EQ(Refusal(ReadSearchRequest("Search\xE9|P|t|5|end")),
+            "SearchRequest: field 1 (form): \"Search\\xE9\" is not well-formed UTF-8 at its byte 7");
+  EXPECT_EQ(Refusal(ReadSearchRequest("SearchRequest/1|P|t|\xC3|end")),
+            "SearchRequest: field 4 (limit): \"\\xC3\" is not well-formed UTF-8 at its byte 1");
+  EXPECT_EQ(Refusal(ReadSearchRequest("SearchRequest/1|P|t|5|end\xFF")),
+            "SearchRequest: field 5 (end): \"end\\xFF\" is not well-formed UTF-8 at its byte 4");
+  EXPECT_EQ(Refusal(ReadTreeNodes("TreeNodes/1|T|1|0|1|i|caf\xE9|n|r|1|0|0|__null__|end")),
+            "TreeNodes: field 7 (nodes[1].partId): \"caf\\xE9\" is not well-formed UTF-8 at its byte 4");
+}
+
+TEST(Refusal, NamesTheByteThatIsNotUtf8AlsoBehindWhatIsShownOfTheValue) {
+  const std::string shown(60, 'x');
+  EXPECT_EQ(Refusal(ReadSearchRequest("SearchRequest/1|P|" + shown + "yz\xFF|5|end")),
+            "SearchRequest: field 3 (text): \"" + shown + "...\" is not well-formed UTF-8 at its byte 63");
+}
+
+TEST(Refusal, TellsASequenceThatASeparatorCutsAsTheFieldsBeforeIt) {
+  EXPECT_EQ(Refusal(ReadSearchRequest("SearchRequest/1|\xE2\x82|\xAC|5|end")),
+            "SearchRequest: field 2 (product): \"\\xE2\\x82\" is not well-formed UTF-8 at its byte 1");
 }
 
 TEST(Refusal, NamesTheEntryOfAListAndTheFieldInside) {
@@ -148,10 +171,16 @@ TEST(Refusal, OfAComputeRequestNamesItsThreeFields) {
             "\"ComputeOptions/1\"");
 }
 
-TEST(Refusal, LooksAtTheWholeComputeRequestFirst) {
+TEST(Refusal, NamesWhatIsWrongWithTheBytesOfAComputeRequest) {
   const auto badByte = ReadComputeRequest("1|a\xff|");
   ASSERT_FALSE(badByte.Ok());
-  EXPECT_EQ(badByte.Failure().message, "ComputeRequest: byte 4 is not well-formed UTF-8");
+  EXPECT_EQ(badByte.Failure().message,
+            "ComputeRequest: field 2 (partId): \"a\\xFF\" is not well-formed UTF-8 at its byte 2");
+  const auto badOptions = ReadComputeRequest("1|p|ComputeOptions/1|\xff");
+  ASSERT_FALSE(badOptions.Ok());
+  EXPECT_EQ(badOptions.Failure().message,
+            "ComputeRequest: field 3 (options): ComputeOptions: field 2 (filter): \"\\xFF\" is not "
+            "well-formed UTF-8 at its byte 1");
   const auto tooLong = ReadComputeRequest("1|" + std::string(kMaxTextBytes, 'x') + "|");
   ASSERT_FALSE(tooLong.Ok());
   EXPECT_EQ(tooLong.Failure().message, "ComputeRequest: the text has 67108867 bytes, the limit is 67108864");

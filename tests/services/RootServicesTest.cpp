@@ -21,25 +21,20 @@ struct Outputs {
   }
 };
 
-/// Replies that no question can make use of.
-constexpr const char* kUseless[] = {"",
-                                    "LumiraError: the product is gone",
-                                    "nonsense",
-                                    "PendingWarnings/1|0|end",
-                                    "CurrentRoot/1|",
-                                    "CurrentRoot/1|1|ROOT|TURBINE|Turbine",
-                                    "CurrentRoot/1|-1|Turbine|end",
-                                    "CurrentRoot/1|2000000000|ROOT|TURBINE|Turbine|end",
-                                    "CurrentRoot/1|x|Turbine|end",
-                                    "FilterList/1|2|F1|A||end",
-                                    "FilterList/1|-1|end",
-                                    "FilterList/1|99999999999|F1|A||end",
-                                    "ConfigurationHandler/1|TURBINE|end",
-                                    "ConfigurationHandler/1",
-                                    "\xff\xfe|\x01"};
-
 HRESULT AskForFilters(Outputs& out) {
   return KorImmKitServices::GetPRCConfigFilter({"ROOT"}, {"TURBINE"}, out.first, out.second);
+}
+
+void ExpectThatEachFailsWithEmptyOutputs() {
+  Outputs root, filters;
+  KorUnicodeString handler = "old";
+  EXPECT_EQ(KorImmKitServices::GetCurrentRootIdentifiers(root.first, root.second, root.text), E_FAIL);
+  EXPECT_EQ(AskForFilters(filters), E_FAIL);
+  EXPECT_EQ(KorImmKitServices::GetPRCConfigHandler("TURBINE", handler), E_FAIL);
+  root.ExpectEmptyLists();
+  filters.ExpectEmptyLists();
+  EXPECT_EQ(root.text, "");
+  EXPECT_EQ(handler, "");
 }
 
 TEST(RootServices, TheCurrentRootIsItsPartItsProductAndAText) {
@@ -115,35 +110,46 @@ TEST(RootServices, AProductWithoutHandlerAnswersSFalseAndAnEmptyName) {
   EXPECT_EQ(handler, "");
 }
 
-TEST(RootServices, AnErrorOrAReplyThatCannotBeReadIsAFailureWithEmptyOutputs) {
-  for (const char* reply : kUseless) {
-    SCOPED_TRACE(reply);
-    ScriptedServer server;
-    for (const char* command : {"LumGetCurrentRoot", "LumGetConfigFilters", "LumGetConfigHandler"})
-      server.Expect(command, reply);
-    Outputs root, filters;
-    KorUnicodeString handler = "old";
-    EXPECT_EQ(KorImmKitServices::GetCurrentRootIdentifiers(root.first, root.second, root.text), E_FAIL);
-    EXPECT_EQ(AskForFilters(filters), E_FAIL);
-    EXPECT_EQ(KorImmKitServices::GetPRCConfigHandler("TURBINE", handler), E_FAIL);
-    root.ExpectEmptyLists();
-    filters.ExpectEmptyLists();
-    EXPECT_EQ(root.text, "");
-    EXPECT_EQ(handler, "");
-  }
-}
-
 TEST(RootServices, WithoutAServerEachFailsWithEmptyOutputs) {
   ASSERT_EQ(KorPdmClient::GetTransport(), nullptr);
-  Outputs root, filters;
-  KorUnicodeString handler = "old";
-  EXPECT_EQ(KorImmKitServices::GetCurrentRootIdentifiers(root.first, root.second, root.text), E_FAIL);
-  EXPECT_EQ(AskForFilters(filters), E_FAIL);
-  EXPECT_EQ(KorImmKitServices::GetPRCConfigHandler("TURBINE", handler), E_FAIL);
-  root.ExpectEmptyLists();
-  filters.ExpectEmptyLists();
-  EXPECT_EQ(root.text, "");
-  EXPECT_EQ(handler, "");
+  ExpectThatEachFailsWithEmptyOutputs();
 }
+
+/// A reply that no question can make use of.
+struct Useless {
+  const char* name;
+  const char* reply;
+};
+void PrintTo(const Useless& useless, std::ostream* out) { *out << useless.name; }
+
+struct UselessReply : testing::TestWithParam<Useless> {};
+
+TEST_P(UselessReply, IsAFailureWithEmptyOutputs) {
+  ScriptedServer server;
+  for (const char* command : {"LumGetCurrentRoot", "LumGetConfigFilters", "LumGetConfigHandler"})
+    server.Expect(command, GetParam().reply);
+  ExpectThatEachFailsWithEmptyOutputs();
+}
+
+constexpr Useless kUseless[] = {
+    {"Empty", ""},
+    {"AnError", "LumiraError: the product is gone"},
+    {"OfNoForm", "nonsense"},
+    {"OfAnotherForm", "PendingWarnings/1|0|end"},
+    {"RootCutBehindItsHead", "CurrentRoot/1|"},
+    {"RootWithoutEndMark", "CurrentRoot/1|1|ROOT|TURBINE|Turbine"},
+    {"RootsOfNegativeNumber", "CurrentRoot/1|-1|Turbine|end"},
+    {"RootsThatAreNotThere", "CurrentRoot/1|2000000000|ROOT|TURBINE|Turbine|end"},
+    {"RootsOfNoNumber", "CurrentRoot/1|x|Turbine|end"},
+    {"FewerFiltersThanTold", "FilterList/1|2|F1|A||end"},
+    {"FiltersOfNegativeNumber", "FilterList/1|-1|end"},
+    {"FiltersThatAreNotThere", "FilterList/1|99999999999|F1|A||end"},
+    {"HandlerWithoutName", "ConfigurationHandler/1|TURBINE|end"},
+    {"HandlerCutBehindItsHead", "ConfigurationHandler/1"},
+    {"NotUtf8", "\xff\xfe|\x01"},
+};
+
+INSTANTIATE_TEST_SUITE_P(RootServices, UselessReply, testing::ValuesIn(kUseless),
+                         [](const auto& one) { return std::string(one.param.name); });
 
 }  // namespace

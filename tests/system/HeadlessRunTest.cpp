@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <string>
 
-#include "tests/system/DesktopRun.h"
+#include "tests/system/SampleDatabase.h"
 
 namespace {
 
@@ -113,20 +113,10 @@ TEST_F(HeadlessRun, WritesNumbersThatReadBackExactly) {
 
 /// What the server's program prints for the sample: the same names, with the filter's behind the part's.
 Values FiguresOfTheServersProgram(const fs::path& folder) {
-  const std::string program = LUMIRA_PROGRAM;
-  const std::string database = " '" + (folder / "same.lumira").string() + "' ";
-  const std::string sample = std::string(KORVO_SOURCE_DIR) + "/samples/iea15/";
-  const std::string made = program + " init" + database + "&& " + program + " import" + database +
-                           "--structure " + sample + "structure.csv --mass " + sample +
-                           "mass.csv --filters " + sample + "filters.csv > /dev/null";
-  EXPECT_EQ(std::system(made.c_str()), 0);
+  const SampleDatabase database(folder);
   Values all;
   const auto compute = [&](const std::string& arguments, const std::string& filter) {
-    const fs::path printed = folder / "printed";
-    const std::string command =
-        program + " compute" + database + arguments + " > '" + printed.string() + "' 2>&1";
-    EXPECT_EQ(std::system(command.c_str()), 0) << FileText(printed);
-    for (const auto& [name, value] : ValuesIn(printed)) {
+    for (const auto& [name, value] : database.Compute(arguments)) {
       const std::size_t behindPart = name.find('.') + 1;
       all[name.substr(0, behindPart) + filter + name.substr(behindPart)] = value;
     }

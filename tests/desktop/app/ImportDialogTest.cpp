@@ -39,7 +39,7 @@ TEST_F(ImportDialogTest, CheckReportsAndWritesNothing) {
   ImportDialog dialog(*store);
   FillIn(dialog);
   dialog.CheckButton()->click();
-  EXPECT_TRUE(dialog.ReportText().contains("Product car can be imported: 2 parts, 1 instances"))
+  EXPECT_TRUE(dialog.ReportText().contains("Product car can be imported: 2 parts, 1 instance, "))
       << dialog.ReportText().toStdString();
   EXPECT_EQ(ProductCount(), 0u);
   EXPECT_FALSE(dialog.Imported());
@@ -89,13 +89,68 @@ TEST_F(ImportDialogTest, WithoutAMassTableOneIsAskedFor) {
   EXPECT_EQ(ProductCount(), 0u);
 }
 
+/// Tables of the importer and the lines of the report that count.
+struct Counting {
+  const char* language;
+  const char* structure;
+  const char* mass;
+  const char* filters;
+  QStringList lines;
+};
+
+void PrintTo(const Counting& counting, std::ostream* out) { *out << counting.language; }
+
+class CountingTest : public ImportDialogTest, public ::testing::WithParamInterface<Counting> {};
+
+TEST_P(CountingTest, WhatIsThereOnceIsNamedInTheSingularAndAllElseInThePlural) {
+  ASSERT_TRUE(window.ChooseLanguage(GetParam().language));
+  ImportDialog dialog(*store);
+  dialog.StructureEdit()->setText(Table("structure.csv", GetParam().structure));
+  dialog.MassEdit()->setText(Table("mass.csv", GetParam().mass));
+  dialog.FiltersEdit()->setText(Table("filters.csv", GetParam().filters));
+  dialog.ImportButton()->click();
+  for (const QString& line : GetParam().lines)
+    EXPECT_TRUE(dialog.ReportText().split('\n').contains(line)) << dialog.ReportText().toStdString();
+}
+
+constexpr const char* kOneWheel = "parent,child\ncar,wheel\n";
+constexpr const char* kTwoWheels = "parent,child\ncar,wheel\ncar,wheel\ncar,seat\n";
+constexpr const char* kOneMass = "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2]\nwheel,20,1,1,1\n";
+constexpr const char* kTwoMasses =
+    "part,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2]\nwheel,20,1,1,1\nseat,5,1,1,1\n";
+
+const Counting kCounting[] = {
+    {"en",
+     kOneWheel,
+     kOneMass,
+     "filter\nBare\n",
+     {"Imported product car: 2 parts, 1 instance, 1 row of mass data, 1 filter.", "1 warning:"}},
+    {"en",
+     kTwoWheels,
+     kTwoMasses,
+     "filter\nBare\nFull\n",
+     {"Imported product car: 3 parts, 3 instances, 2 rows of mass data, 2 filters.", "2 warnings:"}},
+    {"de",
+     kOneWheel,
+     kOneMass,
+     "filter\nBare\n",
+     {"Produkt car eingelesen: 2 Teile, 1 Instanz, 1 Zeile mit Massen, 1 Filter.", "1 Warnung:"}},
+    {"de",
+     kTwoWheels,
+     kTwoMasses,
+     "filter\nBare\nFull\n",
+     {"Produkt car eingelesen: 3 Teile, 3 Instanzen, 2 Zeilen mit Massen, 2 Filter.", "2 Warnungen:"}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Languages, CountingTest, ::testing::ValuesIn(kCounting));
+
 TEST_F(ImportDialogTest, ATableOfFiltersIsImportedWhenThereIsOne) {
   ImportDialog dialog(*store);
   FillIn(dialog);
   dialog.FiltersEdit()->setText(
       Table("filters.csv", "filter,condition,name,values,sense\nBare,instances,,wheel.1,leave out\n"));
   dialog.ImportButton()->click();
-  EXPECT_TRUE(dialog.ReportText().contains("1 rows of mass data, 1 filters"))
+  EXPECT_TRUE(dialog.ReportText().contains("1 row of mass data, 1 filter."))
       << dialog.ReportText().toStdString();
   const auto filters = store->LoadFilters("car");
   ASSERT_TRUE(filters.Ok()) << filters.Failure().message;

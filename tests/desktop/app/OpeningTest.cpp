@@ -37,6 +37,21 @@ class OtherProgram {
   sqlite3* _database = nullptr;
 };
 
+/// While it lives, a database that is closed keeps its log beside it: the disk has no room to take the log
+/// over into the file.
+class NearlyFullDisk {
+ public:
+  NearlyFullDisk() { sqlite3_auto_extension(reinterpret_cast<void (*)()>(KeepLog)); }
+  ~NearlyFullDisk() { sqlite3_cancel_auto_extension(reinterpret_cast<void (*)()>(KeepLog)); }
+  NearlyFullDisk(const NearlyFullDisk&) = delete;
+  NearlyFullDisk& operator=(const NearlyFullDisk&) = delete;
+
+ private:
+  static int KeepLog(sqlite3* database, char**, const void*) {
+    return sqlite3_db_config(database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+  }
+};
+
 /// Permissions mean nothing to the superuser; the tests give that up for a moment.
 class OrdinaryUser {
  public:
@@ -284,6 +299,21 @@ TEST_F(SampleTest, FailingToBeMadeLeavesNothingBehind) {
   for (const char* table : {"structure.csv", "mass.csv"}) Damage(folder.filePath("half/iea15/") + table);
   EXPECT_FALSE(CreateSampleProduct(folder.filePath("half").toStdString(), file).Ok());
   EXPECT_EQ(QDir(folder.path()).entryList({"made*"}, QDir::Files), QStringList());
+}
+
+TEST_F(SampleTest, WhoseLogIsLeftBesideItIsNotTakenForWholeAndTheOldOneStays) {
+  const QString file = folder.filePath("made.lumira");
+  Damage(file);
+  {
+    const NearlyFullDisk disk;
+    const auto made = CreateSampleProduct(KORVO_SOURCE_DIR "/samples", file.toStdString());
+    ASSERT_FALSE(made.Ok());
+    EXPECT_EQ(made.Failure().kind, protocol::ErrorKind::Storage);
+    EXPECT_EQ(made.Failure().message,
+              "\"" + file.toStdString() + ".new\" cannot be finished: the disk is full or nearly so");
+  }
+  EXPECT_EQ(QDir(folder.path()).entryList({"made*"}, QDir::Files), QStringList{"made.lumira"});
+  EXPECT_EQ(QFile(file).size(), 5016);
 }
 
 TEST_F(SampleTest, IsNotReadWithTheLogOfAProductThatIsGone) {

@@ -170,8 +170,10 @@ TEST_F(CommandLine, WarnsOnTheErrorsAndImportsAllTheSame) {
   const Outcome imported = Lumira({"import", file, "--mass", mass});
   EXPECT_EQ(imported.code, kDone);
   EXPECT_EQ(imported.errors,
-            "warning: odd.csv: 1 parts have neither children nor mass data: \"b\"\n"
+            "warning: odd.csv: 1 part has neither children nor mass data: \"b\"\n"
             "left out: odd.csv, line 1, column 3 (remark): the column is not known\n");
+  EXPECT_EQ(imported.out,
+            "Imported product \"a\": 2 parts, 1 instance, 0 mass types; 1 warning, 1 thing left out.\n");
 }
 
 TEST_F(CommandLine, ComputesTheSampleAsPublished) {

@@ -89,41 +89,52 @@ TEST_F(ComputeUnderFilter, SumsAnAssemblyThatIsNotWholeAndSaysSo) {
   EXPECT_EQ(MassUnder("top", "1|1|box.1|box||0"), 100);
 }
 
-TEST_F(ComputeUnderFilter, RefusesChosenInstancesThatAreNotThere) {
-  ImportBoxes();
-  EXPECT_EQ(Refusal("top", "1|2|left|box||0|bolts|bolt||2|left|nuts"),
-            "Filter: row 2, path element 2: there is no instance \"nuts\" in part \"box\"");
-  EXPECT_EQ(Refusal("top", "1|1|bolts|bolt||0"),
-            "Filter: row 1, instance id: there is no instance \"bolts\" in part \"top\"");
-  EXPECT_EQ(Refusal("top", "1|1|left|plate||0"),
-            "Filter: row 1, part id: instance \"left\" places part \"box\", not \"plate\"");
-  EXPECT_EQ(Refusal("top", "1|1|left|box|B|0"),
-            "Filter: row 1, part version: instance \"left\" places part \"box\" of version \"\", not \"B\"");
-}
+/// A filter that cannot be applied, and why.
+struct Refused {
+  const char* filter;
+  const char* reason;
+};
 
-TEST_F(ComputeUnderFilter, RefusesTextsThatAreNoFilterWithTheFieldThatIsWrong) {
+void PrintTo(const Refused& refused, std::ostream* out) { *out << refused.filter; }
+
+struct RefusedFilter : ServerFixture, testing::WithParamInterface<Refused> {};
+
+TEST_P(RefusedFilter, IsToldWithItsReasonAndNothingIsStored) {
   ImportBoxes();
-  const std::map<std::string, std::string> refusals = {
-      {"", "Filter: field 1 (kind): \"\" is neither 0 nor 1"},
-      {"2|0", "Filter: field 1 (kind): \"2\" is neither 0 nor 1"},
-      {"1", "Filter: field 2 is missing"},
-      {"1|", "Filter: field 2 (row count): \"\" is not a number from 0 to 100000"},
-      {"1|-1", "Filter: field 2 (row count): \"-1\" is not a number from 0 to 100000"},
-      {"1|100001", "Filter: field 2 (row count): \"100001\" is not a number from 0 to 100000"},
-      {"1|2|left|box||0", "Filter: field 7 (row 2, instance id) is missing"},
-      {"1|1|left|box||0|right", "Filter: there is more text after field 6, the last of the rows"},
-      {"1|1|left|box", "Filter: field 5 (row 1, part version) is missing"},
-      {"1|1|left|box||", "Filter: field 6 (row 1, depth): \"\" is not a number from 0 to 1000"},
-      {"1|1|left|box||-1", "Filter: field 6 (row 1, depth): \"-1\" is not a number from 0 to 1000"},
-      {"1|1|left|box||1000000000000",
-       "Filter: field 6 (row 1, depth): \"1000000000000\" is not a number from 0 "
-       "to 1000"},
-      {"1|1|bolts|bolt||2|left", "Filter: field 8 (row 1, path element 2) is missing"},
-      // A separator inside an identifier moves all that follows by one field.
-      {"1|1|le|ft|box||0", "Filter: field 6 (row 1, depth): \"\" is not a number from 0 to 1000"}};
-  for (const auto& [filter, text] : refusals) EXPECT_EQ(Refusal("top", filter), text) << filter;
+  EXPECT_EQ(Refusal("top", GetParam().filter), GetParam().reason);
   EXPECT_TRUE(store->LoadResults("top").Value().empty());
 }
+
+constexpr Refused kNotThere[] = {
+    {"0|Nobody", "there is no configuration filter \"Nobody\" in product \"top\""},
+    {"1|2|left|box||0|bolts|bolt||2|left|nuts",
+     "Filter: row 2, path element 2: there is no instance \"nuts\" in part \"box\""},
+    {"1|1|bolts|bolt||0", "Filter: row 1, instance id: there is no instance \"bolts\" in part \"top\""},
+    {"1|1|left|plate||0", "Filter: row 1, part id: instance \"left\" places part \"box\", not \"plate\""},
+    {"1|1|left|box|B|0",
+     "Filter: row 1, part version: instance \"left\" places part \"box\" of version \"\", not \"B\""},
+};
+
+constexpr Refused kNoFilters[] = {
+    {"", "Filter: field 1 (kind): \"\" is neither 0 nor 1"},
+    {"2|0", "Filter: field 1 (kind): \"2\" is neither 0 nor 1"},
+    {"1", "Filter: field 2 is missing"},
+    {"1|", "Filter: field 2 (row count): \"\" is not a number from 0 to 100000"},
+    {"1|-1", "Filter: field 2 (row count): \"-1\" is not a number from 0 to 100000"},
+    {"1|100001", "Filter: field 2 (row count): \"100001\" is not a number from 0 to 100000"},
+    {"1|2|left|box||0", "Filter: field 7 (row 2, instance id) is missing"},
+    {"1|1|left|box||0|right", "Filter: there is more text after field 6, the last of the rows"},
+    {"1|1|left|box", "Filter: field 5 (row 1, part version) is missing"},
+    {"1|1|left|box||", "Filter: field 6 (row 1, depth): \"\" is not a number from 0 to 1000"},
+    {"1|1|left|box||-1", "Filter: field 6 (row 1, depth): \"-1\" is not a number from 0 to 1000"},
+    {"1|1|left|box||1000000000000",
+     "Filter: field 6 (row 1, depth): \"1000000000000\" is not a number from 0 to 1000"},
+    {"1|1|bolts|bolt||2|left", "Filter: field 8 (row 1, path element 2) is missing"},
+    // A separator inside an identifier moves all that follows by one field.
+    {"1|1|le|ft|box||0", "Filter: field 6 (row 1, depth): \"\" is not a number from 0 to 1000"}};
+
+INSTANTIATE_TEST_SUITE_P(NamesWhatIsNotThere, RefusedFilter, testing::ValuesIn(kNotThere));
+INSTANTIATE_TEST_SUITE_P(IsNoFilterInTheFieldThatIsNamed, RefusedFilter, testing::ValuesIn(kNoFilters));
 
 TEST_F(ComputeUnderFilter, TakesAFilterOfManyRowsAndLongPaths) {
   std::string structure = "parent,child,instance\n", path;

@@ -103,6 +103,21 @@ TEST_F(HistoryCommands, BringBackAnAutomaticChoiceOfTheDocument) {
   EXPECT_FALSE(PartDataOf("a").documents.usedSpecificRevisionBefore);
 }
 
+TEST_F(HistoryCommands, LeaveMassTypesAndPropertiesThatTheStateDidNotKnowAsTheyAre) {
+  SaveMassAs("bob", 7);
+  StoredPart now = store->LoadPart("a").Value();
+  now.part.massTypes.at(0).name = "Calculated";  // it was Estimated then
+  now.part.massTypes.at(0).properties.mass = 50;
+  now.details.properties.at(3) = {"finish", "matt", 0, false, false, ""};  // it was colour then
+  ASSERT_TRUE(store->UpdatePart(now.part).Ok());
+  ASSERT_TRUE(store->SaveDetails("a", now.details).Ok());
+  SaveWell(StateOf("a", 1, HistoryMoment::Before));
+  protocol::PartData back = PartDataOf("a");
+  EXPECT_EQ(Type(back, "Weighed").mass, 6);
+  EXPECT_EQ(Type(back, "Calculated").mass, 50);
+  EXPECT_EQ(Property(back, "finish").value, "matt");
+}
+
 TEST_F(HistoryCommands, KeepTheComputedValuesAndPlaceOfNow) {
   SaveMassAs("bob", 7);
   Compute("a");

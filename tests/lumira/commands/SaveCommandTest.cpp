@@ -1,5 +1,9 @@
 #include <gmock/gmock.h>
 
+#include <cmath>
+#include <limits>
+#include <random>
+
 #include "SaveFixture.h"
 #include "Variations.h"
 
@@ -132,6 +136,7 @@ TEST_F(SaveCommand, DoesNotStoreTheComputedValuesOfAClientButTheirPrecision) {
   protocol::MassType& computed = Type(data, "Computed");
   computed.status = MassTypeStatus::Defined;
   computed.mass = 999;
+  computed.lowerDeviation = -1;  // not looked at
   computed.precisionType = 1;
   computed.upperPrecision = 0.05;
   SaveWell(data);
@@ -222,10 +227,11 @@ void SetWeighed(protocol::PartData& data, double protocol::MassType::*field, dou
 }
 
 const Refused kRefused[] = {
-    {"AnUnknownPart", [](protocol::PartData& d) { d.partId = "nobody"; }, "there is no part \"nobody\""},
-    {"AnEmptyPart", [](protocol::PartData& d) { d.partId = ""; }, "there is no part \"\""},
+    {"AnUnknownPart", [](protocol::PartData& d) { d.partId = "nobody"; },
+     "PartData: partId: there is no part \"nobody\""},
+    {"AnEmptyPart", [](protocol::PartData& d) { d.partId = ""; }, "PartData: partId: there is no part \"\""},
     {"APartWithTheSeparatorInItsName", [](protocol::PartData& d) { d.partId = "a|b"; },
-     "there is no part \"a|b\""},
+     "PartData: partId: there is no part \"a|b\""},
     {"AMassTypeThatThePartHasNot", [](protocol::PartData& d) { d.massTypes.at(2).name = "Guessed"; },
      "PartData: massTypes[3].name: \"Guessed\" is no mass type of part \"a\", one of \"Computed\", "
      "\"Estimated\", \"Weighed\", \"Planned\" expected"},
@@ -312,7 +318,7 @@ TEST_F(SaveCommand, OfAPartThatVanishedIsRefused) {
   ImportOptions replace;
   replace.existing = Existing::Replace;
   Import("parent,child\ntop,z\n", "part,mass [kg]\nz,1\n", replace);
-  EXPECT_EQ(Save(data), "LumiraError: there is no part \"a\"");
+  EXPECT_EQ(Save(data), "LumiraError: PartData: partId: there is no part \"a\"");
 }
 
 TEST_F(SaveCommand, WhoseDensityMakesTheMassTooLargeIsRefused) {

@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <array>
+#include <thread>
+
 #include "SaveFixture.h"
 
 namespace lumira::test {
@@ -142,6 +145,37 @@ TEST_F(SaveConflict, BetweenTwoProgramsIsFoundAsWell) {
   Type(theirs, "Weighed").mass = 8;
   ASSERT_TRUE(other.Execute(protocol::kCommandSavePart, protocol::WritePartData(theirs)).Ok());
   EXPECT_THAT(Save(mine), HasSubstr("was changed by \"bob\""));
+}
+
+// Adds a kilogram to "a" so many times, reading it again whenever somebody else was faster. How often one
+// was.
+int AddKilograms(const std::string& file, int count) {
+  const auto store = OpenSqliteStore(file).Value();
+  Server server(*store, {}, "adder");
+  int conflicts = 0;
+  while (count > 0) {
+    auto data = protocol::ReadPartData(
+                    server.Run(protocol::kCommandPartData, protocol::WritePartDataRequest({.partId = "a"})))
+                    .Value();
+    data.massTypes.at(2).mass = *data.massTypes.at(2).mass + 1;
+    const auto saved = server.Execute(protocol::kCommandSavePart, protocol::WritePartData(data));
+    if (!saved && saved.Failure().kind != protocol::ErrorKind::Conflict) return -1;
+    saved ? --count : ++conflicts;
+  }
+  return conflicts;
+}
+
+TEST_F(SaveConflict, BetweenProgramsThatSaveAtOnceLosesNoSave) {
+  std::array<int, 3> conflicts{};
+  {
+    std::array<std::thread, 3> programs;
+    for (std::size_t i = 0; i < programs.size(); ++i)
+      programs[i] = std::thread([&, i] { conflicts[i] = AddKilograms(file, 40); });
+    for (std::thread& program : programs) program.join();
+  }
+  EXPECT_THAT(conflicts, testing::Each(testing::Ge(0))) << "refused for another reason";
+  EXPECT_EQ(PartDataOf("a").massTypes.at(2).mass, 6 + 3 * 40);
+  EXPECT_EQ(HistoryOf("a").total, 3 * 40);
 }
 
 }  // namespace

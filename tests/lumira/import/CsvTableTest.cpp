@@ -71,7 +71,7 @@ TEST(CsvTable, RefusesNothing) {
 
 TEST(CsvTable, RefusesRowsOfAnotherLengthEach) {
   EXPECT_EQ(Refusal("a,b\n1\n1,2\n1,2,3\n"),
-            "t.csv, line 2, column 2 (b): the row has 1 cells, the header has 2\n"
+            "t.csv, line 2, column 2 (b): the row has 1 cell, the header has 2\n"
             "t.csv, line 4, column 3: the row has 3 cells, the header has 2");
 }
 

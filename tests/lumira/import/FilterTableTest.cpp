@@ -102,6 +102,30 @@ TEST(FilterTable, HasAConditionOnEachRow) {
   EXPECT_EQ(imported.Value().filters.handler, "Old");
 }
 
+TEST(FilterTable, TakesASemicolonAndABackslashInsideAValueBehindABackslash) {
+  const auto imported = ReadFilters(
+      "filter,condition,name,values\n"
+      "Kit,attribute,system,mast\\; lower half ; C:\\\\crane;\\\\\\;\n"
+      "One,instances,,a\\;1\n",
+      "parent,child,instance,attribute system\ntop,a,a;1,mast; lower half\ntop,a,,C:\\crane\ntop,b,,\\;\n");
+  ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
+  EXPECT_THAT(imported.Value().report.warnings, ElementsAre());
+  const auto& filters = imported.Value().filters.filters;
+  ASSERT_EQ(filters.size(), 2u);
+  EXPECT_THAT(filters[0].conditions.at(0).values, ElementsAre("mast; lower half", "C:\\crane", "\\;"));
+  EXPECT_THAT(filters[1].conditions.at(0).values, ElementsAre("a;1"));
+}
+
+TEST(FilterTable, IsRefusedForABackslashThatEscapesNothing) {
+  EXPECT_EQ(
+      Refusal("filter,condition,name,values\nKit,attribute,system,structure;C:\\crane\n"),
+      "f.csv, line 2, column 4 (values): value 2 of \"structure;C:\\crane\" has a \"\\\" before neither "
+      "\";\" nor \"\\\"; \"\\;\" is a \";\" inside a value and \"\\\\\" a \"\\\"");
+  EXPECT_NE(Refusal("filter,condition,name,values\nKit,attribute,system,structure\\\n").find("value 1 of"),
+            std::string::npos)
+      << "at the end";
+}
+
 TEST(FilterTable, MayBeAbsent) {
   const auto imported = ReadTables(kStructure, kMass);
   EXPECT_EQ(imported.Value().filters, ProductFilters{});

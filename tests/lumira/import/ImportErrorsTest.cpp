@@ -22,7 +22,9 @@ TEST(ImportErrors, AreAllCollected) {
 
 TEST(ImportErrors, AreCountedAboveAHundred) {
   std::string mass = "part,mass [kg]\n";
-  for (int i = 0; i < 103; ++i) mass += "a,x\n";
+  for (int i = 0; i < 101; ++i) mass += "a,x\n";
+  EXPECT_TRUE(MassErrors(mass).ends_with("\nand 1 more error"));
+  mass += "a,x\na,x\n";
   const std::string message = MassErrors(mass);
   EXPECT_NE(message.find("line 101,"), std::string::npos);
   EXPECT_EQ(message.find("line 102,"), std::string::npos);
@@ -285,6 +287,8 @@ TEST(ImportErrors, OfARotationThatIsGivenTwiceOrInPart) {
             "s.csv, line 2, column 3 (r11): the rotation is given twice, by r11 to r33 and by tilts");
   EXPECT_EQ(StructureErrors(table + "top,a,1,0,0,,,,,,,\n"),
             "s.csv, line 2, column 3 (r11): only 3 of the nine coefficients r11 to r33 are given");
+  EXPECT_EQ(StructureErrors(table + "top,a,1,,,,,,,,,\n"),
+            "s.csv, line 2, column 3 (r11): only 1 of the nine coefficients r11 to r33 is given");
 }
 
 TEST(ImportErrors, OfACentreOrInertiaThatIsGivenInPart) {
@@ -293,7 +297,7 @@ TEST(ImportErrors, OfACentreOrInertiaThatIsGivenInPart) {
       "m.csv, line 2, column 3 (cg x [m]): only 2 of the 3 numbers of the centre (from cg x on) are given");
   EXPECT_EQ(MassErrors("part,mass [kg],ixx [kg m2]\na,1,1\n"),
             "m.csv, line 2, column 3 (ixx [kg m2]): only 1 of the 3 numbers of the moments of inertia (from "
-            "ixx on) are given");
+            "ixx on) is given");
   EXPECT_EQ(MassErrors("part,ixy [kg m2],products\na,1,-\n"),
             "m.csv, line 2, column 2 (ixy [kg m2]): there are products of inertia without moments");
 }

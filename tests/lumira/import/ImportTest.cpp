@@ -201,7 +201,7 @@ TEST(Import, NamesWhatItLeavesOut) {
                  {.unknownParts = UnknownParts::LeaveOut});
   ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
   EXPECT_THAT(imported.Value().report.leftOut,
-              ElementsAre("s.csv, line 1, column 3 (remark): the column is not known", "s.csv: 1 blank rows",
+              ElementsAre("s.csv, line 1, column 3 (remark): the column is not known", "s.csv: 1 blank row",
                           "m.csv, line 1, column 3 (colour): the column is not known",
                           "m.csv, line 3, column 1 (part): part \"z\" is not in the structure"));
 }
@@ -209,7 +209,7 @@ TEST(Import, NamesWhatItLeavesOut) {
 TEST(Import, WarnsOfLeavesWithoutData) {
   const auto imported = ReadTables(kTwoChildren, "part,mass [kg]\na,1\n");
   EXPECT_THAT(imported.Value().report.warnings,
-              ElementsAre("m.csv: 1 parts have neither children nor mass data: \"b\""));
+              ElementsAre("m.csv: 1 part has neither children nor mass data: \"b\""));
 }
 
 TEST(Import, WarnsOfPhysicsAndTakesTheDataAllTheSame) {
@@ -317,7 +317,7 @@ TEST(Import, ARowThatIsTooShortForItsParentIsOneErrorInOneTable) {
       ReadProductTables({std::nullopt, {"m.csv", "part,parent,mass [kg]\ntop,,\na,top,5\nb\n"}}, {});
   ASSERT_FALSE(imported.Ok());
   EXPECT_EQ(imported.Failure().message,
-            "m.csv, line 4, column 2 (parent): the row has 1 cells, the header has 3");
+            "m.csv, line 4, column 2 (parent): the row has 1 cell, the header has 3");
 }
 
 TEST(Import, NamesThePlacementOfARowWithoutAParentAsLeftOut) {
@@ -365,7 +365,7 @@ TEST(Import, WarnsOfDeviationsOfWhatIsNotKnownAndTakesThemAllTheSame) {
 TEST(Import, WarnsOfALeafWithAShapeButNoDensity) {
   const auto imported = ReadTables(kTwoChildren, "part,density [kg/m3],volume [m3]\na,,1\nb,7,1\n");
   EXPECT_THAT(imported.Value().report.warnings,
-              ElementsAre("m.csv: 1 parts have neither children nor mass data: \"a\""));
+              ElementsAre("m.csv: 1 part has neither children nor mass data: \"a\""));
 }
 
 TEST(Import, TellsHowFarItIsInRows) {

@@ -56,6 +56,24 @@ class SqliteFaults : public Test {
     EXPECT_NE(message.find(reason), std::string::npos) << message;
   }
 
+  /// Content that our tables never hold, written by an SQL statement, and why it is refused.
+  struct Damage {
+    const char* sql;
+    const char* reason;
+  };
+
+  /// Damages the store, each time on top of the times before, and loads from it as `load` does.
+  template <class Load>
+  void ExpectRefusals(std::initializer_list<Damage> damages, Load load) {
+    for (const auto& [sql, reason] : damages) {
+      SQLite::Database(file, SQLite::OPEN_READWRITE).exec(sql);
+      const auto loaded = load(*OpenSqliteStore(file).Value());
+      ASSERT_FALSE(loaded.Ok()) << reason;
+      EXPECT_EQ(loaded.Failure().kind, ErrorKind::Storage);
+      ExpectReason(loaded.Failure().message, reason);
+    }
+  }
+
   TemporaryFolder folder;
   std::string file = folder.File("p.lumira");
 };
@@ -184,11 +202,11 @@ TEST_F(SqliteFaults, EveryOverwrittenPageEndsInAnErrorOrTheRightProduct) {
 
 TEST_F(SqliteFaults, LostRowsAreNoticed) {
   const std::pair<const char*, const char*> cases[] = {
-      {"DELETE FROM instances WHERE instance = 'i2'", "has 3 parts and 1 instances instead of 3 and 2"},
+      {"DELETE FROM instances WHERE instance = 'i2'", "has 3 parts and 1 instance instead of 3 and 2"},
       {"DELETE FROM parts WHERE part = 'bare'", "has 2 parts and 2 instances instead of 3 and 2"},
-      {"DELETE FROM mass_types WHERE name = 'Estimated'", "part \"leaf\" has 1 mass types instead of 2"},
+      {"DELETE FROM mass_types WHERE name = 'Estimated'", "part \"leaf\" has 1 mass type instead of 2"},
       {"DELETE FROM mass_types", "part \"leaf\" has 0 mass types instead of 2"},
-      {"UPDATE mass_types SET part = 3 WHERE name = 'Estimated'", "has 1 mass types instead of 2"},
+      {"UPDATE mass_types SET part = 3 WHERE name = 'Estimated'", "has 1 mass type instead of 2"},
       {"DELETE FROM roots", "product \"PRC\" has 0 root parts, not one"},
       {"DELETE FROM products", "there is no product \"PRC\""}};
   MakeStore();
@@ -219,7 +237,7 @@ TEST_F(SqliteFaults, LostValuesOfAFilterAreNoticed) {
   const auto filters = OpenSqliteStore(file).Value()->LoadFilters("PRC");
   ASSERT_FALSE(filters.Ok());
   EXPECT_EQ(filters.Failure().kind, ErrorKind::Storage);
-  ExpectReason(filters.Failure().message, "filter \"Kit\" has 1 values of its conditions instead of 2");
+  ExpectReason(filters.Failure().message, "filter \"Kit\" has 1 value of its conditions instead of 2");
 }
 
 TEST_F(SqliteFaults, IdentifiersAndRootsThatWereNeverStoredAreRefused) {
@@ -417,78 +435,52 @@ TEST_F(SqliteFaults, FullDiskIsReportedAndLeavesTheDataAlone) {
 }
 
 TEST_F(SqliteFaults, RowsThatWereNeverStoredAreRefusedByTheirKey) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"UPDATE parts SET name = CAST(x'ff' AS TEXT) WHERE part = 'leaf'",
-       "the file is damaged (row key = \"2\", column name: \"\\xFF\" is not UTF-8)"},
-      {"UPDATE parts SET name = 'Leaf', density_priority = 7 WHERE part = 'leaf'",
-       "the file is damaged (row key = \"2\", column density_priority: 7 is neither 0 nor 1)"},
-      {"UPDATE parts SET density_priority = 4294967296 WHERE part = 'leaf'", "4294967296 is neither 0 nor 1"},
-      {"UPDATE parts SET density_priority = 0; UPDATE instances SET instance = CAST(x'c3' AS TEXT) WHERE key "
-       "= 1",
-       "row key = \"1\", column instance: \"\\xC3\" is not UTF-8"},
-      {"UPDATE instances SET instance = 'i1' WHERE key = 1; UPDATE instances SET t_y = 9e999 WHERE key = 2",
-       "row key = \"2\", column t_y: inf is not a finite number"},
-      {"UPDATE instances SET t_y = 0; UPDATE parts SET volume = -9e999 WHERE part = 'leaf'",
-       "row key = \"2\", column volume: -inf is not a finite number"},
-      {"UPDATE parts SET volume = 0, density = 9e999 WHERE part = 'leaf'",
-       "row key = \"2\", column density: inf is not a finite number"},
-      {"UPDATE parts SET density = 1, standard_part = 2 WHERE part = 'leaf'",
-       "row key = \"2\", column standard_part: 2 is neither 0 nor 1"},
-      {"UPDATE parts SET standard_part = 0; UPDATE roots SET part = CAST(x'ff' AS TEXT)",
-       "row product = \"1\", column part: \"\\xFF\" is not UTF-8"},
-      {"UPDATE roots SET part = 'root'; UPDATE instances SET effective_from = '2020-02-30' WHERE key = 2",
-       "row key = \"2\", column effective_from: \"2020-02-30\" is no date"},
-      {"UPDATE instances SET effective_from = NULL; UPDATE instance_attributes SET value = CAST(x'ff' AS "
-       "TEXT) "
-       "WHERE instance = 2",
-       "row instance = \"2\", column value: \"\\xFF\" is not UTF-8"},
-      {"DELETE FROM instance_attributes WHERE instance = 2", "has 2 attributes of instances instead of 3"}};
   MakeStore();
-  for (const auto& [damage, reason] : cases) {
-    SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
-    const auto product = OpenSqliteStore(file).Value()->LoadProduct("PRC");
-    ASSERT_FALSE(product.Ok()) << reason;
-    EXPECT_EQ(product.Failure().kind, ErrorKind::Storage);
-    ExpectReason(product.Failure().message, reason);
-  }
+  ExpectRefusals(
+      {{"UPDATE parts SET name = CAST(x'ff' AS TEXT) WHERE part = 'leaf'",
+        "the file is damaged (row key = \"2\", column name: \"\\xFF\" is not UTF-8)"},
+       {"UPDATE parts SET name = 'Leaf', density_priority = 7 WHERE part = 'leaf'",
+        "the file is damaged (row key = \"2\", column density_priority: 7 is neither 0 nor 1)"},
+       {"UPDATE parts SET density_priority = 4294967296 WHERE part = 'leaf'",
+        "4294967296 is neither 0 nor 1"},
+       {"UPDATE parts SET density_priority = 0; UPDATE instances SET instance = CAST(x'c3' AS TEXT) "
+        "WHERE key = 1",
+        "row key = \"1\", column instance: \"\\xC3\" is not UTF-8"},
+       {"UPDATE instances SET instance = 'i1' WHERE key = 1; UPDATE instances SET t_y = 9e999 WHERE key = 2",
+        "row key = \"2\", column t_y: inf is not a finite number"},
+       {"UPDATE instances SET t_y = 0; UPDATE parts SET volume = -9e999 WHERE part = 'leaf'",
+        "row key = \"2\", column volume: -inf is not a finite number"},
+       {"UPDATE parts SET volume = 0, density = 9e999 WHERE part = 'leaf'",
+        "row key = \"2\", column density: inf is not a finite number"},
+       {"UPDATE parts SET density = 1, standard_part = 2 WHERE part = 'leaf'",
+        "row key = \"2\", column standard_part: 2 is neither 0 nor 1"},
+       {"UPDATE parts SET standard_part = 0; UPDATE roots SET part = CAST(x'ff' AS TEXT)",
+        "row product = \"1\", column part: \"\\xFF\" is not UTF-8"},
+       {"UPDATE roots SET part = 'root'; UPDATE instances SET effective_from = '2020-02-30' WHERE key = 2",
+        "row key = \"2\", column effective_from: \"2020-02-30\" is no date"},
+       {"UPDATE instances SET effective_from = NULL; UPDATE instance_attributes SET value = CAST(x'ff' AS "
+        "TEXT) "
+        "WHERE instance = 2",
+        "row instance = \"2\", column value: \"\\xFF\" is not UTF-8"},
+       {"DELETE FROM instance_attributes WHERE instance = 2", "has 2 attributes of instances instead of 3"}},
+      [](Store& store) { return store.LoadProduct("PRC"); });
 }
 
 TEST_F(SqliteFaults, FiltersThatWereNeverStoredAreRefusedByTheirRow) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"UPDATE filter_conditions SET kind = 4",
-       "row position = \"0\", column kind: 4 is not an integer from 0 to 3"},
-      {"UPDATE filter_conditions SET kind = 3, sense = 2", "column sense: 2 is neither 0 nor 1"},
-      {"UPDATE filter_conditions SET sense = 1; UPDATE filter_values SET condition = 1",
-       "row filter = \"1\", column condition: there is no such condition"},
-      {"UPDATE filter_values SET condition = -1", "column condition: there is no such condition"},
-      {"UPDATE filter_values SET condition = 0, value = CAST(x'ff' AS TEXT)",
-       "column value: \"\\xFF\" is not UTF-8"}};
   MakeStore();
   ASSERT_TRUE(OpenSqliteStore(file).Value()->SaveFilter("PRC", LeavingOut("Kit", {"i1"})).Ok());
-  for (const auto& [damage, reason] : cases) {
-    SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
-    const auto filters = OpenSqliteStore(file).Value()->LoadFilters("PRC");
-    ASSERT_FALSE(filters.Ok()) << reason;
-    EXPECT_EQ(filters.Failure().kind, ErrorKind::Storage);
-    ExpectReason(filters.Failure().message, reason);
-  }
+  ExpectRefusals({{"UPDATE filter_conditions SET kind = 4",
+                   "row position = \"0\", column kind: 4 is not an integer from 0 to 3"},
+                  {"UPDATE filter_conditions SET kind = 3, sense = 2", "column sense: 2 is neither 0 nor 1"},
+                  {"UPDATE filter_conditions SET sense = 1; UPDATE filter_values SET condition = 1",
+                   "row filter = \"1\", column condition: there is no such condition"},
+                  {"UPDATE filter_values SET condition = -1", "column condition: there is no such condition"},
+                  {"UPDATE filter_values SET condition = 0, value = CAST(x'ff' AS TEXT)",
+                   "column value: \"\\xFF\" is not UTF-8"}},
+                 [](Store& store) { return store.LoadFilters("PRC"); });
 }
 
 TEST_F(SqliteFaults, DetailsThatWereNeverStoredAreRefusedByTheirRow) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"UPDATE precisions SET precision_type = 5",
-       "the file is damaged (row position = \"0\", column precision_type: 5 is neither 0 nor 1)"},
-      {"UPDATE precisions SET precision_type = 0, value_type = -1",
-       "column value_type: -1 is neither 0 nor 1"},
-      {"UPDATE precisions SET value_type = 0, upper = 9e999", "column upper: inf is not a finite number"},
-      {"UPDATE precisions SET upper = 0; UPDATE part_details SET auto_mode = 7",
-       "row part = \"2\", column auto_mode: 7 is neither 0 nor 1"},
-      {"UPDATE part_details SET auto_mode = 0, documents_used = 2",
-       "column documents_used: 2 is neither 0 nor 1"},
-      {"UPDATE part_details SET documents_used = 0, reference_density = 9e999",
-       "column reference_density: inf is not a finite number"},
-      {"UPDATE part_details SET reference_density = NULL; UPDATE properties SET type = 4294967296",
-       "column type: 4294967296 is not an integer from -2147483648 to 2147483647"}};
   MakeStore();
   ASSERT_TRUE(OpenSqliteStore(file)
                   .Value()
@@ -501,13 +493,21 @@ TEST_F(SqliteFaults, DetailsThatWereNeverStoredAreRefusedByTheirRow) {
                                          .dateFormat = {},
                                          .properties = {{"colour", "red", 2, false, false, ""}}})
                   .Ok());
-  for (const auto& [damage, reason] : cases) {
-    SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
-    const auto details = OpenSqliteStore(file).Value()->LoadDetails("leaf");
-    ASSERT_FALSE(details.Ok()) << reason;
-    EXPECT_EQ(details.Failure().kind, ErrorKind::Storage);
-    ExpectReason(details.Failure().message, reason);
-  }
+  ExpectRefusals(
+      {{"UPDATE precisions SET precision_type = 5",
+        "the file is damaged (row position = \"0\", column precision_type: 5 is neither 0 nor 1)"},
+       {"UPDATE precisions SET precision_type = 0, value_type = -1",
+        "column value_type: -1 is neither 0 nor 1"},
+       {"UPDATE precisions SET value_type = 0, upper = 9e999", "column upper: inf is not a finite number"},
+       {"UPDATE precisions SET upper = 0; UPDATE part_details SET auto_mode = 7",
+        "row part = \"2\", column auto_mode: 7 is neither 0 nor 1"},
+       {"UPDATE part_details SET auto_mode = 0, documents_used = 2",
+        "column documents_used: 2 is neither 0 nor 1"},
+       {"UPDATE part_details SET documents_used = 0, reference_density = 9e999",
+        "column reference_density: inf is not a finite number"},
+       {"UPDATE part_details SET reference_density = NULL; UPDATE properties SET type = 4294967296",
+        "column type: 4294967296 is not an integer from -2147483648 to 2147483647"}},
+      [](Store& store) { return store.LoadDetails("leaf"); });
 }
 
 PartSaving SavingOf(Store& store, double mass) {

@@ -10,7 +10,6 @@
 #include "framework/system/TqTrace.h"
 #include "module/filter_panel/KorWBNymNavFilterPanel.h"
 #include "module/report_panel/KorWBNymNavReportPanel.h"
-#include "tests/module/entry/FreedBlock.h"
 #include "tests/module/entry/ModuleOrder.h"
 #include "tests/support/RecordingBackend.h"
 #include "tests/support/ScriptedServer.h"
@@ -60,29 +59,9 @@ TEST_F(ModuleEntry, ItsStaticObjectsGoInTheReverseOrder) {
   ModuleOrder order(g_module);
   Load();
   order.Look();
-  order.Clear();
+  order.AwaitEnd();
   Unload();
   EXPECT_EQ(order.Events(), kModuleGoes);
-}
-
-TEST_F(ModuleEntry, TheFilterStateGoesBehindTheGroupPanelsTraceAndBeforeTheFilterPanelsEntry) {
-  Load();
-  const std::string longer(100, 'x');  // so that the text stands on the heap
-  SelectedFilter() = KorUnicodeString(longer);
-  FreedBlock::Watch(SelectedFilter().Utf8().data());
-  bool atGroupTrace = true;
-  bool atFilterEntry = false;
-  TqTrace::SetComponentObserver([&](const KorString& name, bool) {
-    if (name == "KorWBCompGroup") atGroupTrace = FreedBlock::WasFreed();
-  });
-  KorClassDictionary::SetObserver([&](const KorString& name, bool) {
-    if (name == "KorWBNymNavFilterPanel") atFilterEntry = FreedBlock::WasFreed();
-  });
-  Unload();
-  TqTrace::SetComponentObserver(nullptr);
-  KorClassDictionary::SetObserver(nullptr);
-  EXPECT_FALSE(atGroupTrace);
-  EXPECT_TRUE(atFilterEntry);
 }
 
 // ---- panels by class name ----

@@ -4,7 +4,9 @@
 
 #include "framework/knowledge/KorCkeParmDictionary.h"
 #include "framework/system/KorClassDictionary.h"
+#include "framework/system/KorUnicodeString.h"
 #include "framework/system/TqTrace.h"
+#include "tests/module/entry/FreedBlock.h"
 
 namespace {
 
@@ -22,6 +24,7 @@ ModuleOrder::ModuleOrder(const SystemLoader& module) : _module(module) {
 }
 
 ModuleOrder::~ModuleOrder() {
+  FreedBlock::Watch(nullptr);
   TqTrace::SetComponentObserver(nullptr);
   KorClassDictionary::SetObserver(nullptr);
 }
@@ -32,9 +35,13 @@ void ModuleOrder::Event(const std::string& text) {
 }
 
 void ModuleOrder::Look() {
-  if (!_filterStateSeen && IsConstructed(kFilterState)) {
-    _filterStateSeen = true;
+  if (_filterState == Seen::Never && IsConstructed(kFilterState)) {
+    _filterState = Seen::Alive;
     _events.push_back("+filter state");
+  }
+  if (_filterState == Seen::Alive && FreedBlock::WasFreed()) {
+    _filterState = Seen::Gone;
+    _events.push_back("-filter state");
   }
   if (_unitsManager == Seen::Never && IsConstructed(kUnitsManager)) {
     _unitsManager = Seen::Alive;
@@ -45,6 +52,13 @@ void ModuleOrder::Look() {
     _unitsManager = Seen::Gone;
     _events.push_back("-units manager");
   }
+}
+
+void ModuleOrder::AwaitEnd() {
+  _events.clear();
+  auto& state = *static_cast<KorUnicodeString*>(_module.Symbol(kFilterState));
+  state = KorUnicodeString(std::string(5000, 'x'));  // too long to stand in the object itself
+  FreedBlock::Watch(state.Utf8().data());
 }
 
 // The first word of both is an address from their construction on.

@@ -5,23 +5,28 @@
 
 #include "tests/module/entry/SystemLoader.h"
 
-/// What there must be to see of the order: reverse at the end, where the filter state tells nothing.
+/// What there must be to see of the order: reverse at the end.
 inline const std::vector<std::string> kModuleComes{
     "+trace KorWBCompPart",  "+class KorWBNymNavFilterPanel", "+filter state",
     "+trace KorWBCompGroup", "+class KorWBNymNavReportPanel", "+trace KorWBNymNavReportPanel",
     "+units manager"};
-inline const std::vector<std::string> kModuleGoes{
-    "-units manager",        "-trace KorWBNymNavReportPanel", "-class KorWBNymNavReportPanel",
-    "-trace KorWBCompGroup", "-class KorWBNymNavFilterPanel", "-trace KorWBCompPart"};
+inline const std::vector<std::string> kModuleGoes{"-units manager",
+                                                  "-trace KorWBNymNavReportPanel",
+                                                  "-class KorWBNymNavReportPanel",
+                                                  "-trace KorWBCompGroup",
+                                                  "-filter state",
+                                                  "-class KorWBNymNavFilterPanel",
+                                                  "-trace KorWBCompPart"};
 
 /// Writes down in which order the module's static objects come and go.
 ///
 /// Trace objects and entries of the class dictionary tell of themselves. Of the others it looks, at each of
 /// these events, whether they are there by now: the memory of the filter state and of the units manager is
-/// zero until they are constructed, and the units manager listens to the magnitudes while it lives.
+/// zero until they are constructed, the filter state holds a text on the heap while it lives, and the units
+/// manager listens to the magnitudes.
 ///
 /// "+trace KorWBCompPart", "+class KorWBNymNavFilterPanel", "+filter state", "+units manager" and the same
-/// with "-". That the filter state has gone cannot be seen here: see FreedBlock.
+/// with "-".
 class ModuleOrder {
  public:
   explicit ModuleOrder(const SystemLoader& module);
@@ -31,7 +36,8 @@ class ModuleOrder {
 
   /// Looks once more; for the object that comes into being last.
   void Look();
-  void Clear() { _events.clear(); }
+  /// Forgets the events so far and makes the end of the filter state visible; while the module is loaded.
+  void AwaitEnd();
   const std::vector<std::string>& Events() const { return _events; }
 
   /// How many callbacks wait on the magnitudes that the units manager listens to.
@@ -44,6 +50,6 @@ class ModuleOrder {
 
   const SystemLoader& _module;
   std::vector<std::string> _events;
-  bool _filterStateSeen = false;
+  Seen _filterState = Seen::Never;
   Seen _unitsManager = Seen::Never;
 };

@@ -44,7 +44,7 @@ void ObserveOnce(const SystemLoader& module) {
       module.Symbol("fctCreateKorWBNymNavFilterPanel") && module.Symbol("fctCreateKorWBNymNavReportPanel"),
       "factories under their plain names");
   RequireThatPanelsCanBeMade();
-  order.Clear();
+  order.AwaitEnd();
   Require(module.Unload(), "unloads");
   Compare(order.Events(), kModuleGoes, "order of destruction");
   Require(!module.IsLoaded() && TqTrace::GetComponents().empty() &&
