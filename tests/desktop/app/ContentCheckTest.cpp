@@ -54,6 +54,15 @@ class FailingStore final : public lumira::Store {
   Result<void> UpdatePart(const lumira::Part&) override { return kNotAsked; }
   Result<lumira::PartDetails> LoadDetails(std::string_view) override { return kNotAsked; }
   Result<void> SaveDetails(std::string_view, const lumira::PartDetails&) override { return kNotAsked; }
+  Result<lumira::StoredPart> LoadPart(std::string_view) override { return kNotAsked; }
+  Result<lumira::SavedState> SavePart(const lumira::PartSaving&) override { return kNotAsked; }
+  Result<lumira::HistoryPage> LoadHistory(std::string_view, std::int64_t, std::int64_t) override {
+    return kNotAsked;
+  }
+  Result<lumira::HistoryTexts> LoadHistoryTexts(std::string_view, std::int64_t) override { return kNotAsked; }
+  Result<std::optional<std::string>> FindStateText(std::string_view, std::int64_t) override {
+    return kNotAsked;
+  }
   Result<std::vector<lumira::StoredResult>> LoadResults(std::string_view) override {
     return std::vector<lumira::StoredResult>();
   }
