@@ -25,6 +25,12 @@ class SavingTest : public EditingTest {
     window.Compute();
     RunPendingEvents();
   }
+  /// The bedplate as the server would send it now.
+  std::string StoredPart() {
+    protocol::PartDataRequest request;
+    request.partId = "bedplate";
+    return window.Session().Transport().Run("WBGetPartData", protocol::WritePartDataRequest(request));
+  }
   std::string PaneMass() { return window.Selection().ActiveText("Selection.Mass").toStdString(); }
 };
 
@@ -114,17 +120,37 @@ TEST_F(SavingTest, WhatIsSavedIsSavedInTheNameOfTheUser) {
   EXPECT_NE(history.find("|eva|"), std::string::npos) << history;
 }
 
+TEST_F(SavingTest, ASaveOverThatOfSomebodyElseIsRefusedWithANameAndThePartCanBeReadAgain) {
+  EditMass("43000");
+  qputenv("USER", "max");
+  {
+    const auto other = EmbeddedTransport::Open(File().toStdString());
+    ASSERT_TRUE(other.Ok()) << other.Failure().message;
+    auto data = protocol::ReadPartData(StoredPart());
+    ASSERT_TRUE(data.Ok()) << data.Failure().message;
+    for (protocol::MassType& type : data.Value().massTypes)
+      if (type.name == "Calculated") type.mass = 41000;
+    const std::string reply = other.Value()->Run("WBSaveNymValues", protocol::WritePartData(data.Value()));
+    ASSERT_FALSE(protocol::IsErrorReply(reply)) << reply;
+  }
+  Save();
+  EXPECT_NE(OnlyMessage().find("was changed by \"max\""), std::string::npos) << OnlyMessage();
+  EXPECT_EQ(TextOf(kMass), "43000 kg");
+  boxes.answers = {kGiveUp};
+  window.ShowPartPanel();
+  EXPECT_EQ(boxes.Questions().size(), 1u);
+  EXPECT_EQ(TextOf(kMass), "41000 kg");
+  EditMass("42000");
+  Save();
+  EXPECT_EQ(boxes.Messages().size(), 1u);
+  EXPECT_EQ(PaneMass(), "42000 kg");
+}
+
 // ---- values that nobody edits ----
 
 class UneditedTest : public SavingTest, public testing::WithParamInterface<const char*> {
  protected:
   static void TearDownTestSuite() { KorApplyUnitSystem("Mixed"); }
-  /// The bedplate as the server would send it now.
-  std::string StoredPart() {
-    protocol::PartDataRequest request;
-    request.partId = "bedplate";
-    return window.Session().Transport().Run("WBGetPartData", protocol::WritePartDataRequest(request));
-  }
   void SaveUneditedWithShown(const char* massType) {
     GoTo(kMassTypesPage);
     ASSERT_TRUE(Panel()
