@@ -124,8 +124,73 @@ INSERT INTO filter_values(filter, condition, position, value)
 DROP TABLE filter_instances;
 )sql";
 
+// Extra properties, document revisions with data of their own, and sheet material. A value of a property
+// names its definition by position; keys of two tables would have to be looked for with each deletion.
+constexpr char kContentTables[] = R"sql(
+CREATE TABLE property_definitions(
+  product INTEGER NOT NULL REFERENCES products ON DELETE CASCADE, position INTEGER NOT NULL,
+  name TEXT NOT NULL, type INTEGER NOT NULL, magnitude TEXT NOT NULL,
+  PRIMARY KEY(product, position), UNIQUE(product, name)) STRICT, WITHOUT ROWID;
+
+CREATE TABLE property_values(
+  part INTEGER NOT NULL REFERENCES parts ON DELETE CASCADE, definition INTEGER NOT NULL, value TEXT NOT NULL,
+  PRIMARY KEY(part, definition)) STRICT, WITHOUT ROWID;
+
+CREATE TABLE revision_data(
+  key INTEGER PRIMARY KEY, part INTEGER NOT NULL REFERENCES parts ON DELETE CASCADE, revision TEXT NOT NULL,
+  active_mass_type TEXT NOT NULL, material TEXT NOT NULL, density REAL, mass_type_count INTEGER NOT NULL,
+  UNIQUE(part, revision)) STRICT;
+
+CREATE TABLE revision_mass_types(
+  revision INTEGER NOT NULL REFERENCES revision_data ON DELETE CASCADE, position INTEGER NOT NULL,
+  name TEXT NOT NULL, mass REAL, cg_x REAL, cg_y REAL, cg_z REAL,
+  inertia_xx REAL, inertia_yy REAL, inertia_zz REAL, inertia_xy REAL, inertia_xz REAL, inertia_yz REAL,
+  sd_mass REAL NOT NULL, sd_cg_x REAL NOT NULL, sd_cg_y REAL NOT NULL, sd_cg_z REAL NOT NULL,
+  sd_inertia_xx REAL NOT NULL, sd_inertia_yy REAL NOT NULL, sd_inertia_zz REAL NOT NULL,
+  sd_inertia_xy REAL NOT NULL, sd_inertia_xz REAL NOT NULL, sd_inertia_yz REAL NOT NULL,
+  bound_lower REAL, bound_upper REAL,
+  PRIMARY KEY(revision, position), UNIQUE(revision, name)) STRICT, WITHOUT ROWID;
+
+CREATE TABLE revision_precisions(
+  revision INTEGER NOT NULL REFERENCES revision_data ON DELETE CASCADE, position INTEGER NOT NULL,
+  mass_type TEXT NOT NULL, precision_type INTEGER NOT NULL, value_type INTEGER NOT NULL,
+  lower REAL NOT NULL, upper REAL NOT NULL, type_lower REAL NOT NULL, type_upper REAL NOT NULL,
+  PRIMARY KEY(revision, position)) STRICT, WITHOUT ROWID;
+
+ALTER TABLE parts ADD COLUMN surface_mass REAL;
+
+ALTER TABLE part_details ADD COLUMN document TEXT NOT NULL DEFAULT '';
+UPDATE part_details SET document = active_document WHERE active_document NOT IN ('', '0', '__EXCEPTION__');
+CREATE INDEX parts_of_document ON part_details(document) WHERE document <> '';
+ALTER TABLE part_details DROP COLUMN properties_requested;
+ALTER TABLE part_details DROP COLUMN date_format;
+
+-- Properties were defined by each part for itself; types as in model/PropertyDefinition.h.
+INSERT INTO property_definitions(product, position, name, type, magnitude)
+  SELECT parts.product, row_number() OVER (PARTITION BY parts.product ORDER BY min(properties.position), properties.name) - 1,
+    properties.name,
+    CASE WHEN max(is_magnitude) THEN 4 WHEN max(type) = 1 THEN 1 + max(is_date) WHEN max(type) = 2 THEN 3 ELSE 0 END,
+    CASE WHEN max(is_magnitude) THEN max(properties.magnitude) ELSE '' END
+  FROM properties JOIN parts ON parts.key = properties.part GROUP BY parts.product, properties.name;
+INSERT INTO property_values(part, definition, value)
+  SELECT properties.part, property_definitions.position, max(value) FROM properties
+  JOIN parts ON parts.key = properties.part
+  JOIN property_definitions ON property_definitions.product = parts.product
+    AND property_definitions.name = properties.name
+  WHERE value <> '' GROUP BY properties.part, property_definitions.position;
+DROP TABLE properties;
+)sql";
+
+// What version 4 did not have, one text for each subject. They are run on the tables of version 4, in a new
+// file as in an older one, so that both end up the same.
+constexpr const char* kStepsToVersion5[] = {kContentTables};
+
 int Pragma(SQLite::Database& database, const char* name) {
   return database.execAndGet(std::string("PRAGMA ") + name).getInt();
+}
+
+void MakeVersion5(SQLite::Database& database) {
+  for (const char* step : kStepsToVersion5) database.exec(step);
 }
 
 void SetVersion(SQLite::Database& database) {
@@ -138,6 +203,7 @@ void CreateSchema(SQLite::Database& database) {
   SQLite::Transaction transaction(database);
   database.exec(kTables);
   database.exec(kTablesOfVersion4);
+  MakeVersion5(database);
   database.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
   SetVersion(database);
   transaction.commit();
@@ -159,9 +225,13 @@ std::string SchemaProblem(SQLite::Database& database) {
 void BringUpToDate(SQLite::Database& database) {
   if (Pragma(database, "user_version") == kSchemaVersion) return;
   SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
-  if (Pragma(database, "user_version") == kSchemaVersion) return;  // another program has been faster
-  database.exec(kTablesOfVersion4);
-  database.exec(kFromVersion3);
+  const int version = Pragma(database, "user_version");
+  if (version == kSchemaVersion) return;  // another program has been faster
+  if (version < 4) {
+    database.exec(kTablesOfVersion4);
+    database.exec(kFromVersion3);
+  }
+  MakeVersion5(database);
   SetVersion(database);
   transaction.commit();
 }

@@ -1,7 +1,9 @@
 #include <set>
 
+#include "lumira/store/ContentRules.h"
 #include "lumira/store/ProductRules.h"
 #include "lumira/store/SqliteArchives.h"
+#include "lumira/store/SqliteContent.h"
 #include "lumira/store/SqliteStore.h"
 #include "lumira/store/SqliteTables.h"
 
@@ -31,14 +33,14 @@ Result<PartDetails> SqliteStore::LoadDetails(std::string_view partId) {
   return Read([&]() -> Result<PartDetails> {
     const auto key = PartKey(partId);
     if (!key) return key.Failure();
+    PartDetails details;
     SQLite::Statement query(_db, SelectSql<PartDetails>("part", "part_details", "WHERE part = ?"));
     query.bind(1, key.Value());
-    if (!query.executeStep()) return PartDetails{};
-    auto details = ReadRow<PartDetails>(query, 1);
+    if (query.executeStep()) details = ReadRow<PartDetails>(query, 1);
     details.precisions = ReadRows<Precision>(_db, "precisions", key.Value());
     details.documents.revisions =
         ReadRows<protocol::DocumentRevision>(_db, "document_revisions", key.Value());
-    details.properties = ReadRows<protocol::ExtraProperty>(_db, "properties", key.Value());
+    details.properties = ReadProperties(_db, ProductOf(key.Value()), key.Value());
     return details;
   });
 }
@@ -47,14 +49,12 @@ Result<void> SqliteStore::SaveDetails(std::string_view partId, const PartDetails
   return Write([&]() -> Result<void> {
     const auto key = PartKey(partId);
     if (!key) return key.Failure();
-    for (const char* table : {"part_details", "precisions", "document_revisions", "properties"})
+    const auto properties = ReadDefinitions(_db, ProductOf(key.Value()));
+    if (auto good = CheckDetails(properties, details); !good) return good;
+    if (auto free = CheckDocument(details.documentId, key.Value()); !free) return free;
+    for (const char* table : {"part_details", "precisions", "document_revisions", "property_values"})
       DeleteRows(_db, table, key.Value());
-    SQLite::Statement insert(_db, InsertSql<PartDetails>("part_details", {"part"}));
-    insert.bind(1, key.Value());
-    InsertRow(insert, 2, details);
-    WriteRows(_db, "precisions", key.Value(), details.precisions);
-    WriteRows(_db, "document_revisions", key.Value(), details.documents.revisions);
-    WriteRows(_db, "properties", key.Value(), details.properties);
+    SqliteContentWriter(_db, properties).WriteDetails(key.Value(), details);
     return {};
   });
 }

@@ -8,6 +8,7 @@
 #include <ostream>
 #include <string>
 
+#include "lumira/store/OpenSqliteStore.h"
 #include "lumira/store/Store.h"
 
 namespace lumira::test {
@@ -38,6 +39,11 @@ struct StoreKind {
 
   friend std::ostream& operator<<(std::ostream& out, const StoreKind& kind) { return out << kind.name; }
 };
+
+inline StoreKind SqliteKind() {
+  return {"Sqlite", [](const std::string& place) { return CreateSqliteStore(place).Value(); },
+          [](const std::string& place) { return OpenSqliteStore(place).Value(); }};
+}
 
 /// Every promise of `Store` that does not depend on where the data lies.
 class StoreContract : public testing::TestWithParam<StoreKind> {
