@@ -66,13 +66,18 @@ class OpenServer {
   std::unique_ptr<Server> _server;
 };
 
+// ", 3 of something" where there are any.
+std::string More(std::size_t count, const char* what) {
+  return count > 0 ? ", " + std::to_string(count) + " " + what : "";
+}
+
 void WriteReport(const ImportReport& report, ImportMode mode, const Console& console) {
   for (const std::string& text : report.warnings) console.errors << "warning: " << text << '\n';
   for (const std::string& text : report.leftOut) console.errors << "left out: " << text << '\n';
   console.out << (mode == ImportMode::DryRun ? "Would import" : "Imported") << " product \"" << report.product
               << "\": " << report.parts << " parts, " << report.instances << " instances, "
-              << report.massTypes << " mass types"
-              << (report.filters > 0 ? ", " + std::to_string(report.filters) + " configuration filters" : "")
+              << report.massTypes << " mass types" << More(report.filters, "configuration filters")
+              << More(report.revisions, "document revisions") << More(report.properties, "extra properties")
               << "; " << report.warnings.size() << " warnings, " << report.leftOut.size()
               << " things left out.\n";
 }
@@ -83,7 +88,10 @@ Result<ImportTables> ReadTables(const ImportAction& action) {
   if (!mass) return mass.Failure();
   tables.mass = std::move(mass).Value();
   const std::pair<const std::string&, std::optional<TableSource>&> more[] = {
-      {action.structure, tables.structure}, {action.filters, tables.filters}};
+      {action.structure, tables.structure},
+      {action.filters, tables.filters},
+      {action.documents, tables.documents},
+      {action.properties, tables.properties}};
   for (const auto& [path, table] : more) {
     if (path.empty()) continue;
     auto read = ReadTableFile(path, action.options.limits);

@@ -1,9 +1,11 @@
 #include <algorithm>
-#include <set>
 #include <utility>
 
+#include "lumira/commands/ActiveDocument.h"
 #include "lumira/commands/Commands.h"
 #include "lumira/commands/ComputedMassType.h"
+#include "lumira/commands/MaterialStatistics.h"
+#include "lumira/commands/PartDataReply.h"
 #include "lumira/commands/TreeSearch.h"
 #include "lumira/engine/ChosenOccurrences.h"
 #include "protocol/Codec.h"
@@ -127,37 +129,10 @@ std::vector<protocol::MassType> MassTypesOf(const OpenProduct& product, const Pa
                                             const PartDetails& details, Counts counts) {
   std::vector<protocol::MassType> types;
   types.push_back(ComputedTypeOf(product, part, counts));
-  for (const MassTypeData& data : part.massTypes) {
-    const bool hasValues = data.properties != MassProperties{};
-    types.push_back(
-        ToWire(data, hasValues ? protocol::MassTypeStatus::Defined : protocol::MassTypeStatus::Undefined));
-  }
-  for (protocol::MassType& type : types) AddPrecision(type, details.precisions);
+  AddPrecision(types.front(), details.precisions);
+  for (protocol::MassType& type : ToWire(part.massTypes, details.precisions))
+    types.push_back(std::move(type));
   return types;
-}
-
-constexpr std::size_t kMostStatistics = 1'000;
-
-// The materials of the parts below (and of the part itself), each with its density once.
-std::vector<protocol::MaterialStatistic> MaterialsBelow(const OpenProduct& product, std::uint32_t top) {
-  std::set<std::pair<std::string, double>> materials;
-  std::vector<bool> seen(product.Data().parts.size());
-  std::vector<std::uint32_t> next = {top};
-  while (!next.empty() && materials.size() < kMostStatistics) {
-    const std::uint32_t index = next.back();
-    next.pop_back();
-    if (seen[index]) continue;
-    seen[index] = true;
-    const Part& part = product.PartAt(index);
-    const bool cad = part.densityPriority == DensityPriority::CadFirst && part.cadDensity;
-    const std::string& name = cad || part.material.empty() ? part.cadMaterial : part.material;
-    if (const auto density = EffectiveDensity(part); density && !name.empty())
-      materials.emplace(name, *density);
-    for (std::uint32_t instance : product.InstancesIn(index)) next.push_back(product.ChildOf(instance));
-  }
-  std::vector<protocol::MaterialStatistic> statistics;
-  for (const auto& [name, density] : materials) statistics.push_back({name, density, 1});
-  return statistics;
 }
 
 protocol::Material MaterialOf(const OpenProduct& product, std::uint32_t index, const PartDetails& details) {
@@ -168,7 +143,7 @@ protocol::Material MaterialOf(const OpenProduct& product, std::uint32_t index, c
           .referenceName = details.referenceMaterial,
           .referenceDensity = details.referenceDensity,
           .appliedOn = details.appliedOn,
-          .statistics = MaterialsBelow(product, index)};
+          .statistics = MaterialStatistics(product.Structure(), index)};
 }
 
 PartData MakePartData(const Selection& selection, const protocol::PartDataRequest& request,
@@ -189,29 +164,47 @@ PartData MakePartData(const Selection& selection, const protocol::PartDataReques
   data.activeMassType = part.activeMassType;
   if (selection.placement) data.placement = ToNumbers(*selection.placement);
   data.material = MaterialOf(product, selection.part, details);
-  data.documents = details.documents;
-  data.propertiesRequested = details.propertiesRequested;
-  data.dateFormat = details.dateFormat;
+  data.documents = DocumentsToTell(details);
   data.properties = details.properties;
+  data.propertiesRequested = !data.properties.empty();
+  if (data.propertiesRequested) data.dateFormat = kDateFormat;
   data.stateToken = std::to_string(product.State().data);
   return data;
 }
 
 }  // namespace
 
-Result<std::string> GetPartData(Session& session, std::string_view text) {
-  const auto request = protocol::ReadPartDataRequest(text);
-  if (!request) return request.Failure();
-  const auto filter = protocol::ReadFilter(request.Value().filter);
+std::vector<protocol::MassType> ToWire(const std::vector<MassTypeData>& types,
+                                       const std::vector<Precision>& precisions) {
+  using protocol::MassTypeStatus;
+  std::vector<protocol::MassType> wire;
+  for (const MassTypeData& data : types) {
+    const bool hasValues = data.properties != MassProperties{};
+    wire.push_back(ToWire(data, hasValues ? MassTypeStatus::Defined : MassTypeStatus::Undefined));
+    AddPrecision(wire.back(), precisions);
+  }
+  return wire;
+}
+
+Result<PartData> DescribePart(Session& session, const protocol::PartDataRequest& request) {
+  const auto filter = protocol::ReadFilter(request.filter);
   if (!filter) return filter.Failure();
-  const auto selection = Select(session, request.Value());
+  const auto selection = Select(session, request);
   if (!selection) return selection.Failure();
   if (const auto good = CheckFilter(*selection.Value().product, filter.Value()); !good) return good.Failure();
   const auto details =
       session.store.LoadDetails(selection.Value().product->PartAt(selection.Value().part).id);
   if (!details) return details.Failure();
   const Counts counts = filter.Value().LetsAllPass() ? Counts::Whole : Counts::WhatAFilterLeaves;
-  return protocol::WritePartData(MakePartData(selection.Value(), request.Value(), details.Value(), counts));
+  return MakePartData(selection.Value(), request, details.Value(), counts);
+}
+
+Result<std::string> GetPartData(Session& session, std::string_view text) {
+  const auto request = protocol::ReadPartDataRequest(text);
+  if (!request) return request.Failure();
+  const auto data = DescribePart(session, request.Value());
+  if (!data) return data.Failure();
+  return protocol::WritePartData(data.Value());
 }
 
 }  // namespace lumira
