@@ -88,9 +88,10 @@ TEST(ContentTables, PrecisionWhoseSourceIsUnknownIsRefused) {
 TEST(ContentTables, PrecisionWithoutMassDataIsLeftOut) {
   const auto imported = Read({.mass = "part,material,user lower precision [%]\na,Steel,5\n"});
   ASSERT_TRUE(imported.Ok());
-  EXPECT_THAT(imported.Value().report.leftOut,
-              ElementsAre("m.csv, line 2, column 3 (user lower precision [%]): the row has no mass data whose "
-                          "precision this could be"));
+  EXPECT_THAT(
+      imported.Value().report.leftOut,
+      ElementsAre("m.csv, line 2, column 3 (user lower precision [%]): the row has no mass data whose "
+                  "precision this could be"));
   EXPECT_TRUE(imported.Value().content.parts.empty());
 }
 
@@ -221,9 +222,10 @@ TEST(ContentTables, TimesOfCheckInMustExist) {
 }
 
 TEST(ContentTables, OneRevisionIsAttachedAndOneIsChosen) {
-  EXPECT_EQ(DocumentRefusal("part,document,revision,attached,chosen\na,D,A,yes,yes\na,D,B,yes,yes\n"),
-            "d.csv, line 3, column 4 (attached): revision \"A\" is attached already; one of a document can be\n"
-            "d.csv, line 3, column 5 (chosen): revision \"A\" is chosen already; one of a document can be");
+  EXPECT_EQ(
+      DocumentRefusal("part,document,revision,attached,chosen\na,D,A,yes,yes\na,D,B,yes,yes\n"),
+      "d.csv, line 3, column 4 (attached): revision \"A\" is attached already; one of a document can be\n"
+      "d.csv, line 3, column 5 (chosen): revision \"A\" is chosen already; one of a document can be");
 }
 
 TEST(ContentTables, AttachedModeNeedsARevisionThatIsAttached) {
@@ -234,14 +236,15 @@ TEST(ContentTables, AttachedModeNeedsARevisionThatIsAttached) {
 }
 
 TEST(ContentTables, RowsOfARevisionMayNotContradictEachOther) {
-  EXPECT_EQ(DocumentRefusal("part,document,revision,check in user,material,density [kg/m3],mass type,mass [kg]\n"
-                            "a,D,A,eva,Steel,1,x,1\na,D,A,max,Lead,2,x,2\n"),
-            "d.csv, line 3, column 4 (check in user): \"max\" differs from \"eva\" on another row of the same "
-            "revision\n"
-            "d.csv, line 3, column 5 (material): \"Lead\" differs from \"Steel\" on another row of the same "
-            "revision\n"
-            "d.csv, line 3, column 6 (density [kg/m3]): differs from what another row of the same part says\n"
-            "d.csv, line 3, column 7 (mass type): revision \"A\" of part \"a\" has the mass type \"x\" twice");
+  EXPECT_EQ(
+      DocumentRefusal("part,document,revision,check in user,material,density [kg/m3],mass type,mass [kg]\n"
+                      "a,D,A,eva,Steel,1,x,1\na,D,A,max,Lead,2,x,2\n"),
+      "d.csv, line 3, column 4 (check in user): \"max\" differs from \"eva\" on another row of the same "
+      "revision\n"
+      "d.csv, line 3, column 5 (material): \"Lead\" differs from \"Steel\" on another row of the same "
+      "revision\n"
+      "d.csv, line 3, column 6 (density [kg/m3]): differs from what another row of the same part says\n"
+      "d.csv, line 3, column 7 (mass type): revision \"A\" of part \"a\" has the mass type \"x\" twice");
 }
 
 TEST(ContentTables, DataWithoutARevisionIsRefused) {
@@ -253,9 +256,10 @@ TEST(ContentTables, DataWithoutARevisionIsRefused) {
 TEST(ContentTables, NumbersOfRevisionsAreCheckedAsThoseOfParts) {
   EXPECT_EQ(DocumentRefusal("part,document,revision,mass [kg]\na,D,A,1e999\n"),
             "d.csv, line 2, column 4 (mass [kg]): \"1e999\" is not a finite number");
-  EXPECT_THAT(DocumentRefusal("part,document,revision,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],ixy [kg m2]\n"
-                              "a,D,A,1,1,1,1,0\n"),
-              HasSubstr("no column \"products\" that says their sign"));
+  EXPECT_THAT(
+      DocumentRefusal("part,document,revision,mass [kg],ixx [kg m2],iyy [kg m2],izz [kg m2],ixy [kg m2]\n"
+                      "a,D,A,1,1,1,1,0\n"),
+      HasSubstr("no column \"products\" that says their sign"));
 }
 
 TEST(ContentTables, ColumnsOfThePartAreNotKnownInADocumentTable) {
@@ -285,7 +289,8 @@ constexpr char kProperties[] =
 
 std::vector<std::string> Values(const PartContent& content) {
   std::vector<std::string> values;
-  for (const auto& property : content.details.properties) values.push_back(property.name + "=" + property.value);
+  for (const auto& property : content.details.properties)
+    values.push_back(property.name + "=" + property.value);
   return values;
 }
 
@@ -313,13 +318,14 @@ TEST(ContentTables, ValuesThatNeedNoConversionStayAsTheyWereTyped) {
 }
 
 TEST(ContentTables, ValuesThatDoNotFitTheirTypeAreRefused) {
-  EXPECT_EQ(PropertyRefusal("property,type,magnitude,part,value\ncount,integer,,a,1.5\nchecked,date,,a,2021-02-29\n"
-                            "factor,real,,a,abc\nlength,magnitude,LENGTH,a,inf\n"),
-            "p.csv, line 2, column 5 (value): \"1.5\" is not a whole number from -2147483648 to 2147483647\n"
-            "p.csv, line 3, column 5 (value): \"2021-02-29\" is no date; a day of the calendar as YYYY-MM-DD "
-            "expected\n"
-            "p.csv, line 4, column 5 (value): \"abc\" is not a finite number\n"
-            "p.csv, line 5, column 5 (value): \"inf\" is not a finite number");
+  EXPECT_EQ(
+      PropertyRefusal("property,type,magnitude,part,value\ncount,integer,,a,1.5\nchecked,date,,a,2021-02-29\n"
+                      "factor,real,,a,abc\nlength,magnitude,LENGTH,a,inf\n"),
+      "p.csv, line 2, column 5 (value): \"1.5\" is not a whole number from -2147483648 to 2147483647\n"
+      "p.csv, line 3, column 5 (value): \"2021-02-29\" is no date; a day of the calendar as YYYY-MM-DD "
+      "expected\n"
+      "p.csv, line 4, column 5 (value): \"abc\" is not a finite number\n"
+      "p.csv, line 5, column 5 (value): \"inf\" is not a finite number");
 }
 
 TEST(ContentTables, ValuesAreCheckedByATypeThatStandsBelowThem) {
@@ -333,11 +339,13 @@ TEST(ContentTables, EmptyValueIsAllowedForEveryType) {
 }
 
 TEST(ContentTables, PropertyHasOneType) {
-  EXPECT_EQ(PropertyRefusal("property,type\nx,date\nx,real\n"),
-            "p.csv, line 3, column 2 (type): \"real\" differs from \"date\" on another row of the same property");
-  EXPECT_EQ(PropertyRefusal("property,type\nx,colour\n"),
-            "p.csv, line 2, column 2 (type): \"colour\" is none of \"text\", \"integer\", \"date\", \"real\", "
-            "\"magnitude\"");
+  EXPECT_EQ(
+      PropertyRefusal("property,type\nx,date\nx,real\n"),
+      "p.csv, line 3, column 2 (type): \"real\" differs from \"date\" on another row of the same property");
+  EXPECT_EQ(
+      PropertyRefusal("property,type\nx,colour\n"),
+      "p.csv, line 2, column 2 (type): \"colour\" is none of \"text\", \"integer\", \"date\", \"real\", "
+      "\"magnitude\"");
 }
 
 TEST(ContentTables, MagnitudesMustBeKnown) {
@@ -351,8 +359,9 @@ TEST(ContentTables, MagnitudesMustBeKnown) {
 }
 
 TEST(ContentTables, UnitsMustBeThoseOfTheMagnitude) {
-  EXPECT_EQ(PropertyRefusal("property,type,magnitude,part,value,unit\nx,magnitude,LENGTH,a,1,kg\n"),
-            "p.csv, line 2, column 6 (unit): \"kg\" is no unit known here; one of m, mm, cm, in, ft expected");
+  EXPECT_EQ(
+      PropertyRefusal("property,type,magnitude,part,value,unit\nx,magnitude,LENGTH,a,1,kg\n"),
+      "p.csv, line 2, column 6 (unit): \"kg\" is no unit known here; one of m, mm, cm, in, ft expected");
   EXPECT_EQ(PropertyRefusal("property,type,magnitude,part,value,unit\nx,magnitude,FORCE,a,1,kN\n"),
             "p.csv, line 2, column 6 (unit): \"kN\" is no unit known here; N expected");
   EXPECT_EQ(PropertyRefusal("property,type,part,value,unit\nx,real,a,1,kg\n"),
@@ -384,9 +393,10 @@ TEST(ContentTables, PropertyNeedsAName) {
 // ---- both ----
 
 TEST(ContentTables, PartsThatAreNotInTheStructureAreErrors) {
-  EXPECT_EQ(Refusal({.documents = "part,document,revision\nz,D,A\n", .properties = "property,part,value\nx,z,1\n"}),
-            "d.csv, line 2, column 1 (part): part \"z\" is not in the structure\n"
-            "p.csv, line 2, column 2 (part): part \"z\" is not in the structure");
+  EXPECT_EQ(
+      Refusal({.documents = "part,document,revision\nz,D,A\n", .properties = "property,part,value\nx,z,1\n"}),
+      "d.csv, line 2, column 1 (part): part \"z\" is not in the structure\n"
+      "p.csv, line 2, column 2 (part): part \"z\" is not in the structure");
 }
 
 TEST(ContentTables, PartsThatAreNotInTheStructureCanBeLeftOut) {
@@ -426,7 +436,8 @@ TEST_F(ContentTablesInAStore, AreNotWrittenWhenOneCellIsWrong) {
 }
 
 TEST_F(ContentTablesInAStore, AreCheckedByADryRunThatWritesNothing) {
-  const auto report = Import({.documents = kDocument, .properties = kProperties}, {.mode = ImportMode::DryRun});
+  const auto report =
+      Import({.documents = kDocument, .properties = kProperties}, {.mode = ImportMode::DryRun});
   ASSERT_TRUE(report.Ok()) << report.Failure().message;
   EXPECT_EQ(report.Value().revisions, 2u);
   EXPECT_TRUE(store->Products().Value().empty());
