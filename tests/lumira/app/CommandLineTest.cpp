@@ -267,12 +267,13 @@ TEST_F(CommandLine, ImportsNothingWhenTheFilterTableIsWrong) {
 
 TEST_F(CommandLine, ImportsDocumentsAndPropertiesOfTheSample) {
   Lumira({"init", file});
-  const Outcome imported = ImportSample({"--documents", std::string(kSamples) + "documents.csv", "--properties",
-                                         std::string(kSamples) + "properties.csv"});
+  const Outcome imported = ImportSample({"--documents", std::string(kSamples) + "documents.csv",
+                                         "--properties", std::string(kSamples) + "properties.csv"});
   ASSERT_EQ(imported.code, kDone) << imported.errors;
-  EXPECT_EQ(imported.out,
-            "Imported product \"IEA15\": 22 parts, 21 instances, 26 mass types, 9 document revisions, 7 extra "
-            "properties; 0 warnings, 0 things left out.\n");
+  EXPECT_EQ(
+      imported.out,
+      "Imported product \"IEA15\": 22 parts, 21 instances, 26 mass types, 9 document revisions, 7 extra "
+      "properties; 0 warnings, 0 things left out.\n");
   const Outcome revision = Lumira({"command", file, "WBGetActiveDocInfo", "DOC-BEDPLATE|A"});
   EXPECT_EQ(revision.code, kDone);
   EXPECT_THAT(revision.out, HasSubstr("|Estimated|1|45500|-1.35|0|2.61|"));
@@ -288,10 +289,11 @@ TEST_F(CommandLine, ImportsNothingWhenATableOfDocumentsOrPropertiesIsWrong) {
   std::ofstream(properties) << "property,type,part,value\nchecked,date,bedplate,31.12.2020\n";
   const Outcome refused = ImportSample({"--documents", documents, "--properties", properties});
   EXPECT_EQ(refused.code, kRefused);
-  EXPECT_EQ(refused.errors,
-            "lumira: properties.csv, line 2, column 4 (value): \"31.12.2020\" is no date; a day of the calendar "
-            "as YYYY-MM-DD expected\n"
-            "documents.csv, line 2, column 1 (part): part \"bedplates\" is not in the structure\n");
+  EXPECT_EQ(
+      refused.errors,
+      "lumira: properties.csv, line 2, column 4 (value): \"31.12.2020\" is no date; a day of the calendar "
+      "as YYYY-MM-DD expected\n"
+      "documents.csv, line 2, column 1 (part): part \"bedplates\" is not in the structure\n");
   EXPECT_EQ(Lumira({"tree", file}).out, "");
   EXPECT_EQ(ImportSample({"--documents", folder + "/none.csv"}).code, kRefused);
   EXPECT_EQ(ImportSample({"--properties", folder + "/none.csv"}).code, kRefused);
