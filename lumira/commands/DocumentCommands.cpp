@@ -2,7 +2,8 @@
 #include <string>
 
 #include "lumira/commands/Commands.h"
-#include "lumira/commands/PartDataReply.h"
+#include "lumira/commands/PartDataOf.h"
+#include "lumira/commands/UserMassTypes.h"
 #include "protocol/Codec.h"
 #include "protocol/Utf8.h"
 
@@ -44,7 +45,7 @@ Result<std::string> GetActiveDocument(Session& session, std::string_view text) {
   const auto& [documentId, revision] = request.Value();
   const auto owner = session.store.PartOfDocument(documentId);
   if (!owner) return owner.Failure();
-  auto part = DescribePart(session, {.partId = owner.Value().part});
+  auto part = PartDataOf(session, {.partId = owner.Value().part});
   if (!part) return part.Failure();
   const auto& listed = part.Value().documents.revisions;
   if (std::ranges::find(listed, revision, &protocol::DocumentRevision::revision) == listed.end())

@@ -1,12 +1,12 @@
 #include <algorithm>
 #include <utility>
 
-#include "lumira/commands/ActiveDocument.h"
 #include "lumira/commands/Commands.h"
 #include "lumira/commands/ComputedMassType.h"
 #include "lumira/commands/MaterialStatistics.h"
-#include "lumira/commands/PartDataReply.h"
+#include "lumira/commands/PartDataOf.h"
 #include "lumira/commands/TreeSearch.h"
+#include "lumira/commands/UserMassTypes.h"
 #include "lumira/engine/ChosenOccurrences.h"
 #include "protocol/Codec.h"
 #include "protocol/Utf8.h"
@@ -100,18 +100,6 @@ std::string Joined(const std::vector<std::string>& elements) {
   return text;
 }
 
-void AddPrecision(protocol::MassType& type, const std::vector<Precision>& precisions) {
-  for (const Precision& p : precisions) {
-    if (p.massType != type.name) continue;
-    type.precisionType = p.precisionType;
-    type.precisionValueType = p.precisionValueType;
-    type.lowerPrecision = p.lowerPrecision;
-    type.upperPrecision = p.upperPrecision;
-    type.massTypeLowerPrecision = p.massTypeLowerPrecision;
-    type.massTypeUpperPrecision = p.massTypeUpperPrecision;
-  }
-}
-
 // What a request is about: what was stored is the result of the whole product, and says nothing of a part of
 // it that a filter leaves.
 enum class Counts { Whole, WhatAFilterLeaves };
@@ -164,7 +152,7 @@ PartData MakePartData(const Selection& selection, const protocol::PartDataReques
   data.activeMassType = part.activeMassType;
   if (selection.placement) data.placement = ToNumbers(*selection.placement);
   data.material = MaterialOf(product, selection.part, details);
-  data.documents = DocumentsToTell(details);
+  data.documents = details.documents;
   data.properties = details.properties;
   data.propertiesRequested = !data.properties.empty();
   if (data.propertiesRequested) data.dateFormat = kDateFormat;
@@ -174,19 +162,7 @@ PartData MakePartData(const Selection& selection, const protocol::PartDataReques
 
 }  // namespace
 
-std::vector<protocol::MassType> ToWire(const std::vector<MassTypeData>& types,
-                                       const std::vector<Precision>& precisions) {
-  using protocol::MassTypeStatus;
-  std::vector<protocol::MassType> wire;
-  for (const MassTypeData& data : types) {
-    const bool hasValues = data.properties != MassProperties{};
-    wire.push_back(ToWire(data, hasValues ? MassTypeStatus::Defined : MassTypeStatus::Undefined));
-    AddPrecision(wire.back(), precisions);
-  }
-  return wire;
-}
-
-Result<PartData> DescribePart(Session& session, const protocol::PartDataRequest& request) {
+Result<PartData> PartDataOf(Session& session, const protocol::PartDataRequest& request) {
   const auto filter = protocol::ReadFilter(request.filter);
   if (!filter) return filter.Failure();
   const auto selection = Select(session, request);
@@ -202,7 +178,7 @@ Result<PartData> DescribePart(Session& session, const protocol::PartDataRequest&
 Result<std::string> GetPartData(Session& session, std::string_view text) {
   const auto request = protocol::ReadPartDataRequest(text);
   if (!request) return request.Failure();
-  const auto data = DescribePart(session, request.Value());
+  const auto data = PartDataOf(session, request.Value());
   if (!data) return data.Failure();
   return protocol::WritePartData(data.Value());
 }

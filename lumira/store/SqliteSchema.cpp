@@ -124,8 +124,10 @@ INSERT INTO filter_values(filter, condition, position, value)
 DROP TABLE filter_instances;
 )sql";
 
-// Extra properties, document revisions with data of their own, and sheet material. A value of a property
-// names its definition by position; keys of two tables would have to be looked for with each deletion.
+// Part of version 5, run on the tables of version 4 in a new file as in an older one, so that both end up the
+// same. Extra properties, document revisions with data of their own, and sheet material. A value of a
+// property names its definition by position; keys of two tables would have to be looked for with each
+// deletion.
 constexpr char kContentTables[] = R"sql(
 CREATE TABLE property_definitions(
   product INTEGER NOT NULL REFERENCES products ON DELETE CASCADE, position INTEGER NOT NULL,
@@ -181,16 +183,15 @@ INSERT INTO property_values(part, definition, value)
 DROP TABLE properties;
 )sql";
 
-// What version 4 did not have, one text for each subject. They are run on the tables of version 4, in a new
-// file as in an older one, so that both end up the same.
-constexpr const char* kStepsToVersion5[] = {kContentTables};
+// What version 4 did not have; run in this order.
+constexpr const char* kTablesOfVersion5[] = {kContentTables};
+
+void AddTablesOfVersion5(SQLite::Database& database) {
+  for (const char* tables : kTablesOfVersion5) database.exec(tables);
+}
 
 int Pragma(SQLite::Database& database, const char* name) {
   return database.execAndGet(std::string("PRAGMA ") + name).getInt();
-}
-
-void MakeVersion5(SQLite::Database& database) {
-  for (const char* step : kStepsToVersion5) database.exec(step);
 }
 
 void SetVersion(SQLite::Database& database) {
@@ -203,7 +204,7 @@ void CreateSchema(SQLite::Database& database) {
   SQLite::Transaction transaction(database);
   database.exec(kTables);
   database.exec(kTablesOfVersion4);
-  MakeVersion5(database);
+  AddTablesOfVersion5(database);
   database.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
   SetVersion(database);
   transaction.commit();
@@ -231,7 +232,7 @@ void BringUpToDate(SQLite::Database& database) {
     database.exec(kTablesOfVersion4);
     database.exec(kFromVersion3);
   }
-  MakeVersion5(database);
+  AddTablesOfVersion5(database);
   SetVersion(database);
   transaction.commit();
 }

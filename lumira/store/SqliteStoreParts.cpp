@@ -1,5 +1,6 @@
 #include <set>
 
+#include "lumira/store/ActiveDocument.h"
 #include "lumira/store/ContentRules.h"
 #include "lumira/store/ProductRules.h"
 #include "lumira/store/SqliteArchives.h"
@@ -40,6 +41,7 @@ Result<PartDetails> SqliteStore::LoadDetails(std::string_view partId) {
     details.precisions = ReadRows<Precision>(_db, "precisions", key.Value());
     details.documents.revisions =
         ReadRows<protocol::DocumentRevision>(_db, "document_revisions", key.Value());
+    details.documents = WithActiveDocument(details);
     details.properties = ReadProperties(_db, ProductOf(key.Value()), key.Value());
     return details;
   });

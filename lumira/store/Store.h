@@ -114,7 +114,8 @@ class Store {
   /// Replaces the data of one part; its instances, details and results stay. BadValue as above.
   virtual protocol::Result<void> UpdatePart(const Part& part) = 0;
 
-  /// With every property that the product defines.
+  /// With every property that the product defines, and with the active document worked out
+  /// (store/ActiveDocument.h).
   virtual protocol::Result<PartDetails> LoadDetails(std::string_view partId) = 0;
   /// BadValue for a number that is not finite or outside its range, and for a document identifier or a value
   /// of a property that cannot be one; NotFound for a property that the product does not define; Conflict for

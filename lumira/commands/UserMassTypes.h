@@ -2,17 +2,14 @@
 
 #include <vector>
 
-#include "lumira/commands/Session.h"
 #include "lumira/model/MassTypeData.h"
 #include "lumira/model/Precision.h"
 #include "protocol/PartData.h"
-#include "protocol/Requests.h"
-#include "protocol/Result.h"
 
 namespace lumira {
 
-/// Everything known of the part that a request means, as "WBGetPartData" answers it.
-protocol::Result<protocol::PartData> DescribePart(Session& session, const protocol::PartDataRequest& request);
+/// Gives a mass type its precision, when there is one of its name.
+void AddPrecision(protocol::MassType& type, const std::vector<Precision>& precisions);
 
 /// User mass types as they go over the wire.
 std::vector<protocol::MassType> ToWire(const std::vector<MassTypeData>& types,

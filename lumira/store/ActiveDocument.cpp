@@ -1,4 +1,4 @@
-#include "lumira/commands/ActiveDocument.h"
+#include "lumira/store/ActiveDocument.h"
 
 #include <algorithm>
 
@@ -25,7 +25,7 @@ std::string ActiveVersion(const protocol::Documents& documents) {
 
 }  // namespace
 
-protocol::Documents DocumentsToTell(const PartDetails& details) {
+protocol::Documents WithActiveDocument(const PartDetails& details) {
   protocol::Documents documents = details.documents;
   const bool cannotBeFound = documents.revisions.empty() &&
                              (!details.documentId.empty() || documents.activeId == protocol::kExceptionFlag);

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "lumira/store/PartDetails.h"
+#include "protocol/PartData.h"
+
+namespace lumira {
+
+/// The documents of a part with the active one worked out from what is stored. The identifier is that of the
+/// part's document, the version the one that the user has chosen, or else the revision that the mode says:
+/// the most recent one (by the time of check-in; of those without a time, the last) or the attached one. A
+/// document of which no revision is known cannot be found, and has the identifier that says so.
+protocol::Documents WithActiveDocument(const PartDetails& details);
+
+}  // namespace lumira
