@@ -77,19 +77,19 @@ Result<void> GiveName(const std::string& made, const std::string& file) {
 Result<lumira::ImportTables> ReadSampleTables(const std::string& samplesFolder) {
   const fs::path folder = fs::path(samplesFolder) / "iea15";
   lumira::ImportTables tables;
-  auto mass = lumira::ReadTableFile((folder / "mass.csv").string());
-  if (!mass) return mass.Failure();
-  tables.mass = std::move(mass).Value();
-  const std::pair<const char*, std::optional<lumira::TableSource>&> others[] = {
+  const std::pair<const char*, std::optional<lumira::TableSource>&> besideMass[] = {
       {"structure.csv", tables.structure},
       {"filters.csv", tables.filters},
       {"documents.csv", tables.documents},
       {"properties.csv", tables.properties}};
-  for (const auto& [name, table] : others) {
+  for (const auto& [name, table] : besideMass) {
     auto read = lumira::ReadTableFile((folder / name).string());
     if (!read) return read.Failure();
     table = std::move(read).Value();
   }
+  auto mass = lumira::ReadTableFile((folder / "mass.csv").string());
+  if (!mass) return mass.Failure();
+  tables.mass = std::move(mass).Value();
   return tables;
 }
 
