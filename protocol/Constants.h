@@ -26,6 +26,7 @@ inline constexpr std::string_view kNoFilter = "0|No Filter";
 inline constexpr std::string_view kCommandComputePart = "WBComputeNymValues";
 inline constexpr std::string_view kCommandPendingWarnings = "WBGetPendingWarnings";
 inline constexpr std::string_view kCommandPartData = "WBGetPartData";
+inline constexpr std::string_view kCommandActiveDocument = "WBGetActiveDocInfo";
 inline constexpr std::string_view kCommandProducts = "LumGetProducts";
 inline constexpr std::string_view kCommandChildren = "LumGetChildren";
 inline constexpr std::string_view kCommandSearch = "LumSearchTree";
