@@ -1,6 +1,7 @@
 #include "benchmarks/save/Products.h"
 
 #include <string>
+#include <utility>
 
 namespace bench {
 namespace {

@@ -136,9 +136,11 @@ Values FiguresOfTheServersProgram(const fs::path& folder) {
 
 TEST_F(HeadlessRun, GivesTheFiguresThatTheServersProgramGives) {
   const Values fromProgram = FiguresOfTheServersProgram(s_folder);
-  // Seven computations: mass, three of the centre of gravity, six of each tensor.
-  ASSERT_EQ(s_values.size(), 7u * 16u);
+  // Eight computations: mass, three of the centre of gravity, six of each tensor. The last is of what was
+  // saved, which that program's sample does not have.
+  ASSERT_EQ(s_values.size(), 8u * 16u);
   for (const auto& [name, text] : s_values) {
+    if (name.starts_with("saved.")) continue;
     ASSERT_TRUE(fromProgram.contains(name)) << name;
     const double value = std::stod(text);
     EXPECT_NEAR(std::stod(fromProgram.at(name)), value, 1e-12 * std::max(std::abs(value), 1.0)) << name;
