@@ -12,10 +12,8 @@ struct PropertyMagnitude {
   std::string_view storageUnit;
 };
 
-/// What clients convert from and to. The length is the odd one: clients store it in millimetres, and values
-/// of properties go to them as they stand (docs/protocol.md).
 inline constexpr PropertyMagnitude kPropertyMagnitudes[] = {
-    {"LENGTH", "mm"},  {"MASS", "kg"},     {"DENSITY", "kg/m3"},      {"INERTIAMOMENT", "kg m2"},
+    {"LENGTH", "m"},   {"MASS", "kg"},     {"DENSITY", "kg/m3"},      {"INERTIAMOMENT", "kg m2"},
     {"AREA", "m2"},    {"VOLUME", "m3"},   {"SURFACICMASS", "kg/m2"}, {"LINEICMASS", "kg/m"},
     {"ANGLE", "rad"},  {"TIME", "s"},      {"TEMPERATURE", "K"},      {"FORCE", "N"},
     {"TORQUE", "N m"}, {"PRESSURE", "Pa"}, {"SPEED", "m/s"},          {"ACCELERATION", "m/s2"},

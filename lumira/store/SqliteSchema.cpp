@@ -6,8 +6,9 @@ namespace lumira {
 namespace {
 
 // `key` columns are internal; identifiers of the PDM are texts. Units as in the model: kg, m, kg·m².
-// Rows of a list carry their position, since order matters to whoever typed them. Where a list decides a
-// mass, its owner carries the count of its rows, since a damaged page can lose rows without a sign.
+// Rows of a list carry their position, since order matters to whoever typed them. Where nothing else
+// would tell that rows of a list are missing, its owner carries their count, since a damaged page can lose
+// rows without a sign.
 constexpr char kTables[] = R"sql(
 CREATE TABLE products(
   key INTEGER PRIMARY KEY, product TEXT NOT NULL UNIQUE, state INTEGER NOT NULL,
@@ -191,13 +192,26 @@ INSERT INTO property_definitions(product, position, name, type, magnitude)
     CASE WHEN max(is_magnitude) THEN 4 WHEN max(type) = 1 THEN 1 + max(is_date) WHEN max(type) = 2 THEN 3 ELSE 0 END,
     CASE WHEN max(is_magnitude) THEN max(properties.magnitude) ELSE '' END
   FROM properties JOIN parts ON parts.key = properties.part GROUP BY parts.product, properties.name;
+-- Lengths were in millimetres, and are in metres from now on; what is no number stays as it is.
 INSERT INTO property_values(part, definition, value)
-  SELECT properties.part, property_definitions.position, max(value) FROM properties
+  SELECT properties.part, property_definitions.position,
+    CASE WHEN property_definitions.magnitude = 'LENGTH' AND max(value) GLOB '*[0-9]*' AND max(value) NOT GLOB '*[^-+.0-9eE]*'
+      THEN printf('%!.15g', max(value) / 1000.0) ELSE max(value) END FROM properties
   JOIN parts ON parts.key = properties.part
   JOIN property_definitions ON property_definitions.product = parts.product
     AND property_definitions.name = properties.name
   WHERE value <> '' GROUP BY properties.part, property_definitions.position;
 DROP TABLE properties;
+
+ALTER TABLE products ADD COLUMN property_count INTEGER NOT NULL DEFAULT 0;
+UPDATE products SET property_count =
+  (SELECT count(*) FROM property_definitions WHERE property_definitions.product = products.key);
+ALTER TABLE parts ADD COLUMN property_value_count INTEGER NOT NULL DEFAULT 0;
+UPDATE parts SET property_value_count =
+  (SELECT count(*) FROM property_values WHERE property_values.part = parts.key);
+ALTER TABLE parts ADD COLUMN document_revision_count INTEGER NOT NULL DEFAULT 0;
+UPDATE parts SET document_revision_count =
+  (SELECT count(*) FROM document_revisions WHERE document_revisions.part = parts.key);
 )sql";
 
 // What version 4 did not have; run in this order.

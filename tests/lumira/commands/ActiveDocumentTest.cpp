@@ -192,7 +192,7 @@ TEST_F(ActiveDocument, ThatCannotBeFoundIsToldAsSuch) {
 
 TEST_F(ActiveDocument, ComesWithThePropertiesOfThePart) {
   ImportWith(kThreeRevisions, "property,type,magnitude,part,value,unit\nlength,magnitude,LENGTH,plate,2,m\n");
-  EXPECT_EQ(Ask("D-1|A").properties.at(0).value, "2000");
+  EXPECT_EQ(Ask("D-1|A").properties.at(0).value, "2");
 }
 
 }  // namespace

@@ -128,7 +128,7 @@ TEST_F(PartDataCommand, SendsEveryPropertyOfTheProductWithTheValueOfThePart) {
   EXPECT_EQ(a.properties[0].type, 3);
   EXPECT_EQ(a.properties[1].value, "");
   EXPECT_TRUE(a.properties[1].isDate);
-  EXPECT_EQ(a.properties[2].value, "1500") << "lengths are stored in millimetres";
+  EXPECT_EQ(a.properties[2].value, "1.5") << "lengths are metres";
   EXPECT_TRUE(a.properties[2].isMagnitude);
   EXPECT_EQ(a.properties[2].magnitude, "LENGTH");
   EXPECT_EQ(b.properties.at(1).value, "2020-02-29");

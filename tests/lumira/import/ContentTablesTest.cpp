@@ -283,8 +283,8 @@ constexpr char kProperties[] =
     "count,integer,,,,\n"
     "checked,date,,a,2020-02-29,\n"
     "factor,real,,b,+0.50,\n"
-    "length,magnitude,LENGTH,a,1.25,m\n"
-    "length,,,b,12.70,mm\n"
+    "length,magnitude,LENGTH,a,1250,mm\n"
+    "length,,,b,12.70,m\n"
     "load,magnitude,FORCE,a,3e4,N\n";
 
 std::vector<std::string> Values(const PartContent& content) {
@@ -306,10 +306,10 @@ TEST(ContentTables, PropertiesAreThoseOfTheProduct) {
   EXPECT_EQ(imported.Value().report.properties, 6u);
 }
 
-TEST(ContentTables, ValuesOfAMagnitudeAreKeptInItsStorageUnit) {
+TEST(ContentTables, ValuesOfAMagnitudeAreKeptInItsSiUnit) {
   const auto imported = Read({.properties = kProperties});
   EXPECT_THAT(Values(ContentOf(imported.Value(), "a")),
-              ElementsAre("finish=painted", "count=-7", "checked=2020-02-29", "length=1250", "load=3e4"));
+              ElementsAre("finish=painted", "count=-7", "checked=2020-02-29", "length=1.25", "load=3e4"));
 }
 
 TEST(ContentTables, ValuesThatNeedNoConversionStayAsTheyWereTyped) {
@@ -369,7 +369,7 @@ TEST(ContentTables, UnitsMustBeThoseOfTheMagnitude) {
 }
 
 TEST(ContentTables, ValuesThatOverflowInTheStorageUnitAreRefused) {
-  EXPECT_EQ(PropertyRefusal("property,type,magnitude,part,value,unit\nx,magnitude,LENGTH,a,1e308,m\n"),
+  EXPECT_EQ(PropertyRefusal("property,type,magnitude,part,value,unit\nx,magnitude,MASS,a,1e308,t\n"),
             "p.csv, line 2, column 5 (value): \"1e308\" is too large");
 }
 

@@ -175,7 +175,7 @@ class SqliteMigration : public testing::Test {
     std::vector<std::string> values;
     for (const auto& property : leaf.Value().properties)
       values.push_back(property.name + "=" + property.value);
-    EXPECT_THAT(values, testing::UnorderedElementsAre("finish=", "length=12.5", "checked=2020-02-29",
+    EXPECT_THAT(values, testing::UnorderedElementsAre("finish=", "length=0.0125", "checked=2020-02-29",
                                                       "count=7", "factor=0.5"));
     EXPECT_EQ(leaf.Value().documentId, "D-1");
     EXPECT_EQ(leaf.Value().documents.activeVersion, "B");
