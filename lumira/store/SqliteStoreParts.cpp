@@ -48,7 +48,7 @@ PartDetails SqliteStore::DetailsAt(std::int64_t partKey) {
   query.bind(1, partKey);
   if (query.executeStep()) details = ReadRow<PartDetails>(query, 1);
   details.precisions = ReadRows<Precision>(_db, "precisions", partKey);
-  details.documents.revisions = ReadRows<protocol::DocumentRevision>(_db, "document_revisions", partKey);
+  details.documents.revisions = ReadDocumentRevisions(_db, partKey);
   details.documents = WithActiveDocument(details);
   details.properties = ReadProperties(_db, ProductOf(partKey), partKey);
   return details;

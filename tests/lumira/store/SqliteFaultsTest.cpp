@@ -240,6 +240,50 @@ TEST_F(SqliteFaults, LostValuesOfAFilterAreNoticed) {
   ExpectReason(filters.Failure().message, "filter \"Kit\" has 1 value of its conditions instead of 2");
 }
 
+// Each time in a file that is whole otherwise.
+TEST_F(SqliteFaults, LostRowsOfWhatIsKeptBesideAPartAreNoticed) {
+  PartContent leaf{"leaf", {}, {}};
+  leaf.details.documentId = "D-1";
+  leaf.details.documents.revisions = {{"A", {}, {}, {}, {}, 0}, {"B", {}, {}, {}, {}, 0}};
+  leaf.details.properties = {{"colour", "red"}, {"finish", "matt"}};
+  MakeStore({{{"colour"}, {"finish"}}, {leaf}});
+  const std::pair<const char*, const char*> cases[] = {
+      {"DELETE FROM property_values WHERE definition = 1",
+       "part \"leaf\" has 1 value of extra properties instead of 2"},
+      {"DELETE FROM document_revisions WHERE revision = 'A'",
+       "part \"leaf\" has 1 document revision instead of 2"},
+      {"DELETE FROM document_revisions", "part \"leaf\" has 0 document revisions instead of 2"},
+      {"DELETE FROM property_definitions WHERE position = 1; DELETE FROM property_values",
+       "product \"PRC\" has 1 extra property instead of 2"},
+      {"DELETE FROM property_definitions", "product \"PRC\" has 0 extra properties instead of 2"}};
+  const std::string whole = Content(file);
+  for (const auto& [damage, reason] : cases) {
+    Overwrite(file, whole);
+    SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
+    const auto store = OpenSqliteStore(file).Value();
+    const auto details = store->LoadDetails("leaf");
+    ASSERT_FALSE(details.Ok()) << damage;
+    EXPECT_EQ(details.Failure().kind, ErrorKind::Storage);
+    ExpectReason(details.Failure().message, reason);
+    EXPECT_FALSE(store->LoadPart("leaf").Ok()) << damage;
+  }
+}
+
+TEST_F(SqliteFaults, CountsOfWhatIsKeptBesideAPartFollowEachSave) {
+  MakeStore({.properties = {{"colour"}, {"finish"}}});
+  auto store = OpenSqliteStore(file).Value();
+  PartDetails details;
+  details.documentId = "D-1";
+  details.documents.revisions = {{"A", {}, {}, {}, {}, 0}};
+  details.properties = {{"colour", "red"}, {"finish", ""}};
+  ASSERT_TRUE(store->SaveDetails("leaf", details).Ok());
+  EXPECT_EQ(store->LoadDetails("leaf").Value().properties.at(0).value, "red");
+  ASSERT_TRUE(store->SaveDetails("leaf", {}).Ok());
+  const auto emptied = store->LoadDetails("leaf");
+  ASSERT_TRUE(emptied.Ok()) << emptied.Failure().message;
+  EXPECT_TRUE(emptied.Value().documents.revisions.empty());
+}
+
 TEST_F(SqliteFaults, RevisionsWithLostOrDamagedRowsAreNoticed) {
   PartContent leaf{"leaf", {}, {{"B", {{"Weighed", {2.0, {}, {}}, {}, {}}}, "Weighed", {}, 7200, {}}}};
   leaf.details.documentId = "D-1";
