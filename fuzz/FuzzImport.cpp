@@ -3,17 +3,19 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "lumira/engine/Compile.h"
 #include "lumira/engine/FilteredProduct.h"
 #include "lumira/import/ImportProduct.h"
+#include "lumira/store/ContentRules.h"
 
 namespace {
 
-// Separates the structure table, the mass table and the filter table; without it there is a mass table only,
-// with one there are no filters.
+// Separates the structure table, the mass table and those of filters, documents and properties; without it
+// there is a mass table only, and the last ones may be missing.
 constexpr std::string_view kDivider = "\n===\n";
 
 // The text before the divider, which is taken away with it; the whole text without one.
@@ -27,9 +29,15 @@ lumira::ImportTables Split(std::string_view text) {
   const bool isOne = text.find(kDivider) == text.npos;
   lumira::ImportTables tables;
   if (!isOne) tables.structure = lumira::TableSource{"s.csv", Take(text)};
-  const bool hasFilters = text.find(kDivider) != text.npos;
-  tables.mass = {"m.csv", Take(text)};
-  if (hasFilters) tables.filters = lumira::TableSource{"f.csv", std::string(text)};
+  const auto more = [&](const char* name) -> std::optional<lumira::TableSource> {
+    if (text.find(kDivider) == text.npos) return std::nullopt;
+    text.remove_prefix(text.find(kDivider) + kDivider.size());
+    return lumira::TableSource{name, std::string(text.substr(0, text.find(kDivider)))};
+  };
+  tables.mass = {"m.csv", std::string(text.substr(0, text.find(kDivider)))};
+  tables.filters = more("f.csv");
+  tables.documents = more("d.csv");
+  tables.properties = more("p.csv");
   return tables;
 }
 
@@ -50,6 +58,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   // Whatever the import takes, the engine can lay out, under each filter too.
   const auto compiled = lumira::Compile(imported.Value().product);
   if (!compiled) Fail("not computable", compiled.Failure().message);
+  // And whatever is kept beside the structure, the store takes.
+  if (const auto good = lumira::CheckContent(imported.Value().product, imported.Value().content); !good)
+    Fail("the content cannot be stored", good.Failure().message);
   const lumira::StructureIndex structure(imported.Value().product);
   for (const lumira::ConfigurationFilter& filter : imported.Value().filters.filters)
     if (const auto filtered = lumira::ApplyFilter(structure, filter); !filtered)

@@ -56,10 +56,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Check(text, protocol::ReadHistoryRequest, protocol::WriteHistoryRequest);
   Check(text, protocol::ReadHistory, protocol::WriteHistory);
   Check(text, protocol::ReadHistoryStateRequest, protocol::WriteHistoryStateRequest);
-  // These two carry names as they stand, so the header of an error may be among them.
+  // These carry names as they stand, so the header of an error may be among them.
   if (!protocol::IsErrorReply(text)) {
     Check(text, protocol::ReadComputeRequest, protocol::WriteComputeRequest);
     Check(text, protocol::ReadFilter, WriteFilterText);
+    Check(text, protocol::ReadDocumentRequest, protocol::WriteDocumentRequest);
   }
   return 0;
 }

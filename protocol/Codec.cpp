@@ -26,9 +26,25 @@ Result<X> ReadForm(std::string_view text) {
   return x;
 }
 
-Error BadField(int number, std::string_view name, const std::string& reason) {
-  return {ErrorKind::BadText,
-          "ComputeRequest: field " + std::to_string(number) + " (" + std::string(name) + "): " + reason};
+Error BadField(std::string_view form, int number, std::string_view name, const std::string& reason) {
+  return {ErrorKind::BadText, std::string(form) + ": field " + std::to_string(number) + " (" +
+                                  std::string(name) + "): " + reason};
+}
+
+constexpr std::string_view kComputeRequest = "ComputeRequest";
+constexpr std::string_view kDocumentRequest = "DocumentRequest";
+
+// Why a field that stands in a request as it is cannot be one.
+Result<void> CheckBareField(std::string_view form, int number, std::string_view name,
+                            std::string_view value) {
+  const auto refuse = [&](const std::string& reason) { return BadField(form, number, name, reason); };
+  if (value.empty()) return refuse("is empty");
+  if (value.find('|') != value.npos) return refuse(Quoted(value) + " holds \"|\"");
+  if (value.size() > kMaxFieldBytes)
+    return refuse(Quoted(value) + " longer than " + std::to_string(kMaxFieldBytes) + " bytes");
+  if (const std::string problem = ProblemOfBytes(value); !problem.empty())
+    return refuse(Quoted(value) + " " + problem);
+  return {};
 }
 
 }  // namespace
@@ -107,27 +123,41 @@ Result<ComputeRequest> ReadComputeRequest(std::string_view text) {
     return Error{ErrorKind::BadText, "ComputeRequest: " + problem};
   const std::size_t afterFlag = text.find('|');
   const std::string_view flag = text.substr(0, afterFlag);
-  if (flag != "0" && flag != "1") return BadField(1, "instance flag", Quoted(flag) + " is neither 0 nor 1");
-  if (afterFlag == text.npos) return BadField(2, "partId", "is missing");
+  if (flag != "0" && flag != "1")
+    return BadField(kComputeRequest, 1, "instance flag", Quoted(flag) + " is neither 0 nor 1");
+  if (afterFlag == text.npos) return BadField(kComputeRequest, 2, "partId", "is missing");
   text.remove_prefix(afterFlag + 1);
 
   const std::size_t afterPart = text.find('|');
-  if (afterPart == text.npos) return BadField(3, "options", "is missing");
-  if (afterPart == 0) return BadField(2, "partId", "is empty");
+  if (afterPart == text.npos) return BadField(kComputeRequest, 3, "options", "is missing");
   const std::string_view part = text.substr(0, afterPart);
-  if (part.size() > kMaxFieldBytes)
-    return BadField(2, "partId", Quoted(part) + " longer than " + std::to_string(kMaxFieldBytes) + " bytes");
-  if (const std::string problem = ProblemOfBytes(part); !problem.empty())
-    return BadField(2, "partId", Quoted(part) + " " + problem);
+  if (auto good = CheckBareField(kComputeRequest, 2, "partId", part); !good) return good.Failure();
   ComputeRequest request{.hasInstance = flag == "1", .partId = std::string(part), .options = {}};
 
   // A client that has no options to tell sends the request all the same; the defaults hold.
   const std::string_view options = text.substr(afterPart + 1);
   if (options.empty()) return request;
   auto read = ReadComputeOptions(options);
-  if (!read) return Error{read.Failure().kind, BadField(3, "options", read.Failure().message).message};
+  if (!read)
+    return Error{read.Failure().kind,
+                 BadField(kComputeRequest, 3, "options", read.Failure().message).message};
   request.options = std::move(read).Value();
   return request;
+}
+
+std::string WriteDocumentRequest(const DocumentRequest& request) {
+  return request.documentId + "|" + request.revision;
+}
+
+Result<DocumentRequest> ReadDocumentRequest(std::string_view text) {
+  if (const std::string problem = ProblemOfSize(text); !problem.empty())
+    return Error{ErrorKind::BadText, std::string(kDocumentRequest) + ": " + problem};
+  const std::size_t separator = text.find('|');
+  if (separator == text.npos) return BadField(kDocumentRequest, 2, "revision", "is missing");
+  const std::string_view id = text.substr(0, separator), revision = text.substr(separator + 1);
+  if (auto good = CheckBareField(kDocumentRequest, 1, "documentId", id); !good) return good.Failure();
+  if (auto good = CheckBareField(kDocumentRequest, 2, "revision", revision); !good) return good.Failure();
+  return DocumentRequest{std::string(id), std::string(revision)};
 }
 
 }  // namespace protocol

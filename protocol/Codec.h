@@ -18,8 +18,8 @@
 /// given; not-a-number and infinities are refused by the reader. A reader takes a text whole or refuses it
 /// with BadText, naming the field by number (from 1) and name, its value and what was expected, or with
 /// Unsupported when the text is of another version. No strict prefix of a written form can be read, since
-/// each closes with "end"; a compute request and a filter are no forms of this kind: cut short at a separator
-/// they may be another request or filter.
+/// each closes with "end"; a compute request, a document request and a filter are no forms of this kind: cut
+/// short they may be another request or filter.
 namespace protocol {
 
 std::string WritePartData(const PartData& data);
@@ -35,6 +35,10 @@ Result<ComputeOptions> ReadComputeOptions(std::string_view text);
 /// an empty third field means the default options.
 std::string WriteComputeRequest(const ComputeRequest& request);
 Result<ComputeRequest> ReadComputeRequest(std::string_view text);
+
+/// `document|revision`, both unescaped, as the panels write them; neither may be empty or hold "|".
+std::string WriteDocumentRequest(const DocumentRequest& request);
+Result<DocumentRequest> ReadDocumentRequest(std::string_view text);
 
 std::string WriteComputeReply(const ComputeReply& reply);
 Result<ComputeReply> ReadComputeReply(std::string_view text);

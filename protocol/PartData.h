@@ -62,7 +62,7 @@ struct ExtraProperty {
   int type = 0;  ///< 1: integer or date, 2: real, others unchecked
   bool isDate = false;
   bool isMagnitude = false;
-  std::string magnitude;
+  std::string magnitude = {};
 };
 
 /// The active document and the revisions to choose from.

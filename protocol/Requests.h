@@ -23,6 +23,12 @@ struct PartDataRequest {
   std::string filter = "0|No Filter";
 };
 
+/// The whole request of "WBGetActiveDocInfo": document identifier "|" revision.
+struct DocumentRequest {
+  std::string documentId = {};
+  std::string revision = {};
+};
+
 /// Asks for the children of a part, one page at a time.
 struct ChildrenRequest {
   std::string partId = {};

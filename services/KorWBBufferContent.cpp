@@ -1,9 +1,12 @@
 #include "services/KorWBBufferContent.h"
 
 #include <algorithm>
+#include <cmath>
+#include <string_view>
 #include <utility>
 
 #include "protocol/Constants.h"
+#include "protocol/Numbers.h"
 #include "services/KorWBLengths.h"
 
 namespace {
@@ -15,6 +18,29 @@ std::optional<std::array<double, 3>> CgInMillimetres(const protocol::MassType& m
   return mm;
 }
 
+// People may write a number with blanks around it and a plus before it.
+std::optional<double> NumberIn(std::string_view text) {
+  const auto from = text.find_first_not_of(" \t");
+  if (from == text.npos) return std::nullopt;
+  text = text.substr(from, text.find_last_not_of(" \t") - from + 1);
+  const bool hasPlus = text.starts_with('+') && !text.substr(1).starts_with('-');
+  return protocol::ParseNumber(hasPlus ? text.substr(1) : text);
+}
+
+// None for what is no length, as a text without a number.
+std::optional<double> LengthIn(const protocol::ExtraProperty& property, std::string_view text) {
+  const bool isLength = property.isMagnitude && property.magnitude == "LENGTH";
+  return isLength ? NumberIn(text) : std::nullopt;
+}
+
+// The value of a property with the conversion applied when it is a length; any other text as it is.
+std::string Converted(const protocol::ExtraProperty& property, const std::string& text,
+                      double (*convert)(double)) {
+  const auto number = LengthIn(property, text);
+  const double converted = number ? convert(*number) : 0;
+  return number && std::isfinite(converted) ? protocol::FormatNumber(converted) : text;
+}
+
 }  // namespace
 
 void KorWBAllDataBuffer::Content::Replace(protocol::PartData newData) {
@@ -24,6 +50,9 @@ void KorWBAllDataBuffer::Content::Replace(protocol::PartData newData) {
   cgMillimetres.clear();
   std::transform(data.massTypes.begin(), data.massTypes.end(), std::back_inserter(cgMillimetres),
                  CgInMillimetres);
+  propertyTexts.clear();
+  for (const protocol::ExtraProperty& property : data.properties)
+    propertyTexts.push_back(Converted(property, property.value, KorMillimetresFromMetres));
 }
 
 const protocol::MassType* KorWBAllDataBuffer::Content::Find(const KorUnicodeString& massType) const {
@@ -56,6 +85,14 @@ void KorWBAllDataBuffer::Content::SetCg(protocol::MassType& massType, const doub
 void KorWBAllDataBuffer::Content::RemoveCg(protocol::MassType& massType) {
   massType.cg.reset();
   cgMillimetres[IndexOf(massType)].reset();
+}
+
+void KorWBAllDataBuffer::Content::SetPropertyText(std::size_t index, const std::string& text) {
+  protocol::ExtraProperty& property = data.properties[index];
+  const std::string present = std::exchange(propertyTexts[index], text);
+  const auto length = LengthIn(property, text);
+  if (text == present || (length && length == LengthIn(property, present))) return;
+  property.value = Converted(property, text, KorMetresFromMillimetres);
 }
 
 void KorWBAllDataBuffer::Content::SetComputed(const protocol::MassType& computed) {

@@ -2,13 +2,14 @@
 
 #include <array>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "protocol/PartData.h"
 #include "services/KorWBAllDataBuffer.h"
 
-/// What a buffer holds: the data as on the wire, in metres, and beside each centre of gravity the same in
-/// millimetres.
+/// What a buffer holds: the data as on the wire, in metres, and beside each centre of gravity and each value
+/// of an extra property the same in millimetres.
 ///
 /// Both are kept because the conversion there and back may change the last bit: the panels get exactly the
 /// millimetres that they set, the server exactly the metres that it sent as long as nobody set another value.
@@ -17,6 +18,7 @@ struct KorWBAllDataBuffer::Content {
 
   protocol::PartData data;
   std::vector<std::optional<Coordinates>> cgMillimetres;  ///< parallel to data.massTypes
+  std::vector<std::string> propertyTexts;  ///< parallel to data.properties; values as panels see them
   // The first two stand in no data text: new data leave them as they are.
   bool mayReuseStoredResults = true;       ///< whether a compute may answer from results stored before
   bool computableWithUserMassType = true;  ///< whether a compute makes sense with a user mass type active
@@ -36,6 +38,9 @@ struct KorWBAllDataBuffer::Content {
   /// `mm` holds three lengths. A coordinate that does not differ from the present one keeps its metres.
   void SetCg(protocol::MassType& massType, const double* mm);
   void RemoveCg(protocol::MassType& massType);
+  /// `text` is in millimetres when the property is a length. A value that does not differ from the present
+  /// one keeps its metres.
+  void SetPropertyText(std::size_t index, const std::string& text);
   /// The data as they are now are the stored state of that token.
   void SetSaved(const std::string& stateToken);
   /// Takes over the values of a compute; the bounds that the user typed stay.

@@ -47,7 +47,10 @@ HRESULT LumWBAllDataBuffer::GetActiveDocVersion(KorUnicodeString& version) const
 }
 
 HRESULT LumWBAllDataBuffer::SetActiveDocVersion(const KorUnicodeString& version) {
-  Data().data.documents.activeVersion = version.Utf8();
+  protocol::Documents& documents = Data().data.documents;
+  documents.activeVersion = version.Utf8();
+  // The automatic revision and the same one chosen by hand have one name; only this tells them apart.
+  documents.usedSpecificRevisionBefore = documents.used && documents.activeVersion != protocol::kNull;
   return S_OK;
 }
 

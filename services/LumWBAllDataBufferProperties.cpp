@@ -8,11 +8,13 @@ namespace {
 
 constexpr int kUncheckedType = 3;
 
+std::size_t IndexOf(int index) { return static_cast<std::size_t>(index) - 1; }
+
 // Null for an index outside the properties; they count from 1.
 template <class Properties>
 auto* PropertyAt(Properties& properties, int index) {
   const bool inside = index >= 1 && static_cast<std::size_t>(index) <= properties.size();
-  return inside ? &properties[static_cast<std::size_t>(index) - 1] : nullptr;
+  return inside ? &properties[IndexOf(index)] : nullptr;
 }
 
 // A field of a property, or what stands for one that is not there.
@@ -34,13 +36,13 @@ KorUnicodeString LumWBAllDataBuffer::GetPropertyName(int index) const {
 }
 
 KorUnicodeString LumWBAllDataBuffer::GetPropertyValue(int index) const {
-  return Read(Data().data, index, &protocol::ExtraProperty::value);
+  return PropertyAt(Data().data.properties, index) ? KorUnicodeString(Data().propertyTexts[IndexOf(index)])
+                                                   : KorUnicodeString();
 }
 
 HRESULT LumWBAllDataBuffer::SetPropertyValue(int index, const KorUnicodeString& value) {
-  protocol::ExtraProperty* property = PropertyAt(Data().data.properties, index);
-  if (!property) return E_FAIL;
-  property->value = value.Utf8();
+  if (!PropertyAt(Data().data.properties, index)) return E_FAIL;
+  Data().SetPropertyText(IndexOf(index), value.Utf8());
   return S_OK;
 }
 

@@ -59,8 +59,8 @@ class Folder {
 
 std::unique_ptr<lumira::Store> MakeStore(const std::string& file) {
   auto store = Take(lumira::CreateSqliteStore(file));
-  Require(store->AddProduct(EightEach(kItems, kMassTypes), lumira::Existing::Refuse));
-  Require(store->SaveDetails("P0", LongDetails(kRevisions, kProperties)));
+  Require(store->AddProduct(EightEach(kItems, kMassTypes), lumira::Existing::Refuse, {}, {},
+                            LongContent(kRevisions, kProperties)));
   return store;
 }
 

@@ -1,6 +1,7 @@
 #include "benchmarks/save/Products.h"
 
 #include <string>
+#include <utility>
 
 namespace bench {
 namespace {
@@ -50,19 +51,21 @@ Product EightEach(int items, int massTypes) {
   return product;
 }
 
-PartDetails LongDetails(int revisions, int properties) {
-  PartDetails details;
+ProductContent LongContent(int revisions, int properties) {
+  PartContent part{"P0"};
+  PartDetails& details = part.details;
+  details.documentId = "D1";
   details.documents.used = true;
-  details.documents.activeId = "D1";
-  details.documents.activeVersion = "R0";
   for (int i = 0; i < revisions; ++i)
     details.documents.revisions.push_back(
         {"R" + std::to_string(i), "2024-05-01 12:30:00", "eva", {}, "Type 0", 1.0 * i});
-  details.propertiesRequested = true;
-  details.dateFormat = "YYYY-MM-DD";
-  for (int i = 0; i < properties; ++i)
-    details.properties.push_back({"Property " + std::to_string(i), std::to_string(i), 1, false, false, ""});
-  return details;
+  ProductContent content;
+  for (int i = 0; i < properties; ++i) {
+    content.properties.push_back({"Property " + std::to_string(i), PropertyType::Integer});
+    details.properties.push_back({content.properties.back().name, std::to_string(i)});
+  }
+  content.parts.push_back(std::move(part));
+  return content;
 }
 
 }  // namespace bench

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "lumira/model/Product.h"
-#include "lumira/store/PartDetails.h"
+#include "lumira/store/ProductContent.h"
 
 namespace bench {
 
@@ -9,7 +9,7 @@ namespace bench {
 /// The part "P0" has `massTypes` mass types.
 lumira::Product EightEach(int items, int massTypes);
 
-/// Document revisions and properties of a part that has a long life behind it.
-lumira::PartDetails LongDetails(int revisions, int properties);
+/// Document revisions and properties of the part "P0", which has a long life behind it.
+lumira::ProductContent LongContent(int revisions, int properties);
 
 }  // namespace bench

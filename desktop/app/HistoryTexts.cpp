@@ -82,8 +82,7 @@ QString Bound(const QString& text, const Place& place) {
 QString Property(const QString& text, const Place& place) {
   const auto magnitude = place.context.magnitudes.find(place.entry);
   if (magnitude == place.context.magnitudes.end()) return text;
-  return Joined(text, 1,
-                [&](double value, std::size_t) { return ShowQuantity(magnitude->second.c_str(), value); });
+  return Joined(text, 1, [&](double value, std::size_t) { return ShowSi(magnitude->second, value); });
 }
 
 /// The texts of the numbers from 0 on.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <string>
 
 namespace desktop {
 
@@ -13,6 +14,11 @@ inline QString ShowLength(double metres) { return ShowQuantity("LENGTH", metres 
 inline QString ShowMass(double kilograms) { return ShowQuantity("MASS", kilograms); }
 inline QString ShowInertia(double kilogramSquareMetres) {
   return ShowQuantity("INERTIAMOMENT", kilogramSquareMetres);
+}
+
+/// A value in the SI unit of a magnitude, as the wire has it.
+inline QString ShowSi(const std::string& magnitude, double value) {
+  return magnitude == "LENGTH" ? ShowLength(value) : ShowQuantity(magnitude.c_str(), value);
 }
 
 }  // namespace desktop

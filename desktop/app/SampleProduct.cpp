@@ -1,6 +1,8 @@
 #include "desktop/app/SampleProduct.h"
 
 #include <filesystem>
+#include <optional>
+#include <utility>
 
 #include "lumira/store/OpenSqliteStore.h"
 
@@ -74,14 +76,21 @@ Result<void> GiveName(const std::string& made, const std::string& file) {
 
 Result<lumira::ImportTables> ReadSampleTables(const std::string& samplesFolder) {
   const fs::path folder = fs::path(samplesFolder) / "iea15";
-  auto structure = lumira::ReadTableFile((folder / "structure.csv").string());
-  if (!structure) return structure.Failure();
+  lumira::ImportTables tables;
+  const std::pair<const char*, std::optional<lumira::TableSource>&> besideMass[] = {
+      {"structure.csv", tables.structure},
+      {"filters.csv", tables.filters},
+      {"documents.csv", tables.documents},
+      {"properties.csv", tables.properties}};
+  for (const auto& [name, table] : besideMass) {
+    auto read = lumira::ReadTableFile((folder / name).string());
+    if (!read) return read.Failure();
+    table = std::move(read).Value();
+  }
   auto mass = lumira::ReadTableFile((folder / "mass.csv").string());
   if (!mass) return mass.Failure();
-  auto filters = lumira::ReadTableFile((folder / "filters.csv").string());
-  if (!filters) return filters.Failure();
-  return lumira::ImportTables{std::move(structure).Value(), std::move(mass).Value(),
-                              std::move(filters).Value()};
+  tables.mass = std::move(mass).Value();
+  return tables;
 }
 
 std::string NameSetAside(const std::string& file) { return file + ".old"; }

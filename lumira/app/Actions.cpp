@@ -68,6 +68,9 @@ class OpenServer {
   std::unique_ptr<Server> _server;
 };
 
+// ", 3 of something" where there are any.
+std::string More(std::size_t count, Noun noun) { return count > 0 ? ", " + Counted(count, noun) : ""; }
+
 void WriteReport(const ImportReport& report, ImportMode mode, const Console& console) {
   for (const std::string& text : report.warnings) console.errors << "warning: " << text << '\n';
   for (const std::string& text : report.leftOut) console.errors << "left out: " << text << '\n';
@@ -75,10 +78,10 @@ void WriteReport(const ImportReport& report, ImportMode mode, const Console& con
               << "\": " << Counted(report.parts, {"part", "parts"}) << ", "
               << Counted(report.instances, {"instance", "instances"}) << ", "
               << Counted(report.massTypes, {"mass type", "mass types"})
-              << (report.filters > 0
-                      ? ", " + Counted(report.filters, {"configuration filter", "configuration filters"})
-                      : "")
-              << "; " << Counted(report.warnings.size(), {"warning", "warnings"}) << ", "
+              << More(report.filters, {"configuration filter", "configuration filters"})
+              << More(report.revisions, {"document revision", "document revisions"})
+              << More(report.properties, {"extra property", "extra properties"}) << "; "
+              << Counted(report.warnings.size(), {"warning", "warnings"}) << ", "
               << Counted(report.leftOut.size(), {"thing", "things"}) << " left out.\n";
 }
 
@@ -88,7 +91,10 @@ Result<ImportTables> ReadTables(const ImportAction& action) {
   if (!mass) return mass.Failure();
   tables.mass = std::move(mass).Value();
   const std::pair<const std::string&, std::optional<TableSource>&> more[] = {
-      {action.structure, tables.structure}, {action.filters, tables.filters}};
+      {action.structure, tables.structure},
+      {action.filters, tables.filters},
+      {action.documents, tables.documents},
+      {action.properties, tables.properties}};
   for (const auto& [path, table] : more) {
     if (path.empty()) continue;
     auto read = ReadTableFile(path, action.options.limits);

@@ -23,9 +23,11 @@ struct InitAction {
 
 struct ImportAction {
   std::string file;
-  std::string structure;  ///< path of the structure table; empty: it is in the mass table
-  std::string mass;       ///< path of the mass table
-  std::string filters;    ///< path of the filter table; empty: no filters
+  std::string structure;   ///< path of the structure table; empty: it is in the mass table
+  std::string mass;        ///< path of the mass table
+  std::string filters;     ///< path of the filter table; empty: no filters
+  std::string documents;   ///< path of the document table; empty: no documents
+  std::string properties;  ///< path of the property table; empty: no extra properties
   ImportOptions options;
 };
 

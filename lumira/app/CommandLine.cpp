@@ -78,6 +78,10 @@ class Parser {
         ->required();
     command->add_option("--filters", _import.filters,
                         "Filter table: configuration filters of the product, with their conditions");
+    command->add_option("--documents", _import.documents,
+                        "Document table: revisions of the documents of parts, with their mass data");
+    command->add_option("--properties", _import.properties,
+                        "Property table: extra properties of the product, with the values of parts");
     command->add_option("--product", _import.options.product,
                         "Name of the product; else that of its top part");
     command->add_flag_callback(

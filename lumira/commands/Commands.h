@@ -18,6 +18,9 @@ protocol::Result<std::string> GetPendingWarnings(Session& session, std::string_v
 /// "WBGetPartData": everything known of a part.
 protocol::Result<std::string> GetPartData(Session& session, std::string_view request);
 
+/// "WBGetActiveDocInfo": everything known of a part, with its data as one revision of its document has it.
+protocol::Result<std::string> GetActiveDocument(Session& session, std::string_view request);
+
 /// "LumGetProducts": the stored products with their roots and filters.
 protocol::Result<std::string> GetProducts(Session& session, std::string_view request);
 

@@ -82,9 +82,6 @@ Result<std::string> GetHistoryState(Session& session, std::string_view text) {
   auto data = PartDataOf(session, {.partId = part});
   if (!data) return data.Failure();
   PutSavedValues(data.Value(), values.Value());
-  // A revision that was not chosen by hand then is not to be chosen by hand now.
-  auto& documents = data.Value().documents;
-  if (!documents.usedSpecificRevisionBefore) documents.activeVersion.clear();
   return protocol::WritePartData(data.Value());
 }
 

@@ -1,14 +1,15 @@
 #include <algorithm>
-#include <set>
 #include <utility>
 
 #include "lumira/commands/Commands.h"
 #include "lumira/commands/ComputedMassType.h"
+#include "lumira/commands/MaterialStatistics.h"
 #include "lumira/commands/PartDataOf.h"
 #include "lumira/commands/SaveConflict.h"
 #include "lumira/commands/SavedValues.h"
 #include "lumira/commands/TreeSearch.h"
 #include "lumira/engine/ChosenOccurrences.h"
+#include "lumira/model/Date.h"
 #include "protocol/Codec.h"
 #include "protocol/Utf8.h"
 
@@ -113,30 +114,6 @@ protocol::MassType ComputedTypeOf(const OpenProduct& product, const Part& part, 
   return ToWire(result->computed, product.ComputedStatus(part.id));
 }
 
-constexpr std::size_t kMostStatistics = 1'000;
-
-// The materials of the parts below (and of the part itself), each with its density once.
-std::vector<protocol::MaterialStatistic> MaterialsBelow(const OpenProduct& product, std::uint32_t top) {
-  std::set<std::pair<std::string, double>> materials;
-  std::vector<bool> seen(product.Data().parts.size());
-  std::vector<std::uint32_t> next = {top};
-  while (!next.empty() && materials.size() < kMostStatistics) {
-    const std::uint32_t index = next.back();
-    next.pop_back();
-    if (seen[index]) continue;
-    seen[index] = true;
-    const Part& part = product.PartAt(index);
-    const bool cad = part.densityPriority == DensityPriority::CadFirst && part.cadDensity;
-    const std::string& name = cad || part.material.empty() ? part.cadMaterial : part.material;
-    if (const auto density = EffectiveDensity(part); density && !name.empty())
-      materials.emplace(name, *density);
-    for (std::uint32_t instance : product.InstancesIn(index)) next.push_back(product.ChildOf(instance));
-  }
-  std::vector<protocol::MaterialStatistic> statistics;
-  for (const auto& [name, density] : materials) statistics.push_back({name, density, 1});
-  return statistics;
-}
-
 // The part itself is the one that is stored now, in one piece with its details and its state: the product in
 // memory may be a little older or newer.
 PartData MakePartData(const Selection& selection, const protocol::PartDataRequest& request,
@@ -158,13 +135,13 @@ PartData MakePartData(const Selection& selection, const protocol::PartDataReques
   if (selection.placement) data.placement = ToNumbers(*selection.placement);
   data.material.referenceName = details.referenceMaterial;
   data.material.referenceDensity = details.referenceDensity;
-  data.material.statistics = MaterialsBelow(product, selection.part);
-  data.documents = details.documents;
-  data.propertiesRequested = details.propertiesRequested;
-  data.dateFormat = details.dateFormat;
+  data.material.statistics = MaterialStatistics(product.Structure(), selection.part);
   data.properties = details.properties;
+  data.propertiesRequested = !data.properties.empty();
+  if (data.propertiesRequested) data.dateFormat = kDateFormat;
   data.stateToken = ToToken(state);
   PutSavedValues(data, values);
+  data.documents = details.documents;
   return data;
 }
 

@@ -1,6 +1,8 @@
+#include <algorithm>
 #include <utility>
 
 #include "lumira/commands/Commands.h"
+#include "lumira/commands/ComputedMassType.h"
 #include "lumira/commands/SaveConflict.h"
 #include "lumira/commands/SaveRules.h"
 #include "lumira/commands/SavedValues.h"
@@ -38,11 +40,39 @@ Result<std::string> Write(Session& session, const StoredPart& stored, StoredPart
   return ReplyFor(part.id, state.Value().state);
 }
 
+// A client that has taken over a revision of the document sends the mass types of that revision, which are
+// those of the part from then on; the precision of the computed one belongs to the part.
+StoredPart WithMassTypesOf(const RevisionData& revision, StoredPart part) {
+  part.part.massTypes = revision.massTypes;
+  auto& precisions = part.details.precisions;
+  std::erase_if(precisions,
+                [](const Precision& precision) { return precision.massType != kComputedMassType; });
+  for (const Precision& precision : revision.precisions)
+    if (precision.massType != kComputedMassType) precisions.push_back(precision);
+  return part;
+}
+
+// What the request is an edition of: the part as it stands, or as the chosen revision has it.
+Result<StoredPart> EditedPart(Store& store, const StoredPart& stored, const PartData& request) {
+  const std::string& version = request.documents.activeVersion;
+  const auto& listed = stored.details.documents.revisions;
+  if (ListsMassTypes(request, stored.part.massTypes) ||
+      std::ranges::find(listed, version, &protocol::DocumentRevision::revision) == listed.end())
+    return stored;
+  const auto revision = store.LoadRevision(stored.part.id, version);
+  if (!revision && revision.Failure().kind == ErrorKind::NotFound) return stored;
+  if (!revision) return revision.Failure();
+  if (!ListsMassTypes(request, revision.Value().massTypes)) return stored;
+  return WithMassTypesOf(revision.Value(), stored);
+}
+
 Result<std::string> Save(Session& session, const PartData& request, std::int64_t state) {
   const auto stored = session.store.LoadPart(request.partId);
   if (!stored) return InField("partId", stored.Failure());
   if (const auto good = CheckStillStored(session.store, stored.Value(), state); !good) return good.Failure();
-  auto saved = ApplySave(stored.Value(), request);
+  const auto edited = EditedPart(session.store, stored.Value(), request);
+  if (!edited) return edited.Failure();
+  auto saved = ApplySave(edited.Value(), request);
   if (!saved) return saved.Failure();
   return Write(session, stored.Value(), std::move(saved).Value());
 }

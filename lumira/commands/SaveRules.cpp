@@ -8,7 +8,8 @@
 
 #include "lumira/commands/ComputedMassType.h"
 #include "lumira/commands/SavedValues.h"
-#include "lumira/model/Date.h"
+#include "lumira/model/PropertyOnWire.h"
+#include "lumira/model/PropertyRules.h"
 #include "lumira/store/ProductRules.h"
 #include "protocol/Constants.h"
 #include "protocol/Numbers.h"
@@ -182,10 +183,17 @@ bool IsAutomatic(const protocol::Documents& choice) {
   return choice.activeVersion == protocol::kNull || choice.activeVersion.empty();
 }
 
+// What a client was told of an automatic revision, and sends back, is no choice; the same revision chosen by
+// hand comes with the flag that says so.
+bool IsAsTold(const protocol::Documents& choice, const protocol::Documents& told) {
+  return choice.activeId == told.activeId && choice.activeVersion == told.activeVersion &&
+         choice.usedSpecificRevisionBefore <= told.usedSpecificRevisionBefore;
+}
+
 Result<void> TakeDocument(StoredPart& saved, const protocol::PartData& request) {
   const protocol::Documents& choice = request.documents;
   protocol::Documents& known = saved.details.documents;
-  if (choice.activeId == known.activeId && choice.activeVersion == known.activeVersion) return {};
+  if (IsAsTold(choice, known)) return {};
   if (choice.activeId != protocol::kNull && choice.activeId != known.activeId)
     return BadField("documents.activeId", Quoted(choice.activeId) + " is not the document of part " +
                                               Quoted(saved.part.id) + ", " + Quoted(known.activeId) +
@@ -203,36 +211,6 @@ Result<void> TakeDocument(StoredPart& saved, const protocol::PartData& request) 
 
 // ---- Extra properties
 
-enum PropertyType : int { kIntegerOrDate = 1, kReal = 2 };
-
-constexpr std::string_view kDateFormat = "YYYY-MM-DD";
-
-std::string_view Stripped(std::string_view text) {
-  const auto first = text.find_first_not_of(" \t");
-  if (first == text.npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
-// People may write the sign that numbers on the wire have not.
-std::string_view WithoutPlus(std::string_view text) {
-  const bool hasDigitBehind = text.size() > 1 && text[0] == '+' && text[1] != '-';
-  return hasDigitBehind ? text.substr(1) : text;
-}
-
-// What a text should be that it is not; none when all is well.
-std::optional<std::string> FindValueProblem(const protocol::ExtraProperty& property,
-                                            const std::string& dateFormat, std::string_view text) {
-  if (text.empty()) return std::nullopt;
-  if (property.type == kReal && !protocol::ParseNumber(WithoutPlus(text))) return "is not a finite number";
-  if (property.type != kIntegerOrDate) return std::nullopt;
-  if (!property.isDate) {
-    if (!protocol::ParseInteger(WithoutPlus(text))) return "is not an integer";
-  } else if (dateFormat == kDateFormat && !ParseDate(text)) {
-    return "is no day of the calendar in the form YYYY-MM-DD";
-  }
-  return std::nullopt;
-}
-
 Result<void> TakeProperty(StoredPart& saved, const protocol::ExtraProperty& sent, std::size_t index) {
   auto& properties = saved.details.properties;
   const auto known = std::ranges::find(properties, sent.name, &protocol::ExtraProperty::name);
@@ -242,9 +220,8 @@ Result<void> TakeProperty(StoredPart& saved, const protocol::ExtraProperty& sent
                                                             ", one of its properties expected");
   // A value that was there before was somebody else's decision.
   if (sent.value == known->value) return {};
-  if (const auto problem = FindValueProblem(*known, saved.details.dateFormat, Stripped(sent.value)))
-    return BadField(Entry("properties", index, "value"),
-                    Quoted(sent.value) + " " + *problem + ", as property " + Quoted(sent.name) + " expects");
+  if (const auto problem = FindValueProblem(DefinitionOf(*known), sent.value))
+    return BadField(Entry("properties", index, "value"), *problem + " (property " + Quoted(sent.name) + ")");
   known->value = sent.value;
   return {};
 }
@@ -267,6 +244,13 @@ constexpr Result<void> (*kSteps[])(StoredPart&, const protocol::PartData&) = {
     TakeMassTypes, TakeActiveMassType, TakeMaterial, TakeDocument, TakeProperties, CheckAsAWhole};
 
 }  // namespace
+
+bool ListsMassTypes(const protocol::PartData& request, const std::vector<MassTypeData>& types) {
+  std::set<std::string_view> listed, known = {kComputedMassType};
+  for (const protocol::MassType& type : request.massTypes) listed.insert(type.name);
+  for (const MassTypeData& type : types) known.insert(type.name);
+  return listed == known;
+}
 
 Result<StoredPart> ApplySave(const StoredPart& stored, const protocol::PartData& request) {
   StoredPart saved = stored;

@@ -6,6 +6,8 @@
 
 #include "lumira/commands/ComputedMassType.h"
 #include "lumira/commands/FieldTexts.h"
+#include "lumira/commands/UserMassTypes.h"
+#include "lumira/store/ActiveDocument.h"
 #include "protocol/Codec.h"
 #include "protocol/Forms.h"
 #include "protocol/Limits.h"
@@ -17,33 +19,19 @@ namespace {
 using protocol::FieldChange;
 using protocol::PartData;
 
-void PutPrecision(protocol::MassType& type, const Precision& p) {
-  type.precisionType = p.precisionType;
-  type.precisionValueType = p.precisionValueType;
-  type.lowerPrecision = p.lowerPrecision;
-  type.upperPrecision = p.upperPrecision;
-  type.massTypeLowerPrecision = p.massTypeLowerPrecision;
-  type.massTypeUpperPrecision = p.massTypeUpperPrecision;
-}
-
 std::vector<protocol::MassType> MassTypesOf(const Part& part, const PartDetails& details) {
   std::vector<protocol::MassType> types(1);
   types.front().name = std::string(kComputedMassType);
-  for (const MassTypeData& data : part.massTypes) {
-    const bool hasValues = data.properties != MassProperties{};
-    types.push_back(
-        ToWire(data, hasValues ? protocol::MassTypeStatus::Defined : protocol::MassTypeStatus::Undefined));
-  }
-  for (protocol::MassType& type : types)
-    for (const Precision& precision : details.precisions)
-      if (precision.massType == type.name) PutPrecision(type, precision);
+  AddPrecision(types.front(), details.precisions);
+  for (protocol::MassType& type : ToWire(part.massTypes, details.precisions))
+    types.push_back(std::move(type));
   return types;
 }
 
 // Of the computed mass type only the precision is saved.
 void PutMassType(protocol::MassType& type, const protocol::MassType& saved) {
   if (type.name == kComputedMassType)
-    PutPrecision(type, PrecisionOf(saved));
+    SetPrecision(type, PrecisionOf(saved));
   else
     type = saved;
 }
@@ -82,7 +70,7 @@ PartData SavedValuesOf(const Part& part, const PartDetails& details) {
   values.material.densityPriority = static_cast<int>(part.densityPriority);
   values.material.appliedOn = details.appliedOn;
   values.documents.activeId = details.documents.activeId;
-  values.documents.activeVersion = details.documents.activeVersion;
+  values.documents.activeVersion = ChosenVersion(details.documents);
   values.documents.usedSpecificRevisionBefore = details.documents.usedSpecificRevisionBefore;
   values.properties = details.properties;
   return values;

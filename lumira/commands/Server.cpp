@@ -24,6 +24,7 @@ constexpr Command kCommands[] = {
     {protocol::kCommandComputePart, ComputePart},
     {protocol::kCommandPendingWarnings, GetPendingWarnings},
     {protocol::kCommandPartData, GetPartData},
+    {protocol::kCommandActiveDocument, GetActiveDocument},
     {protocol::kCommandProducts, GetProducts},
     {protocol::kCommandChildren, GetChildren},
     {protocol::kCommandSearch, SearchTree},

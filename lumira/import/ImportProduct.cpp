@@ -4,15 +4,19 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "lumira/import/ContentRows.h"
 #include "lumira/import/CsvTable.h"
+#include "lumira/import/DocumentTable.h"
 #include "lumira/import/FilterTable.h"
 #include "lumira/import/Guarded.h"
 #include "lumira/import/ImportLog.h"
 #include "lumira/import/MassTable.h"
+#include "lumira/import/PropertyTable.h"
 #include "lumira/import/StructureChecks.h"
 #include "lumira/import/StructureTable.h"
 #include "lumira/model/Counted.h"
 #include "lumira/model/Identifier.h"
+#include "lumira/store/ContentRules.h"
 #include "lumira/store/ProductRules.h"
 #include "protocol/Utf8.h"
 
@@ -61,6 +65,7 @@ class Assembly {
   Result<void> CheckRoom(Store& store) {
     if (auto good = CheckProduct(_product); !good) return good;
     if (auto good = CheckFilters(_product, Filters()); !good) return good;
+    if (auto good = CheckContent(_product, _content); !good) return good;
     const auto products = store.Products();
     if (!products) return products.Failure();
     for (const ProductInfo& info : products.Value())
@@ -69,12 +74,14 @@ class Assembly {
     const auto owners = store.OtherOwners(_product);
     if (!owners) return owners.Failure();
     NameTaken(owners.Value());
+    if (auto told = NameTakenDocuments(store); !told) return told;
     if (_log.HasErrors()) return _log.Failure();
     return {};
   }
 
   const Product& Imported() const { return _product; }
   const ProductFilters& Filters() const { return _filters.filters; }
+  const ProductContent& Content() const { return _content; }
 
   ImportReport MakeReport() const {
     ImportReport report{.product = _product.id,
@@ -82,9 +89,12 @@ class Assembly {
                         .instances = _product.instances.size(),
                         .massTypes = 0,
                         .filters = _filters.filters.filters.size(),
+                        .revisions = 0,
+                        .properties = _content.properties.size(),
                         .leftOut = _log.LeftOut(),
                         .warnings = _log.Warnings()};
     for (const Part& part : _product.parts) report.massTypes += part.massTypes.size();
+    for (const PartContent& part : _content.parts) report.revisions += part.revisions.size();
     return report;
   }
 
@@ -106,6 +116,7 @@ class Assembly {
     if (!_tables.structure && !massTableIsSound) _structure.hasUnreadParts = true;
     NameLeftOut(_massTable, _mass.usedColumns);
     if (_tables.filters) _filtersAreSound = HasNoErrors([&] { ReadFilters(); });
+    ReadContent();
   }
 
   void ReadOwnStructure() {
@@ -118,6 +129,19 @@ class Assembly {
     _filterTable = ReadTable(*_tables.filters, "Reading the filter table");
     _filters = ReadFilterTable(_filterTable, _log);
     NameLeftOut(_filterTable, _filters.usedColumns);
+  }
+
+  void ReadContent() {
+    if (_tables.documents) {
+      _documentTable = ReadTable(*_tables.documents, "Reading the document table");
+      _documents = ReadDocumentTable(_documentTable, _log);
+      NameLeftOut(_documentTable, _documents.usedColumns);
+    }
+    if (_tables.properties) {
+      _propertyTable = ReadTable(*_tables.properties, "Reading the property table");
+      _properties = ReadPropertyTable(_propertyTable, _log);
+      NameLeftOut(_propertyTable, _properties.usedColumns);
+    }
   }
 
   void ReadStructureInMassTable() {
@@ -165,6 +189,8 @@ class Assembly {
     const bool single = _structureIsSound && _structure.rows.empty() && _mass.parts.size() == 1;
     if (single) AddPart(_mass.parts[0].part.id);
     for (PartRow& row : _mass.parts) TakeData(row);
+    AddToContent(_content, _documents, _properties,
+                 [this](const std::string& part, const Place& place) { return IsKnown(part, place); });
     for (Part& part : _product.parts) ChooseActive(part);
     for (InstanceRow& row : _structure.rows) _product.instances.push_back(row.instance);
     _product.roots = single ? std::vector{_mass.parts[0].part.id} : Tops();
@@ -182,17 +208,20 @@ class Assembly {
   }
 
   void TakeData(PartRow& row) {
-    const auto known = _indices.find(row.part.id);
-    if (known != _indices.end()) {
-      _product.parts[known->second] = row.part;
-      return;
-    }
-    const std::string text = "part " + Quoted(row.part.id) + " is not in the structure";
-    const Place place = _mass.PartOf(row);
+    if (!IsKnown(row.part.id, _mass.PartOf(row))) return;
+    _product.parts[_indices.at(row.part.id)] = row.part;
+    if (HasContent(row.details)) _content.parts.push_back({row.part.id, row.details, {}});
+  }
+
+  // Says so when the structure does not have the part.
+  bool IsKnown(const std::string& part, const Place& place) {
+    if (_indices.contains(part)) return true;
+    const std::string text = "part " + Quoted(part) + " is not in the structure";
     if (_options.unknownParts == UnknownParts::LeaveOut)
       _log.LeftOut(place, text);
     else
       _log.Error(place, text, ErrorKind::NotFound);
+    return false;
   }
 
   // Without a word about it, the first mass type of a leaf counts; an assembly is the sum of its children.
@@ -235,6 +264,18 @@ class Assembly {
     for (const PartRow& row : _mass.parts) name(row.part.id, _mass.PartOf(row));
   }
 
+  // Documents of other products of the store; those of the product itself are replaced with it.
+  Result<void> NameTakenDocuments(Store& store) {
+    for (const DocumentOfPart& document : _documents.documents) {
+      const std::string& id = document.content.details.documentId;
+      const auto owner = store.PartOfDocument(id);
+      if (!owner && owner.Failure().kind != ErrorKind::NotFound) return owner.Failure();
+      if (owner && owner.Value().product != _product.id)
+        _log.Error(document.document, DocumentTaken(id, owner.Value()), ErrorKind::Conflict);
+    }
+    return {};
+  }
+
   // A shape is data together with a density only.
   void WarnOfLeavesWithoutData() {
     std::vector<std::string> empty;
@@ -251,13 +292,18 @@ class Assembly {
   ImportLog _log;
   CsvTable _massTable;
   CsvTable _structureTable;
-  CsvTable _filterTable;  // places in all three tables point into them
+  CsvTable _filterTable;
+  CsvTable _documentTable;
+  CsvTable _propertyTable;  // places in all these tables point into them
   MassRows _mass;
   StructureRows _structure;
   bool _structureIsSound = false;  ///< every row and cell of it could be read
   FilterRows _filters;
   bool _filtersAreSound = true;  ///< likewise
+  DocumentRows _documents;
+  PropertyRows _properties;
   Product _product;
+  ProductContent _content;
   std::unordered_map<std::string, std::size_t> _indices;  ///< of parts by identifier
   std::unordered_set<std::string> _parents;
 };
@@ -269,8 +315,8 @@ Result<ImportReport> Import(Store& store, const ImportTables& tables, const Impo
     if (auto room = assembly.CheckRoom(store); !room) return room.Failure();
     return assembly.MakeReport();
   }
-  const auto added =
-      store.AddProduct(assembly.Imported(), options.existing, options.progress, assembly.Filters());
+  const auto added = store.AddProduct(assembly.Imported(), options.existing, options.progress,
+                                      assembly.Filters(), assembly.Content());
   if (added) return assembly.MakeReport();
   // The store names the first part that is in the way; the tables tell where all of them stand.
   if (added.Failure().kind == ErrorKind::Conflict)
@@ -281,7 +327,7 @@ Result<ImportReport> Import(Store& store, const ImportTables& tables, const Impo
 Result<ImportedProduct> ReadTables(const ImportTables& tables, const ImportOptions& options) {
   Assembly assembly(tables, options);
   if (auto read = assembly.Run(); !read) return read.Failure();
-  return ImportedProduct{assembly.Imported(), assembly.MakeReport(), assembly.Filters()};
+  return ImportedProduct{assembly.Imported(), assembly.MakeReport(), assembly.Filters(), assembly.Content()};
 }
 
 }  // namespace

@@ -13,7 +13,7 @@
 
 namespace lumira {
 
-/// What to do with rows of the mass table whose part the structure does not have.
+/// What to do with rows of the mass, document and property tables whose part the structure does not have.
 enum class UnknownParts { Refuse, LeaveOut };
 
 enum class ImportMode { Write, DryRun };
@@ -29,17 +29,20 @@ struct ImportOptions {
 };
 
 /// The tables of one product. Without a structure table the mass table must have a "parent" column; without a
-/// filter table the product has no configuration filters.
+/// filter table the product has no configuration filters, and likewise no documents and no extra properties.
 struct ImportTables {
   std::optional<TableSource> structure;
   TableSource mass;
   std::optional<TableSource> filters = {};
+  std::optional<TableSource> documents = {};
+  std::optional<TableSource> properties = {};
 };
 
 struct ImportedProduct {
   Product product;
   ImportReport report;
   ProductFilters filters = {};
+  ProductContent content = {};
 };
 
 /// Reads the tables into a product. On failure the message has one line for each error, with file, line,

@@ -13,6 +13,8 @@ struct ImportReport {
   std::size_t instances = 0;
   std::size_t massTypes = 0;          ///< rows of mass data
   std::size_t filters = 0;            ///< configuration filters
+  std::size_t revisions = 0;          ///< of documents
+  std::size_t properties = 0;         ///< extra properties of the product
   std::vector<std::string> leftOut;   ///< columns and rows that were not taken, and why
   std::vector<std::string> warnings;  ///< what looks wrong but was taken
 };

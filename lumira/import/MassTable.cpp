@@ -4,7 +4,7 @@
 #include <unordered_map>
 
 #include "lumira/import/MassColumns.h"
-#include "lumira/import/MassTypeCells.h"
+#include "lumira/import/MassTypeRow.h"
 #include "lumira/import/PartCells.h"
 #include "lumira/import/TableColumns.h"
 #include "protocol/Utf8.h"
@@ -12,7 +12,9 @@
 namespace lumira {
 namespace {
 
-using namespace mass_columns;
+using mass_columns::kColumns;
+using mass_columns::Volume;
+using mass_type_columns::PartId;
 using protocol::Quoted;
 
 class MassReading {
@@ -20,7 +22,7 @@ class MassReading {
   MassReading(const CsvTable& table, ImportLog& log) : _columns(table, kColumns, log), _log(log) {}
 
   MassRows Run(const Progress& progress) {
-    CheckSignColumn();
+    CheckSignColumn(_columns, _log);
     _result.partColumn = _columns.ColumnPlace(PartId);
     if (_columns.HasRequired())
       _columns.EachRow("Reading mass data", progress, [this](std::size_t row) { ReadRow(row); });
@@ -30,26 +32,15 @@ class MassReading {
   }
 
  private:
-  // Products of inertia mean nothing without their sign convention.
-  void CheckSignColumn() {
-    const bool hasProducts = _columns.Has(Ixx + 3) || _columns.Has(Ixx + 4) || _columns.Has(Ixx + 5);
-    if (hasProducts && !_columns.Has(Products))
-      _log.Error(
-          {_columns.Table().Name(), _columns.Table().HeaderLine(), 0, {}},
-          "there are products of inertia but no column \"products\" that says their sign: \"-\" for tensor "
-          "elements, \"+\" for integrals",
-          protocol::ErrorKind::BadText);
-  }
-
   void ReadRow(std::size_t row) {
     const auto id = _columns.Identifier(row, PartId);
     // The other cells of a row without a part are read all the same, for what is wrong with them.
-    Part nobody;
+    PartRow nobody;
     if (!id) return ReadCells(row, nobody);
     const auto [known, isNew] = _indices.emplace(*id, _result.parts.size());
     if (isNew) _result.parts.push_back({NewPart(*id), _columns.Table().Line(row)});
     if (!_columns.Text(row, Volume).empty()) _shapes.push_back({known->second, row});
-    ReadCells(row, _result.parts[known->second].part);
+    ReadCells(row, _result.parts[known->second]);
   }
 
   static Part NewPart(const std::string& id) {
@@ -58,33 +49,13 @@ class MassReading {
     return part;
   }
 
-  void ReadCells(std::size_t row, Part& part) {
-    ReadPartCells(_columns, row, part, _log);
-    const bool isActive = _columns.Flag(row, Active);
-    const auto type = ReadMassType(_columns, row, part.id, _log);
-    if (!type && isActive)
-      _columns.LeftOut(row, Active, "the row has no mass data that could be active");
-    else if (type && AddMassType(row, part, *type) && isActive)
-      MarkActive(row, part, type->name);
-  }
-
-  // Whether the part had none of this name.
-  bool AddMassType(std::size_t row, Part& part, const MassTypeData& type) {
-    if (FindMassType(part, type.name)) {
-      _columns.Error(row, _columns.Has(MassType) ? MassType : PartId,
-                     "part " + Quoted(part.id) + " has the mass type " + Quoted(type.name) + " twice");
-      return false;
-    }
-    part.massTypes.push_back(type);
-    return true;
-  }
-
-  void MarkActive(std::size_t row, Part& part, const std::string& type) {
-    if (part.activeMassType != kComputedMassType)
-      _columns.Error(
-          row, Active,
-          "part " + Quoted(part.id) + " has an active mass type already, " + Quoted(part.activeMassType));
-    part.activeMassType = type;
+  void ReadCells(std::size_t row, PartRow& part) {
+    ReadPartCells(_columns, row, part.part, _log);
+    ReadReferenceCells(_columns, row, part.details);
+    ReadMassTypeRow(_columns, row,
+                    {part.part.id, "part " + Quoted(part.part.id), part.part.massTypes,
+                     part.part.activeMassType, part.details.precisions},
+                    _log);
   }
 
   // A row that gives a part its shape.

@@ -8,6 +8,7 @@
 #include "lumira/import/ImportLog.h"
 #include "lumira/model/Part.h"
 #include "lumira/model/Progress.h"
+#include "lumira/store/PartDetails.h"
 
 namespace lumira {
 
@@ -15,6 +16,7 @@ namespace lumira {
 struct PartRow {
   Part part;
   std::size_t line = 0;
+  PartDetails details = {};
 };
 
 struct MassRows {

@@ -3,7 +3,7 @@
 #include <array>
 #include <cmath>
 
-#include "lumira/import/MassColumns.h"
+#include "lumira/import/MassTypeColumns.h"
 #include "lumira/import/PhysicalChecks.h"
 #include "lumira/import/Tilts.h"
 #include "lumira/import/VectorCells.h"
@@ -11,7 +11,7 @@
 namespace lumira {
 namespace {
 
-using namespace mass_columns;
+using namespace mass_type_columns;
 
 constexpr std::string_view kDefaultMassType = "Estimated";
 constexpr std::string_view kProductSigns[] = {"", "-", "+", "tensor", "integral"};

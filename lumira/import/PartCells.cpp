@@ -7,38 +7,29 @@
 #include "lumira/import/MassColumns.h"
 #include "lumira/import/PhysicalChecks.h"
 #include "lumira/import/VectorCells.h"
+#include "protocol/Constants.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
 namespace {
 
 using namespace mass_columns;
+using mass_type_columns::Density;
+using mass_type_columns::MaterialName;
 using protocol::Quoted;
 
 constexpr std::string_view kPriorities[] = {"cad", "wb"};
+constexpr std::string_view kPlaces[] = {"", "instance", "reference"};
+constexpr std::string_view kWirePlaces[] = {"", protocol::kPartInstance, protocol::kPartReference};
+constexpr std::string_view kPart = "part";
+constexpr std::string_view kDensity = "a density";
 
 template <class T>
-void Set(const TableColumns& columns, std::size_t row, Column column, std::optional<T>& member,
+void Set(const TableColumns& columns, std::size_t row, std::size_t column, std::optional<T>& member,
          const T& value) {
   if (member && *member != value)
     columns.Error(row, column, "differs from what another row of the same part says");
   member = value;
-}
-
-void SetText(const TableColumns& columns, std::size_t row, Column column, std::string& member) {
-  const std::string text(columns.Text(row, column));
-  if (text.empty()) return;
-  if (!member.empty() && member != text)
-    columns.Error(row, column,
-                  Quoted(text) + " differs from " + Quoted(member) + " on another row of the same part");
-  member = text;
-}
-
-void SetDensity(const TableColumns& columns, std::size_t row, Column column, std::optional<double>& member) {
-  const auto density = columns.Number(row, column);
-  if (!density) return;
-  if (*density < 0) columns.Error(row, column, "a density may not be negative");
-  Set(columns, row, column, member, *density);
 }
 
 std::optional<Geometry> ReadGeometry(const TableColumns& columns, std::size_t row) {
@@ -57,12 +48,13 @@ std::optional<Geometry> ReadGeometry(const TableColumns& columns, std::size_t ro
 }  // namespace
 
 void ReadPartCells(const TableColumns& columns, std::size_t row, Part& part, ImportLog& log) {
-  SetText(columns, row, Name, part.name);
-  SetText(columns, row, Revision, part.revision);
-  SetText(columns, row, MaterialName, part.material);
-  SetText(columns, row, CadMaterial, part.cadMaterial);
-  SetDensity(columns, row, Density, part.density);
-  SetDensity(columns, row, CadDensity, part.cadDensity);
+  SetText(columns, row, Name, kPart, part.name);
+  SetText(columns, row, Revision, kPart, part.revision);
+  SetText(columns, row, MaterialName, kPart, part.material);
+  SetText(columns, row, CadMaterial, kPart, part.cadMaterial);
+  SetAmount(columns, row, Density, kDensity, part.density);
+  SetAmount(columns, row, CadDensity, kDensity, part.cadDensity);
+  SetAmount(columns, row, SurfaceMass, "a surface mass", part.surfaceMass);
   if (!columns.Text(row, Priority).empty())
     part.densityPriority = columns.Choice(row, Priority, kPriorities) == 0 ? DensityPriority::CadFirst
                                                                            : DensityPriority::WbFirst;
@@ -72,6 +64,35 @@ void ReadPartCells(const TableColumns& columns, std::size_t row, Part& part, Imp
     WarnOf(FindShapeProblems(*geometry, TensorRounding(columns, row, ShapeIxx)), columns.RowPlace(row),
            part.id, log);
   }
+}
+
+void ReadReferenceCells(const TableColumns& columns, std::size_t row, PartDetails& details) {
+  if (const std::size_t place = columns.Choice(row, AppliedOn, kPlaces); place != 0) {
+    if (!details.appliedOn.empty() && details.appliedOn != kWirePlaces[place])
+      columns.Error(row, AppliedOn, "differs from what another row of the same part says");
+    details.appliedOn = kWirePlaces[place];
+  }
+  SetText(columns, row, ReferenceMaterial, kPart, details.referenceMaterial);
+  SetAmount(columns, row, ReferenceDensity, kDensity, details.referenceDensity);
+}
+
+void SetText(const TableColumns& columns, std::size_t row, std::size_t column, std::string_view whose,
+             std::string& member) {
+  const std::string text(columns.Text(row, column));
+  if (text.empty()) return;
+  if (!member.empty() && member != text)
+    columns.Error(row, column,
+                  Quoted(text) + " differs from " + Quoted(member) + " on another row of the same " +
+                      std::string(whose));
+  member = text;
+}
+
+void SetAmount(const TableColumns& columns, std::size_t row, std::size_t column, std::string_view what,
+               std::optional<double>& member) {
+  const auto amount = columns.Number(row, column);
+  if (!amount) return;
+  if (*amount < 0) columns.Error(row, column, std::string(what) + " may not be negative");
+  Set(columns, row, column, member, *amount);
 }
 
 void CheckShapeWithDensity(const TableColumns& columns, std::size_t row, const Part& part) {

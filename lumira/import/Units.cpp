@@ -52,6 +52,12 @@ constexpr Unit kUnits[] = {
     {Quantity::ShapeInertia, "m5", 1},
     {Quantity::ShapeInertia, "mm5", 1e-15},
     {Quantity::ShapeInertia, "in5", Cube(kInch) * kInch* kInch},
+    {Quantity::SurfaceMass, "kg/m2", 1},
+    {Quantity::SurfaceMass, "g/m2", 1e-3},
+    {Quantity::SurfaceMass, "g/cm2", 10},
+    {Quantity::SurfaceMass, "lb/ft2", kPound / (kFoot * kFoot)},
+    {Quantity::SurfaceMass, "lb/in2", kPound / (kInch * kInch)},
+    {Quantity::Fraction, "%", 1e-2},
 };
 
 constexpr std::pair<std::string_view, std::string_view> kSpellings[] = {

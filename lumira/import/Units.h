@@ -18,14 +18,16 @@ enum class Quantity {
   Angle,
   Density,
   Volume,
-  ShapeInertia
+  ShapeInertia,
+  SurfaceMass,
+  Fraction
 };
 
 /// Whether a column of this quantity names a unit in its title.
 bool HasUnit(Quantity quantity);
 
-/// How many SI units (kg, m, kg·m², rad, kg/m³, m³, m⁵) one of the named unit is. Blanks, "^", "*" and "·" do
-/// not matter, and "²", "³" and "⁵" are 2, 3 and 5. None when the quantity has no such unit.
+/// How many SI units (kg, m, kg·m², rad, kg/m³, m³, m⁵, kg/m², 1) one of the named unit is. Blanks, "^", "*"
+/// and "·" do not matter, and "²", "³" and "⁵" are 2, 3 and 5. None when the quantity has no such unit.
 std::optional<double> FindUnit(Quantity quantity, std::string_view unit);
 
 /// The units of a quantity as a message lists them.

@@ -11,6 +11,9 @@ namespace lumira {
 /// A day of the Gregorian calendar.
 using Date = std::chrono::year_month_day;
 
+/// How dates are written, as people are told of it.
+inline constexpr std::string_view kDateFormat = "YYYY-MM-DD";
+
 /// Reads "YYYY-MM-DD"; none for any other text and for a day that the calendar has not.
 inline std::optional<Date> ParseDate(std::string_view text) {
   constexpr std::string_view kForm = "0000-00-00";

@@ -29,6 +29,7 @@ struct Part {
   std::string cadMaterial;           ///< material of the CAD model
   std::optional<double> cadDensity;  ///< density of the CAD model, kg/m³
   DensityPriority densityPriority = DensityPriority::CadFirst;
+  std::optional<double> surfaceMass = {};  ///< of a part made of sheet material, kg/m²
 
   std::optional<Geometry> geometry;  ///< when imported from a shape
   bool standardPart = false;         ///< bought by the catalogue: known by its mass alone

@@ -3,6 +3,8 @@
 #include "lumira/model/FilterCondition.h"
 #include "lumira/model/Instance.h"
 #include "lumira/model/Part.h"
+#include "lumira/model/PropertyDefinition.h"
+#include "lumira/model/RevisionData.h"
 #include "lumira/store/PartDetails.h"
 #include "lumira/store/StoredResult.h"
 #include "protocol/FieldRules.h"
@@ -14,6 +16,8 @@ namespace lumira {
 inline constexpr protocol::IntRange kZeroOrOne = {0, 1};
 inline constexpr protocol::IntRange kConditionKinds = {static_cast<int>(ConditionKind::Attribute),
                                                        static_cast<int>(ConditionKind::Instances)};
+inline constexpr protocol::IntRange kPropertyTypes = {static_cast<int>(PropertyType::Text),
+                                                      static_cast<int>(PropertyType::Magnitude)};
 
 /// Marks a column of identifiers (model/Identifier.h).
 struct IdentifierRule {};
@@ -36,6 +40,7 @@ struct Columns<Part> {
     a("cad_density", x.cadDensity);
     a("density_priority", x.densityPriority, kZeroOrOne);
     a("standard_part", x.standardPart);
+    a("surface_mass", x.surfaceMass);
     a("", x.geometry);
   }
 };
@@ -134,15 +139,23 @@ struct Columns<protocol::DocumentRevision> {
 };
 
 template <>
-struct Columns<protocol::ExtraProperty> {
+struct Columns<PropertyDefinition> {
   template <class Archive, class X>
   static void List(Archive& a, X& x) {
-    a("name", x.name);
-    a("value", x.value);
-    a("type", x.type);
-    a("is_date", x.isDate);
-    a("is_magnitude", x.isMagnitude);
+    a("name", x.name, kIdentifier);
+    a("type", x.type, kPropertyTypes);
     a("magnitude", x.magnitude);
+  }
+};
+
+template <>
+struct Columns<RevisionData> {
+  template <class Archive, class X>
+  static void List(Archive& a, X& x) {
+    a("revision", x.revision, kIdentifier);
+    a("active_mass_type", x.activeMassType);
+    a("material", x.material);
+    a("density", x.density);
   }
 };
 
@@ -153,14 +166,13 @@ struct Columns<PartDetails> {
     a("applied_on", x.appliedOn);
     a("reference_material", x.referenceMaterial);
     a("reference_density", x.referenceDensity);
+    a("document", x.documentId);
     a("documents_used", x.documents.used);
     a("active_document", x.documents.activeId);
     a("active_version", x.documents.activeVersion);
     a("auto_mode", x.documents.autoMode, kZeroOrOne);
     a("used_specific_revision", x.documents.usedSpecificRevisionBefore);
     a("attached_version", x.documents.attachedVersion);
-    a("properties_requested", x.propertiesRequested);
-    a("date_format", x.dateFormat);
   }
 };
 

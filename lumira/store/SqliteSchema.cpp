@@ -6,8 +6,9 @@ namespace lumira {
 namespace {
 
 // `key` columns are internal; identifiers of the PDM are texts. Units as in the model: kg, m, kg·m².
-// Rows of a list carry their position, since order matters to whoever typed them. Where a list decides a
-// mass, its owner carries the count of its rows, since a damaged page can lose rows without a sign.
+// Rows of a list carry their position, since order matters to whoever typed them. Where nothing else
+// would tell that rows of a list are missing, its owner carries their count, since a damaged page can lose
+// rows without a sign.
 constexpr char kTables[] = R"sql(
 CREATE TABLE products(
   key INTEGER PRIMARY KEY, product TEXT NOT NULL UNIQUE, state INTEGER NOT NULL,
@@ -141,8 +142,80 @@ CREATE TABLE history(
   UNIQUE(part, number)) STRICT;
 )sql";
 
+// Part of version 5, run on the tables of version 4 in a new file as in an older one, so that both end up the
+// same. Extra properties, document revisions with data of their own, and sheet material. A value of a
+// property names its definition by position; keys of two tables would have to be looked for with each
+// deletion.
+constexpr char kContentTables[] = R"sql(
+CREATE TABLE property_definitions(
+  product INTEGER NOT NULL REFERENCES products ON DELETE CASCADE, position INTEGER NOT NULL,
+  name TEXT NOT NULL, type INTEGER NOT NULL, magnitude TEXT NOT NULL,
+  PRIMARY KEY(product, position), UNIQUE(product, name)) STRICT, WITHOUT ROWID;
+
+CREATE TABLE property_values(
+  part INTEGER NOT NULL REFERENCES parts ON DELETE CASCADE, definition INTEGER NOT NULL, value TEXT NOT NULL,
+  PRIMARY KEY(part, definition)) STRICT, WITHOUT ROWID;
+
+CREATE TABLE revision_data(
+  key INTEGER PRIMARY KEY, part INTEGER NOT NULL REFERENCES parts ON DELETE CASCADE, revision TEXT NOT NULL,
+  active_mass_type TEXT NOT NULL, material TEXT NOT NULL, density REAL, mass_type_count INTEGER NOT NULL,
+  UNIQUE(part, revision)) STRICT;
+
+CREATE TABLE revision_mass_types(
+  revision INTEGER NOT NULL REFERENCES revision_data ON DELETE CASCADE, position INTEGER NOT NULL,
+  name TEXT NOT NULL, mass REAL, cg_x REAL, cg_y REAL, cg_z REAL,
+  inertia_xx REAL, inertia_yy REAL, inertia_zz REAL, inertia_xy REAL, inertia_xz REAL, inertia_yz REAL,
+  sd_mass REAL NOT NULL, sd_cg_x REAL NOT NULL, sd_cg_y REAL NOT NULL, sd_cg_z REAL NOT NULL,
+  sd_inertia_xx REAL NOT NULL, sd_inertia_yy REAL NOT NULL, sd_inertia_zz REAL NOT NULL,
+  sd_inertia_xy REAL NOT NULL, sd_inertia_xz REAL NOT NULL, sd_inertia_yz REAL NOT NULL,
+  bound_lower REAL, bound_upper REAL,
+  PRIMARY KEY(revision, position), UNIQUE(revision, name)) STRICT, WITHOUT ROWID;
+
+CREATE TABLE revision_precisions(
+  revision INTEGER NOT NULL REFERENCES revision_data ON DELETE CASCADE, position INTEGER NOT NULL,
+  mass_type TEXT NOT NULL, precision_type INTEGER NOT NULL, value_type INTEGER NOT NULL,
+  lower REAL NOT NULL, upper REAL NOT NULL, type_lower REAL NOT NULL, type_upper REAL NOT NULL,
+  PRIMARY KEY(revision, position)) STRICT, WITHOUT ROWID;
+
+ALTER TABLE parts ADD COLUMN surface_mass REAL;
+
+ALTER TABLE part_details ADD COLUMN document TEXT NOT NULL DEFAULT '';
+UPDATE part_details SET document = active_document WHERE active_document NOT IN ('', '0', '__EXCEPTION__');
+CREATE INDEX parts_of_document ON part_details(document) WHERE document <> '';
+ALTER TABLE part_details DROP COLUMN properties_requested;
+ALTER TABLE part_details DROP COLUMN date_format;
+
+-- Properties were defined by each part for itself; types as in model/PropertyDefinition.h.
+INSERT INTO property_definitions(product, position, name, type, magnitude)
+  SELECT parts.product, row_number() OVER (PARTITION BY parts.product ORDER BY min(properties.position), properties.name) - 1,
+    properties.name,
+    CASE WHEN max(is_magnitude) THEN 4 WHEN max(type) = 1 THEN 1 + max(is_date) WHEN max(type) = 2 THEN 3 ELSE 0 END,
+    CASE WHEN max(is_magnitude) THEN max(properties.magnitude) ELSE '' END
+  FROM properties JOIN parts ON parts.key = properties.part GROUP BY parts.product, properties.name;
+-- Lengths were in millimetres, and are in metres from now on; what is no number stays as it is.
+INSERT INTO property_values(part, definition, value)
+  SELECT properties.part, property_definitions.position,
+    CASE WHEN property_definitions.magnitude = 'LENGTH' AND max(value) GLOB '*[0-9]*' AND max(value) NOT GLOB '*[^-+.0-9eE]*'
+      THEN printf('%!.15g', max(value) / 1000.0) ELSE max(value) END FROM properties
+  JOIN parts ON parts.key = properties.part
+  JOIN property_definitions ON property_definitions.product = parts.product
+    AND property_definitions.name = properties.name
+  WHERE value <> '' GROUP BY properties.part, property_definitions.position;
+DROP TABLE properties;
+
+ALTER TABLE products ADD COLUMN property_count INTEGER NOT NULL DEFAULT 0;
+UPDATE products SET property_count =
+  (SELECT count(*) FROM property_definitions WHERE property_definitions.product = products.key);
+ALTER TABLE parts ADD COLUMN property_value_count INTEGER NOT NULL DEFAULT 0;
+UPDATE parts SET property_value_count =
+  (SELECT count(*) FROM property_values WHERE property_values.part = parts.key);
+ALTER TABLE parts ADD COLUMN document_revision_count INTEGER NOT NULL DEFAULT 0;
+UPDATE parts SET document_revision_count =
+  (SELECT count(*) FROM document_revisions WHERE document_revisions.part = parts.key);
+)sql";
+
 // What version 4 did not have; run in this order.
-constexpr const char* kTablesOfVersion5[] = {kHistoryTables};
+constexpr const char* kTablesOfVersion5[] = {kContentTables, kHistoryTables};
 
 void AddTablesOfVersion5(SQLite::Database& database) {
   for (const char* tables : kTablesOfVersion5) database.exec(tables);

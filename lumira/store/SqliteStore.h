@@ -27,7 +27,7 @@ class SqliteStore final : public Store {
   protocol::Result<ProductRoot> LoadRoot(std::string_view productId) override;
   protocol::Error Damage(const std::string& what) const override { return DamageError(_file, what); }
   protocol::Result<void> AddProduct(const Product& product, Existing existing, const Progress& progress,
-                                    const ProductFilters& filters) override;
+                                    const ProductFilters& filters, const ProductContent& content) override;
   protocol::Result<std::vector<PartOwner>> OtherOwners(const Product& product) override;
   protocol::Result<void> UpdatePart(const Part& part) override;
   protocol::Result<PartDetails> LoadDetails(std::string_view partId) override;
@@ -39,6 +39,9 @@ class SqliteStore final : public Store {
   protocol::Result<HistoryTexts> LoadHistoryTexts(std::string_view partId, std::int64_t number) override;
   protocol::Result<std::optional<std::string>> FindStateText(std::string_view partId,
                                                              std::int64_t state) override;
+  protocol::Result<std::vector<PropertyDefinition>> LoadProperties(std::string_view productId) override;
+  protocol::Result<PartOwner> PartOfDocument(std::string_view documentId) override;
+  protocol::Result<RevisionData> LoadRevision(std::string_view partId, std::string_view revision) override;
   protocol::Result<std::vector<StoredResult>> LoadResults(std::string_view productId) override;
   protocol::Result<void> SaveResults(const std::vector<StoredResult>& results) override;
   protocol::Result<std::vector<ConfigurationFilter>> LoadFilters(std::string_view productId) override;
@@ -82,7 +85,7 @@ class SqliteStore final : public Store {
   StoredPart PartAt(std::int64_t partKey);
   PartDetails DetailsAt(std::int64_t partKey);
   void WritePart(std::int64_t partKey, const Part& part);
-  void WriteDetails(std::int64_t partKey, const PartDetails& details);
+  protocol::Result<void> WriteDetails(std::int64_t partKey, const PartDetails& details);
   std::int64_t NextPartState();
   void SetPartState(std::int64_t partKey, std::int64_t state);
   std::string ProductNameOf(std::int64_t partKey);
@@ -94,7 +97,8 @@ class SqliteStore final : public Store {
   ProductInfo InfoIn(SQLite::Statement& row);
   std::vector<PartOwner> FindOtherOwners(const Product& product, std::size_t most);
   std::int64_t InsertProduct(const Product& product, std::int64_t state);
-  void InsertParts(const Product& product, std::int64_t key, const Progress& progress);
+  void InsertParts(const Product& product, std::int64_t key, const ProductContent& content,
+                   const Progress& progress);
   void InsertInstances(const Product& product, std::int64_t key, const Progress& progress);
   void InsertFilters(std::int64_t productKey, const ProductFilters& filters);
   void InsertFilter(std::int64_t productKey, const ConfigurationFilter& filter);
@@ -103,6 +107,8 @@ class SqliteStore final : public Store {
   protocol::Result<void> CheckInstancesOf(std::int64_t productKey, const ConfigurationFilter& filter);
   void LoadAttributes(const std::vector<std::int64_t>& keys, std::vector<Instance>& instances);
   void LoadMassTypes(std::int64_t productKey, std::vector<Part>& parts, const StoredParts& stored);
+  protocol::Result<void> CheckDocument(const std::string& documentId, std::int64_t partKey);
+  std::optional<PartOwner> FindDocumentOwner(std::string_view documentId);
   std::vector<std::string> Roots(std::int64_t productKey);
   protocol::Result<void> CheckCounts(std::int64_t productKey, const Product& product);
 

@@ -68,7 +68,7 @@ Result<SavedState> SqliteStore::SavePart(const PartSaving& saving) {
     state.product = ProductNameOf(key.Value());
     state.productBefore = ProductStateOf(key.Value());
     if (present.part != part) WritePart(key.Value(), part);
-    WriteDetails(key.Value(), saving.saved.details);
+    if (auto good = WriteDetails(key.Value(), saving.saved.details); !good) return good;
     state.productAfter = ProductStateOf(key.Value());
     state.state = NextPartState();
     SetPartState(key.Value(), state.state);

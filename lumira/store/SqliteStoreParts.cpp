@@ -1,7 +1,10 @@
 #include <set>
 
+#include "lumira/store/ActiveDocument.h"
+#include "lumira/store/ContentRules.h"
 #include "lumira/store/ProductRules.h"
 #include "lumira/store/SqliteArchives.h"
+#include "lumira/store/SqliteContent.h"
 #include "lumira/store/SqliteStore.h"
 #include "lumira/store/SqliteTables.h"
 
@@ -40,13 +43,14 @@ Result<PartDetails> SqliteStore::LoadDetails(std::string_view partId) {
 }
 
 PartDetails SqliteStore::DetailsAt(std::int64_t partKey) {
+  PartDetails details;
   SQLite::Statement query(_db, SelectSql<PartDetails>("part", "part_details", "WHERE part = ?"));
   query.bind(1, partKey);
-  if (!query.executeStep()) return {};
-  auto details = ReadRow<PartDetails>(query, 1);
+  if (query.executeStep()) details = ReadRow<PartDetails>(query, 1);
   details.precisions = ReadRows<Precision>(_db, "precisions", partKey);
-  details.documents.revisions = ReadRows<protocol::DocumentRevision>(_db, "document_revisions", partKey);
-  details.properties = ReadRows<protocol::ExtraProperty>(_db, "properties", partKey);
+  details.documents.revisions = ReadDocumentRevisions(_db, partKey);
+  details.documents = WithActiveDocument(details);
+  details.properties = ReadProperties(_db, ProductOf(partKey), partKey);
   return details;
 }
 
@@ -54,21 +58,24 @@ Result<void> SqliteStore::SaveDetails(std::string_view partId, const PartDetails
   return Write([&]() -> Result<void> {
     const auto key = PartKey(partId);
     if (!key) return key.Failure();
-    WriteDetails(key.Value(), details);
+    if (auto good = WriteDetails(key.Value(), details); !good) return good;
     SetPartState(key.Value(), NextPartState());
     return {};
   });
 }
 
-void SqliteStore::WriteDetails(std::int64_t partKey, const PartDetails& details) {
-  for (const char* table : {"part_details", "precisions", "document_revisions", "properties"})
+Result<void> SqliteStore::WriteDetails(std::int64_t partKey, const PartDetails& details) {
+  const std::int64_t product = ProductOf(partKey);
+  const auto properties = ReadDefinitions(_db, product);
+  if (auto good = CheckDetails(properties, details, ReadProperties(_db, product, partKey)); !good)
+    return good;
+  if (auto free = CheckDocument(details.documentId, partKey); !free) return free;
+  for (const char* table : {"part_details", "precisions", "document_revisions", "property_values"})
     DeleteRows(_db, table, partKey);
-  SQLite::Statement insert(_db, InsertSql<PartDetails>("part_details", {"part"}));
-  insert.bind(1, partKey);
-  InsertRow(insert, 2, details);
-  WriteRows(_db, "precisions", partKey, details.precisions);
-  WriteRows(_db, "document_revisions", partKey, details.documents.revisions);
-  WriteRows(_db, "properties", partKey, details.properties);
+  PartDetails kept = details;
+  kept.documents.activeVersion = ChosenVersion(details.documents);
+  SqliteContentWriter(_db, properties).WriteDetails(partKey, kept);
+  return {};
 }
 
 Result<std::vector<StoredResult>> SqliteStore::LoadResults(std::string_view productId) {

@@ -1,8 +1,10 @@
 #include <SQLiteCpp/VariadicBind.h>
 
 #include "lumira/model/Counted.h"
+#include "lumira/store/ContentRules.h"
 #include "lumira/store/ProductRules.h"
 #include "lumira/store/SqliteArchives.h"
+#include "lumira/store/SqliteContent.h"
 #include "lumira/store/SqliteStore.h"
 #include "lumira/store/SqliteTables.h"
 #include "protocol/Utf8.h"
@@ -227,8 +229,9 @@ Result<void> SqliteStore::CheckCounts(std::int64_t productKey, const Product& pr
 }
 
 Result<void> SqliteStore::AddProduct(const Product& product, Existing existing, const Progress& progress,
-                                     const ProductFilters& filters) {
+                                     const ProductFilters& filters, const ProductContent& content) {
   if (auto good = CheckProduct(product); !good) return good;
+  if (auto good = CheckContent(product, content); !good) return good;
   if (!filters.filters.empty() || filters.handler)
     if (auto good = CheckFilters(product, filters); !good) return good;
   return Write([&]() -> Result<void> {
@@ -243,8 +246,11 @@ Result<void> SqliteStore::AddProduct(const Product& product, Existing existing, 
     }
     for (const PartOwner& taken : FindOtherOwners(product, 1))
       return Error{ErrorKind::Conflict, ToText(taken)};
+    for (const PartContent& part : content.parts)
+      if (const auto owner = FindDocumentOwner(part.details.documentId))
+        return Error{ErrorKind::Conflict, DocumentTaken(part.details.documentId, *owner)};
     const std::int64_t key = InsertProduct(product, state);
-    InsertParts(product, key, progress);
+    InsertParts(product, key, content, progress);
     InsertInstances(product, key, progress);
     InsertFilters(key, filters);
     return {};
@@ -285,7 +291,12 @@ std::int64_t SqliteStore::InsertProduct(const Product& product, std::int64_t sta
   return key;
 }
 
-void SqliteStore::InsertParts(const Product& product, std::int64_t key, const Progress& progress) {
+void SqliteStore::InsertParts(const Product& product, std::int64_t key, const ProductContent& content,
+                              const Progress& progress) {
+  WriteDefinitions(_db, key, content.properties);
+  SqliteContentWriter contentWriter(_db, content.properties);
+  std::unordered_map<std::string_view, const PartContent*> contents;
+  for (const PartContent& part : content.parts) contents.emplace(part.partId, &part);
   SQLite::Statement insert(_db, InsertSql<Part>("parts", {"product", "mass_type_count", "state"}));
   SQLite::Statement insertType(_db, InsertListSql<MassTypeData>("mass_types"));
   const std::int64_t state = NextPartState();
@@ -293,7 +304,10 @@ void SqliteStore::InsertParts(const Product& product, std::int64_t key, const Pr
   for (const Part& part : product.parts) {
     SQLite::bind(insert, key, std::int64_t(part.massTypes.size()), state);
     InsertRow(insert, 4, part);
-    WriteRows(insertType, _db.getLastInsertRowid(), part.massTypes);
+    const std::int64_t partKey = _db.getLastInsertRowid();
+    WriteRows(insertType, partKey, part.massTypes);
+    if (const auto found = contents.find(part.id); found != contents.end())
+      contentWriter.Write(partKey, *found->second);
     ReportRow(progress, kWriting, ++written, RowsOf(product));
   }
 }

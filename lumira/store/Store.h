@@ -10,8 +10,10 @@
 #include "lumira/model/Product.h"
 #include "lumira/model/ProductFilters.h"
 #include "lumira/model/Progress.h"
+#include "lumira/model/RevisionData.h"
 #include "lumira/store/PartDetails.h"
 #include "lumira/store/PartHistory.h"
+#include "lumira/store/ProductContent.h"
 #include "lumira/store/StoredResult.h"
 #include "protocol/Result.h"
 #include "protocol/Utf8.h"
@@ -42,6 +44,12 @@ inline std::string ToText(const PartOwner& owner) {
          " already";
 }
 
+/// The owner of a document as the reason why another part cannot have it.
+inline std::string DocumentTaken(std::string_view documentId, const PartOwner& owner) {
+  return "document " + protocol::Quoted(documentId) + " belongs to part " + protocol::Quoted(owner.part) +
+         " of product " + protocol::Quoted(owner.product) + " already";
+}
+
 /// The root part of a stored product, without the rest of it.
 struct ProductRoot {
   Part part;
@@ -60,7 +68,8 @@ struct ProductSurvey {
 enum class Existing { Refuse, Replace };
 
 /// Keeps products, their weight-and-balance data and computed results. Part identifiers are unique in the
-/// whole store, so that a part alone tells its product.
+/// whole store, so that a part alone tells its product; so are document identifiers, so that a document alone
+/// tells its part.
 ///
 /// Each writing operation is one transaction: when it answers success the data is on the disk, when it
 /// answers a failure nothing has changed. Failures: Storage when the medium refuses (damaged, read-only,
@@ -94,18 +103,23 @@ class Store {
   virtual protocol::Result<std::vector<PartOwner>> OtherOwners(const Product& product) = 0;
 
   /// Conflict when the product exists (and is not to be replaced), or when one of its parts belongs to
-  /// another product. BadValue for what no command could tell of or compute (store/ProductRules.h). A
-  /// replaced product loses its results, details, histories, filters and handler. `progress` hears of rows
-  /// written, out of all rows. The filters are checked against the product (`CheckFilters`).
+  /// another product, or one of the documents to a part of another. BadValue for what no command could tell
+  /// of or compute (store/ProductRules.h). A replaced product loses its results, content, histories, filters
+  /// and handler. `progress` hears of rows written, out of all rows. Filters and content are checked against
+  /// the product (`CheckFilters`, `CheckContent`).
   virtual protocol::Result<void> AddProduct(const Product& product, Existing existing,
-                                            const Progress& progress = {},
-                                            const ProductFilters& filters = {}) = 0;
+                                            const Progress& progress = {}, const ProductFilters& filters = {},
+                                            const ProductContent& content = {}) = 0;
 
   /// Replaces the data of one part; its instances, details and results stay. BadValue as above.
   virtual protocol::Result<void> UpdatePart(const Part& part) = 0;
 
+  /// With every property that the product defines, and with the active document worked out
+  /// (store/ActiveDocument.h).
   virtual protocol::Result<PartDetails> LoadDetails(std::string_view partId) = 0;
-  /// BadValue for a number that is not finite or outside its range.
+  /// BadValue for a number that is not finite or outside its range, and for a document identifier or a value
+  /// of a property that cannot be one; NotFound for a property that the product does not define; Conflict for
+  /// a document of another part. The data of document revisions stays.
   virtual protocol::Result<void> SaveDetails(std::string_view partId, const PartDetails& details) = 0;
 
   /// A part with its details, both of one moment.
@@ -127,6 +141,15 @@ class Store {
   /// The text of the saved values in one state of the part; none when no record tells of that state.
   virtual protocol::Result<std::optional<std::string>> FindStateText(std::string_view partId,
                                                                      std::int64_t state) = 0;
+
+  /// The extra properties that every part of the product has, in the order in which they were defined.
+  virtual protocol::Result<std::vector<PropertyDefinition>> LoadProperties(std::string_view productId) = 0;
+
+  /// The part whose document it is. NotFound when no part has it.
+  virtual protocol::Result<PartOwner> PartOfDocument(std::string_view documentId) = 0;
+
+  /// The data of the part as a revision of its document has it. NotFound when there is none.
+  virtual protocol::Result<RevisionData> LoadRevision(std::string_view partId, std::string_view revision) = 0;
 
   /// Computed results of a product's parts, in no particular order.
   virtual protocol::Result<std::vector<StoredResult>> LoadResults(std::string_view productId) = 0;

@@ -62,6 +62,7 @@ inline std::vector<FormCase> EndedForms() {
 inline std::vector<FormCase> AllForms() {
   auto forms = EndedForms();
   forms.push_back(FilterCase());
+  forms.push_back(MakeCase<DocumentRequest>("DocumentRequest", ReadDocumentRequest, WriteDocumentRequest));
   return forms;
 }
 

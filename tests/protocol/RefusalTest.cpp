@@ -171,6 +171,17 @@ TEST(Refusal, OfAComputeRequestNamesItsThreeFields) {
             "\"ComputeOptions/1\"");
 }
 
+TEST(Refusal, OfADocumentRequestNamesItsTwoFields) {
+  const auto refusal = [](std::string_view text) { return ReadDocumentRequest(text).Failure().message; };
+  EXPECT_EQ(refusal("D-1"), "DocumentRequest: field 2 (revision): is missing");
+  EXPECT_EQ(refusal("|A"), "DocumentRequest: field 1 (documentId): is empty");
+  EXPECT_EQ(refusal("D-1|"), "DocumentRequest: field 2 (revision): is empty");
+  EXPECT_EQ(refusal("D-1|A|B"), "DocumentRequest: field 2 (revision): \"A|B\" holds \"|\"");
+  EXPECT_NE(refusal(std::string(kMaxFieldBytes + 1, 'D') + "|A").find("longer than 1048576 bytes"),
+            std::string::npos);
+  EXPECT_FALSE(ReadDocumentRequest("\xff|A").Ok()) << "not UTF-8";
+}
+
 TEST(Refusal, NamesWhatIsWrongWithTheBytesOfAComputeRequest) {
   const auto badByte = ReadComputeRequest("1|a\xff|");
   ASSERT_FALSE(badByte.Ok());

@@ -55,7 +55,7 @@ inline protocol::PartData SamplePart() {
   part.dateFormat = "YYYY-MM-DD";
   part.properties = {{"finish", "painted", 0, false, false, ""},
                      {"made on", "2024-01-31", 1, true, false, ""},
-                     {"reach", "1200", 2, false, true, "LENGTH"}};
+                     {"reach", "1.2", 2, false, true, "LENGTH"}};
   part.stateToken = "7";
   return part;
 }

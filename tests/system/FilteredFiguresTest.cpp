@@ -28,7 +28,8 @@ std::vector<std::string> CellsOf(const std::string& line) {
   return cells;
 }
 
-/// A table of the sample by the value of one of its columns.
+/// A table of the sample by the value of one of its columns; of several rows with the same one the first,
+/// which of mass types is the one that counts.
 Rows Table(const char* file, const std::string& key) {
   std::ifstream in(std::string(KORVO_SOURCE_DIR "/samples/iea15/") + file);
   std::string line;
@@ -39,7 +40,7 @@ Rows Table(const char* file, const std::string& key) {
     const std::vector<std::string> cells = CellsOf(line);
     Row row;
     for (std::size_t i = 0; i < titles.size(); ++i) row[titles[i]] = i < cells.size() ? cells[i] : "";
-    rows[row[key]] = row;
+    rows.emplace(row[key], row);
   }
   return rows;
 }

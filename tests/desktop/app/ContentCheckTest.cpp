@@ -48,12 +48,17 @@ class FailingStore final : public lumira::Store {
   }
   Result<std::vector<lumira::PartOwner>> OtherOwners(const lumira::Product&) override { return kNotAsked; }
   Result<void> AddProduct(const lumira::Product&, lumira::Existing, const lumira::Progress&,
-                          const lumira::ProductFilters&) override {
+                          const lumira::ProductFilters&, const lumira::ProductContent&) override {
     return kNotAsked;
   }
   Result<void> UpdatePart(const lumira::Part&) override { return kNotAsked; }
   Result<lumira::PartDetails> LoadDetails(std::string_view) override { return kNotAsked; }
   Result<void> SaveDetails(std::string_view, const lumira::PartDetails&) override { return kNotAsked; }
+  Result<std::vector<lumira::PropertyDefinition>> LoadProperties(std::string_view) override {
+    return kNotAsked;
+  }
+  Result<lumira::PartOwner> PartOfDocument(std::string_view) override { return kNotAsked; }
+  Result<lumira::RevisionData> LoadRevision(std::string_view, std::string_view) override { return kNotAsked; }
   Result<lumira::StoredPart> LoadPart(std::string_view) override { return kNotAsked; }
   Result<lumira::SavedState> SavePart(const lumira::PartSaving&) override { return kNotAsked; }
   Result<lumira::HistoryPage> LoadHistory(std::string_view, std::int64_t, std::int64_t) override {

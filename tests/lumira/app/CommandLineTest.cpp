@@ -77,7 +77,7 @@ TEST_F(CommandLine, ImportsTheSample) {
   const Outcome imported = ImportSample();
   EXPECT_EQ(imported.code, kDone) << imported.errors;
   EXPECT_EQ(imported.out,
-            "Imported product \"IEA15\": 22 parts, 21 instances, 18 mass types; 0 warnings, 0 things left "
+            "Imported product \"IEA15\": 22 parts, 21 instances, 26 mass types; 0 warnings, 0 things left "
             "out.\n");
   EXPECT_EQ(imported.errors, "");
 }
@@ -223,7 +223,7 @@ TEST_F(CommandLine, ComputesTheSampleUnderAConfigurationFilter) {
   const Outcome imported = ImportSample({"--filters", std::string(kSamples) + "filters.csv"});
   ASSERT_EQ(imported.code, kDone) << imported.errors;
   EXPECT_EQ(imported.out,
-            "Imported product \"IEA15\": 22 parts, 21 instances, 18 mass types, 4 configuration filters; 0 "
+            "Imported product \"IEA15\": 22 parts, 21 instances, 26 mass types, 4 configuration filters; 0 "
             "warnings, 0 things left out.\n");
   const Outcome without = Lumira({"compute", file, "Above_yaw", "--filter", "Without generator"});
   ASSERT_EQ(without.code, kDone) << without.errors;
@@ -266,6 +266,40 @@ TEST_F(CommandLine, ImportsNothingWhenTheFilterTableIsWrong) {
             "lumira: filters.csv, line 2, column 3 (values): there is no instance \"generator.2\"\n");
   EXPECT_EQ(Lumira({"tree", file}).out, "");
   EXPECT_EQ(ImportSample({"--filters", folder + "/none.csv"}).code, kRefused);
+}
+
+TEST_F(CommandLine, ImportsDocumentsAndPropertiesOfTheSample) {
+  Lumira({"init", file});
+  const Outcome imported = ImportSample({"--documents", std::string(kSamples) + "documents.csv",
+                                         "--properties", std::string(kSamples) + "properties.csv"});
+  ASSERT_EQ(imported.code, kDone) << imported.errors;
+  EXPECT_EQ(
+      imported.out,
+      "Imported product \"IEA15\": 22 parts, 21 instances, 26 mass types, 9 document revisions, 7 extra "
+      "properties; 0 warnings, 0 things left out.\n");
+  const Outcome revision = Lumira({"command", file, "WBGetActiveDocInfo", "DOC-BEDPLATE|A"});
+  EXPECT_EQ(revision.code, kDone);
+  EXPECT_THAT(revision.out, HasSubstr("|Estimated|1|45500|-1.35|0|2.61|"));
+  EXPECT_THAT(revision.out, HasSubstr("|Overall length|9200|2|0|1|LENGTH|"));
+  const Outcome computed = Lumira({"compute", file, "Above_yaw"});
+  EXPECT_NEAR(Value(computed.out, "above_yaw.mass_kg"), 644856.548088461, 1e-6);
+}
+
+TEST_F(CommandLine, ImportsNothingWhenATableOfDocumentsOrPropertiesIsWrong) {
+  Lumira({"init", file});
+  const std::string documents = folder + "/documents.csv", properties = folder + "/properties.csv";
+  std::ofstream(documents) << "part,document,revision\nbedplates,D,A\n";
+  std::ofstream(properties) << "property,type,part,value\nchecked,date,bedplate,31.12.2020\n";
+  const Outcome refused = ImportSample({"--documents", documents, "--properties", properties});
+  EXPECT_EQ(refused.code, kRefused);
+  EXPECT_EQ(
+      refused.errors,
+      "lumira: properties.csv, line 2, column 4 (value): \"31.12.2020\" is no date; a day of the calendar "
+      "as YYYY-MM-DD expected\n"
+      "documents.csv, line 2, column 1 (part): part \"bedplates\" is not in the structure\n");
+  EXPECT_EQ(Lumira({"tree", file}).out, "");
+  EXPECT_EQ(ImportSample({"--documents", folder + "/none.csv"}).code, kRefused);
+  EXPECT_EQ(ImportSample({"--properties", folder + "/none.csv"}).code, kRefused);
 }
 
 TEST_F(CommandLine, SaysWhenAPartStandsInSeveralPlaces) {

@@ -108,9 +108,11 @@ TEST_F(HistoryCommands, LeaveMassTypesAndPropertiesThatTheStateDidNotKnowAsTheyA
   StoredPart now = store->LoadPart("a").Value();
   now.part.massTypes.at(0).name = "Calculated";  // it was Estimated then
   now.part.massTypes.at(0).properties.mass = 50;
-  now.details.properties.at(3) = {"finish", "matt", 0, false, false, ""};  // it was colour then
+  now.details.properties.at(3).value = "matt";
   ASSERT_TRUE(store->UpdatePart(now.part).Ok());
   ASSERT_TRUE(store->SaveDetails("a", now.details).Ok());
+  SQLite::Database(file, SQLite::OPEN_READWRITE)
+      .exec("UPDATE property_definitions SET name = 'finish' WHERE position = 3");  // it was colour then
   SaveWell(StateOf("a", 1, HistoryMoment::Before));
   protocol::PartData back = PartDataOf("a");
   EXPECT_EQ(Type(back, "Weighed").mass, 6);

@@ -86,10 +86,10 @@ TEST_F(PartDataCommand, NamesTheMaterialsBelowOnce) {
          "a,Steel,7850,,,\nb,Steel,7850,,,\nc,Paper,700,Brass,8500,cad\nd,Lead,11340,Iron,7200,wb\n");
   const auto statistics = PartDataOf("top").material.statistics;
   ASSERT_EQ(statistics.size(), 3u);
-  EXPECT_EQ(statistics[0].name, "Brass");
-  EXPECT_EQ(statistics[0].density, 8500);
-  EXPECT_EQ(statistics[1].name, "Lead");
-  EXPECT_EQ(statistics[2].name, "Steel");
+  EXPECT_EQ(statistics[0].name, "Steel");
+  EXPECT_EQ(statistics[1].name, "Brass");
+  EXPECT_EQ(statistics[1].density, 8500);
+  EXPECT_EQ(statistics[2].name, "Lead");
   EXPECT_EQ(PartDataOf("c").material.densityPriority, 1);
   EXPECT_EQ(PartDataOf("d").material.densityPriority, 0);
   EXPECT_EQ(PartDataOf("d").material.name, "Lead");
@@ -101,17 +101,44 @@ TEST_F(PartDataCommand, GivesTheDetailsThatAreStored) {
   PartDetails details;
   details.precisions = {{"Estimated", 1, 1, 0.1, 0.2, 0.3, 0.4}};
   details.appliedOn = "Part Reference";
-  details.documents.used = true;
-  details.documents.activeId = "D1";
-  details.properties = {{"colour", "red", 0, false, false, ""}};
+  details.referenceMaterial = "Lead";
+  details.referenceDensity = 11340;
   ASSERT_TRUE(store->SaveDetails("bolt", details).Ok());
   const protocol::PartData data = PartDataOf("bolt");
   EXPECT_EQ(data.massTypes[1].upperPrecision, 0.2);
   EXPECT_EQ(data.massTypes[1].massTypeUpperPrecision, 0.4);
   EXPECT_EQ(data.massTypes[0].upperPrecision, 0);
   EXPECT_EQ(data.material.appliedOn, "Part Reference");
-  EXPECT_EQ(data.documents.activeId, "D1");
-  EXPECT_EQ(data.properties.at(0).value, "red");
+  EXPECT_EQ(data.material.referenceName, "Lead");
+  EXPECT_EQ(data.material.referenceDensity, 11340);
+}
+
+TEST_F(PartDataCommand, SendsEveryPropertyOfTheProductWithTheValueOfThePart) {
+  ImportTables tables{TableSource{"s.csv", "parent,child\ntop,a\ntop,b\n"},
+                      {"m.csv", "part,mass [kg]\na,1\nb,1\n"}};
+  tables.properties = TableSource{"p.csv",
+                                  "property,type,magnitude,part,value,unit\nfinish,,,a,painted,\n"
+                                  "checked,date,,b,2020-02-29,\nlength,magnitude,LENGTH,a,1.5,m\n"};
+  ASSERT_TRUE(ImportProduct(*store, tables, {}).Ok());
+  const protocol::PartData a = PartDataOf("a"), b = PartDataOf("b");
+  EXPECT_TRUE(a.propertiesRequested);
+  EXPECT_EQ(a.dateFormat, "YYYY-MM-DD");
+  ASSERT_EQ(a.properties.size(), 3u);
+  EXPECT_EQ(a.properties[0].value, "painted");
+  EXPECT_EQ(a.properties[0].type, 3);
+  EXPECT_EQ(a.properties[1].value, "");
+  EXPECT_TRUE(a.properties[1].isDate);
+  EXPECT_EQ(a.properties[2].value, "1.5") << "lengths are metres";
+  EXPECT_TRUE(a.properties[2].isMagnitude);
+  EXPECT_EQ(a.properties[2].magnitude, "LENGTH");
+  EXPECT_EQ(b.properties.at(1).value, "2020-02-29");
+  EXPECT_EQ(b.properties.at(2).value, "");
+}
+
+TEST_F(PartDataCommand, SendsNoPropertiesWhenTheProductDefinesNone) {
+  ImportBoxes();
+  EXPECT_FALSE(PartDataOf("bolt").propertiesRequested);
+  EXPECT_EQ(PartDataOf("bolt").dateFormat, "");
 }
 
 TEST_F(PartDataCommand, TellsTheStateThatItWasReadFrom) {

@@ -1,3 +1,4 @@
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 
 #include <cmath>
@@ -187,12 +188,40 @@ TEST_F(SaveCommand, WithoutARevisionByHandGoesBackToTheAutomaticOne) {
   const protocol::Documents back = PartDataOf("a").documents;
   EXPECT_FALSE(back.usedSpecificRevisionBefore);
   EXPECT_EQ(back.activeId, "D1");
-  EXPECT_EQ(back.activeVersion, "");
+  EXPECT_EQ(back.activeVersion, "A") << "the last one, since no times are known";
   data = PartDataOf("a");
-  data.documents.activeVersion = "A";
+  data.documents.activeVersion = "C";
   SaveWell(data);
   EXPECT_TRUE(PartDataOf("a").documents.usedSpecificRevisionBefore);
+  EXPECT_EQ(PartDataOf("a").documents.activeVersion, "C");
+}
+
+// Which revision is the automatic one may change; a choice by hand stays.
+TEST_F(SaveCommand, TellsTheAutomaticRevisionFromTheSameOneChosenByHand) {
+  protocol::PartData data = PartDataOf("a");
+  data.documents.activeId = data.documents.activeVersion = "__null__";
+  SaveWell(data);
+  data = PartDataOf("a");
+  ASSERT_EQ(data.documents.activeVersion, "A");
+  EXPECT_EQ(SaveWell(data), data.stateToken) << "it comes back as it was told";
+  EXPECT_FALSE(PartDataOf("a").documents.usedSpecificRevisionBefore);
+  data.documents.usedSpecificRevisionBefore = true;
+  EXPECT_NE(SaveWell(data), data.stateToken);
+  PartDetails details = store->LoadDetails("a").Value();
+  EXPECT_TRUE(details.documents.usedSpecificRevisionBefore);
+  details.documents.revisions.push_back({"D", "", "", {}, "", 0});
+  ASSERT_TRUE(store->SaveDetails("a", details).Ok());
   EXPECT_EQ(PartDataOf("a").documents.activeVersion, "A");
+}
+
+TEST_F(SaveCommand, KeepsNoRevisionOfAPartThatTakesTheAutomaticOne) {
+  protocol::PartData data = PartDataOf("a");
+  data.documents.activeId = data.documents.activeVersion = "__null__";
+  SaveWell(data);
+  data = PartDataOf("a");
+  Type(data, "Weighed").mass = 7;
+  SaveWell(data);
+  EXPECT_EQ(SQLite::Database(file).execAndGet("SELECT active_version FROM part_details").getString(), "");
 }
 
 TEST_F(SaveCommand, TakesTheAbsentDocumentOfAPartWithoutAny) {
@@ -267,12 +296,13 @@ const Refused kRefused[] = {
     {"APropertyTwice", [](protocol::PartData& d) { d.properties.at(1) = d.properties.at(0); },
      "PartData: properties[2].name: \"count\" is listed twice, once expected"},
     {"AnIntegerThatIsNone", [](protocol::PartData& d) { d.properties.at(0).value = "3.5"; },
-     "PartData: properties[1].value: \"3.5\" is not an integer, as property \"count\" expects"},
+     "PartData: properties[1].value: \"3.5\" is not a whole number from -2147483648 to 2147483647 (property "
+     "\"count\")"},
     {"ADateThatDoesNotExist", [](protocol::PartData& d) { d.properties.at(1).value = "2023-02-29"; },
-     "PartData: properties[2].value: \"2023-02-29\" is no day of the calendar in the form YYYY-MM-DD, as "
-     "property \"checked\" expects"},
+     "PartData: properties[2].value: \"2023-02-29\" is no date; a day of the calendar as YYYY-MM-DD expected "
+     "(property \"checked\")"},
     {"ARealThatIsNone", [](protocol::PartData& d) { d.properties.at(2).value = "abc"; },
-     "PartData: properties[3].value: \"abc\" is not a finite number, as property \"length\" expects"},
+     "PartData: properties[3].value: \"abc\" is not a finite number (property \"length\")"},
     {"AnInfiniteReal", [](protocol::PartData& d) { d.properties.at(2).value = "inf"; },
      "PartData: properties[3].value: \"inf\" is not a finite number"},
     {"AnEmptyToken", [](protocol::PartData& d) { d.stateToken = ""; },
@@ -345,9 +375,8 @@ TEST_F(SaveCommand, TakesNumbersOfEveryFiniteSizeExactly) {
 }
 
 TEST_F(SaveCommand, KeepsAnInvalidPropertyThatNobodyHasTouched) {
-  PartDetails details = DetailsOfA();
-  details.properties.at(0).value = "about three";
-  ASSERT_TRUE(store->SaveDetails("a", details).Ok());
+  SQLite::Database(file, SQLite::OPEN_READWRITE)
+      .exec("UPDATE property_values SET value = 'about three' WHERE definition = 0");
   protocol::PartData data = PartDataOf("a");
   Property(data, "colour").value = "blue";
   SaveWell(data);

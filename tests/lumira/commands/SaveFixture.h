@@ -12,11 +12,8 @@ class SaveFixture : public ServerFixture {
  protected:
   SaveFixture() {
     server = ServerFor("eva");
-    Import(
-        "parent,child\ntop,arm\narm,a\narm,b\ntop,c\n",
-        "part,mass type,mass [kg],lower deviation [kg],upper deviation [kg],active,material,density [kg/m3]\n"
-        "a,Estimated,5,1,2,,Steel,7850\na,Weighed,6,,,yes,,\na,Planned,,,,,,\n"
-        "b,Weighed,10,,,yes,,\nc,Weighed,20,,,yes,,\n");
+    const auto imported = ImportProduct(*store, Tables(), {});
+    EXPECT_TRUE(imported.Ok()) << imported.Failure().message;
     EXPECT_TRUE(store->SaveDetails("a", DetailsOfA()).Ok());
   }
 
@@ -24,9 +21,24 @@ class SaveFixture : public ServerFixture {
     return std::make_unique<Server>(*store, Progress{}, user);
   }
 
+  static ImportTables Tables() {
+    ImportTables tables{
+        TableSource{"s.csv", "parent,child\ntop,arm\narm,a\narm,b\ntop,c\n"},
+        TableSource{"m.csv",
+                    "part,mass type,mass [kg],lower deviation [kg],upper deviation [kg],active,material,"
+                    "density [kg/m3]\n"
+                    "a,Estimated,5,1,2,,Steel,7850\na,Weighed,6,,,yes,,\na,Planned,,,,,,\n"
+                    "b,Weighed,10,,,yes,,\nc,Weighed,20,,,yes,,\n"}};
+    tables.properties = TableSource{"p.csv",
+                                    "property,type,magnitude\ncount,integer,\nchecked,date,\n"
+                                    "length,magnitude,LENGTH\ncolour,text,\n"};
+    return tables;
+  }
+
   static PartDetails DetailsOfA() {
     PartDetails details;
     details.precisions = {{"Estimated", 0, 0, 0, 0, 0.03, 0.04}};
+    details.documentId = "D1";
     details.documents = {
         .used = true,
         .activeId = "D1",
@@ -35,12 +47,7 @@ class SaveFixture : public ServerFixture {
         .usedSpecificRevisionBefore = true,
         .attachedVersion = "A",
         .revisions = {{"C", "", "", {}, "", 0}, {"B", "", "", {}, "", 0}, {"A", "", "", {}, "", 0}}};
-    details.propertiesRequested = true;
-    details.dateFormat = "YYYY-MM-DD";
-    details.properties = {{"count", "3", 1, false, false, ""},
-                          {"checked", "2024-02-29", 1, true, false, ""},
-                          {"length", "0.5", 2, false, true, "LENGTH"},
-                          {"colour", "red", 0, false, false, ""}};
+    details.properties = {{"count", "3"}, {"checked", "2024-02-29"}, {"length", "0.5"}, {"colour", "red"}};
     return details;
   }
 

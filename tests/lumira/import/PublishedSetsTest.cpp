@@ -102,13 +102,34 @@ TEST(PublishedSets, SampleAboveYawAgreesWithItsPublishedRow) {
       1e-12);
 }
 
+ImportTables SampleTables() {
+  const auto table = [](const char* name) { return Table(std::string(kSamples) + name); };
+  return {table("structure.csv"), table("mass.csv"), table("filters.csv"), table("documents.csv"),
+          table("properties.csv")};
+}
+
 TEST(PublishedSets, SampleImportsWithoutWarnings) {
-  const auto imported = ReadProductTables(
-      {Table(std::string(kSamples) + "structure.csv"), Table(std::string(kSamples) + "mass.csv")}, {});
+  const auto imported = ReadProductTables(SampleTables(), {});
+  ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
   EXPECT_EQ(imported.Value().report.parts, 22u);
   EXPECT_EQ(imported.Value().report.instances, 21u);
+  EXPECT_EQ(imported.Value().report.revisions, 9u);
+  EXPECT_EQ(imported.Value().report.properties, 7u);
   EXPECT_TRUE(imported.Value().report.warnings.empty());
   EXPECT_TRUE(imported.Value().report.leftOut.empty());
+}
+
+// The published figures are those of "Calculated"; the others were made up for illustration.
+TEST(PublishedSets, SampleCountsWithItsPublishedFiguresOnly) {
+  const auto imported = ReadProductTables(SampleTables(), {});
+  ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
+  std::size_t several = 0;
+  for (const Part& part : imported.Value().product.parts) {
+    const std::string expected = part.massTypes.empty() ? "Computed" : "Calculated";
+    EXPECT_EQ(part.activeMassType, expected) << part.id;
+    several += part.massTypes.size() > 1;
+  }
+  EXPECT_EQ(several, 6u) << "of several mass types";
 }
 
 }  // namespace

@@ -38,9 +38,9 @@ std::string WithPage(std::string whole, std::size_t page, const std::string& con
 
 class SqliteFaults : public Test {
  protected:
-  std::string MakeStore() {
+  std::string MakeStore(const ProductContent& content = {}) {
     auto store = CreateSqliteStore(file).Value();
-    EXPECT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+    EXPECT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse, {}, {}, content).Ok());
     return file;
   }
 
@@ -238,6 +238,72 @@ TEST_F(SqliteFaults, LostValuesOfAFilterAreNoticed) {
   ASSERT_FALSE(filters.Ok());
   EXPECT_EQ(filters.Failure().kind, ErrorKind::Storage);
   ExpectReason(filters.Failure().message, "filter \"Kit\" has 1 value of its conditions instead of 2");
+}
+
+// Each time in a file that is whole otherwise.
+TEST_F(SqliteFaults, LostRowsOfWhatIsKeptBesideAPartAreNoticed) {
+  PartContent leaf{"leaf", {}, {}};
+  leaf.details.documentId = "D-1";
+  leaf.details.documents.revisions = {{"A", {}, {}, {}, {}, 0}, {"B", {}, {}, {}, {}, 0}};
+  leaf.details.properties = {{"colour", "red"}, {"finish", "matt"}};
+  MakeStore({{{"colour"}, {"finish"}}, {leaf}});
+  const std::pair<const char*, const char*> cases[] = {
+      {"DELETE FROM property_values WHERE definition = 1",
+       "part \"leaf\" has 1 value of extra properties instead of 2"},
+      {"DELETE FROM document_revisions WHERE revision = 'A'",
+       "part \"leaf\" has 1 document revision instead of 2"},
+      {"DELETE FROM document_revisions", "part \"leaf\" has 0 document revisions instead of 2"},
+      {"DELETE FROM property_definitions WHERE position = 1; DELETE FROM property_values",
+       "product \"PRC\" has 1 extra property instead of 2"},
+      {"DELETE FROM property_definitions", "product \"PRC\" has 0 extra properties instead of 2"}};
+  const std::string whole = Content(file);
+  for (const auto& [damage, reason] : cases) {
+    Overwrite(file, whole);
+    SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
+    const auto store = OpenSqliteStore(file).Value();
+    const auto details = store->LoadDetails("leaf");
+    ASSERT_FALSE(details.Ok()) << damage;
+    EXPECT_EQ(details.Failure().kind, ErrorKind::Storage);
+    ExpectReason(details.Failure().message, reason);
+    EXPECT_FALSE(store->LoadPart("leaf").Ok()) << damage;
+  }
+}
+
+TEST_F(SqliteFaults, CountsOfWhatIsKeptBesideAPartFollowEachSave) {
+  MakeStore({.properties = {{"colour"}, {"finish"}}});
+  auto store = OpenSqliteStore(file).Value();
+  PartDetails details;
+  details.documentId = "D-1";
+  details.documents.revisions = {{"A", {}, {}, {}, {}, 0}};
+  details.properties = {{"colour", "red"}, {"finish", ""}};
+  ASSERT_TRUE(store->SaveDetails("leaf", details).Ok());
+  EXPECT_EQ(store->LoadDetails("leaf").Value().properties.at(0).value, "red");
+  ASSERT_TRUE(store->SaveDetails("leaf", {}).Ok());
+  const auto emptied = store->LoadDetails("leaf");
+  ASSERT_TRUE(emptied.Ok()) << emptied.Failure().message;
+  EXPECT_TRUE(emptied.Value().documents.revisions.empty());
+}
+
+TEST_F(SqliteFaults, RevisionsWithLostOrDamagedRowsAreNoticed) {
+  PartContent leaf{"leaf", {}, {{"B", {{"Weighed", {2.0, {}, {}}, {}, {}}}, "Weighed", {}, 7200, {}}}};
+  leaf.details.documentId = "D-1";
+  leaf.details.documents.revisions = {{"B", {}, {}, {}, {}, 0}};
+  leaf.revisions[0].precisions = {{"Weighed"}};
+  MakeStore({{}, {leaf}});
+  const std::pair<const char*, const char*> cases[] = {
+      {"DELETE FROM revision_mass_types", "revision \"B\" of part \"leaf\" has 0 mass types instead of 1"},
+      {"UPDATE revision_mass_types SET mass = 9e999", "column mass: inf is not a finite number"},
+      {"UPDATE revision_data SET density = 9e999", "column density: inf is not a finite number"},
+      {"UPDATE revision_precisions SET value_type = 2", "column value_type: 2 is neither 0 nor 1"}};
+  const std::string whole = Content(file);
+  for (const auto& [damage, reason] : cases) {
+    Overwrite(file, whole);
+    SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
+    const auto revision = OpenSqliteStore(file).Value()->LoadRevision("leaf", "B");
+    ASSERT_FALSE(revision.Ok()) << damage;
+    EXPECT_EQ(revision.Failure().kind, ErrorKind::Storage);
+    ExpectReason(revision.Failure().message, reason);
+  }
 }
 
 TEST_F(SqliteFaults, IdentifiersAndRootsThatWereNeverStoredAreRefused) {
@@ -481,7 +547,7 @@ TEST_F(SqliteFaults, FiltersThatWereNeverStoredAreRefusedByTheirRow) {
 }
 
 TEST_F(SqliteFaults, DetailsThatWereNeverStoredAreRefusedByTheirRow) {
-  MakeStore();
+  MakeStore({.properties = {{"colour"}}});
   ASSERT_TRUE(OpenSqliteStore(file)
                   .Value()
                   ->SaveDetails("leaf", {.precisions = {{"Weighed", 1, 1, 0, 0, 0, 0}},
@@ -489,9 +555,7 @@ TEST_F(SqliteFaults, DetailsThatWereNeverStoredAreRefusedByTheirRow) {
                                          .referenceMaterial = {},
                                          .referenceDensity = 1,
                                          .documents = {},
-                                         .propertiesRequested = false,
-                                         .dateFormat = {},
-                                         .properties = {{"colour", "red", 2, false, false, ""}}})
+                                         .properties = {{"colour", "red"}}})
                   .Ok());
   ExpectRefusals(
       {{"UPDATE precisions SET precision_type = 5",
@@ -505,8 +569,16 @@ TEST_F(SqliteFaults, DetailsThatWereNeverStoredAreRefusedByTheirRow) {
         "column documents_used: 2 is neither 0 nor 1"},
        {"UPDATE part_details SET documents_used = 0, reference_density = 9e999",
         "column reference_density: inf is not a finite number"},
-       {"UPDATE part_details SET reference_density = NULL; UPDATE properties SET type = 4294967296",
-        "column type: 4294967296 is not an integer from -2147483648 to 2147483647"}},
+       {"UPDATE part_details SET reference_density = NULL; UPDATE property_definitions SET type = 5",
+        "column type: 5 is not an integer from 0 to 4"},
+       {"UPDATE property_definitions SET type = 0, name = 'a|b'",
+        "\"a|b\" holds \"|\", which an identifier may not"},
+       {"UPDATE property_definitions SET name = 'colour', position = 1",
+        "row position = \"1\", column position: an extra property before it is missing"},
+       {"UPDATE property_definitions SET position = 0; UPDATE property_values SET definition = 7",
+        "row definition = \"7\", column definition: the product has no such property"},
+       {"UPDATE property_values SET definition = 0, value = CAST(x'FF' AS TEXT)",
+        "column value: \"\\xFF\" is not UTF-8"}},
       [](Store& store) { return store.LoadDetails("leaf"); });
 }
 
@@ -521,7 +593,7 @@ TEST_F(SqliteFaults, HistoriesThatWereNeverStoredAreRefused) {
   const std::pair<const char*, const char*> cases[] = {
       {"UPDATE history SET user = CAST(x'ff' AS TEXT) WHERE number = 2",
        "row number = \"2\", column user: \"\\xFF\" is not UTF-8"},
-      {"DELETE FROM history WHERE number = 1", "has 1 records instead of 2"}};
+      {"DELETE FROM history WHERE number = 1", "has 1 record instead of 2"}};
   MakeStore();
   auto store = OpenSqliteStore(file).Value();
   for (double mass : {1, 2}) ASSERT_TRUE(store->SavePart(SavingOf(*store, mass)).Ok());

@@ -107,8 +107,47 @@ INSERT INTO results VALUES(1, 'f', 5, 'Computed', 10, NULL, NULL, NULL, NULL, NU
                            0, 0, 0, 0, 0, 0, 0, 0, 0, 0, NULL, NULL);
 INSERT INTO filters VALUES(1, 7, 'Both'), (2, 7, 'None'), (3, 7, 'One');
 INSERT INTO filter_instances VALUES(1, 0, 'i2'), (1, 1, 'i1'), (3, 0, 'i1');
+INSERT INTO part_details VALUES(1, '', '', NULL, 1, '__EXCEPTION__', '', 0, 0, '', 0, ''),
+  (2, 'Part Instance', 'Lead', 11340, 1, 'D-1', 'B', 1, 1, 'A', 1, 'YYYY-MM-DD');
+INSERT INTO precisions VALUES(2, 0, 'Weighed', 1, 0, 0.1, 0.2, 0.3, 0.4);
+INSERT INTO document_revisions VALUES(2, 0, 'A', '', 'eva', NULL, 'Weighed', 2.5), (2, 1, 'B', '', '', 'max', '', 0);
+INSERT INTO properties VALUES
+  (1, 0, 'finish', 'painted', 0, 0, 0, ''), (1, 1, 'length', '', 2, 0, 1, 'LENGTH'),
+  (2, 0, 'length', '12.5', 2, 0, 1, 'LENGTH'), (2, 1, 'checked', '2020-02-29', 1, 1, 0, ''),
+  (2, 2, 'count', '7', 1, 0, 0, ''), (2, 3, 'factor', '0.5', 2, 0, 0, '');
 PRAGMA application_id = 0x4C554D49;
 PRAGMA user_version = 3;
+)sql";
+
+// What version 4 had instead of the lists of instances.
+constexpr char kToVersion4[] = R"sql(
+CREATE TABLE instance_attributes(
+  instance INTEGER NOT NULL REFERENCES instances ON DELETE CASCADE, position INTEGER NOT NULL,
+  name TEXT NOT NULL, value TEXT NOT NULL,
+  PRIMARY KEY(instance, position)) STRICT, WITHOUT ROWID;
+CREATE TABLE filter_conditions(
+  filter INTEGER NOT NULL REFERENCES filters ON DELETE CASCADE, position INTEGER NOT NULL,
+  kind INTEGER NOT NULL, sense INTEGER NOT NULL, name TEXT NOT NULL,
+  PRIMARY KEY(filter, position)) STRICT, WITHOUT ROWID;
+CREATE TABLE filter_values(
+  filter INTEGER NOT NULL REFERENCES filters ON DELETE CASCADE, condition INTEGER NOT NULL,
+  position INTEGER NOT NULL, value TEXT NOT NULL,
+  PRIMARY KEY(filter, condition, position)) STRICT, WITHOUT ROWID;
+ALTER TABLE products ADD COLUMN attribute_count INTEGER NOT NULL DEFAULT 0;
+ALTER TABLE products ADD COLUMN handler TEXT;
+ALTER TABLE instances ADD COLUMN effective_from TEXT;
+ALTER TABLE instances ADD COLUMN effective_until TEXT;
+ALTER TABLE parts ADD COLUMN mass_type_count INTEGER NOT NULL DEFAULT 0;
+UPDATE parts SET mass_type_count = 1 WHERE part = 'leaf';
+ALTER TABLE filters ADD COLUMN description TEXT NOT NULL DEFAULT '';
+ALTER TABLE filters ADD COLUMN value_count INTEGER NOT NULL DEFAULT 0;
+UPDATE filters SET value_count = 1 WHERE name = 'One';
+DELETE FROM filters WHERE name <> 'One';
+INSERT INTO filter_conditions VALUES(3, 0, 3, 1, '');
+INSERT INTO filter_values VALUES(3, 0, 0, 'i1');
+UPDATE products SET handler = 'One';
+DROP TABLE filter_instances;
+PRAGMA user_version = 4;
 )sql";
 
 class SqliteMigration : public testing::Test {
@@ -117,6 +156,35 @@ class SqliteMigration : public testing::Test {
     SQLite::Database database(file, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
     database.exec(kVersion3);
     database.exec(kContent);
+  }
+
+  void MakeVersion4() { SQLite::Database(file, SQLite::OPEN_READWRITE).exec(kToVersion4); }
+
+  // What was kept of parts beside the structure, whichever version it comes from.
+  void ExpectContent() {
+    const auto store = OpenSqliteStore(file);
+    ASSERT_TRUE(store.Ok()) << store.Failure().message;
+    const std::vector<PropertyDefinition> properties = {{"finish"},
+                                                        {"length", PropertyType::Magnitude, "LENGTH"},
+                                                        {"checked", PropertyType::Date},
+                                                        {"count", PropertyType::Integer},
+                                                        {"factor", PropertyType::Real}};
+    EXPECT_THAT(store.Value()->LoadProperties("PRC").Value(), testing::UnorderedElementsAreArray(properties));
+    const auto leaf = store.Value()->LoadDetails("leaf");
+    ASSERT_TRUE(leaf.Ok()) << leaf.Failure().message;
+    std::vector<std::string> values;
+    for (const auto& property : leaf.Value().properties)
+      values.push_back(property.name + "=" + property.value);
+    EXPECT_THAT(values, testing::UnorderedElementsAre("finish=", "length=0.0125", "checked=2020-02-29",
+                                                      "count=7", "factor=0.5"));
+    EXPECT_EQ(leaf.Value().documentId, "D-1");
+    EXPECT_EQ(leaf.Value().documents.activeVersion, "B");
+    EXPECT_EQ(leaf.Value().documents.revisions.at(1).checkOutUser, "max");
+    EXPECT_EQ(leaf.Value().referenceDensity, 11340);
+    EXPECT_EQ(leaf.Value().precisions.at(0).massTypeUpperPrecision, 0.4);
+    EXPECT_EQ(store.Value()->PartOfDocument("D-1").Value().part, "leaf");
+    EXPECT_EQ(store.Value()->LoadDetails("root").Value().documentId, "") << "that of nothing found";
+    EXPECT_TRUE(store.Value()->SaveDetails("leaf", leaf.Value()).Ok());
   }
 
   TemporaryFolder folder;
@@ -139,6 +207,42 @@ TEST_F(SqliteMigration, KeepsProductsResultsAndFiltersOfVersion3) {
               testing::ElementsAre(LeavingOut("Both", {"i2", "i1"}), ConfigurationFilter{"None"},
                                    LeavingOut("One", {"i1"})));
   EXPECT_FALSE(store.Value()->LoadHandler("PRC").Value().has_value());
+}
+
+TEST_F(SqliteMigration, KeepsWhatIsKnownOfPartsInVersion3) { ExpectContent(); }
+
+TEST_F(SqliteMigration, KeepsWhatIsKnownOfPartsInVersion4) {
+  MakeVersion4();
+  ExpectContent();
+  EXPECT_EQ(VersionOf(file), 5);
+}
+
+TEST_F(SqliteMigration, KeepsProductsResultsAndFiltersOfVersion4) {
+  MakeVersion4();
+  const auto store = OpenSqliteStore(file);
+  ASSERT_TRUE(store.Ok()) << store.Failure().message;
+  EXPECT_EQ(store.Value()->LoadProduct("PRC").Value().parts[1].massTypes.at(0).properties.mass, 2.5);
+  EXPECT_EQ(store.Value()->LoadResults("PRC").Value().at(0).computed.properties.mass, 10);
+  EXPECT_THAT(store.Value()->LoadFilters("PRC").Value(), testing::ElementsAre(LeavingOut("One", {"i1"})));
+  EXPECT_EQ(store.Value()->LoadHandler("PRC").Value(), "One");
+}
+
+TEST_F(SqliteMigration, MakesTheTablesOfANewFileFromVersion4) {
+  MakeVersion4();
+  const std::string fresh = folder.File("new.lumira");
+  ASSERT_TRUE(CreateSqliteStore(fresh).Ok());
+  ASSERT_TRUE(OpenSqliteStore(file).Ok());
+  EXPECT_EQ(ColumnsOf(file), ColumnsOf(fresh));
+}
+
+TEST_F(SqliteMigration, ThatFailsLeavesTheFileAtVersion4) {
+  MakeVersion4();
+  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("DROP TABLE properties");
+  const auto refused = OpenSqliteStore(file);
+  ASSERT_FALSE(refused.Ok());
+  EXPECT_EQ(refused.Failure().kind, protocol::ErrorKind::Storage);
+  EXPECT_EQ(VersionOf(file), 4);
+  EXPECT_FALSE(SQLite::Database(file).tableExists("property_values"));
 }
 
 TEST_F(SqliteMigration, MakesTheTablesOfANewFile) {

@@ -378,16 +378,16 @@ TEST_P(StoreContract, GivesEmptyDetailsForAPartThatHasNone) {
 }
 
 TEST_P(StoreContract, GivesBackDetailsAsTheyWere) {
-  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  const ProductContent content{{{"colour"}, {"second", PropertyType::Magnitude, "MASS"}}};
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse, {}, {}, content).Ok());
   PartDetails details{
       .precisions = {{"Weighed", 1, 1, 0.1, 0.2, 0.3, 0.4}},
       .appliedOn = "Part Instance",
       .referenceMaterial = "Lead",
       .referenceDensity = 11340,
+      .documentId = "D1",
       .documents = {true, "D1", "V2", 1, true, "V1", {{"R1", "t", "ann", "bob", "Estimated", 9}}},
-      .propertiesRequested = true,
-      .dateFormat = "YYYY",
-      .properties = {{"colour", "red", 2, true, true, "MASS"}, {"second", "", 0, false, false, ""}}};
+      .properties = {{"colour", "red", 3, false, false, ""}, {"second", "", 2, false, true, "MASS"}}};
   ASSERT_TRUE(store->SaveDetails("leaf", {}).Ok());
   ASSERT_TRUE(store->SaveDetails("leaf", details).Ok());
   const auto loaded = Reopened().LoadDetails("leaf");
@@ -400,9 +400,8 @@ TEST_P(StoreContract, GivesBackDetailsAsTheyWere) {
   EXPECT_EQ(back.precisions[0].upperPrecision, 0.2);
   EXPECT_EQ(back.precisions[0].massTypeLowerPrecision, 0.3);
   EXPECT_EQ(back.precisions[0].massTypeUpperPrecision, 0.4);
-  EXPECT_EQ(back.appliedOn + back.referenceMaterial + back.dateFormat, "Part InstanceLeadYYYY");
+  EXPECT_EQ(back.appliedOn + back.referenceMaterial + back.documentId, "Part InstanceLeadD1");
   EXPECT_EQ(back.referenceDensity, 11340);
-  EXPECT_TRUE(back.propertiesRequested);
   // The wire form shows every member of documents and properties.
   const auto text = [](const PartDetails& d) {
     protocol::PartData data;

@@ -1,0 +1,230 @@
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gmock/gmock.h>
+
+#include "SaveFixture.h"
+
+namespace lumira::test {
+namespace {
+
+using protocol::FieldChange;
+using protocol::HistoryMoment;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+/// A product whose part "plate" has a document of three revisions, the automatic one being "B", and extra
+/// properties of every type. Revision "A" has the mass type "Planned" alone, revision "C" no data.
+class SaveContent : public ServerFixture {
+ protected:
+  SaveContent() {
+    ImportTables tables{TableSource{"s.csv", "parent,child\ntop,plate\n"},
+                        {"m.csv",
+                         "part,material,density [kg/m3],mass type,active,mass [kg]\n"
+                         "plate,Steel,7850,Estimated,,9\nplate,,,Weighed,yes,10\n"}};
+    tables.documents =
+        TableSource{"d.csv",
+                    "part,document,revision,check in time,attached,material,density [kg/m3],mass "
+                    "type,active,mass [kg],lower deviation [kg],upper deviation [kg]\n"
+                    "plate,D-1,A,2020-01-01 00:00:00,yes,Iron,7200,Planned,yes,7,0.5,0.75\n"
+                    "plate,D-1,B,2022-01-01 00:00:00,,Steel,7850,Estimated,,9,,\n"
+                    "plate,D-1,B,,,,,Weighed,yes,10,,\n"
+                    "plate,D-1,C,2021-01-01 00:00:00,,,,,,,,\n"};
+    tables.properties = TableSource{
+        "p.csv",
+        "property,type,magnitude,part,value\nfinish,text,,plate,painted\ncount,integer,,plate,-7\n"
+        "checked,date,,plate,2020-02-29\nfactor,real,,plate,0.5\n"
+        "reach,magnitude,LENGTH,plate,1.25\nload,magnitude,FORCE,,\n"};
+    const auto imported = ImportProduct(*store, tables, {});
+    EXPECT_TRUE(imported.Ok()) << imported.Failure().message;
+  }
+
+  std::string Save(const protocol::PartData& data) {
+    return Run(protocol::kCommandSavePart, protocol::WritePartData(data));
+  }
+
+  void SaveWell(const protocol::PartData& data) {
+    const std::string reply = Save(data);
+    EXPECT_TRUE(protocol::ReadSaveReply(reply).Ok()) << reply;
+  }
+
+  protocol::PartData Plate() { return PartDataOf("plate"); }
+
+  protocol::PartData Revision(const std::string& revision) {
+    const auto data = protocol::ReadPartData(Run("WBGetActiveDocInfo", "D-1|" + revision));
+    EXPECT_TRUE(data.Ok()) << data.Failure().message;
+    return data.Ok() ? data.Value() : protocol::PartData{};
+  }
+
+  // As the panel of a client sends it.
+  static protocol::PartData Choosing(protocol::PartData data, const std::string& revision) {
+    data.documents.activeVersion = revision;
+    data.documents.usedSpecificRevisionBefore = true;
+    return data;
+  }
+
+  static protocol::PartData ChoosingNone(protocol::PartData data) {
+    data.documents.activeId = data.documents.activeVersion = "__null__";
+    data.documents.usedSpecificRevisionBefore = false;
+    return data;
+  }
+
+  static std::string Choice(const protocol::PartData& data) {
+    const protocol::Documents& documents = data.documents;
+    return documents.activeId + " " + documents.activeVersion +
+           (documents.usedSpecificRevisionBefore ? " by hand" : " automatic");
+  }
+
+  static std::vector<std::string> Values(const protocol::PartData& data) {
+    std::vector<std::string> values;
+    for (const auto& property : data.properties) values.push_back(property.name + "=" + property.value);
+    return values;
+  }
+
+  std::vector<FieldChange> LatestChanges() {
+    const auto history =
+        protocol::ReadHistory(Run(protocol::kCommandHistory, protocol::WriteHistoryRequest({"plate", 0, 1})));
+    EXPECT_TRUE(history.Ok() && history.Value().entries.size() == 1);
+    return history.Value().entries.at(0).changes;
+  }
+
+  protocol::PartData StateOf(int number, HistoryMoment moment) {
+    return protocol::ReadPartData(Run(protocol::kCommandHistoryState,
+                                      protocol::WriteHistoryStateRequest({"plate", number, moment})))
+        .Value();
+  }
+};
+
+TEST_F(SaveContent, ComesBackAsTheAutomaticRevisionUnlessOneWasChosen) {
+  EXPECT_EQ(Choice(Plate()), "D-1 B automatic");
+  protocol::PartData data = ChoosingNone(Plate());
+  data.material.name = "Brass";
+  SaveWell(data);
+  Restart();
+  EXPECT_EQ(Choice(Plate()), "D-1 B automatic");
+  EXPECT_EQ(Plate().material.name, "Brass");
+}
+
+TEST_F(SaveContent, ComesBackAsTheRevisionThatWasChosen) {
+  SaveWell(Choosing(Plate(), "C"));
+  Restart();
+  EXPECT_EQ(Choice(Plate()), "D-1 C by hand");
+  SaveWell(ChoosingNone(Plate()));
+  EXPECT_EQ(Choice(Plate()), "D-1 B automatic");
+}
+
+TEST_F(SaveContent, ComesBackAsTheAutomaticRevisionThatWasChosenByHand) {
+  SaveWell(Choosing(Plate(), "B"));
+  Restart();
+  EXPECT_EQ(Choice(Plate()), "D-1 B by hand");
+}
+
+TEST_F(SaveContent, OfARevisionThatWasTakenOverGivesThePartItsMassTypes) {
+  SaveWell(Choosing(Revision("A"), "A"));
+  Restart();
+  const protocol::PartData data = Plate();
+  EXPECT_EQ(Choice(data), "D-1 A by hand");
+  ASSERT_EQ(data.massTypes.size(), 2u);
+  EXPECT_EQ(data.massTypes[1].name, "Planned");
+  EXPECT_EQ(data.massTypes[1].mass, 7);
+  EXPECT_EQ(data.massTypes[1].upperDeviation, 0.75);
+  EXPECT_EQ(data.activeMassType, "Planned");
+  EXPECT_EQ(data.material.name, "Iron");
+  EXPECT_EQ(Compute("top").mass, 7);
+}
+
+TEST_F(SaveContent, OfMassTypesOfARevisionThatWasNotChosenIsRefused) {
+  EXPECT_THAT(Save(ChoosingNone(Revision("A"))),
+              HasSubstr("massTypes[2].name: \"Planned\" is no mass type of part \"plate\""));
+  EXPECT_THAT(Save(Choosing(Revision("A"), "C")), HasSubstr("\"Planned\" is no mass type"));
+}
+
+TEST_F(SaveContent, ThatFollowsASaveGoesOnWithTheTokenOfTheRevision) {
+  protocol::PartData data = Plate();
+  data.material.name = "Brass";
+  SaveWell(data);
+  const protocol::PartData revision = Revision("B");
+  EXPECT_EQ(revision.stateToken, Plate().stateToken);
+  SaveWell(Choosing(revision, "B"));
+}
+
+TEST_F(SaveContent, BringsBackPropertiesOfEveryType) {
+  EXPECT_THAT(Values(Plate()), ElementsAre("finish=painted", "count=-7", "checked=2020-02-29", "factor=0.5",
+                                           "reach=1.25", "load="));
+  protocol::PartData data = Plate();
+  const char* const values[] = {"blank | 50%", "2147483647", "2024-02-29", "-1e-300", "0.001", "3e4"};
+  for (std::size_t i = 0; i < std::size(values); ++i) data.properties.at(i).value = values[i];
+  SaveWell(data);
+  Restart();
+  EXPECT_THAT(Values(Plate()), ElementsAre("finish=blank | 50%", "count=2147483647", "checked=2024-02-29",
+                                           "factor=-1e-300", "reach=0.001", "load=3e4"));
+}
+
+TEST_F(SaveContent, TakesValuesOfPropertiesAway) {
+  protocol::PartData data = Plate();
+  for (auto& property : data.properties) property.value.clear();
+  SaveWell(data);
+  EXPECT_THAT(Values(Plate()), ElementsAre("finish=", "count=", "checked=", "factor=", "reach=", "load="));
+}
+
+TEST_F(SaveContent, LeavesTheDataOfRevisionsAsTheyAre) {
+  protocol::PartData data = Choosing(Plate(), "B");
+  data.massTypes.at(2).mass = 11;
+  SaveWell(data);
+  EXPECT_EQ(Revision("B").massTypes.at(2).mass, 10);
+  EXPECT_EQ(Plate().massTypes.at(2).mass, 11);
+}
+
+TEST_F(SaveContent, TellsTheChoiceAndThePropertiesInTheHistory) {
+  protocol::PartData data = Choosing(Plate(), "B");
+  data.properties.at(4).value = "2.5";
+  data.properties.at(5).value = "10";
+  SaveWell(data);
+  EXPECT_THAT(LatestChanges(), ElementsAre(FieldChange{"documents.activeVersion", "", "B"},
+                                           FieldChange{"documents.usedSpecificRevisionBefore", "0", "1"},
+                                           FieldChange{"properties[reach].value", "1.25", "2.5"},
+                                           FieldChange{"properties[load].value", "", "10"}));
+}
+
+TEST_F(SaveContent, OfAStateOfTheHistoryBringsChoiceAndPropertiesBack) {
+  protocol::PartData data = Choosing(Plate(), "B");
+  data.properties.at(0).value = "raw";
+  data.properties.at(4).value = "";
+  SaveWell(data);
+  SaveWell(StateOf(1, HistoryMoment::Before));
+  EXPECT_EQ(Choice(Plate()), "D-1 B automatic");
+  EXPECT_EQ(Values(Plate()).at(0), "finish=painted");
+  EXPECT_EQ(Values(Plate()).at(4), "reach=1.25");
+  SaveWell(StateOf(1, HistoryMoment::After));
+  EXPECT_EQ(Choice(Plate()), "D-1 B by hand");
+  EXPECT_EQ(Values(Plate()).at(0), "finish=raw");
+}
+
+TEST_F(SaveContent, IsRefusedWhenSomebodyElseHasChosenOrTypedMeanwhile) {
+  protocol::PartData mine = Plate();
+  protocol::PartData theirs = Choosing(mine, "A");
+  theirs.properties.at(1).value = "8";
+  SaveWell(theirs);
+  mine.material.name = "Brass";
+  const std::string reply = Save(mine);
+  EXPECT_THAT(reply, HasSubstr("documents.activeVersion (\"\", now \"A\")"));
+  EXPECT_THAT(reply, HasSubstr("properties[count].value (\"-7\", now \"8\")"));
+  EXPECT_EQ(Plate().material.name, "Steel");
+}
+
+// The choice is what people save; which revision it leads to is not.
+TEST_F(SaveContent, IsNotRefusedForAnAutomaticRevisionThatIsAnotherOneByNow) {
+  protocol::PartData mine = Plate();
+  mine.material.name = "Brass";
+  SaveWell(mine);
+  mine = Plate();
+  PartDetails details = store->LoadDetails("plate").Value();
+  details.documents.revisions.push_back({"D", "2026-01-01 00:00:00", "", {}, "", 0});
+  ASSERT_TRUE(store->SaveDetails("plate", details).Ok());
+  EXPECT_EQ(Choice(Plate()), "D-1 D automatic");
+  mine = ChoosingNone(mine);
+  mine.material.name = "Bronze";
+  SaveWell(mine);
+  EXPECT_EQ(Plate().material.name, "Bronze");
+}
+
+}  // namespace
+}  // namespace lumira::test
