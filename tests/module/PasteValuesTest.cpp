@@ -43,12 +43,12 @@ TEST_F(PasteValues, PastingAnUndefinedMassTypeLeavesTheValues) {
   EXPECT_EQ(MTValues(), kEstimated);
 }
 
-TEST_F(PasteValues, PastingAnOutOfDateResultLeavesTheValues) {
+TEST_F(PasteValues, PastingAnOutOfDateResultTakesItsValues) {
   protocol::PartData part = SamplePartWithActive("Estimated");
   part.massTypes[0].status = protocol::MassTypeStatus::OutOfDate;
   EditPage(part);
   Pick("MTPasteValuesCombo", "Computed");
-  EXPECT_EQ(MTValues(), kEstimated);
+  EXPECT_EQ(MTValues(), kComputed);
 }
 
 TEST_F(PasteValues, PastingWhatLacksACentreAndInertiaTakesTheMassAlone) {

@@ -149,7 +149,11 @@ TEST_F(Revisions, AreNoLongerChosenOnceAnotherPartIsBound) {
   Press("ChangeActiveDocButton");
   auto plain = BufferOf(SamplePart());
   Panel().SetModel(plain.Get());
-  ExpectChoosing(false);
+  for (const char* name : {"ActiveDocsCombo", "ApplyActiveDocButton", "CancelActiveDocButton",
+                           "ChangeActiveDocButton", "ActiveDocLatestButton", "SaveButton"})
+    EXPECT_FALSE(IsEnabled(name)) << name;
+  for (const char* name : {"TabPage002", "TabPage003", "TabPage004", "TabPage005", "EditButton"})
+    EXPECT_TRUE(IsEnabled(name)) << name;
 }
 
 TEST_F(Revisions, AfterCancelKeepTheChangedSelectionButNotTheSensitivities) {

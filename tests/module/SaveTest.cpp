@@ -426,10 +426,23 @@ TEST_F(DocumentSave, OfARevisionChosenByHandStaysChosenByHandAtTheNextRefresh) {
   Edit(_part);
   PickPage("TabPageDocuments");
   Check("ActiveDocUsrSelButton");
+  Press("ChangeActiveDocButton");
+  Pick("ActiveDocsCombo", "D-7 A");
+  Press("CancelActiveDocButton");
   Save();
   Panel().RefreshPanelWithInfo();
   EXPECT_TRUE(IsChecked("ActiveDocUsrSelButton"));
-  EXPECT_EQ(Text("Act"), "D-7 B");
+  EXPECT_EQ(Text("Act"), "D-7 A");
+}
+
+// The server takes a document that is sent as it has it for no choice.
+TEST_F(DocumentSave, OfTheRevisionThatIsActiveAnywayStaysAutomaticAtTheNextRefresh) {
+  Edit(_part);
+  PickPage("TabPageDocuments");
+  Check("ActiveDocUsrSelButton");
+  Save();
+  Panel().RefreshPanelWithInfo();
+  EXPECT_TRUE(IsChecked("ActiveDocLatestButton"));
 }
 
 TEST_F(DocumentSave, OnAPanelWithoutTheDocumentsPageLeavesTheDocumentAsItIs) {
