@@ -1,5 +1,6 @@
 // The part panel in edit mode, worked by keys alone.
 #include <QTabWidget>
+#include <algorithm>
 
 #include "tests/desktop/app/EditingHarness.h"
 
@@ -23,6 +24,17 @@ class EditingKeyboardTest : public EditingTest {
       names << QApplication::focusWidget()->objectName();
     }
     return names;
+  }
+  QWidget* Choice(const char* name) {
+    return backend.ControlOf<QWidget>(Panel().Find(std::string(kChoice) + name));
+  }
+  /// Goes down from the first line of a combo of the choice to a line that it has.
+  void PickByKeys(const char* combo, const char* line) {
+    const auto& lines = Panel().Find<KorDlgCombo>(std::string(kChoice) + combo).GetLines();
+    const auto found = std::find(lines.begin(), lines.end(), line);
+    ASSERT_NE(found, lines.end()) << line;
+    QTest::keyClick(Choice(combo), Qt::Key_Home);
+    for (int step = 0; step < found - lines.begin(); ++step) QTest::keyClick(Choice(combo), Qt::Key_Down);
   }
   void EditByKey() {
     QTest::keyClick(window.PartPanel().Window(), Qt::Key_F2);
@@ -57,6 +69,74 @@ TEST_F(EditingKeyboardTest, TabVisitsBoundsThatTheUserDefines) {
   QStringList visited = VisitedOnPage();
   visited.removeAll("ActiveMassTypeSelectedEditor");
   EXPECT_EQ(visited.join(" ").toStdString(), "TypeCombo UpperValueEditor LowerValueEditor ValueTypeCombo");
+}
+
+TEST_F(EditingKeyboardTest, TabVisitsTheDocumentsPageWhenTheRevisionIsAutomatic) {
+  GoTo(kDocumentsPage);
+  EditByKey();
+  EXPECT_EQ(VisitedOnPage().join(" ").toStdString(),
+            "DocumentsCombo DocAttr1Editor DocAttr1Editor DocAttr1Editor DocAttr1Editor DocAttr1Editor "
+            "ActiveDocLatestButton CurrentlyAttachedDocEditor");
+}
+
+TEST_F(EditingKeyboardTest, TabVisitsTheChoiceOfARevisionFirst) {
+  GoTo(kDocumentsPage);
+  EditByKey();
+  ASSERT_TRUE(Panel().Find<KorDlgRadioButton>(kByHand).Check());
+  ASSERT_TRUE(PressChoice("ChangeActiveDocButton"));
+  const QStringList visited = VisitedOnPage();
+  EXPECT_EQ(visited.mid(0, 4).join(" ").toStdString(),
+            "ActiveDocsCombo ApplyActiveDocButton CancelActiveDocButton DocumentsCombo");
+}
+
+TEST_F(EditingKeyboardTest, TabVisitsNameAndValueOfAProperty) {
+  GoTo(kPropertiesPage);
+  EditByKey();
+  EXPECT_EQ(VisitedOnPage().join(" ").toStdString(), "PropertyNameCombo PropertyValueEditor");
+}
+
+TEST_F(EditingKeyboardTest, TabVisitsNoValueOfAPropertyOutsideEditMode) {
+  GoTo(kPropertiesPage);
+  EXPECT_EQ(VisitedOnPage().join(" ").toStdString(), "PropertyNameCombo");
+}
+
+TEST_F(EditingKeyboardTest, ARevisionIsChosenByKeysAlone) {
+  GoTo(kDocumentsPage);
+  EditByKey();
+  QWidget* latest = backend.ControlOf<QWidget>(Panel().Find(
+      "TabContainer001.TabPageDocuments.LowerMainFrameActiveDoc.FrameActiveDocType.ActiveDocLatestButton"));
+  latest->setFocus();
+  QTest::keyClick(latest, Qt::Key_Right);
+  ASSERT_TRUE(Panel().Find<KorDlgRadioButton>(kByHand).IsChecked());
+  QTest::keyClick(Choice("ChangeActiveDocButton"), Qt::Key_Space);
+  PickByKeys("ActiveDocsCombo", "DOC-BEDPLATE B");
+  QTest::keyClick(Choice("ApplyActiveDocButton"), Qt::Key_Space);
+  QTest::keyClick(window.PartPanel().Window(), Qt::Key_S, Qt::ControlModifier);
+  RunPendingEvents();
+  EXPECT_FALSE(IsEditing());
+  EXPECT_TRUE(boxes.Messages().empty());
+  KorUnicodeString revision;
+  window.PartPanel().Buffer()->GetActiveDocVersion(revision);
+  EXPECT_EQ(revision.Utf8(), "B");
+}
+
+TEST_F(EditingKeyboardTest, APropertyIsEditedByKeysAlone) {
+  GoTo(kPropertiesPage);
+  EditByKey();
+  auto* name = backend.ControlOf<QWidget>(Panel().Find(kPropertyName));
+  name->setFocus();
+  for (int line = 0; line < 2; ++line) QTest::keyClick(name, Qt::Key_Down);
+  QTest::keyClick(name, Qt::Key_Tab);
+  auto* value = backend.ControlOf<QLineEdit>(Panel().Find(kPropertyValue));
+  ASSERT_EQ(value->text(), "2020-06-18");
+  value->selectAll();
+  QTest::keyClicks(value, "2024-02-29");
+  QTest::keyClick(value, Qt::Key_S, Qt::ControlModifier);
+  RunPendingEvents();
+  EXPECT_FALSE(IsEditing());
+  EXPECT_TRUE(boxes.Messages().empty());
+  ShowProperty("Last weighing");
+  EXPECT_EQ(TextOf(kPropertyValue), "2024-02-29");
 }
 
 TEST_F(EditingKeyboardTest, AMassIsEditedTypedAndSavedByKeysAlone) {

@@ -16,6 +16,7 @@
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgPushButton.h"
+#include "framework/dialog/KorDlgRadioButton.h"
 #include "framework/dialog/KorDlgTabContainer.h"
 #include "framework/knowledge/KorUnitSystems.h"
 #include "framework/pdm/KorPdmClient.h"
@@ -63,6 +64,9 @@ constexpr const char* kTypes = "TabContainer001.TabPage003.Frame107.Frame231.";
 constexpr const char* kInertia = "TabContainer001.TabPage003.Frame113.MTMomentOfInertia.";
 constexpr const char* kCG = "TabContainer001.TabPage003.Frame113.MTCGFrame.";
 constexpr const char* kPrecision = "TabContainer001.TabPage005.Frame252.";
+constexpr const char* kDocuments = "TabContainer001.TabPageDocuments.";
+constexpr const char* kProperties = "TabContainer001.TabPageAdditional.ExtraPropertiesFrame.";
+enum Page { kMassTypesPage = 1, kPrecisionPage = 3, kDocumentsPage, kPropertiesPage };
 
 class WorkingDayTest : public testing::TestWithParam<ToolkitRow> {
  protected:
@@ -112,7 +116,7 @@ class WorkingDayTest : public testing::TestWithParam<ToolkitRow> {
     return panel->Dialog().Find<Widget>(path);
   }
   void Press(const std::string& button) { ASSERT_TRUE(Find<KorDlgPushButton>(button).Press()) << button; }
-  void GoTo(int page) { ASSERT_TRUE(Find<KorDlgTabContainer>("TabContainer001").Pick(page)) << page; }
+  void GoTo(Page page) { ASSERT_TRUE(Find<KorDlgTabContainer>("TabContainer001").Pick(page)) << page; }
   void Pick(const std::string& combo, const char* line) {
     ASSERT_TRUE(Find<KorDlgCombo>(combo).Pick(KorUnicodeString(line))) << combo << " " << line;
   }
@@ -127,9 +131,24 @@ class WorkingDayTest : public testing::TestWithParam<ToolkitRow> {
 
   // ---- the steps of the day ----
 
+  /// The revision of the document before the latest one, chosen by hand; its values are shown.
+  void ChooseRevision() {
+    const std::string choice = kDocuments + std::string("UpperMainFrameActiveDoc.FrameActiveDoc.");
+    GoTo(kDocumentsPage);
+    ASSERT_TRUE(Find<KorDlgRadioButton>(kDocuments + std::string("LowerMainFrameActiveDoc.FrameActiveDocType."
+                                                                 "ActiveDocUsrSelButton"))
+                    .Check());
+    Press(choice + "ChangeActiveDocButton");
+    Pick(choice + "ActiveDocsCombo", "DOC-BEDPLATE B");
+    Press(choice + "ApplyActiveDocButton");
+    GoTo(kMassTypesPage);
+    Pick(kTypes + std::string("MassTypeCombo"), "Calculated");
+    EXPECT_EQ(TextOf(kTypes + std::string("MTMassEditor")), "42900 kg");
+  }
+
   /// Another mass type's values, scaled to another mass, as those of the shown type.
   void PasteAndRescale() {
-    GoTo(1);
+    GoTo(kMassTypesPage);
     Type(kTypes + std::string("MTMassEditor"), "2 * 21500");
     EXPECT_EQ(TextOf(kTypes + std::string("MTMassEditor")), "43000");
     Pick(kTypes + std::string("MTPasteValuesCombo"), "Computed");
@@ -141,17 +160,31 @@ class WorkingDayTest : public testing::TestWithParam<ToolkitRow> {
     Type(kCG + std::string("MTCGxEditor"), "-1300.5 mm");
   }
 
-  /// 4 percent of the active mass, 42274.27441 kg as shown, and back.
+  /// 4 percent of the active mass of the chosen revision, 42900 kg, and back.
   void ChangePrecisionAndBack() {
-    GoTo(3);
+    GoTo(kPrecisionPage);
     Pick(kPrecision + std::string("Frame092.TypeCombo"), "User Defined");
     Type(kPrecision + std::string("PrecisionValueFrame.LowerValueEditor"), "4");
     Type(kPrecision + std::string("PrecisionValueFrame.UpperValueEditor"), "2.5 %");
     EXPECT_EQ(TextOf(kPrecision + std::string("PrecisionValueFrame.UpperValueEditor")), "2.5%");
     Pick(kPrecision + std::string("PrecisionValueFrame.ValueTypeCombo"), "Absolute");
-    EXPECT_EQ(TextOf(kPrecision + std::string("PrecisionValueFrame.LowerValueEditor")), "1690.970976 kg");
+    EXPECT_EQ(TextOf(kPrecision + std::string("PrecisionValueFrame.LowerValueEditor")), "1716 kg");
     Pick(kPrecision + std::string("PrecisionValueFrame.ValueTypeCombo"), "Relative");
     EXPECT_EQ(TextOf(kPrecision + std::string("PrecisionValueFrame.LowerValueEditor")), "4%");
+  }
+
+  void EditProperty(const char* name, const char* shown, const char* text) {
+    Pick(kProperties + std::string("PropertyNameCombo"), name);
+    EXPECT_EQ(TextOf(kProperties + std::string("PropertyValueEditor")), shown);
+    Type(kProperties + std::string("PropertyValueEditor"), text);
+  }
+
+  /// A date, a length in millimetres and a mass; the last one is still being edited when it is saved.
+  void EditProperties() {
+    GoTo(kPropertiesPage);
+    EditProperty("Last weighing", "2020-06-18", "2024-02-29");
+    EditProperty("Overall length", "9200 mm", "9350.5 mm");
+    EditProperty("Transport mass", "44500 kg", "45125");
   }
 
   // ---- what is there afterwards ----
@@ -168,20 +201,42 @@ class WorkingDayTest : public testing::TestWithParam<ToolkitRow> {
     return data.Ok() ? data.Value() : protocol::PartData();
   }
 
-  /// The only row that a query of the file gives.
-  std::vector<double> RowOf(const char* sql) const {
+  static double Real(sqlite3_stmt* query, int column) { return sqlite3_column_double(query, column); }
+  static std::string Characters(sqlite3_stmt* query, int column) {
+    return reinterpret_cast<const char*>(sqlite3_column_text(query, column));
+  }
+
+  static std::string PropertyOf(const protocol::PartData& data, const std::string& name) {
+    for (const protocol::ExtraProperty& property : data.properties)
+      if (property.name == name) return property.value;
+    return "no such property";
+  }
+
+  /// The only row that a query of the file gives, each column as `read` reads it.
+  template <class Value>
+  std::vector<Value> RowOf(const char* sql, Value (*read)(sqlite3_stmt*, int)) const {
     sqlite3* database = nullptr;
     EXPECT_EQ(sqlite3_open_v2(File().c_str(), &database, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
     sqlite3_stmt* query = nullptr;
     EXPECT_EQ(sqlite3_prepare_v2(database, sql, -1, &query, nullptr), SQLITE_OK) << sqlite3_errmsg(database);
     EXPECT_EQ(sqlite3_step(query), SQLITE_ROW);
-    std::vector<double> row;
-    for (int column = 0; column < sqlite3_column_count(query); ++column)
-      row.push_back(sqlite3_column_double(query, column));
+    std::vector<Value> row;
+    for (int column = 0; column < sqlite3_column_count(query); ++column) row.push_back(read(query, column));
     EXPECT_EQ(sqlite3_step(query), SQLITE_DONE);
     sqlite3_finalize(query);
     sqlite3_close(database);
     return row;
+  }
+
+  /// Of the bedplate, as the file has it.
+  std::string StoredProperty(const std::string& name) const {
+    const std::string sql =
+        "SELECT value FROM property_values JOIN parts ON parts.key = property_values.part "
+        "JOIN property_definitions ON property_definitions.product = parts.product "
+        "AND property_definitions.position = property_values.definition "
+        "WHERE parts.part = 'bedplate' AND property_definitions.name = '" +
+        name + "'";
+    return RowOf(sql.c_str(), Characters).at(0);
   }
 
   QTemporaryDir folder;
@@ -197,11 +252,11 @@ TEST_P(WorkingDayTest, EverythingThatWasSavedIsThereForANewProcessAndInSIInTheFi
   ASSERT_FALSE(server->Run("WBComputeNymValues", "1|bedplate|").starts_with("LumiraError: "));
   ClosePanel();
   OpenPanel();
-  GoTo(1);
-  Pick(kTypes + std::string("MassTypeCombo"), "Calculated");
   Press("Frame238.EditButton");
+  ChooseRevision();
   PasteAndRescale();
   ChangePrecisionAndBack();
+  EditProperties();
   Press("Frame238.SaveButton");
   EXPECT_FALSE(Find<KorDlgPushButton>("Frame238.SaveButton").IsEnabled());
 
@@ -216,10 +271,25 @@ TEST_P(WorkingDayTest, EverythingThatWasSavedIsThereForANewProcessAndInSIInTheFi
   EXPECT_EQ(type->precisionValueType, 0);
   EXPECT_EQ(type->lowerPrecision, 0.04);
   EXPECT_EQ(type->upperPrecision, 0.025);
+  EXPECT_EQ(data.documents.activeId, "DOC-BEDPLATE");
+  EXPECT_EQ(data.documents.activeVersion, "B");
+  EXPECT_TRUE(data.documents.usedSpecificRevisionBefore);
+  EXPECT_EQ(PropertyOf(data, "Last weighing"), "2024-02-29");
+  EXPECT_EQ(PropertyOf(data, "Overall length"), "9.3505");
+  EXPECT_EQ(PropertyOf(data, "Transport mass"), "45125");
+  EXPECT_EQ(PropertyOf(data, "Supplier"), "Nordguss") << "nobody edited it";
 
   EXPECT_THAT(RowOf("SELECT mass, cg_x, inertia_xx FROM mass_types JOIN parts ON parts.key = mass_types.part "
-                    "WHERE parts.part = 'bedplate' AND mass_types.name = 'Calculated'"),
+                    "WHERE parts.part = 'bedplate' AND mass_types.name = 'Calculated'",
+                    Real),
               testing::ElementsAre(84548.54882976364, -1.3005, 1098139.696));
+  EXPECT_THAT(RowOf("SELECT document, active_version, used_specific_revision FROM part_details "
+                    "JOIN parts ON parts.key = part_details.part WHERE parts.part = 'bedplate'",
+                    Characters),
+              testing::ElementsAre("DOC-BEDPLATE", "B", "1"));
+  EXPECT_EQ(StoredProperty("Last weighing"), "2024-02-29");
+  EXPECT_EQ(StoredProperty("Overall length"), "9.3505");
+  EXPECT_EQ(StoredProperty("Transport mass"), "45125");
 }
 
 INSTANTIATE_TEST_SUITE_P(Toolkits, WorkingDayTest,
