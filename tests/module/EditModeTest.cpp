@@ -1,5 +1,6 @@
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgRadioButton.h"
+#include "framework/dialog/KorMsgCatalog.h"
 #include "tests/module/EditTest.h"
 #include "tests/support/TraceCapture.h"
 
@@ -187,6 +188,147 @@ TEST_F(EditMode, OfAPartWithAnInstanceDoesNotAskWhereTheMaterialApplies) {
   EXPECT_EQ(Title("Material defined for the: "), "Material defined for the:");
 }
 
+TEST_F(EditMode, OfRevisionsThatMayNotBeUsedOffersNoChoiceAndSavesNone) {
+  protocol::PartData part = SamplePartWithDocuments();
+  part.documents.used = false;
+  Edit(part);
+  const protocol::PartData sent = Save();
+  EXPECT_EQ(sent.documents.activeId, "__null__");
+  EXPECT_EQ(sent.documents.activeVersion, "__null__");
+  EXPECT_TRUE(sent.computed) << "no revision is compared";
+}
+
+TEST_F(EditMode, KeepsItsTitlesInAnotherLanguage) {
+  protocol::PartData part = SamplePart();
+  part.hasInstance = false;
+  Edit(part);
+  KorMsgCatalog::SetLanguage("de");
+  Panel().ReloadTexts();
+  EXPECT_EQ(Title("Material defined for the: "), "Apply material on:");
+  EXPECT_NE(Title("EditButton"), "Edit") << "the others are those of the language";
+  KorMsgCatalog::SetLanguage("en");
+}
+
+TEST_F(EditMode, OfTheComputedMassTypeClearsThePasteLinesOfTheOneBefore) {
+  Edit(SamplePart());
+  Pick("MTPasteValuesCombo", "Weighed");
+  Type("MTMassEditor", "3");
+  Save();
+  Pick("MassTypeCombo", "Computed");
+  ExpectEnabled({"MTPasteValuesCombo", "UpdatePropertiesButton"}, true);
+  Press("EditButton");
+  ExpectEnabled({"MTPasteValuesCombo", "UpdatePropertiesButton"}, false);
+  EXPECT_THAT(Lines("MTPasteValuesCombo"), IsEmpty());
+}
+
+// ---- a refresh of the whole panel ends it ----
+
+class EndOfEditMode : public EditMode {
+ protected:
+  static protocol::PartData PartWithEverything() {
+    protocol::PartData part = SamplePartWithDocuments();
+    part.documents.usedSpecificRevisionBefore = true;
+    part.propertiesRequested = true;
+    part.properties = {{"Finish", "painted", 3, false, false, ""}};
+    part.massTypes[0].precisionType = 1;
+    return part;
+  }
+  void ExpectAsAfterASave() {
+    ExpectEnabled(kDistribution, false);
+    ExpectEnabled(kBounds, false);
+    ExpectEnabled({"ActiveMassCombo", "MTMassEditor", "DensityEditor", "WBMaterialEditor", "FirstCombo",
+                   "TypeCombo", "ValueTypeCombo", "SaveButton", "StdPartCheckButton", "ActiveDocLatestButton",
+                   "ActiveDocUsrSelButton", "ChangeActiveDocButton", "PropertyValueEditor"},
+                  false);
+    ExpectEnabled({"EditButton", "ComputeButton"}, true);
+    EXPECT_THAT(Server().Requests(), IsEmpty());
+  }
+};
+
+TEST_F(EndOfEditMode, ComesWithARefreshOfTheWholePanelAsAfterASave) {
+  Edit(PartWithEverything());
+  ExpectEnabled({"PropertyValueEditor", "ChangeActiveDocButton", "UpperValueEditor"}, true);
+  Panel().RefreshPanelWithInfo();
+  ExpectAsAfterASave();
+}
+
+TEST_F(EndOfEditMode, ComesWithAnotherPartAsAfterASave) {
+  Edit(PartWithEverything());
+  auto next = BufferOf(PartWithEverything());
+  Panel().SetModel(next.Get());
+  ExpectAsAfterASave();
+}
+
+TEST_F(EndOfEditMode, GivesUpWhatWasTyped) {
+  Edit(PartWithEverything());
+  Type("MTMassEditor", "9");
+  Panel().RefreshPanelWithInfo();
+  EXPECT_EQ(Buffer().GetMass("Estimated"), 4);
+}
+
+TEST_F(EndOfEditMode, EndsTheChoiceWhereTheMaterialAppliesAlsoWhereNoneIsShown) {
+  protocol::PartData part = SamplePart();
+  part.hasInstance = false;
+  part.material.name = "";
+  Edit(part);
+  Panel().RefreshPanelWithInfo();
+  EXPECT_EQ(Title("Material defined for the: "), "Material applied to: ");
+  ExpectEnabled({"ApplyOnInstance", "ApplyOnReference"}, false);
+}
+
+TEST_F(EndOfEditMode, OfAPartWithAnInstanceKeepsTheTitleOfTheMaterial) {
+  Edit(SamplePart());
+  Panel().RefreshPanelWithInfo();
+  EXPECT_EQ(Title("Material defined for the: "), "Material defined for the:");
+}
+
+TEST_F(EndOfEditMode, OnTheResultsPageOffersTheModesAgainAndOnAnotherOneDoesNot) {
+  Open(SamplePart());
+  Press("EditButton");
+  Panel().RefreshPanelWithInfo();
+  ExpectEnabled({"InertiaModeFrame", "ReferenceModeFrame"}, true);
+  PickPage("TabPage003");
+  Press("EditButton");
+  Panel().RefreshPanelWithInfo();
+  ExpectEnabled({"InertiaModeFrame", "ReferenceModeFrame"}, false);
+}
+
+TEST_F(EndOfEditMode, OffersNoComputeWhereOneMakesNoSenseWithTheUsersActiveMassType) {
+  protocol::PartData part = SamplePart();
+  part.activeMassType = "Estimated";
+  Edit(part);
+  Buffer().SetComputableWithUserMassType(false);
+  Panel().RefreshPanelWithInfo();
+  EXPECT_FALSE(IsEnabled("ComputeButton"));
+}
+
+TEST_F(EndOfEditMode, OutsideItARefreshLeavesTheSensitivitiesAsTheyAre) {
+  Open(SamplePart());
+  const bool standardPart = IsEnabled("StdPartCheckButton");
+  Widget("ComputeButton").SetSensitivity(KorSensitivity::Disabled);
+  Panel().RefreshPanelWithInfo();
+  EXPECT_FALSE(IsEnabled("ComputeButton"));
+  EXPECT_EQ(IsEnabled("StdPartCheckButton"), standardPart);
+}
+
+TEST_F(EndOfEditMode, DoesNotComeWithTheRefreshOfOnePage) {
+  Edit(SamplePart());
+  Panel().RefreshMassTypeTab();
+  Panel().RefreshMaterialTab();
+  Panel().RefreshPrecisionTab();
+  Panel().RefreshResultsTab();
+  EXPECT_TRUE(IsEnabled("SaveButton"));
+  EXPECT_FALSE(IsEnabled("EditButton"));
+}
+
+TEST_F(EndOfEditMode, DoesNotComeWithoutABuffer) {
+  Edit(SamplePart());
+  Panel().SetModel(nullptr);
+  EXPECT_TRUE(IsEnabled("SaveButton"));
+  Panel().SetModel(&Buffer());
+  EXPECT_FALSE(IsEnabled("SaveButton"));
+}
+
 // ---- delete ----
 
 TEST_F(EditMode, ComingFromDisplayModeKeepsDeleteDisabledSinceSaveIsEnabledLaterOnly) {
@@ -272,6 +414,32 @@ TEST_F(Delete, LeavesTheSensitivitiesAsTheyAre) {
   Press("DeleteButton");
   for (const char* name : {"DeleteButton", "MTMassEditor", "MTCGxEditor", "MTIxyEditor", "SaveButton"})
     EXPECT_TRUE(IsEnabled(name)) << name;
+}
+
+TEST_F(Delete, OfTheActiveMassTypeLeavesTheSensitivitiesAsTheyAreToo) {
+  protocol::PartData part = SamplePart();
+  part.activeMassType = "Estimated";
+  part.massTypes[1].precisionType = 1;
+  OfferDelete(part, "Estimated");
+  Press("DeleteButton");
+  EXPECT_EQ(SelectedLine("TypeCombo"), "Mass Type");
+  for (const char* name : {"UpperValueEditor", "LowerValueEditor", "ValueTypeCombo", "DeleteButton"})
+    EXPECT_TRUE(IsEnabled(name)) << name;
+}
+
+TEST_F(Delete, OfTheActiveMassTypeSavesTheBoundsOfTheOneThatBecomesActive) {
+  protocol::PartData part = SamplePart();
+  part.activeMassType = "Estimated";
+  part.massTypes[1].precisionType = part.massTypes[0].precisionType = 1;
+  part.massTypes[1].upperPrecision = 0.25;
+  part.massTypes[0].upperPrecision = 8;
+  part.massTypes[0].precisionValueType = 1;
+  OfferDelete(part, "Estimated");
+  Press("DeleteButton");
+  EXPECT_EQ(Text("UpperValueEditor"), "8 kg");
+  const protocol::MassType sent = TypeOf(Save(), "Computed");
+  EXPECT_EQ(sent.upperPrecision, 8);
+  EXPECT_EQ(sent.precisionValueType, 1);
 }
 
 TEST_F(Delete, ReachesTheServerWithTheNextSave) {

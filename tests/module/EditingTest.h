@@ -39,6 +39,12 @@ class EditingTest : public PanelTest {
            Text("MTCGzEditor") + "; " + MTMoments() + "; " + MTProducts();
   }
 
+  /// Saves, which the server takes.
+  void Save() {
+    Server().Expect("WBSaveNymValues", "SaveReply/1|P-100|8|end");
+    Press("SaveButton");
+  }
+
   /// How many of the nine centre-of-gravity and inertia editors can be typed in.
   int EditableDistribution() {
     int count = 0;

@@ -1,4 +1,5 @@
 #include "framework/dialog/KorDlgRadioButton.h"
+#include "framework/knowledge/KorCkeParmDictionary.h"
 #include "framework/knowledge/KorUnitSystems.h"
 #include "tests/module/EditTest.h"
 #include "tests/support/TraceCapture.h"
@@ -95,6 +96,45 @@ TEST_F(SaveCommand, LeavesADensityUndefinedUntilOneIsTyped) {
   PickPage("TabPage004");
   Type("DensityEditor", "0");
   EXPECT_EQ(Save().material.density, 0);
+}
+
+TEST_F(SaveCommand, LeavesAMassAwayUntilOneIsTyped) {
+  protocol::PartData part = SamplePart();
+  part.massTypes[1].mass.reset();
+  Edit(part);
+  EXPECT_EQ(Text("MTMassEditor"), "0 kg");
+  EXPECT_EQ(TypeOf(Save(), "Estimated").mass, std::nullopt);
+  Press("EditButton");
+  Type("MTMassEditor", "0");
+  EXPECT_EQ(TypeOf(Save(), "Estimated").mass, 0);
+}
+
+TEST_F(SaveCommand, SendsAbsoluteBoundsThatNobodyEditedWithAllTheirDigitsUnderEveryUnit) {
+  protocol::PartData part = SamplePart();
+  part.massTypes[0].precisionType = part.massTypes[0].precisionValueType = 1;
+  part.massTypes[0].lowerPrecision = 1.0 / 3;
+  part.massTypes[0].upperPrecision = 123456.78901234567;
+  for (const auto& unit : KorCkeGlobalFunctions::GetParmDictionary()->FindMagnitude("MASS")->Units()) {
+    SetUnit("MASS", unit->Name());
+    Edit(part);
+    const protocol::MassType sent = TypeOf(Save(), "Computed");
+    EXPECT_EQ(sent.lowerPrecision, 1.0 / 3) << unit->Name();
+    EXPECT_EQ(sent.upperPrecision, 123456.78901234567) << unit->Name();
+    Close();
+  }
+}
+
+TEST_F(SaveCommand, SendsMagnitudePropertiesThatNobodyEditedWithAllTheirDigitsUnderEveryUnit) {
+  for (const char* magnitude : {"MASS", "LENGTH", "DENSITY", "INERTIAMOMENT", "SURFACICMASS"}) {
+    protocol::PartData part = SamplePartWithProperties();
+    part.properties = {{"Extra", "1234.5678901234567", 2, false, true, magnitude}};
+    for (const auto& unit : KorCkeGlobalFunctions::GetParmDictionary()->FindMagnitude(magnitude)->Units()) {
+      SetUnit(magnitude, unit->Name());
+      Edit(part);
+      EXPECT_EQ(Save().properties[0].value, "1234.5678901234567") << unit->Name();
+      Close();
+    }
+  }
 }
 
 struct Priority {
@@ -210,7 +250,9 @@ TEST_F(PrecisionSave, OfAMassStoresItInKilogramsAndShowsItInTheCurrentUnit) {
   Edit(_part);
   PickPage("TabPage005");
   Type("UpperValueEditor", "250");
+  Type("LowerValueEditor", "125");
   const protocol::MassType sent = TypeOf(Save(), "Computed");
+  EXPECT_EQ(sent.lowerPrecision, 0.125);
   EXPECT_EQ(sent.upperPrecision, 0.25);
   EXPECT_EQ(sent.precisionValueType, 1);
   EXPECT_EQ(Text("UpperValueEditor"), "250 g");
@@ -366,6 +408,42 @@ TEST_F(DocumentSave, WithoutRevisionsTellsOfNoActiveDocument) {
   const protocol::PartData sent = Save();
   EXPECT_EQ(sent.documents.activeId, "__null__");
   EXPECT_EQ(sent.documents.activeVersion, "__null__");
+}
+
+TEST_F(DocumentSave, OfDocumentsWithoutRevisionsTellsOfNoActiveDocument) {
+  _part.documents.revisions.clear();
+  Edit(_part);
+  const protocol::PartData sent = Save();
+  EXPECT_EQ(sent.documents.activeId, "__null__");
+  EXPECT_EQ(sent.documents.activeVersion, "__null__");
+}
+
+TEST_F(DocumentSave, AfterALoadThatFailedMakesTheActiveDocumentAutomatic) {
+  EditDocuments();
+  Server().Expect("WBGetActiveDocInfo", "");
+  Press("ChangeActiveDocButton");
+  Pick("ActiveDocsCombo", "D-7 A");
+  Press("ApplyActiveDocButton");
+  EXPECT_EQ(Save().documents.activeVersion, "");
+  Panel().RefreshPanelWithInfo();
+  EXPECT_TRUE(IsChecked("ActiveDocLatestButton"));
+  EXPECT_EQ(Text("Act"), "Automatic revision: latest");
+}
+
+TEST_F(DocumentSave, InAutomaticModeAfterALookAtAnotherRevisionKnowsTheStoredOneAgain) {
+  EditDocuments();
+  protocol::PartData other = _part;
+  other.documents.activeVersion = "A";
+  Server().Expect("WBGetActiveDocInfo", protocol::WritePartData(other));
+  Press("ChangeActiveDocButton");
+  Pick("ActiveDocsCombo", "D-7 A");
+  Press("ApplyActiveDocButton");
+  Check("ActiveDocLatestButton");
+  Save();
+  Panel().RefreshPanelWithInfo();
+  Press("EditButton");
+  Check("ActiveDocUsrSelButton");
+  EXPECT_EQ(SelectedLine("ActiveDocsCombo"), "D-7 B");
 }
 
 TEST_F(DocumentSave, OfARevisionChosenByHandStoresAndShowsIt) {
