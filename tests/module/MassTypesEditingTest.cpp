@@ -96,9 +96,10 @@ TEST_F(MassTypesEditing, ShowingAUserMassTypeOfAStandardPartShowsItsMassAndDots)
   EXPECT_EQ(MTValues(), "4 kg; ..., ..., ...; ..., ..., ...; ..., ..., ...");
 }
 
-// The stored inertia is shown last in any case: only a window sees what stood there before it.
-TEST_F(MassTypesEditing, WithAMassOfZeroTheInertiaIsShownWithoutTheMove) {
-  for (const auto& [mass, changes] : {std::pair(0.0, 1), std::pair(4.0, 2)}) {
+// The stored inertia is shown last in any case: only a window sees what stood there before it. A mass of 0
+// moves nothing anyway; one below 0 tells that none is tried.
+TEST_F(MassTypesEditing, WithAMassOfZeroOrBelowTheInertiaIsShownWithoutTheMove) {
+  for (const auto& [mass, changes] : {std::pair(0.0, 1), std::pair(-4.0, 1), std::pair(4.0, 2)}) {
     protocol::PartData part = SamplePart();
     part.massTypes[1].mass = mass;
     EditPage(part);

@@ -246,6 +246,16 @@ TEST_F(Properties, ThatAreMagnitudesReportANumberTooLargeForTheStorageUnitAndKee
   EXPECT_EQ(Text("PropertyValueEditor"), "0.0015 t");
 }
 
+TEST_F(Properties, ThatAreMagnitudesOfAnyTypeReportANumberTooLarge) {
+  protocol::PartData part = PartWithEveryKind();
+  part.properties[4].type = 0;
+  SetUnit("MASS", "TONNE");
+  EditProperty("Ballast", part);
+  Type("PropertyValueEditor", "-1e306");
+  ExpectUnsuitable(" \"Real\" ");
+  EXPECT_EQ(Save().properties[4].value, "1.5");
+}
+
 TEST_F(Properties, ThatAreMagnitudesStoreBlanksAsTheyWereTyped) {
   EditProperty("Ballast");
   TypeAndLeave(" ");
