@@ -1,4 +1,5 @@
 // Texts that the part panel could not read are marked while they are typed.
+#include "framework/knowledge/KorCkeParmDictionary.h"
 #include "framework/knowledge/KorUnitSystems.h"
 #include "tests/desktop/app/EditingHarness.h"
 
@@ -57,6 +58,28 @@ TEST_F(PartPanelMarksTest, ANumberThatIsNotFiniteIsMarked) {
     Type(kCGx, text);
     EXPECT_NE(MarkOf(kCGx), "") << text;
   }
+}
+
+TEST_F(PartPanelMarksTest, ANumberThatIsTooLargeInTheStorageUnitIsMarkedOnEveryPage) {
+  const auto choose = [](const char* magnitude, const char* unit) {
+    auto found = KorCkeGlobalFunctions::GetParmDictionary()->FindMagnitude(magnitude);
+    ASSERT_EQ(found->SetCurrentUnit(unit), S_OK);
+  };
+  choose("MASS", "TONNE");
+  choose("LENGTH", "METER");
+  Edit();
+  Type(kMass, "1e306");
+  EXPECT_EQ(MarkOf(kMass), "\"1e306\" is too large to be stored.");
+  Type(kCGx, "1e306 m");
+  EXPECT_EQ(MarkOf(kCGx), "\"1e306 m\" is too large to be stored.");
+  GoTo(kPrecisionPage);
+  ASSERT_TRUE(Panel().Find<KorDlgCombo>("TabContainer001.TabPage005.Frame252.Frame092.TypeCombo").Pick(1));
+  ASSERT_TRUE(Panel()
+                  .Find<KorDlgCombo>("TabContainer001.TabPage005.Frame252.PrecisionValueFrame.ValueTypeCombo")
+                  .Pick(1));
+  Type(kUpper, "1e306 t");
+  EXPECT_EQ(MarkOf(kUpper), "\"1e306 t\" is too large to be stored.");
+  KorApplyUnitSystem("Mixed");
 }
 
 TEST_F(PartPanelMarksTest, ALongTextIsNotToldWhole) {
