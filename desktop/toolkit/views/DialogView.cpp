@@ -19,6 +19,30 @@ void DialogWindow::closeEvent(QCloseEvent* event) {
   reject();
 }
 
+/// Below the least height only what comes in can bring a window; any other height is chosen.
+void DialogWindow::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  const int before = event->oldSize().height();
+  const bool forced = isVisible() && before > 0 && before < minimumHeight() && height() == minimumHeight();
+  if (forced && _forcedHeight == 0) _wantedHeight = before;
+  if (event->oldSize().height() != height()) _forcedHeight = forced ? height() : 0;
+}
+
+bool DialogWindow::event(QEvent* event) {
+  const bool known = QDialog::event(event);
+  if (event->type() == QEvent::LayoutRequest) TakeHeightBack();
+  return known;
+}
+
+void DialogWindow::TakeHeightBack() {
+  if (_forcedHeight != height() || minimumHeight() >= height()) return;
+  const int wanted = _wantedHeight;
+  resize(width(), std::max(wanted, minimumHeight()));
+  if (height() == wanted) return;
+  _forcedHeight = height();
+  _wantedHeight = wanted;
+}
+
 namespace {
 
 /// Layouts of widgets that have never been shown keep sizes from before their children came. Settled from the

@@ -1,0 +1,26 @@
+#include "desktop/app/ElidedLabel.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <algorithm>
+
+namespace desktop {
+
+QString ElidedLabel::DrawnText() const {
+  return fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+}
+
+QSize ElidedLabel::sizeHint() const {
+  const QMargins margins = contentsMargins();
+  const int most = _characters * fontMetrics().averageCharWidth();
+  const int width = std::min(fontMetrics().horizontalAdvance(text()), most);
+  return QSize(width, fontMetrics().height()).grownBy(margins);
+}
+
+void ElidedLabel::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
+                        DrawnText(), foregroundRole());
+}
+
+}  // namespace desktop
