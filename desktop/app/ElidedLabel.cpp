@@ -13,7 +13,9 @@ QString ElidedLabel::DrawnText() const {
 QSize ElidedLabel::sizeHint() const {
   const QMargins margins = contentsMargins();
   const int most = _characters * fontMetrics().averageCharWidth();
-  const int width = std::min(fontMetrics().horizontalAdvance(text()), most);
+  // The advance is rounded; with a character to spare a text that fits is never cut off.
+  const int whole = fontMetrics().horizontalAdvance(text()) + fontMetrics().averageCharWidth();
+  const int width = text().isEmpty() ? 0 : std::min(whole, most);
   return QSize(width, fontMetrics().height()).grownBy(margins);
 }
 

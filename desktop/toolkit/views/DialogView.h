@@ -11,7 +11,7 @@ class QDialogButtonBox;
 
 namespace desktop {
 
-/// The window of a dialog. It grows when more has to fit in, and takes its height back when that goes. Its
+/// The window of a dialog. It grows when more has to fit in, and takes its size back when that goes. Its
 /// close button, Escape and the buttons of its style only tell the dialog: whether it closes is decided
 /// there.
 class DialogWindow : public QDialog {
@@ -26,11 +26,11 @@ class DialogWindow : public QDialog {
   bool event(QEvent* event) override;
 
  private:
-  void TakeHeightBack();
+  void TakeSizeBack();
 
-  // What has come in made the window grow to this height, from that one; 0: it is as high as the user wants.
-  int _forcedHeight = 0;
-  int _wantedHeight = 0;
+  // What has come in made the window grow to this width or height, from that one; 0: it is as the user wants.
+  QSize _forced{0, 0};
+  QSize _wanted{0, 0};
 };
 
 class DialogView : public QtViewOf<KorDlgDialog, DialogWindow> {

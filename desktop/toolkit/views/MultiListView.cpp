@@ -153,13 +153,13 @@ int MultiListView::LastShown() const {
   return last;
 }
 
-/// Of a column without a text width: its share, and for the last one at least what the others leave.
+/// Of a column without a text width: its share; of the last one what the others leave, and room for its
+/// title.
 int MultiListView::WidthOfRest(int column) const {
-  const int share = Qt()->viewport()->width() / Model().GetVisibleColumnCount();
-  if (column != LastShown()) return share;
+  if (column != LastShown()) return Qt()->viewport()->width() / Model().GetVisibleColumnCount();
   int left = Qt()->viewport()->width();
   for (int i = 0; i < column; ++i) left -= Qt()->columnWidth(i);
-  return std::max(left, share);
+  return std::max(left, WidthOf(column));
 }
 
 void MultiListView::FitColumn(int column) {

@@ -13,6 +13,19 @@ TEST(ElidedLabelTest, AShortTextIsDrawnWhole) {
   EXPECT_EQ(label.DrawnText(), "Filter: Structure only");
 }
 
+TEST(ElidedLabelTest, AShortTextInBoldIsDrawnWholeToo) {
+  ElidedLabel label(40);
+  QFont font = label.font();
+  font.setBold(true);
+  label.setFont(font);
+  label.setContentsMargins(8, 2, 8, 2);
+  for (const char* text : {"Filter: User Filter", "Filter: No Filter", "Filter: Without generator"}) {
+    label.setText(text);
+    label.resize(label.sizeHint());
+    EXPECT_EQ(label.DrawnText(), text);
+  }
+}
+
 TEST(ElidedLabelTest, ALongTextAsksForItsShareIsCutOffWithAnEllipsisAndStaysWholeToBeRead) {
   ElidedLabel label(40);
   const QString text = "Filter: " + QString(195, 'x');

@@ -1,4 +1,4 @@
-// A window grows with what comes in, and takes its height back.
+// A window grows with what comes in, and takes its size back.
 #include "framework/dialog/KorDlgLabel.h"
 #include "tests/desktop/support/DemoDialog.h"
 #include "tests/desktop/support/QtApplication.h"
@@ -6,13 +6,13 @@
 namespace desktop::test {
 namespace {
 
-class WindowHeightTest : public QtBackendTest {
+class WindowSizeTest : public QtBackendTest {
  protected:
   void SetUp() override {
     QtBackendTest::SetUp();
     extra = dialog.Add<KorDlgFrame>("Extra", KorDlgStyle::kPlainFrame, {.row = 3});
     for (int row = 0; row < 12; ++row)
-      extra->Add<KorDlgLabel>("Line", KorDlgStyle::kNone, {.row = row})->SetTitle("A line");
+      extra->Add<KorDlgLabel>("Line", KorDlgStyle::kNone, {.row = row})->SetTitle(std::string(120, 'x'));
     extra->SetVisibility(KorVisibility::Hidden);
     Open();
     Settle();
@@ -31,22 +31,34 @@ class WindowHeightTest : public QtBackendTest {
   KorDlgFrame* extra = nullptr;
 };
 
-TEST_F(WindowHeightTest, WhatGoesGivesTheHeightBackThatItTook) {
-  const int before = Window()->height();
+TEST_F(WindowSizeTest, WhatGoesGivesTheRoomBackThatItTook) {
+  const QSize before = Window()->size();
   Show(KorVisibility::Shown);
-  ASSERT_GT(Window()->height(), before);
+  ASSERT_GT(Window()->height(), before.height());
+  ASSERT_GT(Window()->width(), before.width());
   Show(KorVisibility::Hidden);
-  EXPECT_EQ(Window()->height(), before);
+  EXPECT_EQ(Window()->size(), before);
 }
 
-TEST_F(WindowHeightTest, AHeightThatTheUserChoseStays) {
+TEST_F(WindowSizeTest, WhatGoesInTwoStepsGivesAllItsRoomBack) {
+  const QSize before = Window()->size();
+  Show(KorVisibility::Shown);
+  for (std::size_t line = 2; line < extra->Children().size(); ++line)
+    extra->Children()[line]->SetVisibility(KorVisibility::Hidden);
+  Settle();
+  EXPECT_GT(Window()->height(), before.height());
+  Show(KorVisibility::Hidden);
+  EXPECT_EQ(Window()->size(), before);
+}
+
+TEST_F(WindowSizeTest, AHeightThatTheUserChoseStays) {
   Resize(1500);
   Show(KorVisibility::Shown);
   Show(KorVisibility::Hidden);
   EXPECT_EQ(Window()->height(), 1500);
 }
 
-TEST_F(WindowHeightTest, AHeightThatTheUserChoseAfterItGrewStays) {
+TEST_F(WindowSizeTest, AHeightThatTheUserChoseAfterItGrewStays) {
   Show(KorVisibility::Shown);
   const int chosen = Window()->height() + 100;
   Resize(chosen);
@@ -54,12 +66,12 @@ TEST_F(WindowHeightTest, AHeightThatTheUserChoseAfterItGrewStays) {
   EXPECT_EQ(Window()->height(), chosen);
 }
 
-TEST_F(WindowHeightTest, WhatComesInTwiceGivesItsHeightBackTwice) {
-  const int before = Window()->height();
+TEST_F(WindowSizeTest, WhatComesInTwiceGivesItsHeightBackTwice) {
+  const QSize before = Window()->size();
   for (int i = 0; i < 2; ++i) {
     Show(KorVisibility::Shown);
     Show(KorVisibility::Hidden);
-    EXPECT_EQ(Window()->height(), before);
+    EXPECT_EQ(Window()->size(), before);
   }
 }
 
