@@ -118,10 +118,11 @@ bool MultiListView::eventFilter(QObject* watched, QEvent* event) {
 void MultiListView::ShowColumns() {
   {
     const QScopedValueRollback fitting(_fitting, true);
+    // Of several columns the last one takes what is left, but can be made wider than that. Told before
+    // columns are hidden: Qt gives a stretched one that is hidden its width back.
+    Qt()->horizontalHeader()->setStretchLastSection(Model().GetVisibleColumnCount() < 2);
     _items->ColumnsChanged();
     for (int i = 0; i < Model().GetColumnCount(); ++i) Qt()->setColumnHidden(i, !Model().GetColumn(i).shown);
-    // Of several columns the last one takes what is left, but can be made wider than that.
-    Qt()->horizontalHeader()->setStretchLastSection(Model().GetVisibleColumnCount() < 2);
     ShowWrapping();
   }
   _columnsFitted = false;

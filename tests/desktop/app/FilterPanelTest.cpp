@@ -201,6 +201,17 @@ TEST_F(FilterPanelTest, KeepsTheWidthsOfItsColumnsUntilItIsOpenedAgain) {
   EXPECT_EQ(On<QTableView>("Frame001.FilterMultiList")->columnWidth(0), 333);
 }
 
+TEST_F(FilterPanelTest, ItsColumnsFitTheWindowEachTimeItIsOpened) {
+  for (int opening = 0; opening < 2; ++opening) {
+    OpenFilterPanel();
+    RunPendingEvents();
+    auto* table = On<QTableView>("Frame001.FilterMultiList");
+    EXPECT_EQ(table->horizontalHeader()->length(), table->viewport()->width()) << opening;
+    EXPECT_EQ(settings.WindowState("filterPanel/columns"), "") << "nobody has set one";
+    window.FilterPanel().Close();
+  }
+}
+
 TEST_F(FilterPanelTest, TheWholeTextOfACellIsInItsTooltip) {
   SelectAll({{"nacelle.1", "Above_yaw.1", "bedplate.1"}});
   OpenFilterPanel();
