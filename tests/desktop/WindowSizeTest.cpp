@@ -66,7 +66,7 @@ TEST_F(WindowSizeTest, AHeightThatTheUserChoseAfterItGrewStays) {
   EXPECT_EQ(Window()->height(), chosen);
 }
 
-TEST_F(WindowSizeTest, WhatComesInTwiceGivesItsHeightBackTwice) {
+TEST_F(WindowSizeTest, WhatComesInTwiceGivesItsRoomBackTwice) {
   const QSize before = Window()->size();
   for (int i = 0; i < 2; ++i) {
     Show(KorVisibility::Shown);
