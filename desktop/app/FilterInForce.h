@@ -4,6 +4,7 @@
 #include <string>
 
 #include "desktop/app/FilterMarks.h"
+#include "framework/system/KorUnicodeString.h"
 #include "protocol/Tree.h"
 
 class KorWBCommands;
@@ -17,6 +18,9 @@ class FilterInForce {
   FilterInForce() = default;
   /// As the filter panel keeps it for the product; none without commands.
   FilterInForce(const KorWBCommands* commands, const std::string& product);
+
+  /// Whether it is that of the product still. Costs a comparison of texts, no reading.
+  bool IsInForce(const KorWBCommands* commands, const std::string& product) const;
 
   const std::string& Product() const { return _product; }
   bool LetsAllPass() const { return _filter.LetsAllPass(); }
@@ -38,7 +42,9 @@ class FilterInForce {
 
   std::string _product;
   QString _name;
+  KorUnicodeString _text;  ///< as requests carry it
   protocol::Filter _filter;
+  QString _unreadable;  ///< why the text cannot be read; empty: it can
 };
 
 }  // namespace desktop

@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include "desktop/app/ElidedLabel.h"
 #include "desktop/app/Icons.h"
 #include "desktop/app/SearchBox.h"
 #include "desktop/app/SelectionPane.h"
@@ -31,6 +32,8 @@ constexpr const char* kColumnsKey = "mainWindow/columns";
 constexpr const char* kRecentMenu = "Menu.Recent";
 constexpr const char* kThemeMenu = "Menu.Theme";
 constexpr const char* kLanguageMenu = "Menu.Language";
+
+constexpr int kMostOfFilterName = 40;  ///< characters that the status bar has room for
 
 enum class OnToolbar { No, Yes };
 /// Whether a command does its work through the library of weight-and-balance commands.
@@ -83,7 +86,7 @@ MainWindow::MainWindow(Settings& settings, QtBackend& backend)
       _tree(new QTreeView),
       _pane(new SelectionPane),
       _search(new SearchBox),
-      _filter(new QLabel),
+      _filter(new ElidedLabel(kMostOfFilterName)),
       _server(new QLabel),
       _units(new QLabel) {
   _backend.SetMainWindow(this);
@@ -100,12 +103,18 @@ MainWindow::MainWindow(Settings& settings, QtBackend& backend)
         places.push_back(_model->PlaceAt(index));
     AddToFilter(places);
   };
-  if (const auto traced = _tracing.Apply(Tracing::ChoiceAtStart(_settings)); !traced)
-    _tracingProblem = ToQt(traced.Failure().message);
+  StartTracing();
   _busy.onEnded = [this](const auto& command, const auto& reply) { ServerCommandEnded(command, reply); };
   resize(1180, 760);
   restoreGeometry(_settings.WindowState(kGeometryKey));
   ShowTexts();
+}
+
+void MainWindow::StartTracing() {
+  const TraceChoice choice = Tracing::ChoiceAtStart(_settings);
+  if (const QString unknown = Tracing::UnknownAtStart(choice); !unknown.isEmpty())
+    _tracingProblems << unknown;
+  if (const auto traced = _tracing.Apply(choice); !traced) _tracingProblems << ToQt(traced.Failure().message);
 }
 
 MainWindow::~MainWindow() { _backend.SetMainWindow(nullptr); }
@@ -207,7 +216,7 @@ void MainWindow::BuildCentre() {
 }
 
 void MainWindow::BuildStatusBar() {
-  for (QLabel* label : {_filter, _server, _units}) {
+  for (QLabel* label : {static_cast<QLabel*>(_filter), _server, _units}) {
     label->setContentsMargins(8, 2, 8, 2);
     statusBar()->addPermanentWidget(label);
   }
@@ -295,6 +304,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   if (auto* splitter = findChild<QSplitter*>("MainSplitter"))
     _settings.SetWindowState(kSplitterKey, splitter->saveState());
   ClosePanels();
+  TellOfLostTrace();
   QMainWindow::closeEvent(event);
 }
 

@@ -26,6 +26,7 @@ class QTreeView;
 
 namespace desktop {
 
+class ElidedLabel;
 class SearchBox;
 class SelectionPane;
 
@@ -58,8 +59,8 @@ class MainWindow : public QMainWindow {
   void ShowFilterPanel();
   /// Adds what is selected to the open filter panel; tells the user what cannot be added.
   void AddToFilter();
-  /// Shows what an import left out and what looks wrong; nothing when there is neither.
-  void ShowImportReport(const lumira::ImportReport& report);
+  /// Shows what imports left out and what looks wrong; nothing when there is neither.
+  void ShowImportReports(const std::vector<lumira::ImportReport>& reports);
   /// Shows all values anew, after a change of units.
   void UnitsChanged();
   /// False, with the language as it was, when there is no such language.
@@ -71,6 +72,8 @@ class MainWindow : public QMainWindow {
   /// Tells of what went wrong while the program started: commands that cannot be loaded, traces that cannot
   /// be written, catalogues.
   void TellStartProblems();
+  /// Tells once of a trace that could not be written.
+  void TellOfLostTrace();
 
   const ProductSession& Session() const { return _session; }
   PartPanelHost& PartPanel() { return _partPanel; }
@@ -102,6 +105,7 @@ class MainWindow : public QMainWindow {
   QTreeView* BuildTree();
   void BuildCommands();
   void BuildChoices();
+  void StartTracing();
   void BuildStatusBar();
   QMenu* Menu(const char* key);
   void AddChoice(QMenu* menu, const QString& value, std::function<void()> choose);
@@ -140,7 +144,13 @@ class MainWindow : public QMainWindow {
   void ShowAdditions(const FilterPanelHost::Additions& additions);
   std::vector<OccurrencePlace> SelectedPlaces() const;
   void ShowTreeMenu(const QPoint& place);
+  /// Without the library of commands, which has the list of warnings, in a box.
+  void ShowWarnings(const std::vector<std::string>& lines);
   void ShowFindings();
+  void ShowImportReportsAndFindings(const std::vector<lumira::ImportReport>& reports);
+  /// Asks whether rows of the filter panel that were not confirmed may go; true when there are none.
+  bool MayLoseFilterRows();
+  bool OpenAndTell(const QString& file);
   void ClosePanels();
   void ShowInformation(const char* titleKey, const QString& text);
   void ShowError(const char* titleKey, const std::string& text);
@@ -153,7 +163,7 @@ class MainWindow : public QMainWindow {
   BusyIndicator _busy;
   CatalogueProblems _catalogueProblems;
   Tracing _tracing;
-  QString _tracingProblem;
+  QStringList _tracingProblems;
   CommandsLibrary _library;  ///< unloaded when the panels are gone
   PartPanelHost _partPanel;
   FilterPanelHost _filterPanel;
@@ -163,7 +173,7 @@ class MainWindow : public QMainWindow {
   QTreeView* _tree;
   SelectionPane* _pane;
   SearchBox* _search;
-  QLabel* _filter;
+  ElidedLabel* _filter;
   QLabel* _server;
   QLabel* _units;
   std::map<std::string, QMenu*> _menus;           ///< by the key of the title

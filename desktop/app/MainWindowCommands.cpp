@@ -25,7 +25,9 @@
 
 namespace desktop {
 
-bool MainWindow::OpenProduct(const QString& file) {
+bool MainWindow::OpenProduct(const QString& file) { return MayLoseFilterRows() && OpenAndTell(file); }
+
+bool MainWindow::OpenAndTell(const QString& file) {
   const auto opened = Open(file);
   if (opened) return true;
   ForgetIfGone(file, opened.Failure());
@@ -58,22 +60,24 @@ void MainWindow::ForgetIfGone(const QString& file, const protocol::Error& why) {
 }
 
 bool MainWindow::CreateProduct(const QString& file) {
+  if (!MayLoseFilterRows()) return false;
   if (const auto made = lumira::CreateSqliteStore(file.toStdString()); !made) {
     ShowError("Error.New", made.Failure().message);
     return false;
   }
-  return OpenProduct(file);
+  return OpenAndTell(file);
 }
 
 QString MainWindow::SampleFile() const { return QDir(Folders::UserData()).filePath("iea15.lumira"); }
 
 bool MainWindow::OpenSample() {
+  if (!MayLoseFilterRows()) return false;
   if (QFileInfo::exists(SampleFile())) {
     const auto opened = Open(SampleFile());
     if (opened) return true;
     if (!MayMakeSampleAnew(opened.Failure())) return false;
   }
-  return MakeSample() && OpenProduct(SampleFile());
+  return MakeSample() && OpenAndTell(SampleFile());
 }
 
 /// A sample that is only locked or read-only is whole, and would open the next time.
@@ -155,6 +159,8 @@ void MainWindow::Compute() {
 }
 
 void MainWindow::ServerCommandEnded(const KorUnicodeString& command, const KorUnicodeString& reply) {
+  QMetaObject::invokeMethod(
+      this, [this] { TellOfLostTrace(); }, Qt::QueuedConnection);
   // After a failure nothing has changed, and the panel that sent the command tells of it.
   if (command != KorUnicodeString(protocol::kCommandComputePart) || protocol::IsErrorReply(reply.Utf8()))
     return;
@@ -238,13 +244,13 @@ void MainWindow::AskForNewProduct() {
 }
 
 void MainWindow::AskForTables() {
-  if (!_session.IsOpen()) return;
+  if (!_session.IsOpen() || !MayLoseFilterRows()) return;
   ImportDialog dialog(_session.Transport().Store(), this);
   dialog.exec();
-  if (!dialog.Imported()) return;
+  if (dialog.Imported().empty()) return;
   ClosePanels();
   ReloadTree();
-  ShowImportReport(*dialog.Imported());
+  ShowImportReportsAndFindings(dialog.Imported());
 }
 
 void MainWindow::AskForUnits() {
@@ -254,8 +260,20 @@ void MainWindow::AskForUnits() {
 }
 
 void MainWindow::AskForTracing() {
-  if (TracingDialog(_tracing, this).exec() == QDialog::Accepted)
-    _settings.SetTracing(_tracing.Choice().components, _tracing.Choice().file);
+  TracingDialog dialog(_tracing, this);
+  const TraceChoice before = dialog.Choice();
+  if (dialog.exec() != QDialog::Accepted) return;
+  TellOfLostTrace();
+  // What the user left as it was may come from the environment, which is for one start.
+  const TraceChoice after = dialog.Choice();
+  _settings.SetTracing(
+      after.components == before.components ? _settings.TracedComponents() : after.components,
+      after.file == before.file ? _settings.TraceFile() : after.file);
+}
+
+void MainWindow::TellOfLostTrace() {
+  if (const auto written = _tracing.CheckWritten(); !written)
+    ShowError("Error.Tracing", written.Failure().message);
 }
 
 void MainWindow::FocusSearch() {
@@ -279,7 +297,7 @@ void MainWindow::ShowInformation(const char* titleKey, const QString& text) {
 void MainWindow::TellStartProblems() {
   if (const QString reason = _library.WhyNot(); !reason.isEmpty())
     ShowError("Error.Library", reason.toStdString());
-  if (!_tracingProblem.isEmpty()) ShowError("Error.Tracing", _tracingProblem.toStdString());
+  if (!_tracingProblems.isEmpty()) ShowError("Error.Tracing", _tracingProblems.join("\n\n").toStdString());
   TellCatalogueProblems();
 }
 

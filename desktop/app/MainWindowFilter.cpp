@@ -3,21 +3,25 @@
 #include <QContextMenuEvent>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMenu>
 #include <QStatusBar>
 #include <QTreeView>
+#include <iostream>
 
+#include "desktop/app/ElidedLabel.h"
 #include "desktop/app/MainWindow.h"
 #include "desktop/app/PdmCommands.h"
 #include "desktop/app/SelectionPane.h"
 #include "desktop/app/Texts.h"
 #include "desktop/toolkit/QtText.h"
+#include "framework/dialog/KorApplicationFrame.h"
+#include "lumira/commands/Findings.h"
 
 namespace desktop {
 namespace {
 
-constexpr int kSaidFor = 6'000;  ///< milliseconds that the status bar says what was added
+constexpr std::size_t kMostInABox = 20;  ///< warnings; more would not fit on the screen
+constexpr int kSaidFor = 6'000;          ///< milliseconds that the status bar says what was added
 
 const char* SeverityKey(protocol::Severity severity) {
   switch (severity) {
@@ -31,13 +35,44 @@ const char* SeverityKey(protocol::Severity severity) {
   return "Warnings.Information";
 }
 
+using Lines = std::vector<std::string>;
+
+Lines LinesOf(const protocol::PendingWarnings& findings) {
+  Lines lines;
+  for (const protocol::Warning& finding : findings.warnings)
+    lines.push_back(Text(SeverityKey(finding.severity), {ToQt(finding.text)}).toStdString());
+  return lines;
+}
+
+Lines LinesOf(const std::vector<lumira::ImportReport>& reports) {
+  Lines lines;
+  for (const lumira::ImportReport& report : reports) {
+    for (const std::string& text : report.leftOut)
+      lines.push_back(Text("Warnings.LeftOut", {ToQt(text)}).toStdString());
+    for (const std::string& text : report.warnings)
+      lines.push_back(Text("Warnings.Warning", {ToQt(text)}).toStdString());
+  }
+  return lines;
+}
+
 }  // namespace
 
 void MainWindow::ShowFilterPanel() {
   const std::string product = _model->ProductAt(_tree->currentIndex());
+  if (!_filterPanel.IsOpenOn(product) && !MayLoseFilterRows()) return;
   if (const auto opened = _filterPanel.Open(product); !opened)
     ShowError("Error.Filter", opened.Failure().message);
   TellCatalogueProblems();
+}
+
+bool MainWindow::MayLoseFilterRows() {
+  if (!_filterPanel.HasUnconfirmedRows()) return true;
+  KorDlgQuestion question;
+  question.title = FromQt(Text("Command.Filter.Title"));
+  question.text = FromQt(Text("Filter.Unconfirmed"));
+  question.answers = {FromQt(Text("Filter.Discard")), FromQt(Text("Filter.GoBack"))};
+  constexpr int kDiscard = 0;
+  return KorApplicationFrame::Ask(question) == kDiscard;
 }
 
 std::vector<OccurrencePlace> MainWindow::SelectedPlaces() const {
@@ -70,7 +105,7 @@ void MainWindow::ShowAdditions(const FilterPanelHost::Additions& additions) {
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == _tree && event->type() == QEvent::KeyPress && _filterPanel.IsOpen()) {
+  if (watched == _tree && event->type() == QEvent::KeyPress && _filterPanel.TakesInstances()) {
     const int key = static_cast<QKeyEvent*>(event)->key();
     // A double click goes on opening the part panel.
     if (key == Qt::Key_Return || key == Qt::Key_Enter) {
@@ -99,14 +134,17 @@ void MainWindow::FilterChanged() {
 
 void MainWindow::ShowFilter() {
   const QModelIndex index = _tree->currentIndex();
+  if (_shownFilter.IsInForce(_library.Commands(), _model->ProductAt(index))) return;
   const FilterInForce filter(_library.Commands(), _model->ProductAt(index));
   if (filter == _shownFilter) return;
   _shownFilter = filter;
   const bool isInForce = !filter.LetsAllPass();
   QModelIndex top = index.isValid() ? index : _model->index(0, 0);
   while (top.parent().isValid()) top = top.parent();
-  _filter->setText(top.isValid() ? Text("Status.Filter", {filter.Name()}) : QString());
-  _filter->setToolTip(top.isValid() ? filter.Meaning(_model->PlaceAt(top).node) : QString());
+  const bool isKnown = top.isValid() && !filter.Name().isEmpty();
+  _filter->setText(isKnown ? Text("Status.Filter", {filter.Name()}) : QString());
+  _filter->setToolTip(isKnown ? filter.Meaning(_model->PlaceAt(top).node) : QString());
+  _filter->setAccessibleDescription(_filter->toolTip());
   QFont font = statusBar()->font();
   font.setBold(isInForce);
   _filter->setFont(font);
@@ -118,24 +156,32 @@ QString MainWindow::FilterText() const { return _filter->text(); }
 
 QString MainWindow::FilterMeaning() const { return _filter->toolTip(); }
 
-void MainWindow::ShowImportReport(const lumira::ImportReport& report) {
-  std::vector<std::string> lines;
-  for (const std::string& text : report.leftOut)
-    lines.push_back(Text("Warnings.LeftOut", {ToQt(text)}).toStdString());
-  for (const std::string& text : report.warnings)
-    lines.push_back(Text("Warnings.Warning", {ToQt(text)}).toStdString());
-  _warnings.Show(lines);
+void MainWindow::ShowWarnings(const std::vector<std::string>& lines) {
+  if (_warnings.Show(lines)) return;
+  QStringList shown;
+  for (const std::string& line : lines) std::cerr << "korvo: " << line << "\n";
+  for (std::size_t i = 0; i < std::min(lines.size(), kMostInABox); ++i) shown << ToQt(lines[i]);
+  if (lines.size() > kMostInABox) shown << Text("Filter.More", {QString::number(lines.size() - kMostInABox)});
+  ShowInformation("Warnings.Title", shown.join('\n'));
+}
+
+void MainWindow::ShowImportReports(const std::vector<lumira::ImportReport>& reports) {
+  ShowWarnings(LinesOf(reports));
 }
 
 void MainWindow::ShowFindings() {
   const auto findings = GetFindings();
-  std::vector<std::string> lines;
-  if (!findings)
-    lines.push_back(Text("Warnings.NoFindings", {ToQt(findings.Failure().message)}).toStdString());
-  else
-    for (const protocol::Warning& finding : findings.Value().warnings)
-      lines.push_back(Text(SeverityKey(finding.severity), {ToQt(finding.text)}).toStdString());
-  _warnings.Show(lines);
+  ShowWarnings(findings
+                   ? LinesOf(findings.Value())
+                   : Lines{Text("Warnings.NoFindings", {ToQt(findings.Failure().message)}).toStdString()});
+}
+
+// The server has said at its start what it found then; an import may have mended it, or made it worse.
+void MainWindow::ShowImportReportsAndFindings(const std::vector<lumira::ImportReport>& reports) {
+  Lines lines = LinesOf(reports);
+  for (const std::string& line : LinesOf(lumira::CollectFindings(_session.Transport().Store())))
+    lines.push_back(line);
+  ShowWarnings(lines);
 }
 
 void MainWindow::ClosePanels() {

@@ -40,6 +40,7 @@ TracingDialog::TracingDialog(Tracing& tracing, QWidget* parent)
   QObject::connect(buttons, &QDialogButtonBox::accepted, this, [this] { accept(); });
   QObject::connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
   resize(520, sizeHint().height());
+  _shownFirst = Choice();
 }
 
 QWidget* TracingDialog::MakeComponents() {
@@ -99,9 +100,10 @@ QString TracingDialog::ProblemText() const { return _problem->text(); }
 
 void TracingDialog::accept() {
   const bool lacksFile = _toFile->isChecked() && _file->text().trimmed().isEmpty();
-  const auto applied = lacksFile ? protocol::Result<void>(protocol::Error{
+  const auto applied = lacksFile                 ? protocol::Result<void>(protocol::Error{
                                        protocol::ErrorKind::BadValue, Text("Tracing.NoFile").toStdString()})
-                                 : _tracing.Apply(Choice());
+                       : Choice() == _shownFirst ? protocol::Result<void>()
+                                                 : _tracing.Apply(Choice());
   if (applied) return QDialog::accept();
   _problem->setText(ToQt(applied.Failure().message));
   _problem->show();

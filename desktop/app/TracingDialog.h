@@ -27,7 +27,11 @@ class TracingDialog : public QDialog {
   /// Why the choice cannot be taken; empty when nothing is the matter.
   QString ProblemText() const;
 
-  /// Takes the choice; stays open, and says why, when its file cannot be written.
+  /// As the dialog shows it.
+  TraceChoice Choice() const;
+
+  /// Takes the choice, unless it is the one that was shown at first; stays open, and says why, when its file
+  /// cannot be written.
   void accept() override;
 
  private:
@@ -35,7 +39,6 @@ class TracingDialog : public QDialog {
   QWidget* MakeTarget();
   void ChooseFile();
   void ShowTarget();
-  TraceChoice Choice() const;
 
   Tracing& _tracing;
   std::vector<QCheckBox*> _components;
@@ -44,6 +47,7 @@ class TracingDialog : public QDialog {
   QLineEdit* _file;
   QPushButton* _choose;
   QLabel* _problem;
+  TraceChoice _shownFirst;
 };
 
 }  // namespace desktop

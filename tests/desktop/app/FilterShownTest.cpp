@@ -7,6 +7,7 @@
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgLabel.h"
 #include "framework/dialog/KorDlgTabContainer.h"
+#include "lumira/import/ImportProduct.h"
 #include "protocol/Codec.h"
 #include "protocol/Constants.h"
 #include "tests/desktop/app/ScriptedTransport.h"
@@ -85,6 +86,34 @@ TEST_F(FilterShownTest, AUserFilterMarksTheTree) {
   EXPECT_TRUE(IsGrey({"Blades.1"}));
   EXPECT_TRUE(Of({"Blades.1"}, Qt::ToolTipRole).toString().endsWith("The filter leaves it out."));
   EXPECT_TRUE(Of(kAboveYaw, Qt::ToolTipRole).toString().endsWith("The filter leaves only part of it."));
+}
+
+TEST_F(FilterShownTest, WhyALineIsMarkedIsNotForTheMouseAlone) {
+  ChooseInstances({kBedplate});
+  EXPECT_EQ(Of({"Blades.1"}, Qt::AccessibleDescriptionRole), "The filter leaves it out.");
+  EXPECT_EQ(Of(kAboveYaw, Qt::AccessibleDescriptionRole), "The filter leaves only part of it.");
+  EXPECT_EQ(Of(kBedplate, Qt::AccessibleDescriptionRole), "");
+}
+
+TEST_F(FilterShownTest, ALongNameIsWholeInTheTooltipAndLeavesRoomForMessages) {
+  const std::string name(195, 'x');
+  lumira::ImportTables tables;
+  tables.structure = {"structure.csv", "parent,child,instance\ncar,wheel,wheel.1\n"};
+  tables.mass = {"mass.csv", "part,mass [kg]\nwheel,20\n"};
+  tables.filters = {"filters.csv", "filter,description,condition,name,values,sense\n" + name +
+                                       ",Long,instances,,wheel.1,keep\n"};
+  lumira::ImportOptions options;
+  options.product = "Car";
+  const auto imported = lumira::ImportProduct(window.Session().Transport().Store(), tables, options);
+  ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
+  ASSERT_TRUE(window.OpenProduct(File()));
+  ASSERT_TRUE(window.Select("Car", {}));
+  const int before = window.minimumSizeHint().width();
+  ChooseFilter(name);
+  EXPECT_TRUE(window.FilterText().endsWith(QString::fromStdString(name)));
+  EXPECT_TRUE(window.FilterMeaning().startsWith(QString::fromStdString(name)))
+      << window.FilterMeaning().toStdString();
+  EXPECT_LE(window.minimumSizeHint().width(), before + 40 * window.fontMetrics().averageCharWidth());
 }
 
 TEST_F(FilterShownTest, TheMarksGoWithTheFilter) {

@@ -10,6 +10,7 @@
 #include "desktop/app/TracingDialog.h"
 #include "framework/system/TqTrace.h"
 #include "tests/desktop/app/WindowHarness.h"
+#include "tests/desktop/support/QtApplication.h"
 
 namespace desktop::test {
 namespace {
@@ -137,6 +138,103 @@ TEST_F(TracingTest, AFileThatCannotBeOpenedIsToldOfAtTheStart) {
   MainWindow traced(settings, backend);
   traced.TellStartProblems();
   EXPECT_NE(OnlyMessage().find("none/trace.log"), std::string::npos) << OnlyMessage();
+}
+
+TEST_F(TracingTest, AComponentThatThereIsNotIsToldOfWithItsPlaceAndThoseThatThereAre) {
+  qputenv("KORVO_TRACE", "KorWBComPart,KorWBCompGroup");
+  MainWindow traced(settings, backend);
+  traced.TellStartProblems();
+  EXPECT_EQ(OnlyMessage(),
+            "KORVO_TRACE names what is no component that can be traced: KorWBComPart. There are: "
+            "KorWBCompGroup, KorWBCompPart, KorWBNymNavReportPanel.");
+  EXPECT_TRUE(IsOn("KorWBCompGroup")) << "the others are traced";
+}
+
+TEST_F(TracingTest, ARememberedComponentThatThereIsNotIsToldOf) {
+  settings.SetTracing({"KorWBComPart"}, "");
+  MainWindow traced(settings, backend);
+  traced.TellStartProblems();
+  EXPECT_TRUE(OnlyMessage().starts_with("The remembered choice of tracing names")) << OnlyMessage();
+}
+
+TEST_F(TracingTest, AllIsNoUnknownComponent) {
+  EXPECT_EQ(Tracing::UnknownAtStart({{"all", "KorWBCompPart"}, ""}), "");
+}
+
+TEST_F(TracingTest, ATraceThatCannotBeWrittenIsToldOfOnceWithFileAndReason) {
+  settings.SetTracing({"all"}, "/dev/full");
+  MainWindow traced(settings, backend);
+  traced.show();
+  ASSERT_TRUE(traced.OpenProduct(File()));
+  traced.ShowPartPanel();
+  ASSERT_TRUE(traced.PartPanel().Compute());
+  RunPendingEvents();
+  ASSERT_TRUE(traced.PartPanel().Compute());
+  RunPendingEvents();
+  EXPECT_EQ(
+      OnlyMessage(),
+      "Something of the trace could not be written to \"/dev/full\" and is lost: No space left on device");
+}
+
+TEST_F(TracingTest, TheLossOfATraceIsToldOfWhenAnotherFileTakesItsPlace) {
+  Tracing tracing;
+  ASSERT_TRUE(tracing.Apply({{"KorWBCompPart"}, "/dev/full"}).Ok());
+  Trace("KorWBCompPart");
+  ASSERT_TRUE(tracing.Apply({{"KorWBCompPart"}, Log()}).Ok());
+  EXPECT_FALSE(tracing.CheckWritten().Ok());
+  EXPECT_TRUE(tracing.CheckWritten().Ok()) << "once";
+}
+
+TEST_F(TracingTest, TheLossOfTheLastLinesIsSaidOnStandardError) {
+  ::testing::internal::CaptureStderr();
+  {
+    Tracing tracing;
+    ASSERT_TRUE(tracing.Apply({{"KorWBCompPart"}, "/dev/full"}).Ok());
+    Trace("KorWBCompPart");
+  }
+  EXPECT_NE(::testing::internal::GetCapturedStderr().find("/dev/full"), std::string::npos);
+}
+
+TEST_F(TracingTest, OKWithoutAChangeRemembersNothingOfTheEnvironment) {
+  settings.SetTracing({"KorWBCompGroup"}, "remembered.log");
+  for (const char* asked : {"all", ""}) {
+    qputenv("KORVO_TRACE", asked);
+    MainWindow traced(settings, backend);
+    QTimer::singleShot(0, &traced, [] {
+      auto* dialog = dynamic_cast<TracingDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      dialog->accept();
+    });
+    traced.Command("Tracing")->trigger();
+    EXPECT_EQ(settings.TracedComponents(), QStringList{"KorWBCompGroup"}) << asked;
+    EXPECT_EQ(settings.TraceFile(), "remembered.log") << asked;
+    EXPECT_EQ(IsOn("OfALibraryThatIsYetToCome"), std::string(asked) == "all");
+  }
+}
+
+TEST_F(TracingTest, OnlyWhatTheUserChangesIsRememberedUnderAnEnvironment) {
+  settings.SetTracing({"KorWBCompGroup"}, "remembered.log");
+  qputenv("KORVO_TRACE_FILE", Log().toUtf8());
+  MainWindow traced(settings, backend);
+  QTimer::singleShot(0, &traced, [] {
+    auto* dialog = dynamic_cast<TracingDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    dialog->ComponentBox("KorWBCompPart")->setChecked(true);
+    dialog->accept();
+  });
+  traced.Command("Tracing")->trigger();
+  EXPECT_EQ(settings.TracedComponents(), (QStringList{"KorWBCompGroup", "KorWBCompPart"}));
+  EXPECT_EQ(settings.TraceFile(), "remembered.log");
+}
+
+TEST_F(TracingTest, ItsMessagesAreInTheCurrentLanguage) {
+  ASSERT_TRUE(window.ChooseLanguage("de"));
+  Tracing tracing;
+  const auto applied = tracing.Apply({{"KorWBCompPart"}, "/none/trace.log"});
+  ASSERT_FALSE(applied.Ok());
+  EXPECT_TRUE(QString::fromStdString(applied.Failure().message)
+                  .startsWith(QString::fromUtf8("Die Protokolldatei „/none/trace.log“")))
+      << applied.Failure().message;
 }
 
 TEST_F(TracingTest, TheDialogHasACheckForEachComponentAndShowsWhatIsOn) {
