@@ -21,6 +21,15 @@ protocol::Error FileError(const char* key, const QString& file, const std::strin
   return {protocol::ErrorKind::Storage, FromQt(Text(key, {file, ToQt(why)})).Utf8()};
 }
 
+/// The names among what was written between commas: without blanks around them, and without those that are
+/// none. To the trace facility no name at all means every component.
+QStringList NamesAmong(const QStringList& written) {
+  QStringList names;
+  for (const QString& name : written) names << name.trimmed();
+  names.removeAll(QString());
+  return names;
+}
+
 }  // namespace
 
 /// A file that traces are written to behind what it has; keeps in mind why that failed.
@@ -70,10 +79,9 @@ Tracing::~Tracing() {
 }
 
 TraceChoice Tracing::ChoiceAtStart(const Settings& settings) {
-  TraceChoice choice{settings.TracedComponents(), settings.TraceFile()};
+  TraceChoice choice{NamesAmong(settings.TracedComponents()), settings.TraceFile()};
   if (qEnvironmentVariableIsSet(kComponentsVariable)) {
-    choice.components = qEnvironmentVariable(kComponentsVariable).split(',', Qt::SkipEmptyParts);
-    for (QString& component : choice.components) component = component.trimmed();
+    choice.components = NamesAmong(qEnvironmentVariable(kComponentsVariable).split(','));
     choice.file.clear();
   }
   if (qEnvironmentVariableIsSet(kFileVariable)) choice.file = qEnvironmentVariable(kFileVariable);
@@ -81,14 +89,20 @@ TraceChoice Tracing::ChoiceAtStart(const Settings& settings) {
 }
 
 QString Tracing::UnknownAtStart(const TraceChoice& choice) {
-  const QStringList known = Components();
   QStringList unknown = choice.components;
-  unknown.removeAll(kAll);
-  for (const QString& component : known) unknown.removeAll(component);
-  if (unknown.isEmpty() || known.isEmpty()) return {};
+  for (const QString& component : KnownOf(choice.components)) unknown.removeAll(component);
+  if (unknown.isEmpty()) return {};
   const QString place =
       qEnvironmentVariableIsSet(kComponentsVariable) ? kComponentsVariable : Text("Tracing.Remembered");
-  return Text("Tracing.Unknown", {place, unknown.join(", "), known.join(", ")});
+  return Text("Tracing.Unknown", {place, unknown.join(", "), Components().join(", ")});
+}
+
+QStringList Tracing::KnownOf(const QStringList& components) {
+  const QStringList known = Components();
+  QStringList names = components;
+  if (!known.isEmpty())
+    names.removeIf([&](const QString& name) { return name != kAll && !known.contains(name); });
+  return names;
 }
 
 protocol::Result<void> Tracing::Apply(const TraceChoice& choice) {
@@ -104,8 +118,14 @@ protocol::Result<void> Tracing::Apply(const TraceChoice& choice) {
   TqTrace::SwitchComponent("", choice.components.contains(kAll));
   for (const QString& component : choice.components)
     if (component != kAll) TqTrace::SwitchComponent(component.toStdString(), true);
-  _choice = choice;
+  _choice = _wanted = choice;
   return {};
+}
+
+protocol::Result<void> Tracing::Start(const TraceChoice& choice) {
+  auto applied = Apply(choice);
+  _wanted = choice;
+  return applied;
 }
 
 void Tracing::NoteLoss() {

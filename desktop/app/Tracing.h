@@ -36,10 +36,17 @@ class Tracing {
   /// are; empty when nothing is the matter, and as long as no component is known.
   static QString UnknownAtStart(const TraceChoice& choice);
 
+  /// Those of the components that there are, and "all"; as long as no component is known, each of them.
+  static QStringList KnownOf(const QStringList& components);
+
   /// Traces these and no others. A file is written to behind what it has. Storage, with everything as it was,
   /// when the file cannot be opened.
   protocol::Result<void> Apply(const TraceChoice& choice);
+  /// The same at the start: what cannot be traced stays the wanted choice, for the user to see and change.
+  protocol::Result<void> Start(const TraceChoice& choice);
   const TraceChoice& Choice() const { return _choice; }
+  /// What was asked for last: the choice, or one at the start whose file could not be opened.
+  const TraceChoice& Wanted() const { return _wanted; }
   /// Storage when something of the trace could not be written to its file; once for each file.
   protocol::Result<void> CheckWritten();
 
@@ -51,6 +58,7 @@ class Tracing {
   void NoteLoss();
 
   TraceChoice _choice;
+  TraceChoice _wanted;
   std::unique_ptr<File> _file;
   std::optional<protocol::Error> _loss;  ///< that nobody has been told of
 };

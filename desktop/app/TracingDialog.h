@@ -16,7 +16,7 @@ namespace desktop {
 /// Chooses which components are traced, and whether to the console or to a file.
 class TracingDialog : public QDialog {
  public:
-  /// Shows and changes what `tracing` does; it must outlive the dialog.
+  /// Shows what is wanted of `tracing`, and changes it; it must outlive the dialog.
   explicit TracingDialog(Tracing& tracing, QWidget* parent = nullptr);
 
   /// Null when there is no such component.
@@ -30,8 +30,8 @@ class TracingDialog : public QDialog {
   /// As the dialog shows it.
   TraceChoice Choice() const;
 
-  /// Takes the choice, unless it is the one that was shown at first; stays open, and says why, when its file
-  /// cannot be written.
+  /// Takes the choice, and opens its file anew even when nothing was changed; stays open, and says why, when
+  /// the file cannot be written.
   void accept() override;
 
  private:
@@ -39,6 +39,7 @@ class TracingDialog : public QDialog {
   QWidget* MakeTarget();
   void ChooseFile();
   void ShowTarget();
+  TraceChoice Asked() const;
 
   Tracing& _tracing;
   std::vector<QCheckBox*> _components;
