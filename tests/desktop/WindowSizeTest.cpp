@@ -1,4 +1,5 @@
 // A window grows with what comes in, and takes its size back.
+#include "desktop/toolkit/views/DialogView.h"
 #include "framework/dialog/KorDlgLabel.h"
 #include "tests/desktop/support/DemoDialog.h"
 #include "tests/desktop/support/QtApplication.h"
@@ -64,6 +65,26 @@ TEST_F(WindowSizeTest, AHeightThatTheUserChoseAfterItGrewStays) {
   Resize(chosen);
   Show(KorVisibility::Hidden);
   EXPECT_EQ(Window()->height(), chosen);
+}
+
+TEST_F(WindowSizeTest, ASizeThatWasForcedIsNotSaved) {
+  Window()->setGeometry(40, 30, 500, 400);
+  Settle();
+  Show(KorVisibility::Shown);
+  ASSERT_GT(Window()->height(), 400);
+  ASSERT_GT(Window()->width(), 500);
+  QWidget restored;
+  ASSERT_TRUE(restored.restoreGeometry(SaveWantedGeometry(*Window())));
+  EXPECT_EQ(restored.geometry(), QRect(40, 30, 500, 400));
+}
+
+TEST_F(WindowSizeTest, ASizeThatTheUserChoseAfterItGrewIsSaved) {
+  Show(KorVisibility::Shown);
+  const int chosen = Window()->height() + 100;
+  Resize(chosen);
+  QWidget restored;
+  ASSERT_TRUE(restored.restoreGeometry(SaveWantedGeometry(*Window())));
+  EXPECT_EQ(restored.height(), chosen);
 }
 
 TEST_F(WindowSizeTest, WhatComesInTwiceGivesItsRoomBackTwice) {

@@ -45,6 +45,22 @@ void DialogWindow::resizeEvent(QResizeEvent* event) {
   NoteLength(before.height(), height(), minimumHeight(), _forced.rheight(), _wanted.rheight());
 }
 
+QByteArray DialogWindow::SaveWantedGeometry() const {
+  const QSize wanted(LengthWithout(width(), 0, _forced.width(), _wanted.width()),
+                     LengthWithout(height(), 0, _forced.height(), _wanted.height()));
+  if (wanted == size()) return saveGeometry();
+  // The window itself cannot be smaller than what is in it now.
+  QWidget empty;
+  empty.setScreen(screen());
+  empty.winId();  // without a window of the system there is no geometry to save
+  empty.setGeometry(QRect(geometry().topLeft(), wanted));
+  return empty.saveGeometry();
+}
+
+QByteArray SaveWantedGeometry(const QWidget& dialogWindow) {
+  return static_cast<const DialogWindow&>(dialogWindow).SaveWantedGeometry();
+}
+
 bool DialogWindow::event(QEvent* event) {
   const bool known = QDialog::event(event);
   if (event->type() == QEvent::LayoutRequest) TakeSizeBack();

@@ -19,6 +19,9 @@ class DialogWindow : public QDialog {
   explicit DialogWindow(QWidget* parent) : QDialog(parent) {}
   std::function<void()> onClose;
   void reject() override;
+  /// The window's `saveGeometry` with the size that the user wants: what came in and made it grow is not
+  /// there when the window is restored.
+  QByteArray SaveWantedGeometry() const;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -52,5 +55,8 @@ class DialogView : public QtViewOf<KorDlgDialog, DialogWindow> {
   QWidget* _content;
   QtGrid _grid;
 };
+
+/// The same of the window of a dialog that a backend has made.
+QByteArray SaveWantedGeometry(const QWidget& dialogWindow);
 
 }  // namespace desktop
