@@ -5,8 +5,10 @@
 
 namespace desktop {
 
-/// The texts of widgets that the picture of their window shows as one plain area, so that they cannot have
-/// been drawn. Widgets that are hidden, or scrolled out in part, do not count.
+/// The texts that the picture of their window does not show: of labels, buttons, editors, combos, tabs, and
+/// of cells and column titles of lists and trees. Where a text belongs there is only its ground. Texts of
+/// what is hidden, or scrolled out in part, do not count, and a text with an icon beside it passes by its
+/// icon.
 QStringList TextsNotDrawn(const QWidget& window, const QImage& picture);
 
 }  // namespace desktop
