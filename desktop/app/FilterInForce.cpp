@@ -1,6 +1,7 @@
 #include "desktop/app/FilterInForce.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "desktop/app/PdmCommands.h"
 #include "desktop/app/Texts.h"
@@ -35,6 +36,12 @@ FilterInForce::FilterInForce(const KorWBCommands* commands, const std::string& p
     _filter.name = FromQt(_name).Utf8();  // the text may be of any length
     _unreadable = ToQt(read.Failure().message);
   }
+}
+
+bool FilterInForce::Follow(const KorWBCommands* commands, const std::string& product) {
+  if (IsInForce(commands, product)) return false;
+  const FilterInForce before = std::exchange(*this, FilterInForce(commands, product));
+  return *this != before;
 }
 
 bool FilterInForce::IsInForce(const KorWBCommands* commands, const std::string& product) const {

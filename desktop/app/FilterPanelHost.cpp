@@ -7,6 +7,7 @@
 #include "desktop/app/OccurrenceMime.h"
 #include "desktop/app/PdmCommands.h"
 #include "desktop/app/Texts.h"
+#include "desktop/toolkit/views/DialogView.h"
 #include "desktop/toolkit/views/MultiListView.h"
 #include "framework/dialog/KorDlgMultiList.h"
 #include "framework/dialog/KorDlgRadioButton.h"
@@ -71,7 +72,7 @@ void FilterPanelHost::Show() {
 
 void FilterPanelHost::Close() {
   if (_panel) {
-    _settings.SetWindowState(kGeometryKey, Window()->saveGeometry());
+    _settings.SetWindowState(kGeometryKey, SaveWantedGeometry(*Window()));
     _settings.SetWindowState(kColumnsKey, ListView().SaveWidths());
     Panel()->Detach();
   }

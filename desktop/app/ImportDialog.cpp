@@ -135,6 +135,7 @@ Result<lumira::ImportReport> ImportDialog::Import(lumira::ImportMode mode) {
 
 void ImportDialog::Run(lumira::ImportMode mode) {
   if (_mass->text().trimmed().isEmpty()) return _report->setPlainText(Text("Import.NoMassTable"));
+  if (mode == lumira::ImportMode::Write && mayImport && !mayImport()) return;
   setCursor(Qt::WaitCursor);
   const auto report = Import(mode);
   unsetCursor();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
 #include <vector>
 
 #include "lumira/import/ImportProduct.h"
@@ -19,6 +20,9 @@ namespace desktop {
 class ImportDialog : public QDialog {
  public:
   ImportDialog(lumira::Store& store, QWidget* parent = nullptr);
+
+  /// Asked before each import that writes; it does not begin without leave. Not set: there always is leave.
+  std::function<bool()> mayImport;
 
   QLineEdit* StructureEdit() const { return _structure; }
   QLineEdit* MassEdit() const { return _mass; }

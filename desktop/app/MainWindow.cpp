@@ -67,6 +67,8 @@ const MainWindow::CommandRow MainWindow::kCommands[] = {
     {"Compute", "Menu.Weight", nullptr, "F5", OnToolbar::No, &MainWindow::Compute, Needs::Library},
     {"Filter", "Menu.Weight", icons::Filter, "Ctrl+L", OnToolbar::Yes, &MainWindow::ShowFilterPanel,
      Needs::Library},
+    {"TellFilter", "Menu.Weight", nullptr, "Ctrl+Shift+F", OnToolbar::No, &MainWindow::TellFilter,
+     Needs::Library},
     {"AddToFilter", "Menu.Weight", nullptr, "Ctrl+Shift+L", OnToolbar::No, &MainWindow::AddToFilter,
      Needs::Library},
     {"Find", "Menu.View", icons::Find, "Ctrl+F", OnToolbar::No, &MainWindow::FocusSearch},
@@ -114,7 +116,7 @@ void MainWindow::StartTracing() {
   const TraceChoice choice = Tracing::ChoiceAtStart(_settings);
   if (const QString unknown = Tracing::UnknownAtStart(choice); !unknown.isEmpty())
     _tracingProblems << unknown;
-  if (const auto traced = _tracing.Apply(choice); !traced) _tracingProblems << ToQt(traced.Failure().message);
+  if (const auto traced = _tracing.Start(choice); !traced) _tracingProblems << ToQt(traced.Failure().message);
 }
 
 MainWindow::~MainWindow() { _backend.SetMainWindow(nullptr); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -140,12 +141,15 @@ class MainWindow : public QMainWindow {
   void ValuesComputed();
   void FilterChanged();
   void ShowFilter();
+  /// Says in the status bar why the current line is grey or in italics: its tooltip needs a mouse.
+  void SayWhyMarked();
+  void TellFilter();
   void AddToFilter(const std::vector<OccurrencePlace>& places);
   void ShowAdditions(const FilterPanelHost::Additions& additions);
   std::vector<OccurrencePlace> SelectedPlaces() const;
   void ShowTreeMenu(const QPoint& place);
   /// Without the library of commands, which has the list of warnings, in a box.
-  void ShowWarnings(const std::vector<std::string>& lines);
+  void ShowWarnings(const std::function<WarningListHost::Lines()>& linesOfNow);
   void ShowFindings();
   void ShowImportReportsAndFindings(const std::vector<lumira::ImportReport>& reports);
   /// Asks whether rows of the filter panel that were not confirmed may go; true when there are none.

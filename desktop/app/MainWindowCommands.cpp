@@ -145,6 +145,7 @@ void MainWindow::SelectionChanged() {
   ShowStatus();
   const auto text = ShowSelection();
   if (text && _partPanel.IsOpen()) BindPartPanel(*text);
+  SayWhyMarked();
 }
 
 void MainWindow::ShowPartPanel() {
@@ -244,8 +245,11 @@ void MainWindow::AskForNewProduct() {
 }
 
 void MainWindow::AskForTables() {
-  if (!_session.IsOpen() || !MayLoseFilterRows()) return;
+  if (!_session.IsOpen()) return;
   ImportDialog dialog(_session.Transport().Store(), this);
+  // The panels are closed after the dialog; leave that was given counts until then.
+  bool hasLeave = false;
+  dialog.mayImport = [&] { return hasLeave = hasLeave || MayLoseFilterRows(); };
   dialog.exec();
   if (dialog.Imported().empty()) return;
   ClosePanels();
@@ -264,11 +268,12 @@ void MainWindow::AskForTracing() {
   const TraceChoice before = dialog.Choice();
   if (dialog.exec() != QDialog::Accepted) return;
   TellOfLostTrace();
-  // What the user left as it was may come from the environment, which is for one start.
+  // What the user left as it was may come from the environment, which is for one start. Of components that
+  // there are not the user has been told; the dialog does not show them.
   const TraceChoice after = dialog.Choice();
-  _settings.SetTracing(
-      after.components == before.components ? _settings.TracedComponents() : after.components,
-      after.file == before.file ? _settings.TraceFile() : after.file);
+  _settings.SetTracing(after.components == before.components ? Tracing::KnownOf(_settings.TracedComponents())
+                                                             : after.components,
+                       after.file == before.file ? _settings.TraceFile() : after.file);
 }
 
 void MainWindow::TellOfLostTrace() {

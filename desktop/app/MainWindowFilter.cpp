@@ -9,6 +9,7 @@
 #include <iostream>
 
 #include "desktop/app/ElidedLabel.h"
+#include "desktop/app/FilterMarks.h"
 #include "desktop/app/MainWindow.h"
 #include "desktop/app/PdmCommands.h"
 #include "desktop/app/SelectionPane.h"
@@ -35,7 +36,7 @@ const char* SeverityKey(protocol::Severity severity) {
   return "Warnings.Information";
 }
 
-using Lines = std::vector<std::string>;
+using Lines = WarningListHost::Lines;
 
 Lines LinesOf(const protocol::PendingWarnings& findings) {
   Lines lines;
@@ -134,10 +135,8 @@ void MainWindow::FilterChanged() {
 
 void MainWindow::ShowFilter() {
   const QModelIndex index = _tree->currentIndex();
-  if (_shownFilter.IsInForce(_library.Commands(), _model->ProductAt(index))) return;
-  const FilterInForce filter(_library.Commands(), _model->ProductAt(index));
-  if (filter == _shownFilter) return;
-  _shownFilter = filter;
+  if (!_shownFilter.Follow(_library.Commands(), _model->ProductAt(index))) return;
+  const FilterInForce& filter = _shownFilter;
   const bool isInForce = !filter.LetsAllPass();
   QModelIndex top = index.isValid() ? index : _model->index(0, 0);
   while (top.parent().isValid()) top = top.parent();
@@ -148,16 +147,28 @@ void MainWindow::ShowFilter() {
   QFont font = statusBar()->font();
   font.setBold(isInForce);
   _filter->setFont(font);
-  _model->MarkFilter(filter.Product(), filter.Marks());
+  _model->MarkFilter(filter.Product(), FilterMarks(filter.Definition()));
   _pane->ShowFilter(isInForce ? filter.Name() : QString());
+}
+
+void MainWindow::SayWhyMarked() {
+  const QModelIndex index = _tree->currentIndex();
+  const QString note = index.isValid() ? _model->FilterNoteAt(index) : QString();
+  // What was said of the line before went when the server was asked for this one.
+  if (!note.isEmpty()) statusBar()->showMessage(note);
+}
+
+void MainWindow::TellFilter() {
+  ShowInformation("Command.TellFilter.Title", _filter->text() + "\n\n" + _filter->toolTip());
 }
 
 QString MainWindow::FilterText() const { return _filter->text(); }
 
 QString MainWindow::FilterMeaning() const { return _filter->toolTip(); }
 
-void MainWindow::ShowWarnings(const std::vector<std::string>& lines) {
-  if (_warnings.Show(lines)) return;
+void MainWindow::ShowWarnings(const std::function<Lines()>& linesOfNow) {
+  if (_warnings.Show(linesOfNow)) return;
+  const Lines lines = linesOfNow();
   QStringList shown;
   for (const std::string& line : lines) std::cerr << "korvo: " << line << "\n";
   for (std::size_t i = 0; i < std::min(lines.size(), kMostInABox); ++i) shown << ToQt(lines[i]);
@@ -166,22 +177,23 @@ void MainWindow::ShowWarnings(const std::vector<std::string>& lines) {
 }
 
 void MainWindow::ShowImportReports(const std::vector<lumira::ImportReport>& reports) {
-  ShowWarnings(LinesOf(reports));
+  ShowWarnings([reports] { return LinesOf(reports); });
 }
 
 void MainWindow::ShowFindings() {
-  const auto findings = GetFindings();
-  ShowWarnings(findings
-                   ? LinesOf(findings.Value())
-                   : Lines{Text("Warnings.NoFindings", {ToQt(findings.Failure().message)}).toStdString()});
+  ShowWarnings([findings = GetFindings()] {
+    if (findings) return LinesOf(findings.Value());
+    return Lines{Text("Warnings.NoFindings", {ToQt(findings.Failure().message)}).toStdString()};
+  });
 }
 
 // The server has said at its start what it found then; an import may have mended it, or made it worse.
 void MainWindow::ShowImportReportsAndFindings(const std::vector<lumira::ImportReport>& reports) {
-  Lines lines = LinesOf(reports);
-  for (const std::string& line : LinesOf(lumira::CollectFindings(_session.Transport().Store())))
-    lines.push_back(line);
-  ShowWarnings(lines);
+  ShowWarnings([reports, findings = lumira::CollectFindings(_session.Transport().Store())] {
+    Lines lines = LinesOf(reports);
+    for (const std::string& line : LinesOf(findings)) lines.push_back(line);
+    return lines;
+  });
 }
 
 void MainWindow::ClosePanels() {

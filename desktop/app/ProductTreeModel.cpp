@@ -215,6 +215,10 @@ FilterMarks::Mark ProductTreeModel::MarkOf(const Node& node) const {
   return key.product == _markedProduct ? _marks.Of(key.instancePath) : FilterMarks::Mark::TakesPart;
 }
 
+QString ProductTreeModel::FilterNoteAt(const QModelIndex& index) const {
+  return TextOf(MarkOf(NodeAt(index)));
+}
+
 QString ProductTreeModel::TipOf(const Node& node) const {
   const protocol::TreeNode& line = node.line;
   const QString tip =

@@ -27,12 +27,13 @@ class CommandsWithFilter : public KorWBCommands {
 
 struct FilterInForceTest : ::testing::Test {
   CommandsWithFilter commands;
+  FilterInForce filter;
 };
 
 TEST_F(FilterInForceTest, OneThatCannotBeReadIsNamedShortlyWithTheReason) {
   commands.text = "1|100001";
   for (int row = 0; row < 100'001; ++row) commands.text += "|I" + std::to_string(row) + "|P|A|0";
-  const FilterInForce filter(&commands, "IEA15");
+  EXPECT_TRUE(filter.Follow(&commands, "IEA15"));
   EXPECT_FALSE(filter.LetsAllPass());
   EXPECT_EQ(filter.Name(), "User Filter");
   const QString meaning = filter.Meaning({});
@@ -42,16 +43,31 @@ TEST_F(FilterInForceTest, OneThatCannotBeReadIsNamedShortlyWithTheReason) {
 }
 
 TEST_F(FilterInForceTest, IsTheSameAsLongAsProductNameAndTextAre) {
-  const FilterInForce filter(&commands, "IEA15");
-  EXPECT_TRUE(filter.IsInForce(&commands, "IEA15"));
-  EXPECT_FALSE(filter.IsInForce(&commands, "Car"));
-  EXPECT_FALSE(filter.IsInForce(nullptr, "IEA15"));
+  EXPECT_TRUE(filter.Follow(&commands, "IEA15"));
+  EXPECT_FALSE(filter.Follow(&commands, "IEA15"));
+  EXPECT_TRUE(filter.Follow(&commands, "Car"));
+  EXPECT_EQ(filter.Product(), "Car");
   commands.name = "Structure only";
-  EXPECT_FALSE(filter.IsInForce(&commands, "IEA15"));
-  commands.name = "User Filter";
+  EXPECT_TRUE(filter.Follow(&commands, "Car"));
+  EXPECT_EQ(filter.Name(), "Structure only");
   commands.text = "1|1|I2|P1|A|0";
-  EXPECT_FALSE(filter.IsInForce(&commands, "IEA15"));
-  EXPECT_FALSE(FilterInForce().IsInForce(&commands, ""));
+  EXPECT_TRUE(filter.Follow(&commands, "Car"));
+  EXPECT_EQ(filter.Definition().rows[0].instanceId, "I2");
+}
+
+TEST_F(FilterInForceTest, WithoutCommandsThereIsNone) {
+  EXPECT_TRUE(filter.Follow(&commands, "IEA15"));
+  EXPECT_TRUE(filter.Follow(nullptr, "IEA15"));
+  EXPECT_TRUE(filter.LetsAllPass());
+  EXPECT_FALSE(filter.Follow(nullptr, "IEA15"));
+}
+
+// A filter of a hundred thousand instances would make each step through the tree slow.
+TEST_F(FilterInForceTest, OneThatIsInForceStillIsNotReadAgain) {
+  EXPECT_TRUE(filter.Follow(&commands, "IEA15"));
+  const auto* rows = filter.Definition().rows.data();
+  EXPECT_FALSE(filter.Follow(&commands, "IEA15"));
+  EXPECT_EQ(filter.Definition().rows.data(), rows) << "rows that are read anew lie elsewhere";
 }
 
 }  // namespace

@@ -1,6 +1,10 @@
 // Rows of the filter panel that were not confirmed do not go without a question.
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QFile>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QTimer>
 
 #include "desktop/app/ImportDialog.h"
@@ -27,17 +31,30 @@ class FilterRowsAtRiskTest : public WindowTest {
     ASSERT_TRUE(window.Select("Car", {}));
     window.ShowFilterPanel();
   }
-  /// Whether the import dialog came; it is closed without an import.
-  bool ImportDialogComes() {
-    bool came = false;
-    QTimer::singleShot(0, &window, [&came] {
+  /// Works the import dialog with tables of a second product: presses the buttons and closes it. What it
+  /// reports after each.
+  QStringList WorkTheImportDialog(std::initializer_list<QPushButton* (ImportDialog::*)() const> buttons) {
+    QStringList reports;
+    QTimer::singleShot(0, &window, [&] {
       auto* dialog = dynamic_cast<ImportDialog*>(QApplication::activeModalWidget());
-      came = dialog != nullptr;
-      if (dialog) dialog->reject();
+      ASSERT_NE(dialog, nullptr);
+      dialog->MassEdit()->setText(Table());
+      dialog->ReplaceBox()->setChecked(true);
+      for (const auto button : buttons) {
+        (dialog->*button)()->click();
+        reports << dialog->ReportText().section(' ', 0, 0);
+      }
+      dialog->reject();
     });
     window.Command("ImportTables")->trigger();
     RunPendingEvents();
-    return came;
+    return reports;
+  }
+  QString Table() const {
+    QFile file(folder.filePath("mass.csv"));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("part,parent,mass [kg]\ncart,,\naxle,cart,20\n");
+    return file.fileName();
   }
   const Rows kBlades{"Blades.1, Blades, , IEA15, 0, "};
 };
@@ -62,11 +79,27 @@ TEST_F(FilterRowsAtRiskTest, ThePanelIsOpenedOnAnotherProductWhenTheUserDiscards
   EXPECT_EQ(FilterRows(), Rows{});
 }
 
-TEST_F(FilterRowsAtRiskTest, AnImportAsksBeforeItsDialogComes) {
+TEST_F(FilterRowsAtRiskTest, AnImportThatOnlyChecksAsksNothing) {
+  EXPECT_EQ(WorkTheImportDialog({&ImportDialog::CheckButton}), QStringList{"Product"});
+  EXPECT_TRUE(boxes.Questions().empty());
+  EXPECT_EQ(FilterRows(), kBlades);
+}
+
+TEST_F(FilterRowsAtRiskTest, AnImportAsksWhenItIsAboutToWrite) {
+  boxes.answers = {kGoBack};
+  EXPECT_EQ(WorkTheImportDialog({&ImportDialog::ImportButton}), QStringList{""});
+  EXPECT_EQ(boxes.Questions().size(), 1u);
+  EXPECT_EQ(FilterRows(), kBlades);
+  EXPECT_EQ(window.Tree().rowCount(), 2) << "nothing was imported";
+}
+
+TEST_F(FilterRowsAtRiskTest, LeaveToDiscardThemCountsForAllImportsOfADialog) {
   boxes.answers = {kGoBack, kDiscard};
-  EXPECT_FALSE(ImportDialogComes());
-  EXPECT_TRUE(ImportDialogComes());
-  EXPECT_EQ(FilterRows(), kBlades) << "nothing was imported";
+  const auto import = &ImportDialog::ImportButton;
+  EXPECT_EQ(WorkTheImportDialog({import, import, import}), (QStringList{"", "Imported", "Imported"}));
+  EXPECT_EQ(boxes.Questions().size(), 2u);
+  EXPECT_FALSE(window.FilterPanel().IsOpen());
+  EXPECT_EQ(window.Tree().rowCount(), 3);
 }
 
 TEST_F(FilterRowsAtRiskTest, AnotherProductFileAsksFirst) {

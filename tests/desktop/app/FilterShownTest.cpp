@@ -1,5 +1,7 @@
 // What the main window shows of the filter in force.
+#include <QAction>
 #include <QFont>
+#include <QStatusBar>
 #include <QTreeView>
 
 #include "desktop/app/SelectionPane.h"
@@ -93,6 +95,27 @@ TEST_F(FilterShownTest, WhyALineIsMarkedIsNotForTheMouseAlone) {
   EXPECT_EQ(Of({"Blades.1"}, Qt::AccessibleDescriptionRole), "The filter leaves it out.");
   EXPECT_EQ(Of(kAboveYaw, Qt::AccessibleDescriptionRole), "The filter leaves only part of it.");
   EXPECT_EQ(Of(kBedplate, Qt::AccessibleDescriptionRole), "");
+}
+
+TEST_F(FilterShownTest, TheStatusBarSaysWhyTheCurrentLineIsMarked) {
+  ChooseInstances({kBedplate});
+  Select({"Blades.1"});
+  EXPECT_EQ(window.statusBar()->currentMessage(), "The filter leaves it out.");
+  Select(kAboveYaw);
+  EXPECT_EQ(window.statusBar()->currentMessage(), "The filter leaves only part of it.");
+  Select(kBedplate);
+  EXPECT_EQ(window.statusBar()->currentMessage(), "");
+}
+
+TEST_F(FilterShownTest, NameAndMeaningAreToldByTheKeyboard) {
+  ChooseInstances({kBedplate, kRotor});
+  EXPECT_EQ(window.Command("TellFilter")->shortcut(), QKeySequence("Ctrl+Shift+F"));
+  window.Command("TellFilter")->trigger();
+  EXPECT_EQ(OnlyMessage(),
+            "Filter: User Filter\n\n"
+            "Only these instances count, each with everything below it:\n"
+            "bedplate.1 (part bedplate)\n"
+            "generator_rotor.1 (part generator_rotor)");
 }
 
 TEST_F(FilterShownTest, ALongNameIsWholeInTheTooltipAndLeavesRoomForMessages) {

@@ -115,6 +115,27 @@ TEST_F(WarningListTest, TheTitleOfItsColumnFollowsTheLanguage) {
   EXPECT_EQ(table->model()->headerData(0, Qt::Horizontal), "Warnung");
 }
 
+TEST_F(WarningListTest, ItsLinesFollowTheLanguageInTheirPlaces) {
+  lumira::ImportReport report;
+  report.leftOut = {"mass.csv, line 1: a column"};
+  report.warnings = {"mass.csv, line 3: heavy"};
+  window.ShowImportReports({report});
+  const QWidget* before = window.Warnings().Window();
+  ASSERT_TRUE(window.ChooseLanguage("de"));
+  EXPECT_EQ(Shown(), (Lines{"Weggelassen: mass.csv, line 1: a column", "Warnung: mass.csv, line 3: heavy"}));
+  EXPECT_EQ(window.Warnings().Window(), before);
+  ASSERT_TRUE(window.ChooseLanguage("en"));
+  EXPECT_EQ(Shown(), (Lines{"Left out: mass.csv, line 1: a column", "Warning: mass.csv, line 3: heavy"}));
+}
+
+TEST_F(WarningListTest, FindingsAfterAnImportFollowTheLanguageToo) {
+  ImportByTheDialog("parent,child,instance,colour\ncar,wheel,wheel.1,red\n", "part,name\nwheel,Wheel\n");
+  ASSERT_TRUE(window.ChooseLanguage("de"));
+  ASSERT_GT(Shown().size(), 1u);
+  EXPECT_TRUE(Shown().front().starts_with("Weggelassen: structure.csv, line 1")) << Shown().front();
+  EXPECT_EQ(Shown().back(), "Warnung: Product \"car\" has no mass data at all.");
+}
+
 TEST_F(WarningListTest, ALongWarningWrapsSoThatItsEndIsInSight) {
   std::string text = "mass.csv, line 1, column 7 (";
   for (int i = 0; i < 40; ++i) text += "the year before last ";
