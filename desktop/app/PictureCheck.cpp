@@ -24,7 +24,7 @@ struct Piece {
 };
 using Pieces = std::vector<Piece>;
 
-constexpr int kFrame = 4;       ///< device-independent pixels round a tab's or a column's title
+constexpr int kFrame = 4;       ///< the most that the style draws round a text, device-independent pixels
 constexpr int kLeastWidth = 8;  ///< of an area that has room for a letter
 
 /// Gradients of the style run from top to bottom: where nothing is written each line is of one colour.
@@ -35,19 +35,16 @@ bool IsPlain(const QImage& picture, const QRect& area) {
   return true;
 }
 
-bool IsSeenWhole(const QWidget& widget, const QRect& area) {
-  return widget.visibleRegion().boundingRect().contains(area);
-}
-
 /// In pixels of the picture; empty when it is not in the picture whole.
 QRect PlaceOf(const QRect& area, const QWidget& widget, const QWidget& window, const QImage& picture) {
-  if (area.width() < kLeastWidth || !IsSeenWhole(widget, area)) return {};
+  if (area.width() < kLeastWidth || !widget.visibleRegion().boundingRect().contains(area)) return {};
   const qreal scale = picture.devicePixelRatio();
   const QRect place(widget.mapTo(&window, area.topLeft()) * scale, area.size() * scale);
   return picture.rect().contains(place) ? place : QRect();
 }
 
-/// Style elements that hold a button's text, by the kind of the button.
+QRect Inside(const QRect& frame) { return frame.adjusted(kFrame, kFrame, -kFrame, -kFrame); }
+
 QRect TextAreaOf(const QAbstractButton& button) {
   QStyleOptionButton option;
   option.initFrom(&button);
@@ -57,7 +54,7 @@ QRect TextAreaOf(const QAbstractButton& button) {
   };
   if (button.inherits("QCheckBox")) return area(QStyle::SE_CheckBoxContents);
   if (button.inherits("QRadioButton")) return area(QStyle::SE_RadioButtonContents);
-  return button.rect().adjusted(kFrame, kFrame, -kFrame, -kFrame);
+  return Inside(button.rect());
 }
 
 QRect TextAreaOf(const QComboBox& combo) {
@@ -66,21 +63,11 @@ QRect TextAreaOf(const QComboBox& combo) {
   return combo.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &combo);
 }
 
-QRect TextAreaOf(const QLineEdit& edit) {
-  QStyleOptionFrame option;
-  option.initFrom(&edit);
-  option.lineWidth =
-      edit.hasFrame() ? edit.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, &edit) : 0;
-  const int frame = edit.hasFrame() ? kFrame : 0;
-  return edit.style()
-      ->subElementRect(QStyle::SE_LineEditContents, &option, &edit)
-      .intersected(edit.rect().adjusted(frame, frame, -frame, -frame));
-}
+QRect TextAreaOf(const QLineEdit& edit) { return edit.hasFrame() ? Inside(edit.rect()) : edit.rect(); }
 
 Pieces TabsOf(const QTabBar& bar) {
   Pieces pieces;
-  for (int i = 0; i < bar.count(); ++i)
-    pieces.push_back({bar.tabText(i), bar.tabRect(i).adjusted(kFrame, kFrame, -kFrame, -kFrame)});
+  for (int i = 0; i < bar.count(); ++i) pieces.push_back({bar.tabText(i), Inside(bar.tabRect(i))});
   return pieces;
 }
 
@@ -89,8 +76,7 @@ Pieces TitlesOf(const QHeaderView& header) {
   for (int i = 0; i < header.count() && header.orientation() == Qt::Horizontal; ++i) {
     const QRect area(header.sectionViewportPosition(i), 0, header.sectionSize(i),
                      header.viewport()->height());
-    pieces.push_back({header.model()->headerData(i, Qt::Horizontal).toString(),
-                      area.adjusted(kFrame, kFrame, -kFrame, -kFrame)});
+    pieces.push_back({header.model()->headerData(i, Qt::Horizontal).toString(), Inside(area)});
   }
   return pieces;
 }
@@ -103,7 +89,7 @@ Pieces CellsOf(const QAbstractItemView& view) {
     return tree ? tree->indexBelow(line) : line.siblingAtRow(line.row() + 1);
   };
   const int bottom = view.viewport()->height();
-  for (QModelIndex line = view.indexAt({1, 1}).siblingAtColumn(0); line.isValid(); line = below(line)) {
+  for (QModelIndex line = view.indexAt({1, 1}); line.isValid(); line = below(line)) {
     if (view.visualRect(line).top() > bottom) break;
     for (int column = 0; column < view.model()->columnCount(line.parent()); ++column) {
       const QModelIndex cell = line.siblingAtColumn(column);
