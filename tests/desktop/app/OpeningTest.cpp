@@ -251,6 +251,7 @@ TEST_F(SampleTest, WhoseRootPartIsGoneIsMadeAnewWhenTheUserWantsIt) {
     ASSERT_TRUE(OtherProgram(sample).Run(damage));
     boxes.answers = {0};
     EXPECT_TRUE(window.OpenSample()) << damage;
+    ASSERT_FALSE(boxes.Questions().empty()) << damage;
     EXPECT_NE(boxes.Questions().back().text.Utf8().find(sample.toStdString()), std::string::npos)
         << boxes.Questions().back().text.Utf8();
   }
