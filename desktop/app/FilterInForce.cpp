@@ -1,6 +1,7 @@
 #include "desktop/app/FilterInForce.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "desktop/app/PdmCommands.h"
 #include "desktop/app/Texts.h"
@@ -13,15 +14,6 @@ namespace desktop {
 namespace {
 
 constexpr std::size_t kMostNamed = 10;  ///< instances that a tooltip names
-
-/// What a name stands for that cannot be read as a filter: a filter of that name.
-protocol::Filter Read(const std::string& text) {
-  auto read = protocol::ReadFilter(text);
-  if (read) return std::move(read).Value();
-  protocol::Filter filter;
-  filter.name = text;
-  return filter;
-}
 
 void ForgetValues(protocol::MassType& type) {
   type.status = protocol::MassTypeStatus::Undefined;
@@ -36,10 +28,29 @@ void ForgetValues(protocol::MassType& type) {
 FilterInForce::FilterInForce(const KorWBCommands* commands, const std::string& product) : _product(product) {
   if (!commands) return;
   _name = ToQt(commands->GetDisplayFilter(product));
-  _filter = Read(commands->GetFilter(product).Utf8());
+  _text = commands->GetFilter(product);
+  auto read = protocol::ReadFilter(_text.Utf8());
+  if (read) {
+    _filter = std::move(read).Value();
+  } else {
+    _filter.name = FromQt(_name).Utf8();  // the text may be of any length
+    _unreadable = ToQt(read.Failure().message);
+  }
+}
+
+bool FilterInForce::Follow(const KorWBCommands* commands, const std::string& product) {
+  if (IsInForce(commands, product)) return false;
+  const FilterInForce before = std::exchange(*this, FilterInForce(commands, product));
+  return *this != before;
+}
+
+bool FilterInForce::IsInForce(const KorWBCommands* commands, const std::string& product) const {
+  return commands && product == _product && _name == ToQt(commands->GetDisplayFilter(product)) &&
+         _text == commands->GetFilter(product);
 }
 
 QString FilterInForce::Meaning(const protocol::TreeNode& root) const {
+  if (!_unreadable.isEmpty()) return Text("Filter.Unreadable", {_name, _unreadable});
   if (LetsAllPass()) return Text("Filter.All");
   return _filter.kind == protocol::Filter::Kind::User ? MeaningOfInstances() : MeaningOfConfiguration(root);
 }

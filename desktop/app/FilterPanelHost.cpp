@@ -6,6 +6,9 @@
 
 #include "desktop/app/OccurrenceMime.h"
 #include "desktop/app/PdmCommands.h"
+#include "desktop/app/Texts.h"
+#include "desktop/toolkit/views/DialogView.h"
+#include "desktop/toolkit/views/MultiListView.h"
 #include "framework/dialog/KorDlgMultiList.h"
 #include "framework/dialog/KorDlgRadioButton.h"
 
@@ -13,6 +16,7 @@ namespace desktop {
 namespace {
 
 constexpr const char* kGeometryKey = "filterPanel/geometry";
+constexpr const char* kColumnsKey = "filterPanel/columns";
 constexpr QSize kFirstSize(680, 460);  ///< device-independent pixels; room for the place in the product
 constexpr const char* kUserFilter = "TabContainer001.TabPage001.MainFrame.PVSFilterBtn";
 constexpr const char* kConfigurationFilter = "TabContainer001.TabPage001.MainFrame.CfgFilterBtn";
@@ -35,15 +39,15 @@ FilterPanelHost::~FilterPanelHost() = default;
 protocol::Result<void> FilterPanelHost::Open(const std::string& product) {
   if (!_library.Commands())
     return protocol::Error{protocol::ErrorKind::NotFound, _library.WhyNot().toStdString()};
-  if (_panel && _product == product && Panel()->IsShown()) {
+  if (IsOpenOn(product)) {
     Window()->raise();
     Window()->activateWindow();
     return {};
   }
-  Close();
   if (const auto told = SetCurrentRoot({product}); !told) return told.Failure();
+  Close();
   _panel = _library.Commands()->CreateFilterPanel(product, _command);
-  if (!_panel) return protocol::Error{protocol::ErrorKind::NotFound, "the module has no filter panel"};
+  if (!_panel) return protocol::Error{protocol::ErrorKind::NotFound, Text("Filter.NoPanel").toStdString()};
   _product = product;
   Show();
   return {};
@@ -56,17 +60,20 @@ void FilterPanelHost::Show() {
     dialog.Find<KorDlgRadioButton>(button).Subscribe(KorEvent::RadioModify,
                                                      [this](auto...) { TellOfChangeLater(); });
   dialog.Attach(&_backend);
-  auto* table = _backend.ControlOf<QTableView>(List());
+  auto* table = ListView().Qt();
   table->viewport()->setAcceptDrops(true);
   table->viewport()->installEventFilter(this);
   if (!Window()->restoreGeometry(_settings.WindowState(kGeometryKey))) Window()->resize(kFirstSize);
+  ListView().RestoreWidths(_settings.WindowState(kColumnsKey));
   dialog.SetVisibility(KorVisibility::Shown);
+  _rowsAtFirst = RowsText();
   TellOfChangeLater();  // it may have taken over what the server says is set on the product
 }
 
 void FilterPanelHost::Close() {
   if (_panel) {
-    _settings.SetWindowState(kGeometryKey, Window()->saveGeometry());
+    _settings.SetWindowState(kGeometryKey, SaveWantedGeometry(*Window()));
+    _settings.SetWindowState(kColumnsKey, ListView().SaveWidths());
     Panel()->Detach();
   }
   _panel.reset();
@@ -94,6 +101,27 @@ void FilterPanelHost::TellOfChangeLater() {
 
 KorDlgMultiList& FilterPanelHost::List() const { return Panel()->Find<KorDlgMultiList>(kList); }
 
+MultiListView& FilterPanelHost::ListView() const {
+  return static_cast<MultiListView&>(*_backend.ViewOf(List()));
+}
+
+std::string FilterPanelHost::RowsText() const {
+  const KorDlgMultiList& list = List();
+  std::string text;
+  for (int row = 0; row < list.GetLineCount(); ++row)
+    for (int column = 0; column < list.GetColumnCount(); ++column)
+      (text += list.GetColumnItem(column, row)) += '\n';
+  return text;
+}
+
+bool FilterPanelHost::IsOpenOn(const std::string& product) const {
+  return _panel && _product == product && Panel()->IsShown();
+}
+
+bool FilterPanelHost::HasUnconfirmedRows() const {
+  return _panel && Panel()->IsShown() && RowsText() != _rowsAtFirst;
+}
+
 bool FilterPanelHost::TakesInstances() const { return _panel && Panel()->IsShown() && List().IsEnabled(); }
 
 FilterPanelHost::Additions FilterPanelHost::Add(const std::vector<OccurrencePlace>& places) {
@@ -120,7 +148,13 @@ bool FilterPanelHost::eventFilter(QObject* watched, QEvent* event) {
   }
   drop->setDropAction(Qt::CopyAction);
   drop->accept();
-  if (!isDrag && onDropped) onDropped(dragged);
+  if (isDrag) return true;
+  QMetaObject::invokeMethod(
+      this,
+      [this, dragged] {
+        if (onDropped) onDropped(dragged);
+      },
+      Qt::QueuedConnection);
   return true;
 }
 

@@ -13,9 +13,10 @@
 #include "protocol/Result.h"
 
 class KorDlgMultiList;
-class QTableView;
 
 namespace desktop {
+
+class MultiListView;
 
 /// The command "filter": opens the module's filter panel on a product, is its parent command, and adds what
 /// the user picks in the product tree to its list. The panel hides itself at OK and Cancel; it is destroyed
@@ -28,7 +29,8 @@ class FilterPanelHost : public QObject {
 
   /// The filter in force may be another one. Called from the event loop.
   std::function<void()> onFilterChanged;
-  /// Occurrences were dropped on the panel's list.
+  /// Occurrences were dropped on the panel's list. Called from the event loop: a drag holds the program until
+  /// the drop is over.
   std::function<void(const std::vector<OccurrenceKey>&)> onDropped;
 
   /// Tells the server that the product is the current root and opens the panel on it; one that is open on it
@@ -36,6 +38,9 @@ class FilterPanelHost : public QObject {
   protocol::Result<void> Open(const std::string& product);
   void Close();
   bool IsOpen() const { return _panel != nullptr; }
+  bool IsOpenOn(const std::string& product) const;
+  /// Whether the list of the open panel holds other rows than when it was opened: without OK they are lost.
+  bool HasUnconfirmedRows() const;
   /// Whether the user chooses single instances at the moment.
   bool TakesInstances() const;
 
@@ -74,13 +79,16 @@ class FilterPanelHost : public QObject {
   void CloseIfHidden();
   void TellOfChangeLater();
   KorDlgMultiList& List() const;
+  MultiListView& ListView() const;
+  std::string RowsText() const;
 
   const CommandsLibrary& _library;
   QtBackend& _backend;
   Settings& _settings;
   ParentCommand _command{*this};
   std::unique_ptr<KorWBFilterPanel> _panel;
-  std::string _product;  ///< that the open panel is about
+  std::string _product;      ///< that the open panel is about
+  std::string _rowsAtFirst;  ///< of its list, as it was opened
 };
 
 }  // namespace desktop

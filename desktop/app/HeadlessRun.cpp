@@ -10,12 +10,14 @@
 
 #include "desktop/app/Folders.h"
 #include "desktop/app/PdmCommands.h"
+#include "desktop/app/PictureCheck.h"
 #include "desktop/app/SampleProduct.h"
 #include "framework/dialog/KorApplicationFrame.h"
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgRadioButton.h"
 #include "framework/dialog/KorDlgTabContainer.h"
 #include "framework/dialog/KorDlgTabPage.h"
+#include "framework/dialog/KorMsgCatalog.h"
 #include "framework/knowledge/KorUnitSystems.h"
 
 namespace desktop {
@@ -134,7 +136,9 @@ Result<void> HeadlessRun::RunSteps() {
   if (auto done = ComputeUnderFilters(); !done) return done;
   if (auto done = SaveWarnings(); !done) return done;
   if (auto done = EditAndSave(); !done) return done;
-  return SaveValues();
+  if (auto done = SaveValues(); !done) return done;
+  _window.TellOfLostTrace();
+  return {};
 }
 
 Result<void> HeadlessRun::OpenSample() {
@@ -236,11 +240,29 @@ Result<void> HeadlessRun::Save(QWidget* window, const QString& file) {
   const QString path = QDir(_folder).filePath(file);
   _pictures << file;
   const QImage picture = window->grab().toImage();
+  if (const QStringList missing = TextsNotDrawn(*window, picture); !missing.isEmpty())
+    return Fail(file.toStdString() + " does not show \"" + missing.join("\", \"").toStdString() + "\"");
   return WriteFile(path, [&picture](QSaveFile& target) {
     QImageWriter writer(&target, "PNG");
     if (writer.write(picture)) return QString();
     return target.error() == QFileDevice::NoError ? writer.errorString() : target.errorString();
   });
+}
+
+Result<void> HeadlessRun::SaveLooks(QWidget* window, const QString& name) {
+  const ThemeChoice theme = _settings.Theme();
+  const KorString language = KorMsgCatalog::GetLanguage();
+  if (auto done = Save(window, name + ".png"); !done) return done;
+  _window.ChooseTheme(ThemeChoice::Dark);
+  if (auto done = Save(window, name + "-dark.png"); !done) return done;
+  _window.ChooseTheme(theme);
+  for (const KorString& other : KorMsgCatalog::Languages()) {
+    if (other == language) continue;
+    _window.ChooseLanguage(QString::fromStdString(other));
+    if (auto done = Save(window, name + "-" + QString::fromStdString(other) + ".png"); !done) return done;
+  }
+  _window.ChooseLanguage(QString::fromStdString(language));
+  return {};
 }
 
 Result<void> HeadlessRun::SaveValues() {

@@ -40,6 +40,8 @@ class HeadlessRun {
   protocol::Result<void> SaveUnitSystem(const char* system, const QString& file);
   protocol::Result<void> SaveTheme(ThemeChoice theme, const QString& windowFile, const QString& panelFile);
   protocol::Result<void> Save(QWidget* window, const QString& file);
+  /// As it is, on a dark ground and in the other languages.
+  protocol::Result<void> SaveLooks(QWidget* window, const QString& name);
   protocol::Result<void> SaveValues();
   // editing
   protocol::Result<void> EditAndSave();

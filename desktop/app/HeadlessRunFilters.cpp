@@ -47,6 +47,8 @@ Result<void> HeadlessRun::ComputeUnderFilters() {
   if (!filters) return filters.Failure();
   for (const protocol::FilterEntry& filter : filters.Value().filters)
     if (auto done = ComputeUnderConfiguration(filter.name); !done) return done;
+  // The name of the last one in the greyed combo would look like a second filter in force.
+  if (auto done = ChooseConfiguration(kNoFilter); !done) return done;
   if (auto done = ComputeUnderInstances(); !done) return done;
   return ChooseConfiguration(kNoFilter);
 }
@@ -93,7 +95,7 @@ Result<void> HeadlessRun::ComputeUnderInstances() {
   const auto panel = OpenFilterPanel(kByInstances);
   if (!panel) return panel.Failure();
   if (auto done = AddInstances(); !done) return done;
-  if (auto done = Save(_window.FilterPanel().Window(), "filter-panel.png"); !done) return done;
+  if (auto done = SaveLooks(_window.FilterPanel().Window(), "filter-panel"); !done) return done;
   if (!panel.Value()->PressOK()) return Fail("OK cannot be pressed on the filter panel");
   QApplication::processEvents();
   if (auto done = ComputeInPanel(kComputed, "User Filter"); !done) return done;
@@ -113,9 +115,9 @@ Result<void> HeadlessRun::SaveWarnings() {
   options.mode = lumira::ImportMode::DryRun;
   const auto report = lumira::ImportProduct(_window.Session().Transport().Store(), tables.Value(), options);
   if (!report) return report.Failure();
-  _window.ShowImportReport(report.Value());
+  _window.ShowImportReports({report.Value()});
   if (!_window.Warnings().Dialog()) return Fail("the list of warnings did not open");
-  return Save(_window.Warnings().Window(), "warning-dialog.png");
+  return SaveLooks(_window.Warnings().Window(), "warning-dialog");
 }
 
 }  // namespace desktop

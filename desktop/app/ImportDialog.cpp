@@ -175,13 +175,19 @@ Result<lumira::ImportReport> ImportDialog::Import(lumira::ImportMode mode) {
 
 void ImportDialog::Run(lumira::ImportMode mode) {
   if (_mass->text().trimmed().isEmpty()) return _report->setPlainText(Text("Import.NoMassTable"));
+  if (mode == lumira::ImportMode::Write && mayImport && !mayImport()) return;
   setCursor(Qt::WaitCursor);
   const auto report = Import(mode);
   unsetCursor();
   _progress->hide();
-  if (report && mode == lumira::ImportMode::Write) _imported = report.Value();
+  if (report && mode == lumira::ImportMode::Write) Keep(report.Value());
   _report->setPlainText(report ? ReportOf(report.Value(), mode)
                                : Text("Import.Refused") + "\n\n" + ToQt(report.Failure().message));
+}
+
+void ImportDialog::Keep(const lumira::ImportReport& report) {
+  std::erase_if(_imported, [&](const lumira::ImportReport& one) { return one.product == report.product; });
+  _imported.push_back(report);
 }
 
 void ImportDialog::ShowProgress(std::string_view what, std::size_t done, std::size_t total) {

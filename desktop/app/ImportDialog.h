@@ -1,7 +1,8 @@
 #pragma once
 
 #include <QDialog>
-#include <optional>
+#include <functional>
+#include <vector>
 
 #include "lumira/import/ImportProduct.h"
 
@@ -20,6 +21,9 @@ class ImportDialog : public QDialog {
  public:
   ImportDialog(lumira::Store& store, QWidget* parent = nullptr);
 
+  /// Asked before each import that writes; it does not begin without leave. Not set: there always is leave.
+  std::function<bool()> mayImport;
+
   QLineEdit* StructureEdit() const { return _structure; }
   QLineEdit* MassEdit() const { return _mass; }
   QLineEdit* FiltersEdit() const { return _filters; }
@@ -31,13 +35,14 @@ class ImportDialog : public QDialog {
   QPushButton* CheckButton() const { return _check; }
   QPushButton* ImportButton() const { return _import; }
   QString ReportText() const;
-  /// The report of what was written last; nothing when nothing was.
-  const std::optional<lumira::ImportReport>& Imported() const { return _imported; }
+  /// The reports of what was written, in that order; of a product that was written again only the last one.
+  const std::vector<lumira::ImportReport>& Imported() const { return _imported; }
 
  private:
   QWidget* MakeFileRow(QLineEdit* edit, const char* titleKey);
   void Run(lumira::ImportMode mode);
   protocol::Result<lumira::ImportTables> ReadTables() const;
+  void Keep(const lumira::ImportReport& report);
   protocol::Result<lumira::ImportReport> Import(lumira::ImportMode mode);
   lumira::ImportOptions Options(lumira::ImportMode mode);
   void ShowProgress(std::string_view what, std::size_t done, std::size_t total);
@@ -55,7 +60,7 @@ class ImportDialog : public QDialog {
   QPushButton* _import;
   QProgressBar* _progress;
   QPlainTextEdit* _report;
-  std::optional<lumira::ImportReport> _imported;
+  std::vector<lumira::ImportReport> _imported;
 };
 
 }  // namespace desktop

@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include "desktop/app/ElidedLabel.h"
 #include "desktop/app/HistoryDialog.h"
 #include "desktop/app/Icons.h"
 #include "desktop/app/SearchBox.h"
@@ -32,6 +33,8 @@ constexpr const char* kColumnsKey = "mainWindow/columns";
 constexpr const char* kRecentMenu = "Menu.Recent";
 constexpr const char* kThemeMenu = "Menu.Theme";
 constexpr const char* kLanguageMenu = "Menu.Language";
+
+constexpr int kMostOfFilterName = 40;  ///< characters that the status bar has room for
 
 enum class OnToolbar { No, Yes };
 /// What must be there for a command; with the library of weight-and-balance commands, a selection too.
@@ -65,6 +68,8 @@ const MainWindow::CommandRow MainWindow::kCommands[] = {
     {"Compute", "Menu.Weight", nullptr, "F5", OnToolbar::No, &MainWindow::Compute, Needs::Library},
     {"Filter", "Menu.Weight", icons::Filter, "Ctrl+L", OnToolbar::Yes, &MainWindow::ShowFilterPanel,
      Needs::Library},
+    {"TellFilter", "Menu.Weight", nullptr, "Ctrl+Shift+F", OnToolbar::No, &MainWindow::TellFilter,
+     Needs::Library},
     {"AddToFilter", "Menu.Weight", nullptr, "Ctrl+Shift+L", OnToolbar::No, &MainWindow::AddToFilter,
      Needs::Library},
     {"History", "Menu.Weight", nullptr, "Ctrl+H", OnToolbar::No, &MainWindow::ShowHistory, Needs::Selection},
@@ -85,7 +90,7 @@ MainWindow::MainWindow(Settings& settings, QtBackend& backend)
       _tree(new QTreeView),
       _pane(new SelectionPane),
       _search(new SearchBox),
-      _filter(new QLabel),
+      _filter(new ElidedLabel(kMostOfFilterName)),
       _server(new QLabel),
       _units(new QLabel) {
   _backend.SetMainWindow(this);
@@ -103,12 +108,18 @@ MainWindow::MainWindow(Settings& settings, QtBackend& backend)
         places.push_back(_model->PlaceAt(index));
     AddToFilter(places);
   };
-  if (const auto traced = _tracing.Apply(Tracing::ChoiceAtStart(_settings)); !traced)
-    _tracingProblem = ToQt(traced.Failure().message);
+  StartTracing();
   _busy.onEnded = [this](const auto& command, const auto& reply) { ServerCommandEnded(command, reply); };
   resize(1180, 760);
   restoreGeometry(_settings.WindowState(kGeometryKey));
   ShowTexts();
+}
+
+void MainWindow::StartTracing() {
+  const TraceChoice choice = Tracing::ChoiceAtStart(_settings);
+  if (const QString unknown = Tracing::UnknownAtStart(choice); !unknown.isEmpty())
+    _tracingProblems << unknown;
+  if (const auto traced = _tracing.Start(choice); !traced) _tracingProblems << ToQt(traced.Failure().message);
 }
 
 MainWindow::~MainWindow() { _backend.SetMainWindow(nullptr); }
@@ -210,7 +221,7 @@ void MainWindow::BuildCentre() {
 }
 
 void MainWindow::BuildStatusBar() {
-  for (QLabel* label : {_filter, _server, _units}) {
+  for (QLabel* label : {static_cast<QLabel*>(_filter), _server, _units}) {
     label->setContentsMargins(8, 2, 8, 2);
     statusBar()->addPermanentWidget(label);
   }
@@ -301,6 +312,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   if (auto* splitter = findChild<QSplitter*>("MainSplitter"))
     _settings.SetWindowState(kSplitterKey, splitter->saveState());
   ClosePanels();
+  TellOfLostTrace();
   QMainWindow::closeEvent(event);
 }
 

@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <QPersistentModelIndex>
 #include <QPointer>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -29,6 +30,7 @@ class QTreeView;
 
 namespace desktop {
 
+class ElidedLabel;
 class HistoryDialog;
 class SearchBox;
 class SelectionPane;
@@ -67,8 +69,8 @@ class MainWindow : public QMainWindow {
   void ShowFilterPanel();
   /// Adds what is selected to the open filter panel; tells the user what cannot be added.
   void AddToFilter();
-  /// Shows what an import left out and what looks wrong; nothing when there is neither.
-  void ShowImportReport(const lumira::ImportReport& report);
+  /// Shows what imports left out and what looks wrong; nothing when there is neither.
+  void ShowImportReports(const std::vector<lumira::ImportReport>& reports);
   /// Shows all values anew, after a change of units.
   void UnitsChanged();
   /// False, with the language as it was, when there is no such language.
@@ -80,6 +82,8 @@ class MainWindow : public QMainWindow {
   /// Tells of what went wrong while the program started: commands that cannot be loaded, traces that cannot
   /// be written, catalogues.
   void TellStartProblems();
+  /// Tells once of a trace that could not be written.
+  void TellOfLostTrace();
 
   const ProductSession& Session() const { return _session; }
   PartPanelHost& PartPanel() { return _partPanel; }
@@ -113,6 +117,7 @@ class MainWindow : public QMainWindow {
   QTreeView* BuildTree();
   void BuildCommands();
   void BuildChoices();
+  void StartTracing();
   void BuildStatusBar();
   QMenu* Menu(const char* key);
   void AddChoice(QMenu* menu, const QString& value, std::function<void()> choose);
@@ -144,7 +149,6 @@ class MainWindow : public QMainWindow {
   /// Asks for leave to lose what has been typed into the part panel and not been saved; true when there is
   /// nothing of the kind. Everything that closes or binds the panel asks here first.
   bool MayGiveUpValues();
-  bool OpenInPlace(const QString& file);
   bool AskToSaveAgain(const std::string& part, int save, protocol::HistoryMoment moment);
   bool ShowsInPanel(const std::string& part) const;
   void ValuesSaved(PartPanelHost::SaveOutcome outcome);
@@ -156,11 +160,22 @@ class MainWindow : public QMainWindow {
   void ValuesChanged();
   void FilterChanged();
   void ShowFilter();
+  /// Says in the status bar why the current line is grey or in italics: its tooltip needs a mouse.
+  void SayWhyMarked();
+  void TellFilter();
   void AddToFilter(const std::vector<OccurrencePlace>& places);
   void ShowAdditions(const FilterPanelHost::Additions& additions);
   std::vector<OccurrencePlace> SelectedPlaces() const;
   void ShowTreeMenu(const QPoint& place);
+  /// Without the library of commands, which has the list of warnings, in a box.
+  void ShowWarnings(const std::function<WarningListHost::Lines()>& linesOfNow);
   void ShowFindings();
+  void ShowImportReportsAndFindings(const std::vector<lumira::ImportReport>& reports);
+  /// Asks whether rows of the filter panel that were not confirmed may go; true when there are none.
+  bool MayLoseFilterRows();
+  /// Asks for leave to lose what panels on the open product hold and nobody has confirmed or saved.
+  bool MayCloseProduct() { return MayLoseFilterRows() && MayGiveUpValues(); }
+  bool OpenAndTell(const QString& file);
   void ClosePanels();
   void ShowInformation(const char* titleKey, const QString& text);
   void ShowError(const char* titleKey, const std::string& text);
@@ -173,7 +188,7 @@ class MainWindow : public QMainWindow {
   BusyIndicator _busy;
   CatalogueProblems _catalogueProblems;
   Tracing _tracing;
-  QString _tracingProblem;
+  QStringList _tracingProblems;
   CommandsLibrary _library;  ///< unloaded when the panels are gone
   PartPanelHost _partPanel;
   FilterPanelHost _filterPanel;
@@ -187,7 +202,7 @@ class MainWindow : public QMainWindow {
   QTreeView* _tree;
   SelectionPane* _pane;
   SearchBox* _search;
-  QLabel* _filter;
+  ElidedLabel* _filter;
   QLabel* _server;
   QLabel* _units;
   std::map<std::string, QMenu*> _menus;           ///< by the key of the title

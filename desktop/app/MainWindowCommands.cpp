@@ -26,9 +26,9 @@
 
 namespace desktop {
 
-bool MainWindow::OpenProduct(const QString& file) { return MayGiveUpValues() && OpenInPlace(file); }
+bool MainWindow::OpenProduct(const QString& file) { return MayCloseProduct() && OpenAndTell(file); }
 
-bool MainWindow::OpenInPlace(const QString& file) {
+bool MainWindow::OpenAndTell(const QString& file) {
   const auto opened = Open(file);
   if (opened) return true;
   ForgetIfGone(file, opened.Failure());
@@ -61,24 +61,24 @@ void MainWindow::ForgetIfGone(const QString& file, const protocol::Error& why) {
 }
 
 bool MainWindow::CreateProduct(const QString& file) {
-  if (!MayGiveUpValues()) return false;
+  if (!MayCloseProduct()) return false;
   if (const auto made = lumira::CreateSqliteStore(file.toStdString()); !made) {
     ShowError("Error.New", made.Failure().message);
     return false;
   }
-  return OpenInPlace(file);
+  return OpenAndTell(file);
 }
 
 QString MainWindow::SampleFile() const { return QDir(Folders::UserData()).filePath("iea15.lumira"); }
 
 bool MainWindow::OpenSample() {
-  if (!MayGiveUpValues()) return false;
+  if (!MayCloseProduct()) return false;
   if (QFileInfo::exists(SampleFile())) {
     const auto opened = Open(SampleFile());
     if (opened) return true;
     if (!MayMakeSampleAnew(opened.Failure())) return false;
   }
-  return MakeSample() && OpenInPlace(SampleFile());
+  return MakeSample() && OpenAndTell(SampleFile());
 }
 
 /// A sample that is only locked or read-only is whole, and would open the next time.
@@ -157,6 +157,8 @@ void MainWindow::Compute() {
 }
 
 void MainWindow::ServerCommandEnded(const KorUnicodeString& command, const KorUnicodeString& reply) {
+  QMetaObject::invokeMethod(
+      this, [this] { TellOfLostTrace(); }, Qt::QueuedConnection);
   const bool saves = command == KorUnicodeString(protocol::kCommandSavePart);
   const bool failed = reply.IsEmpty() || protocol::IsErrorReply(reply.Utf8());
   if (saves) ValuesSaved(failed ? PartPanelHost::SaveOutcome::Failed : PartPanelHost::SaveOutcome::Saved);
@@ -255,13 +257,16 @@ void MainWindow::AskForNewProduct() {
 }
 
 void MainWindow::AskForTables() {
-  if (!_session.IsOpen() || !MayGiveUpValues()) return;
+  if (!_session.IsOpen()) return;
   ImportDialog dialog(_session.Transport().Store(), this);
+  // The panels are closed after the dialog; leave that was given counts until then.
+  bool hasLeave = false;
+  dialog.mayImport = [&] { return hasLeave = hasLeave || MayCloseProduct(); };
   dialog.exec();
-  if (!dialog.Imported()) return;
+  if (dialog.Imported().empty()) return;
   ClosePanels();
   ReloadTree();
-  ShowImportReport(*dialog.Imported());
+  ShowImportReportsAndFindings(dialog.Imported());
 }
 
 void MainWindow::AskForUnits() {
@@ -272,8 +277,21 @@ void MainWindow::AskForUnits() {
 }
 
 void MainWindow::AskForTracing() {
-  if (TracingDialog(_tracing, this).exec() == QDialog::Accepted)
-    _settings.SetTracing(_tracing.Choice().components, _tracing.Choice().file);
+  TracingDialog dialog(_tracing, this);
+  const TraceChoice before = dialog.Choice();
+  if (dialog.exec() != QDialog::Accepted) return;
+  TellOfLostTrace();
+  // What the user left as it was may come from the environment, which is for one start. Of components that
+  // there are not the user has been told; the dialog does not show them.
+  const TraceChoice after = dialog.Choice();
+  _settings.SetTracing(after.components == before.components ? Tracing::KnownOf(_settings.TracedComponents())
+                                                             : after.components,
+                       after.file == before.file ? _settings.TraceFile() : after.file);
+}
+
+void MainWindow::TellOfLostTrace() {
+  if (const auto written = _tracing.CheckWritten(); !written)
+    ShowError("Error.Tracing", written.Failure().message);
 }
 
 void MainWindow::FocusSearch() {
@@ -297,7 +315,7 @@ void MainWindow::ShowInformation(const char* titleKey, const QString& text) {
 void MainWindow::TellStartProblems() {
   if (const QString reason = _library.WhyNot(); !reason.isEmpty())
     ShowError("Error.Library", reason.toStdString());
-  if (!_tracingProblem.isEmpty()) ShowError("Error.Tracing", _tracingProblem.toStdString());
+  if (!_tracingProblems.isEmpty()) ShowError("Error.Tracing", _tracingProblems.join("\n\n").toStdString());
   TellCatalogueProblems();
 }
 

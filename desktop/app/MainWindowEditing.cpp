@@ -63,6 +63,7 @@ void MainWindow::ShowChangedSelection() {
   ShowStatus();
   const auto text = ShowSelection();
   if (text && _partPanel.IsOpen()) BindPartPanel(*text);
+  SayWhyMarked();
 }
 
 void MainWindow::ValuesSaved(PartPanelHost::SaveOutcome outcome) {

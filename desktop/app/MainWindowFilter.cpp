@@ -3,22 +3,27 @@
 #include <QContextMenuEvent>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMenu>
 #include <QStatusBar>
 #include <QTreeView>
+#include <iostream>
 
+#include "desktop/app/ElidedLabel.h"
+#include "desktop/app/FilterMarks.h"
 #include "desktop/app/HistoryDialog.h"
 #include "desktop/app/MainWindow.h"
 #include "desktop/app/PdmCommands.h"
 #include "desktop/app/SelectionPane.h"
 #include "desktop/app/Texts.h"
 #include "desktop/toolkit/QtText.h"
+#include "framework/dialog/KorApplicationFrame.h"
+#include "lumira/commands/Findings.h"
 
 namespace desktop {
 namespace {
 
-constexpr int kSaidFor = 6'000;  ///< milliseconds that the status bar says what was added
+constexpr std::size_t kMostInABox = 20;  ///< warnings; more would not fit on the screen
+constexpr int kSaidFor = 6'000;          ///< milliseconds that the status bar says what was added
 
 const char* SeverityKey(protocol::Severity severity) {
   switch (severity) {
@@ -32,13 +37,44 @@ const char* SeverityKey(protocol::Severity severity) {
   return "Warnings.Information";
 }
 
+using Lines = WarningListHost::Lines;
+
+Lines LinesOf(const protocol::PendingWarnings& findings) {
+  Lines lines;
+  for (const protocol::Warning& finding : findings.warnings)
+    lines.push_back(Text(SeverityKey(finding.severity), {ToQt(finding.text)}).toStdString());
+  return lines;
+}
+
+Lines LinesOf(const std::vector<lumira::ImportReport>& reports) {
+  Lines lines;
+  for (const lumira::ImportReport& report : reports) {
+    for (const std::string& text : report.leftOut)
+      lines.push_back(Text("Warnings.LeftOut", {ToQt(text)}).toStdString());
+    for (const std::string& text : report.warnings)
+      lines.push_back(Text("Warnings.Warning", {ToQt(text)}).toStdString());
+  }
+  return lines;
+}
+
 }  // namespace
 
 void MainWindow::ShowFilterPanel() {
   const std::string product = _model->ProductAt(_tree->currentIndex());
+  if (!_filterPanel.IsOpenOn(product) && !MayLoseFilterRows()) return;
   if (const auto opened = _filterPanel.Open(product); !opened)
     ShowError("Error.Filter", opened.Failure().message);
   TellCatalogueProblems();
+}
+
+bool MainWindow::MayLoseFilterRows() {
+  if (!_filterPanel.HasUnconfirmedRows()) return true;
+  KorDlgQuestion question;
+  question.title = FromQt(Text("Command.Filter.Title"));
+  question.text = FromQt(Text("Filter.Unconfirmed"));
+  question.answers = {FromQt(Text("Filter.Discard")), FromQt(Text("Filter.GoBack"))};
+  constexpr int kDiscard = 0;
+  return KorApplicationFrame::Ask(question) == kDiscard;
 }
 
 std::vector<OccurrencePlace> MainWindow::SelectedPlaces() const {
@@ -71,7 +107,7 @@ void MainWindow::ShowAdditions(const FilterPanelHost::Additions& additions) {
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == _tree && event->type() == QEvent::KeyPress && _filterPanel.IsOpen()) {
+  if (watched == _tree && event->type() == QEvent::KeyPress && _filterPanel.TakesInstances()) {
     const int key = static_cast<QKeyEvent*>(event)->key();
     // A double click goes on opening the part panel.
     if (key == Qt::Key_Return || key == Qt::Key_Enter) {
@@ -102,43 +138,65 @@ void MainWindow::FilterChanged() {
 
 void MainWindow::ShowFilter() {
   const QModelIndex index = _tree->currentIndex();
-  const FilterInForce filter(_library.Commands(), _model->ProductAt(index));
-  if (filter == _shownFilter) return;
-  _shownFilter = filter;
+  if (!_shownFilter.Follow(_library.Commands(), _model->ProductAt(index))) return;
+  const FilterInForce& filter = _shownFilter;
   const bool isInForce = !filter.LetsAllPass();
   QModelIndex top = index.isValid() ? index : _model->index(0, 0);
   while (top.parent().isValid()) top = top.parent();
-  _filter->setText(top.isValid() ? Text("Status.Filter", {filter.Name()}) : QString());
-  _filter->setToolTip(top.isValid() ? filter.Meaning(_model->PlaceAt(top).node) : QString());
+  const bool isKnown = top.isValid() && !filter.Name().isEmpty();
+  _filter->setText(isKnown ? Text("Status.Filter", {filter.Name()}) : QString());
+  _filter->setToolTip(isKnown ? filter.Meaning(_model->PlaceAt(top).node) : QString());
+  _filter->setAccessibleDescription(_filter->toolTip());
   QFont font = statusBar()->font();
   font.setBold(isInForce);
   _filter->setFont(font);
-  _model->MarkFilter(filter.Product(), filter.Marks());
+  _model->MarkFilter(filter.Product(), FilterMarks(filter.Definition()));
   _pane->ShowFilter(isInForce ? filter.Name() : QString());
+}
+
+void MainWindow::SayWhyMarked() {
+  const QModelIndex index = _tree->currentIndex();
+  const QString note = index.isValid() ? _model->FilterNoteAt(index) : QString();
+  // What was said of the line before went when the server was asked for this one.
+  if (!note.isEmpty()) statusBar()->showMessage(note);
+}
+
+void MainWindow::TellFilter() {
+  ShowInformation("Command.TellFilter.Title", _filter->text() + "\n\n" + _filter->toolTip());
 }
 
 QString MainWindow::FilterText() const { return _filter->text(); }
 
 QString MainWindow::FilterMeaning() const { return _filter->toolTip(); }
 
-void MainWindow::ShowImportReport(const lumira::ImportReport& report) {
-  std::vector<std::string> lines;
-  for (const std::string& text : report.leftOut)
-    lines.push_back(Text("Warnings.LeftOut", {ToQt(text)}).toStdString());
-  for (const std::string& text : report.warnings)
-    lines.push_back(Text("Warnings.Warning", {ToQt(text)}).toStdString());
-  _warnings.Show(lines);
+void MainWindow::ShowWarnings(const std::function<Lines()>& linesOfNow) {
+  if (_warnings.Show(linesOfNow)) return;
+  const Lines lines = linesOfNow();
+  QStringList shown;
+  for (const std::string& line : lines) std::cerr << "korvo: " << line << "\n";
+  for (std::size_t i = 0; i < std::min(lines.size(), kMostInABox); ++i) shown << ToQt(lines[i]);
+  if (lines.size() > kMostInABox) shown << Text("Filter.More", {QString::number(lines.size() - kMostInABox)});
+  ShowInformation("Warnings.Title", shown.join('\n'));
+}
+
+void MainWindow::ShowImportReports(const std::vector<lumira::ImportReport>& reports) {
+  ShowWarnings([reports] { return LinesOf(reports); });
 }
 
 void MainWindow::ShowFindings() {
-  const auto findings = GetFindings();
-  std::vector<std::string> lines;
-  if (!findings)
-    lines.push_back(Text("Warnings.NoFindings", {ToQt(findings.Failure().message)}).toStdString());
-  else
-    for (const protocol::Warning& finding : findings.Value().warnings)
-      lines.push_back(Text(SeverityKey(finding.severity), {ToQt(finding.text)}).toStdString());
-  _warnings.Show(lines);
+  ShowWarnings([findings = GetFindings()] {
+    if (findings) return LinesOf(findings.Value());
+    return Lines{Text("Warnings.NoFindings", {ToQt(findings.Failure().message)}).toStdString()};
+  });
+}
+
+// The server has said at its start what it found then; an import may have mended it, or made it worse.
+void MainWindow::ShowImportReportsAndFindings(const std::vector<lumira::ImportReport>& reports) {
+  ShowWarnings([reports, findings = lumira::CollectFindings(_session.Transport().Store())] {
+    Lines lines = LinesOf(reports);
+    for (const std::string& line : LinesOf(findings)) lines.push_back(line);
+    return lines;
+  });
 }
 
 void MainWindow::ClosePanels() {

@@ -2,6 +2,7 @@
 
 #include <QMetaObject>
 
+#include "desktop/toolkit/views/DialogView.h"
 #include "framework/dialog/KorDlgPushButton.h"
 
 namespace desktop {
@@ -65,7 +66,7 @@ void PartPanelHost::Open() {
 
 void PartPanelHost::Close() {
   if (_panel) {
-    _settings.SetWindowState(kGeometryKey, Window()->saveGeometry());
+    _settings.SetWindowState(kGeometryKey, SaveWantedGeometry(*Window()));
     _panel->Dialog().Detach();
   }
   _panel.reset();

@@ -65,6 +65,18 @@ QVariant MarkedFont(FilterMarks::Mark mark) {
   return font;
 }
 
+QString TextOf(FilterMarks::Mark mark) {
+  switch (mark) {
+    case FilterMarks::Mark::Partly:
+      return Text("Tree.Partly");
+    case FilterMarks::Mark::LeftOut:
+      return Text("Tree.LeftOut");
+    case FilterMarks::Mark::TakesPart:
+      break;
+  }
+  return {};
+}
+
 bool IsNumber(int column) { return column == ProductTreeModel::Quantity || column == ProductTreeModel::Mass; }
 
 }  // namespace
@@ -203,19 +215,16 @@ FilterMarks::Mark ProductTreeModel::MarkOf(const Node& node) const {
   return key.product == _markedProduct ? _marks.Of(key.instancePath) : FilterMarks::Mark::TakesPart;
 }
 
+QString ProductTreeModel::FilterNoteAt(const QModelIndex& index) const {
+  return TextOf(MarkOf(NodeAt(index)));
+}
+
 QString ProductTreeModel::TipOf(const Node& node) const {
   const protocol::TreeNode& line = node.line;
   const QString tip =
       Text("Tree.Tip", {ToQt(line.partId), ToQt(line.revision), StatusText(line.computedStatus)});
-  switch (MarkOf(node)) {
-    case FilterMarks::Mark::Partly:
-      return tip + "\n" + Text("Tree.Partly");
-    case FilterMarks::Mark::LeftOut:
-      return tip + "\n" + Text("Tree.LeftOut");
-    case FilterMarks::Mark::TakesPart:
-      break;
-  }
-  return tip;
+  const QString mark = TextOf(MarkOf(node));
+  return mark.isEmpty() ? tip : tip + "\n" + mark;
 }
 
 QModelIndex ProductTreeModel::IndexOf(const std::string& product,
@@ -296,6 +305,8 @@ QVariant ProductTreeModel::data(const QModelIndex& index, int role) const {
       return CellIcon(line, index.column());
     case Qt::ToolTipRole:
       return TipOf(node);
+    case Qt::AccessibleDescriptionRole:
+      return TextOf(MarkOf(node));
     case Qt::ForegroundRole:
       return MarkedColour(MarkOf(node));
     case Qt::FontRole:

@@ -34,6 +34,9 @@ class ProductTreeModel : public QAbstractItemModel {
   /// Shows which occurrences of a product take part; those of other products all do.
   void MarkFilter(const std::string& product, FilterMarks marks);
 
+  /// Why a line does not take part in full, for people; empty when it does.
+  QString FilterNoteAt(const QModelIndex& index) const;
+
   OccurrencePlace PlaceAt(const QModelIndex& index) const;
   /// The index of an occurrence, asking for the lines on the way; invalid when there is none.
   QModelIndex IndexOf(const std::string& product, const std::vector<std::string>& instancePath);

@@ -22,7 +22,7 @@ TracingDialog::TracingDialog(Tracing& tracing, QWidget* parent)
       _tracing(tracing),
       _console(new QRadioButton(Text("Tracing.Console"))),
       _toFile(new QRadioButton(Text("Tracing.File"))),
-      _file(new QLineEdit(tracing.Choice().file)),
+      _file(new QLineEdit(tracing.Wanted().file)),
       _choose(new QPushButton(Text("Tracing.Choose"))),
       _problem(new QLabel) {
   setWindowTitle(Text("Tracing.Title"));
@@ -40,6 +40,7 @@ TracingDialog::TracingDialog(Tracing& tracing, QWidget* parent)
   QObject::connect(buttons, &QDialogButtonBox::accepted, this, [this] { accept(); });
   QObject::connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
   resize(520, sizeHint().height());
+  _shownFirst = Choice();
 }
 
 QWidget* TracingDialog::MakeComponents() {
@@ -47,7 +48,7 @@ QWidget* TracingDialog::MakeComponents() {
   auto* column = new QVBoxLayout(group);
   for (const QString& component : Tracing::Components()) {
     _components.push_back(new QCheckBox(component));
-    _components.back()->setChecked(_tracing.Choice().Traces(component));
+    _components.back()->setChecked(_tracing.Wanted().Traces(component));
     column->addWidget(_components.back());
   }
   return group;
@@ -60,7 +61,7 @@ QWidget* TracingDialog::MakeTarget() {
   grid->addWidget(_toFile, 1, 0);
   grid->addWidget(_file, 1, 1);
   grid->addWidget(_choose, 1, 2);
-  (_tracing.Choice().file.isEmpty() ? _console : _toFile)->setChecked(true);
+  (_tracing.Wanted().file.isEmpty() ? _console : _toFile)->setChecked(true);
   _file->setAccessibleName(_toFile->text());
   QObject::connect(_toFile, &QRadioButton::toggled, this, [this] { ShowTarget(); });
   QObject::connect(_choose, &QPushButton::clicked, this, [this] { ChooseFile(); });
@@ -97,11 +98,20 @@ TraceChoice TracingDialog::Choice() const {
 
 QString TracingDialog::ProblemText() const { return _problem->text(); }
 
+/// Components that the user left as they are may be all there will be, which no checks can show.
+TraceChoice TracingDialog::Asked() const {
+  TraceChoice asked = Choice();
+  if (asked.components == _shownFirst.components)
+    asked.components = Tracing::KnownOf(_tracing.Wanted().components);
+  return asked;
+}
+
 void TracingDialog::accept() {
   const bool lacksFile = _toFile->isChecked() && _file->text().trimmed().isEmpty();
+  // Without a change, too: a file that could not be opened, or not be written to, may be so now.
   const auto applied = lacksFile ? protocol::Result<void>(protocol::Error{
                                        protocol::ErrorKind::BadValue, Text("Tracing.NoFile").toStdString()})
-                                 : _tracing.Apply(Choice());
+                                 : _tracing.Apply(Asked());
   if (applied) return QDialog::accept();
   _problem->setText(ToQt(applied.Failure().message));
   _problem->show();

@@ -16,7 +16,7 @@ namespace desktop {
 /// Chooses which components are traced, and whether to the console or to a file.
 class TracingDialog : public QDialog {
  public:
-  /// Shows and changes what `tracing` does; it must outlive the dialog.
+  /// Shows what is wanted of `tracing`, and changes it; it must outlive the dialog.
   explicit TracingDialog(Tracing& tracing, QWidget* parent = nullptr);
 
   /// Null when there is no such component.
@@ -27,7 +27,11 @@ class TracingDialog : public QDialog {
   /// Why the choice cannot be taken; empty when nothing is the matter.
   QString ProblemText() const;
 
-  /// Takes the choice; stays open, and says why, when its file cannot be written.
+  /// As the dialog shows it.
+  TraceChoice Choice() const;
+
+  /// Takes the choice, and opens its file anew even when nothing was changed; stays open, and says why, when
+  /// the file cannot be written.
   void accept() override;
 
  private:
@@ -35,7 +39,7 @@ class TracingDialog : public QDialog {
   QWidget* MakeTarget();
   void ChooseFile();
   void ShowTarget();
-  TraceChoice Choice() const;
+  TraceChoice Asked() const;
 
   Tracing& _tracing;
   std::vector<QCheckBox*> _components;
@@ -44,6 +48,7 @@ class TracingDialog : public QDialog {
   QLineEdit* _file;
   QPushButton* _choose;
   QLabel* _problem;
+  TraceChoice _shownFirst;
 };
 
 }  // namespace desktop

@@ -2,10 +2,14 @@
 
 #include <QMetaObject>
 
+#include "desktop/toolkit/views/DialogView.h"
+#include "framework/dialog/KorDlgMultiList.h"
+
 namespace desktop {
 namespace {
 
 constexpr const char* kGeometryKey = "warnings/geometry";
+constexpr const char* kList = "MultiList001";
 constexpr QSize kFirstSize(760, 320);  ///< device-independent pixels; room for a line of a report
 
 }  // namespace
@@ -15,11 +19,17 @@ WarningListHost::WarningListHost(const CommandsLibrary& library, QtBackend& back
 
 WarningListHost::~WarningListHost() = default;
 
-bool WarningListHost::Show(const std::vector<std::string>& lines) {
-  if (lines.empty()) return true;
+bool WarningListHost::Show(const Lines& lines) {
+  return Show(std::function<Lines()>([lines] { return lines; }));
+}
+
+bool WarningListHost::Show(const std::function<Lines()>& lines) {
+  const Lines texts = lines();
+  if (texts.empty()) return true;
   if (!_library.Commands()) return false;
   Close();
-  _dialog = _library.Commands()->CreateWarningList({lines.begin(), lines.end()});
+  _lines = lines;
+  _dialog = _library.Commands()->CreateWarningList({texts.begin(), texts.end()});
   _dialog->Subscribe(KorEvent::WindowClose, [this](auto...) {
     QMetaObject::invokeMethod(
         this, [this] { CloseIfHidden(); }, Qt::QueuedConnection);
@@ -32,7 +42,7 @@ bool WarningListHost::Show(const std::vector<std::string>& lines) {
 
 void WarningListHost::Close() {
   if (!_dialog) return;
-  _settings.SetWindowState(kGeometryKey, Window()->saveGeometry());
+  _settings.SetWindowState(kGeometryKey, SaveWantedGeometry(*Window()));
   _dialog->Detach();
   _dialog.reset();
 }
@@ -42,7 +52,11 @@ void WarningListHost::CloseIfHidden() {
 }
 
 void WarningListHost::RefreshTexts() {
-  if (_dialog) _dialog->ReloadTexts();
+  if (!_dialog) return;
+  _dialog->ReloadTexts();
+  auto& list = _dialog->Find<KorDlgMultiList>(kList);
+  int row = 0;
+  for (const std::string& line : _lines()) list.SetColumnItem(0, line, row++);
 }
 
 }  // namespace desktop

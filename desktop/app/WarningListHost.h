@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "desktop/app/CommandsLibrary.h"
@@ -18,10 +20,15 @@ class WarningListHost : public QObject {
   WarningListHost(const CommandsLibrary& library, QtBackend& backend, Settings& settings);
   ~WarningListHost() override;
 
+  using Lines = std::vector<std::string>;
+
   /// Shows these lines, in place of those that are shown; nothing happens without lines. False when the
   /// library of commands is missing.
-  bool Show(const std::vector<std::string>& lines);
+  bool Show(const Lines& lines);
+  /// The same with lines that are asked for again when the language changes; there are always as many.
+  bool Show(const std::function<Lines()>& lines);
   void Close();
+  /// After a change of language.
   void RefreshTexts();
 
   /// Null while the list is closed.
@@ -35,6 +42,7 @@ class WarningListHost : public QObject {
   QtBackend& _backend;
   Settings& _settings;
   std::unique_ptr<KorDlgDialog> _dialog;
+  std::function<Lines()> _lines;  ///< of the open list
 };
 
 }  // namespace desktop

@@ -12,10 +12,9 @@ struct Shortcut {
 };
 
 constexpr Shortcut kShortcuts[] = {
-    {"ComputeButton", "F5"},
-    {"EditButton", "F2"},
-    {"SaveButton", "Ctrl+S"},
-    {"CloseButton", "Ctrl+W"},
+    {"ComputeButton", "F5"},          {"EditButton", "F2"},
+    {"SaveButton", "Ctrl+S"},         {"CloseButton", "Ctrl+W"},
+    {"RemoveCriterionButton", "Del"}, {"ClearAllCriteriaButton", "Ctrl+Del"},
 };
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "framework/dialog/KorDlgDialog.h"
+
 std::span<const KorDlgProperty> KorDlgMultiList::Properties() const {
   static constexpr std::array kProperties{
       KorDlgProperty::Title,      KorDlgProperty::Help, KorDlgProperty::Sensitivity,
@@ -12,6 +14,7 @@ std::span<const KorDlgProperty> KorDlgMultiList::Properties() const {
 }
 
 void KorDlgMultiList::SetColumnTitles(const std::vector<KorUnicodeString>& titles) {
+  _titleKeys.clear();
   _columns.assign(titles.size(), Column());
   for (std::size_t i = 0; i < titles.size(); ++i) _columns[i].title = titles[i];
   _cells.assign(titles.size(), Cells());
@@ -20,6 +23,21 @@ void KorDlgMultiList::SetColumnTitles(const std::vector<KorUnicodeString>& title
   Changed(KorDlgProperty::Columns);
   RowsChanged();
   Changed(KorDlgProperty::Selection);
+}
+
+void KorDlgMultiList::SetColumnTitleKeys(std::vector<KorString> keys) {
+  SetColumnTitles(std::vector<KorUnicodeString>(keys.size()));
+  _titleKeys = std::move(keys);
+  LoadTexts();
+}
+
+void KorDlgMultiList::LoadTexts() {
+  KorDlgObject::LoadTexts();
+  const KorDlgDialog* dialog = Dialog();
+  if (!dialog) return;
+  std::vector<Column> columns = _columns;
+  for (std::size_t i = 0; i < _titleKeys.size(); ++i) columns[i].title = dialog->CatalogueText(_titleKeys[i]);
+  Assign(_columns, columns, KorDlgProperty::Columns);
 }
 
 const KorDlgMultiList::Column& KorDlgMultiList::GetColumn(int column) const {

@@ -23,6 +23,9 @@ class KOR_FRAMEWORK_API KorDlgMultiList : public KorDlgObject {
 
   /// Makes one column for each title; rows are cleared.
   void SetColumnTitles(const std::vector<KorUnicodeString>& titles);
+  /// Makes one column for each key of the dialog's catalogues, whose text is its title, in whatever language
+  /// is current; rows are cleared.
+  void SetColumnTitleKeys(std::vector<KorString> keys);
   int GetColumnCount() const { return static_cast<int>(_columns.size()); }
   const Column& GetColumn(int column) const;
   void SetColumnVisible(int column, bool visible);
@@ -32,7 +35,8 @@ class KOR_FRAMEWORK_API KorDlgMultiList : public KorDlgObject {
   int GetVisibleColumnCount() const { return _visibleColumns; }
 
   int GetLineCount() const { return _lineCount; }
-  /// Another number after each change of rows; whoever keeps an index of the rows sees by it when to renew it.
+  /// Another number after each change of rows; whoever keeps an index of the rows sees by it when to renew
+  /// it.
   std::uint64_t GetRowsRevision() const { return _rowsRevision; }
   /// Sets a cell; a row beyond the last adds empty rows up to it.
   void SetColumnItem(int column, const KorUnicodeString& text, int row);
@@ -50,6 +54,9 @@ class KOR_FRAMEWORK_API KorDlgMultiList : public KorDlgObject {
   /// Verb: the user selects these rows. Sends ListSelect. Without style kMultiSelection only the last counts.
   bool PickLines(std::vector<int> rows);
 
+ protected:
+  void LoadTexts() override;
+
  private:
   struct Slice {
     std::size_t offset = 0;
@@ -66,6 +73,7 @@ class KOR_FRAMEWORK_API KorDlgMultiList : public KorDlgObject {
   std::vector<int> Normalised(std::vector<int> rows) const;
 
   std::vector<Column> _columns;
+  std::vector<KorString> _titleKeys;  ///< of the columns; empty: their titles were set by code
   std::vector<Cells> _cells;
   int _lineCount = 0;
   std::uint64_t _rowsRevision = 0;

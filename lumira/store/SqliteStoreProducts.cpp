@@ -39,6 +39,12 @@ SELECT
     WHERE parts.product = ?1 AND results.state <> (SELECT state FROM products WHERE key = ?1))
 )sql";
 
+bool IsRoot(SQLite::Database& database, std::string_view partId) {
+  SQLite::Statement query(database, "SELECT 1 FROM roots WHERE part = ?");
+  query.bind(1, std::string(partId));
+  return query.executeStep();
+}
+
 std::size_t RowsOf(const Product& product) { return product.parts.size() + product.instances.size(); }
 
 std::int64_t AttributeCount(const Product& product) {
@@ -83,6 +89,7 @@ Result<std::string> SqliteStore::ProductOfPart(std::string_view partId) {
         "products.key WHERE parts.part = ?");
     query.bind(1, std::string(partId));
     if (query.executeStep()) return TextIn(query, 1);
+    if (IsRoot(_db, partId)) return DamageError(_file, "the root part " + Quoted(partId) + " is missing");
     return Error{ErrorKind::NotFound, "there is no part " + Quoted(partId)};
   });
 }

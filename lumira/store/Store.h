@@ -82,7 +82,7 @@ class Store {
   /// All products, by identifier. A damaged one does not hide the others: its entry says what is wrong.
   virtual protocol::Result<std::vector<ProductInfo>> Products() = 0;
 
-  /// The product that a part belongs to. NotFound when no product has the part.
+  /// The product a part belongs to. NotFound when no product has it, Storage when one lacks it as its root.
   virtual protocol::Result<std::string> ProductOfPart(std::string_view partId) = 0;
 
   /// The whole structure with the data of every part; instances in the order in which they were added.

@@ -2,7 +2,6 @@
 
 #include "module/filter_panel/KorWBNymNavFilterPanel.h"
 
-#include "framework/dialog/KorMsgCatalog.h"
 #include "module/filter_panel/KorWBNymNavFilterRow.h"
 #include "module/shared/KorWBNymNavLayout.h"
 #include "module/shared/KorWBNymNavWiring.h"
@@ -66,12 +65,11 @@ void KorWBNymNavFilterPanel::WireHandlers() {
 // clang-format on
 
 void KorWBNymNavFilterPanel::BuildColumns() {
-  std::vector<KorUnicodeString> titles;
+  std::vector<KorString> titles;
   for (std::size_t number = 1; number <= std::size(kColumns); ++number)
-    titles.push_back(KorMsgCatalog::BuildMessage(
-        GetResourceFilename(0),
-        "TabContainer001.TabPage001.MainFrame.Frame001.FilterMultiList.ColumnName" + std::to_string(number)));
-  _widgets.list->SetColumnTitles(titles);
+    titles.push_back("TabContainer001.TabPage001.MainFrame.Frame001.FilterMultiList.ColumnName" +
+                     std::to_string(number));
+  _widgets.list->SetColumnTitleKeys(titles);
   _widgets.list->SetVisibleColumnCount(kColumnsAtOnce);
   for (const Column& column : kColumns) {
     _widgets.list->SetColumnVisible(column.index, column.shown);

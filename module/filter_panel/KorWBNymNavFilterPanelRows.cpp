@@ -55,7 +55,8 @@ void KorWBNymNavFilterPanel::AddValuesInMultiList(KorUnicodeString instanceId, K
 
 bool KorWBNymNavFilterPanel::IsDuplicate(const KorUnicodeString& instanceId, const KorUnicodeString& partId,
                                          const KorUnicodeString& partVersion, const KorUnicodeString& path) {
-  if (!_widgets.list || _widgets.list->GetLineCount() == 0) return false;
+  if (!_widgets.list) return false;
+  // Also of an empty list: the keys of the rows that it had must go before another one is added to them.
   if (_rowKeysRevision != _widgets.list->GetRowsRevision()) RenewRowKeys();
   return _rowKeys.contains(RowKey(instanceId.Utf8(), partId.Utf8(), partVersion.Utf8(), path.Utf8()));
 }

@@ -2,7 +2,6 @@
 
 #include "framework/dialog/KorApplicationFrame.h"
 #include "framework/dialog/KorDlgMultiList.h"
-#include "framework/dialog/KorMsgCatalog.h"
 
 namespace {
 
@@ -21,7 +20,7 @@ KorIWBWarning::~KorIWBWarning() { _list = nullptr; }
 void KorIWBWarning::Build() {
   if (_list) return;
   _list = Add<KorDlgMultiList>("MultiList001", KorDlgStyle::kNone, {0, 0});
-  _list->SetColumnTitles({KorMsgCatalog::BuildMessage(kDialogName, "MultiList001.ColumnTitle1")});
+  _list->SetColumnTitleKeys({"MultiList001.ColumnTitle1"});
   _list->SetVisibleColumnCount(1);
 }
 

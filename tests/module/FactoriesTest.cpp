@@ -10,6 +10,7 @@
 #include "module/filter_panel/KorWBNymNavFilterPanel.h"
 #include "module/report_panel/KorWBNymNavReportPanel.h"
 #include "module/shared/KorWBNymNavFactories.h"
+#include "tests/module/FailingMemory.h"
 #include "tests/support/TraceCapture.h"
 
 namespace {
@@ -57,7 +58,6 @@ struct Factories : testing::TestWithParam<Factory> {
   static Made FromFactory() { return AsDialog(GetParam().create()); }
   static Made FromDictionary() { return AsDialog(KorClassDictionary::Create(GetParam().className)); }
 
- private:
   static Made AsDialog(void* object) {
     if (*GetParam().type == typeid(KorWBNymNavFilterPanel))
       return Made(static_cast<KorWBNymNavFilterPanel*>(object));
@@ -102,6 +102,23 @@ TEST_P(Factories, TakeOneBlockOfTheHostsMemoryAndGiveItBackWithThePanel) {
   EXPECT_EQ(GetParam().create(), nullptr) << "there was one block only";
   panel.reset();
   EXPECT_EQ(CountedMemory::BlocksOut(), 0);
+}
+
+TEST_P(Factories, WithoutMemoryForWhatThePanelHoldsAnswerNullAndGiveItsBlockBack) {
+  int refusals = 0;
+  for (bool refused = true; refused; refusals += refused) {
+    const CountedMemory memory(1);
+    void* made = nullptr;
+    {
+      const FailingMemory failing(refusals);  // one block more each time, until they suffice
+      made = GetParam().create();
+    }
+    refused = FailingMemory::HasRefused();
+    const Made panel = AsDialog(made);
+    EXPECT_EQ(panel == nullptr, refused) << "after " << refusals << " blocks";
+    EXPECT_EQ(CountedMemory::BlocksOut(), refused ? 0 : 1) << "after " << refusals << " blocks";
+  }
+  EXPECT_GT(refusals, 0) << "the panel needs no memory but its own block";
 }
 
 TEST_P(Factories, WorkAgainWhenThereIsMemoryAgain) {

@@ -3,6 +3,7 @@
 #include "framework/dialog/KorDlgPushButton.h"
 #include "framework/dialog/KorDlgRadioButton.h"
 #include "framework/dialog/KorMsgCatalog.h"
+#include "tests/module/BaseCatalogues.h"
 #include "tests/module/FilterPanelTest.h"
 #include "tests/support/ShownText.h"
 
@@ -96,11 +97,26 @@ TEST_F(FilterPanelLayout, IsNamedStyledAndOwnedAsTheHostExpects) {
   EXPECT_FALSE(panel.IsShown());
 }
 
+TEST_F(FilterPanelLayout, ItsColumnTitlesFollowTheLanguageAndItsRowsAndWidthsStay) {
+  Open();
+  Add("I1", "P1", "A", "R", 1);
+  ASSERT_EQ(KorMsgCatalog::SetLanguage("de"), S_OK);
+  Panel().ReloadTexts();
+  KorMsgCatalog::SetLanguage("en");
+  const char* const kTitles[] = {"Instanz", "Teil", "Version", "Ort im Produkt", "Tiefe", "Pfad"};
+  for (int column = 0; column < 6; ++column)
+    EXPECT_EQ(FilterList().GetColumn(column).title, kTitles[column]) << column;
+  EXPECT_EQ(Rows(), std::vector<std::string>{"I1, P1, A, /R, 1, R"});
+  EXPECT_EQ(FilterList().GetColumn(0).textWidth, 19);
+  EXPECT_FALSE(FilterList().GetColumn(5).shown);
+}
+
 TEST_F(FilterPanelLayout, NamesItsCatalogueAndThenThatOfTheBaseClass) {
+  const BaseCatalogues named;
   const KorWBNymNavFilterPanel panel;
   EXPECT_EQ(panel.GetResourceFilename(0), "KorWBNymNavFilterPanel");
-  EXPECT_EQ(panel.GetResourceFilename(1), panel.KorDlgDialog::GetResourceFilename(0));
-  EXPECT_EQ(panel.GetResourceFilename(2), panel.KorDlgDialog::GetResourceFilename(1));
+  EXPECT_EQ(panel.GetResourceFilename(1), "Base 0");
+  EXPECT_EQ(panel.GetResourceFilename(2), "Base 1");
 }
 
 TEST_F(FilterPanelLayout, HasNoWidgetsAndAsksTheServerNothingBeforeItIsBuilt) {

@@ -111,6 +111,25 @@ TEST_F(FilterPanelOpening, AHandlerThatTheComboDoesNotHaveLeavesNoFilterSelected
   EXPECT_EQ(Chosen::selectedPRCConfigHandler, "Of another product") << "until OK";
 }
 
+TEST_F(FilterPanelOpening, OKThenRecordsNoFilterInPlaceOfTheHandlerThatTheComboDoesNotHave) {
+  Chosen::selectedFilterOption = 1;
+  Chosen::selectedPRCConfigHandler = "Of another product";
+  Open();
+  PressOK();
+  EXPECT_EQ(Chosen::selectedPRCConfigHandler, "No Filter");
+  EXPECT_EQ(Chosen::selectedFilter, "0|No Filter");
+}
+
+TEST_F(FilterPanelOpening, TheHandlerOfTheOpenedProductReplacesThatInForceForAnotherOneBeforeOK) {
+  Chosen::selectedFilterOption = 1;
+  Chosen::selectedPRCID = "CRANE";
+  Chosen::selectedPRCConfigHandler = "Jib only";
+  Open({.handler = "Structure only"});
+  EXPECT_EQ(Chosen::GetFilter("CRANE"), "0|Structure only") << "though CRANE may have no such filter";
+  PressCancel();
+  EXPECT_EQ(Chosen::GetFilter("CRANE"), "0|Structure only") << "Cancel does not bring it back";
+}
+
 TEST_F(FilterPanelOpening, WhenTheFiltersCannotBeReadTheComboHasOnlyNoFilter) {
   Make();
   Server().Expect("LumGetCurrentRoot", kRoot);

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <random>
+#include <set>
 
 #include "framework/dialog/KorDlgMultiList.h"
 #include "tests/module/FilterPanelTest.h"
@@ -36,6 +37,23 @@ struct FilterPanelProperty : FilterPanelTest, testing::WithParamInterface<unsign
     }
     return rows;
   }
+  // What the list must hold after rows were added to an empty one: each instance once, as it was added first.
+  static std::vector<std::string> Distinct(const std::vector<ChosenInstance>& added) {
+    std::set<std::vector<std::string>> seen;
+    std::vector<std::string> keys;
+    for (const ChosenInstance& row : added)
+      if (seen.insert({row.id, row.part, row.version, row.path}).second) keys.push_back(row.Key());
+    return keys;
+  }
+  std::vector<std::string> Listed() {
+    const auto& list = As<KorDlgMultiList>("FilterMultiList");
+    std::vector<std::string> keys;
+    for (int row = 0; row < list.GetLineCount(); ++row) {
+      const auto cell = [&](int column) { return std::string(list.GetColumnItem(column, row)); };
+      keys.push_back(ChosenInstance{cell(0), cell(1), cell(2), cell(5), std::stoi(cell(4))}.Key());
+    }
+    return keys;
+  }
   // A key cut from the text, so that it begins and ends anywhere: as many fields as an instance has.
   ChosenInstance CutFrom(const std::string& text) {
     const std::string piece = text.substr(dice() % text.size(), 8 + dice() % 24);
@@ -70,7 +88,8 @@ TEST_P(FilterPanelProperty, WhatOkWritesAFreshPanelReadsBackUnchanged) {
   for (int round = 0; round < 40; ++round) {
     Open();
     Press("ClearAllCriteriaButton");
-    AddRows(static_cast<int>(dice() % 60));
+    const auto added = AddRows(static_cast<int>(dice() % 60));
+    ASSERT_EQ(Listed(), Distinct(added)) << "round " << round;
     const std::vector<std::string> rows = Rows();
     PressOK();
     const std::string text = UserFilter();

@@ -3,6 +3,7 @@
 
 #include "framework/dialog/KorApplicationFrame.h"
 #include "module/report_panel/KorWBNymNavReportPanel.h"
+#include "tests/module/BaseCatalogues.h"
 
 namespace {
 
@@ -65,9 +66,11 @@ TEST(ReportPanel, CopiesEveryMember) {
 }
 
 TEST(ReportPanel, NamesItsCatalogueAndThenThatOfTheBaseClass) {
+  const BaseCatalogues named;
   const KorWBNymNavReportPanel panel;
   EXPECT_EQ(panel.GetResourceFilename(0), "KorWBNymNavReportPanel");
-  EXPECT_EQ(panel.GetResourceFilename(1), panel.KorDlgDialog::GetResourceFilename(0));
+  EXPECT_EQ(panel.GetResourceFilename(1), "Base 0");
+  EXPECT_EQ(panel.GetResourceFilename(2), "Base 1");
 }
 
 }  // namespace

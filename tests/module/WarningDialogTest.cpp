@@ -5,6 +5,7 @@
 #include "framework/dialog/KorDlgMultiList.h"
 #include "framework/dialog/KorMsgCatalog.h"
 #include "module/shared/KorIWBWarning.h"
+#include "tests/module/BaseCatalogues.h"
 #include "tests/support/RecordingBackend.h"
 #include "tests/support/UnreachableGuard.h"
 
@@ -38,8 +39,10 @@ TEST_F(WarningDialog, IsNamedStyledAndOwnedAsTheHostExpects) {
 }
 
 TEST_F(WarningDialog, NamesItsCatalogueAndThenThatOfTheBaseClass) {
+  const BaseCatalogues named;
   EXPECT_EQ(dialog.GetResourceFilename(0), "KorIWBWarning");
-  EXPECT_EQ(dialog.GetResourceFilename(1), dialog.KorDlgDialog::GetResourceFilename(0));
+  EXPECT_EQ(dialog.GetResourceFilename(1), "Base 0");
+  EXPECT_EQ(dialog.GetResourceFilename(2), "Base 1");
 }
 
 TEST_F(WarningDialog, HasNoListBeforeItIsBuilt) {
@@ -65,6 +68,17 @@ TEST_F(WarningDialog, HasOneColumnTitledFromTheCatalogue) {
   EXPECT_EQ(dialog.List()->GetColumn(0).title,
             KorMsgCatalog::BuildMessage("KorIWBWarning", "MultiList001.ColumnTitle1"));
   EXPECT_EQ(dialog.List()->GetVisibleColumnCount(), 1);
+}
+
+TEST_F(WarningDialog, TheTitleOfItsColumnIsInTheCurrentLanguageAndItsLinesStay) {
+  BuildAndShow();
+  dialog.List()->SetColumnItem(0, "3 parts have no mass", 0);
+  ASSERT_EQ(KorMsgCatalog::SetLanguage("de"), S_OK);
+  dialog.ReloadTexts();
+  KorMsgCatalog::SetLanguage("en");
+  EXPECT_EQ(dialog.List()->GetColumn(0).title, "Warnung");
+  EXPECT_EQ(dialog.List()->GetColumnItem(0, 0), "3 parts have no mass");
+  backend.ExpectMirrorsDialog(dialog);
 }
 
 TEST_F(WarningDialog, ShowsAWarningToALineAndGoesWhenItIsClosed) {

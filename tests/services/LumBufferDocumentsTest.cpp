@@ -30,6 +30,17 @@ TEST(Documents, StoreTheActiveDocument) {
   EXPECT_EQ(buffer.Sent().documents.activeVersion, "A");
 }
 
+TEST(Documents, TellTheAutomaticRevisionFromTheSameOneSetByHand) {
+  protocol::PartData part = SamplePart();
+  part.documents.usedSpecificRevisionBefore = false;
+  const LoadedBuffer buffer(part);
+  EXPECT_FALSE(buffer.Sent().documents.usedSpecificRevisionBefore);
+  buffer->SetActiveDocVersion("B");
+  EXPECT_TRUE(buffer.Sent().documents.usedSpecificRevisionBefore);
+  buffer->SetActiveDocVersion("__null__");
+  EXPECT_FALSE(buffer.Sent().documents.usedSpecificRevisionBefore);
+}
+
 TEST(Documents, CountRevisionsFromOne) {
   const LoadedBuffer buffer;
   EXPECT_EQ(Info(buffer, 1, Lum::kRevision), "B");

@@ -21,6 +21,68 @@ void DialogWindow::closeEvent(QCloseEvent* event) {
 
 namespace {
 
+/// A window had the length `before` in one direction and has `now`. Below the least length only what comes in
+/// can bring it; any other length is chosen.
+void NoteLength(int before, int now, int least, int& forced, int& wanted) {
+  if (before == now) return;
+  const bool isForced = before > 0 && before < least && now == least;
+  if (isForced && forced == 0) wanted = before;
+  forced = isForced ? now : 0;
+}
+
+/// What a length that was forced on a window goes back to.
+int LengthWithout(int now, int least, int forced, int wanted) {
+  return forced == now && least < now ? std::max(wanted, least) : now;
+}
+
+}  // namespace
+
+void DialogWindow::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  if (!isVisible()) return;
+  const QSize before = event->oldSize();
+  NoteLength(before.width(), width(), minimumWidth(), _forced.rwidth(), _wanted.rwidth());
+  NoteLength(before.height(), height(), minimumHeight(), _forced.rheight(), _wanted.rheight());
+}
+
+QByteArray DialogWindow::SaveWantedGeometry() const {
+  const QSize wanted(LengthWithout(width(), 0, _forced.width(), _wanted.width()),
+                     LengthWithout(height(), 0, _forced.height(), _wanted.height()));
+  if (wanted == size()) return saveGeometry();
+  // The window itself cannot be smaller than what is in it now.
+  QWidget empty;
+  empty.setScreen(screen());
+  empty.winId();  // without a window of the system there is no geometry to save
+  empty.setGeometry(QRect(geometry().topLeft(), wanted));
+  return empty.saveGeometry();
+}
+
+QByteArray SaveWantedGeometry(const QWidget& dialogWindow) {
+  return static_cast<const DialogWindow&>(dialogWindow).SaveWantedGeometry();
+}
+
+bool DialogWindow::event(QEvent* event) {
+  const bool known = QDialog::event(event);
+  if (event->type() == QEvent::LayoutRequest) TakeSizeBack();
+  return known;
+}
+
+void DialogWindow::TakeSizeBack() {
+  const QSize wanted = _wanted;
+  const QSize least = minimumSize();
+  const QSize without(LengthWithout(width(), least.width(), _forced.width(), wanted.width()),
+                      LengthWithout(height(), least.height(), _forced.height(), wanted.height()));
+  const QSize before = size();
+  if (without == before) return;
+  resize(without);
+  // What has not gone back whole waits until more goes.
+  if (width() < before.width() && width() > wanted.width()) _forced.setWidth(width());
+  if (height() < before.height() && height() > wanted.height()) _forced.setHeight(height());
+  _wanted = wanted;
+}
+
+namespace {
+
 /// Layouts of widgets that have never been shown keep sizes from before their children came. Settled from the
 /// innermost out, the window opens at the size that its largest page needs.
 void SettleLayouts(QWidget& window) {

@@ -11,16 +11,29 @@ class QDialogButtonBox;
 
 namespace desktop {
 
-/// The window of a dialog. Its close button, Escape and the buttons of its style only tell the dialog:
-/// whether it closes is decided there.
+/// The window of a dialog. It grows when more has to fit in, and takes its size back when that goes. Its
+/// close button, Escape and the buttons of its style only tell the dialog: whether it closes is decided
+/// there.
 class DialogWindow : public QDialog {
  public:
   explicit DialogWindow(QWidget* parent) : QDialog(parent) {}
   std::function<void()> onClose;
   void reject() override;
+  /// The window's `saveGeometry` with the size that the user wants: what came in and made it grow is not
+  /// there when the window is restored.
+  QByteArray SaveWantedGeometry() const;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  void TakeSizeBack();
+
+  // What has come in made the window grow to this width or height, from that one; 0: it is as the user wants.
+  QSize _forced{0, 0};
+  QSize _wanted{0, 0};
 };
 
 class DialogView : public QtViewOf<KorDlgDialog, DialogWindow> {
@@ -42,5 +55,8 @@ class DialogView : public QtViewOf<KorDlgDialog, DialogWindow> {
   QWidget* _content;
   QtGrid _grid;
 };
+
+/// The same of the window of a dialog that a backend has made.
+QByteArray SaveWantedGeometry(const QWidget& dialogWindow);
 
 }  // namespace desktop

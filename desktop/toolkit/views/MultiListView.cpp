@@ -4,14 +4,39 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QMetaObject>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <algorithm>
 
 namespace desktop {
 namespace {
 constexpr int kRowsMeasured = 200;  ///< rows whose texts decide the width of a column
 constexpr int kCellPadding = 16;    ///< device-independent pixels
+constexpr int kWidest = 10'000;     ///< device-independent pixels; a remembered width beyond it is damaged
+
+/// Lets a text that wraps do so within words that are long, such as paths of files.
+class WrappingDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QString displayText(const QVariant& value, const QLocale&) const override {
+    constexpr int kLongestWhole = 16;  // characters
+    constexpr QChar kMayBreakHere(0x200B);
+    QString text;
+    int run = 0;
+    for (const QChar letter : value.toString()) {
+      run = letter.isSpace() ? 0 : run + 1;
+      if (run > kLongestWhole && !letter.isLowSurrogate() && !letter.isMark()) {
+        text += kMayBreakHere;
+        run = 1;
+      }
+      text += letter;
+    }
+    return text;
+  }
+};
+
 }  // namespace
 
 MultiListView::MultiListView(QtBackend& backend, KorDlgObject& model, QWidget* parent)
@@ -31,7 +56,16 @@ MultiListView::MultiListView(QtBackend& backend, KorDlgObject& model, QWidget* p
   Qt()->verticalHeader()->hide();
   Qt()->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   Qt()->verticalHeader()->setDefaultSectionSize(Qt()->fontMetrics().height() + 6);
-  Qt()->installEventFilter(this);
+  Qt()->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  Qt()->viewport()->installEventFilter(this);
+  QObject::connect(Qt()->horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {
+    if (_fitting) return;
+    const bool bySpareWidth = Qt()->horizontalHeader()->stretchLastSection() && column == LastShown();
+    if (!bySpareWidth) _resized.insert(column);
+    FitRows();
+  });
+  QObject::connect(Qt()->verticalScrollBar(), &QScrollBar::valueChanged, this,
+                   [this](int value) { ShowScrolled(value); });
   QObject::connect(Qt()->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
     std::vector<int> rows = RowsSelectedInQt();
     if (rows != Model().GetSelectedLines())
@@ -43,6 +77,8 @@ MultiListView::~MultiListView() {
   // The table may outlive the view, and the list, by one turn of the event loop.
   if (!Qt()) return;
   Qt()->selectionModel()->disconnect(this);
+  Qt()->horizontalHeader()->disconnect(this);
+  Qt()->verticalScrollBar()->disconnect(this);
   Qt()->setModel(nullptr);
 }
 
@@ -69,18 +105,27 @@ void MultiListView::Settle() {
     _items->RowsChanged();
   }
   if (!_columnsFitted && Model().GetLineCount() > 0) FitColumns();
+  FitRows();
   ShowSelection();
 }
 
 bool MultiListView::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Resize && Model().GetVisibleColumnCount() > 0) FitColumns();
+  if (event->type() == QEvent::Resize) FitRows();
   return QtViewOf::eventFilter(watched, event);
 }
 
 void MultiListView::ShowColumns() {
-  _items->ColumnsChanged();
+  {
+    const QScopedValueRollback fitting(_fitting, true);
+    // Of several columns the last one takes what is left, but can be made wider than that. Told before
+    // columns are hidden: Qt gives a stretched one that is hidden its width back.
+    Qt()->horizontalHeader()->setStretchLastSection(Model().GetVisibleColumnCount() < 2);
+    _items->ColumnsChanged();
+    for (int i = 0; i < Model().GetColumnCount(); ++i) Qt()->setColumnHidden(i, !Model().GetColumn(i).shown);
+    ShowWrapping();
+  }
   _columnsFitted = false;
-  for (int i = 0; i < Model().GetColumnCount(); ++i) Qt()->setColumnHidden(i, !Model().GetColumn(i).shown);
   FitColumns();
 }
 
@@ -103,17 +148,81 @@ int MultiListView::WidthAtOnce() const {
   return width > 0 ? width + 2 * Qt()->frameWidth() + Qt()->verticalScrollBar()->sizeHint().width() : 0;
 }
 
+int MultiListView::LastShown() const {
+  int last = Model().GetColumnCount() - 1;
+  while (last >= 0 && !Model().GetColumn(last).shown) --last;
+  return last;
+}
+
+/// Of a column without a text width: its share; of the last one what the others leave, and room for its
+/// title.
+int MultiListView::WidthOfRest(int column) const {
+  if (column != LastShown()) return Qt()->viewport()->width() / Model().GetVisibleColumnCount();
+  int left = Qt()->viewport()->width();
+  for (int i = 0; i < column; ++i) left -= Qt()->columnWidth(i);
+  return std::max(left, WidthOf(column));
+}
+
+void MultiListView::FitColumn(int column) {
+  if (Model().GetColumn(column).textWidth > 0)
+    Qt()->setColumnWidth(column, WidthOf(column));
+  else if (Model().GetVisibleColumnCount() > 0)
+    Qt()->setColumnWidth(column, WidthOfRest(column));
+  else
+    Qt()->resizeColumnToContents(column);
+}
+
 void MultiListView::FitColumns() {
   _columnsFitted = Model().GetLineCount() > 0;
-  const int atOnce = Model().GetVisibleColumnCount();
+  const QScopedValueRollback fitting(_fitting, true);
   Qt()->setMinimumWidth(WidthAtOnce());
-  for (int i = 0; i < Model().GetColumnCount(); ++i) {
-    if (Model().GetColumn(i).textWidth > 0)
-      Qt()->setColumnWidth(i, WidthOf(i));
-    else if (atOnce > 0)
-      Qt()->setColumnWidth(i, Qt()->viewport()->width() / atOnce);
-    else
-      Qt()->resizeColumnToContents(i);
+  for (int i = 0; i < Model().GetColumnCount(); ++i)
+    if (!_resized.contains(i)) FitColumn(i);
+}
+
+void MultiListView::ShowWrapping() {
+  if (Qt()->wordWrap() == Wraps()) return;
+  Qt()->setWordWrap(Wraps());
+  Qt()->setItemDelegate(Wraps() ? new WrappingDelegate(Qt()) : new QStyledItemDelegate(Qt()));
+  // A text may be higher than the list.
+  Qt()->setVerticalScrollMode(Wraps() ? QAbstractItemView::ScrollPerPixel : QAbstractItemView::ScrollPerItem);
+}
+
+/// Only of the rows in sight: there may be a million.
+bool MultiListView::FitRows() {
+  if (!Wraps()) return false;
+  const int before = Qt()->verticalHeader()->length();
+  const int bottom = Qt()->viewport()->height();
+  const int count = _items->rowCount();
+  for (int row = std::max(0, Qt()->rowAt(0)); row < count && Qt()->rowViewportPosition(row) < bottom; ++row)
+    Qt()->resizeRowToContents(row);
+  return Qt()->verticalHeader()->length() != before;
+}
+
+/// At the end the rows that have come into sight may push the last ones out of it again.
+void MultiListView::ShowScrolled(int value) {
+  const bool atEnd = value == Qt()->verticalScrollBar()->maximum();
+  if (!FitRows() || !atEnd) return;
+  QMetaObject::invokeMethod(Qt(), "updateGeometries");
+  Qt()->scrollToBottom();
+}
+
+QByteArray MultiListView::SaveWidths() const {
+  QByteArrayList widths;
+  for (const int column : _resized)
+    widths << QByteArray::number(column) + ':' + QByteArray::number(Qt()->columnWidth(column));
+  return widths.join(' ');
+}
+
+void MultiListView::RestoreWidths(const QByteArray& widths) {
+  for (const QByteArray& one : widths.split(' ')) {
+    const QByteArrayList pair = one.split(':');
+    bool isColumn = false;
+    const int column = pair.front().toInt(&isColumn);
+    const int width = pair.back().toInt();
+    const bool isShown = isColumn && column >= 0 && Model().GetColumn(column).shown;
+    if (pair.size() == 2 && isShown && column < Model().GetColumnCount() && width > 0 && width <= kWidest)
+      Qt()->setColumnWidth(column, width);
   }
 }
 

@@ -10,6 +10,8 @@
 #include "framework/dialog/KorDlgDialog.h"
 #include "framework/system/KorClassDictionary.h"
 #include "framework/system/TqTrace.h"
+#include "lumira/import/ImportProduct.h"
+#include "lumira/store/OpenSqliteStore.h"
 #include "tests/desktop/app/WindowHarness.h"
 #include "tests/desktop/support/QtApplication.h"
 
@@ -144,6 +146,35 @@ TEST_F(WithoutCommands, TheWindowSaysSoAndOffersNoPanel) {
   EXPECT_FALSE(window.Selection().PanelButton()->isEnabled());
   EXPECT_TRUE(window.Command("OpenProduct")->isEnabled());
   EXPECT_EQ(window.Tree().rowCount(), 1);
+  EXPECT_EQ(window.FilterText(), "") << "nobody knows which filter is in force";
+}
+
+TEST_F(WithoutCommands, WhatTheServerFoundIsSaidInABoxInPlaceOfTheList) {
+  KorApplicationFrame::SetBackend(&backend);
+  const LibrariesElsewhere nowhere("/no/such/folder");
+  MainWindow window(settings, backend);
+  const std::string file = folder.filePath("car.lumira").toStdString();
+  {
+    auto store = lumira::CreateSqliteStore(file);
+    ASSERT_TRUE(store.Ok());
+    lumira::ImportTables tables;
+    tables.structure = {"structure.csv", "parent,child,instance\ncar,wheel,wheel.1\n"};
+    tables.mass = {"mass.csv", "part,name\nwheel,Wheel\n"};
+    ASSERT_TRUE(lumira::ImportProduct(*store.Value(), tables, {}).Ok());
+  }
+  EXPECT_TRUE(window.OpenProduct(QString::fromStdString(file)));
+  lumira::ImportReport report;
+  for (int line = 1; line <= 25; ++line) report.leftOut.push_back("line " + std::to_string(line));
+  ::testing::internal::CaptureStderr();
+  window.ShowImportReports({report});
+  const std::string onStandardError = ::testing::internal::GetCapturedStderr();
+  KorApplicationFrame::SetBackend(nullptr);
+  ASSERT_EQ(boxes.Messages().size(), 2u);
+  EXPECT_EQ(boxes.Messages()[0].title, "Warnings");
+  EXPECT_EQ(boxes.Messages()[0].text, "Warning: Product \"car\" has no mass data at all.");
+  const std::string& shown = boxes.Messages()[1].text.Utf8();
+  EXPECT_TRUE(shown.ends_with("Left out: line 20\nand 5 more")) << shown;
+  EXPECT_NE(onStandardError.find("Left out: line 25"), std::string::npos) << onStandardError;
 }
 
 }  // namespace

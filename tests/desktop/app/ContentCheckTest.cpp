@@ -26,6 +26,7 @@ class FailingStore final : public lumira::Store {
     FailToLoad(product, damage);
   }
   void FailToList(const Error& error) { _listing = error; }
+  void FailToFind(const std::string& root, const Error& error) { _finding.insert_or_assign(root, error); }
   void FailToLoad(const std::string& product, const Error& error, int times = 1000) {
     _loading.insert_or_assign(product, Trouble{error, times});
   }
@@ -34,7 +35,10 @@ class FailingStore final : public lumira::Store {
     if (_listing) return *_listing;
     return _infos;
   }
-  Result<std::string> ProductOfPart(std::string_view part) override { return std::string(part); }
+  Result<std::string> ProductOfPart(std::string_view part) override {
+    if (const auto found = _finding.find(std::string(part)); found != _finding.end()) return found->second;
+    return std::string(part);
+  }
   Result<lumira::Product> LoadProduct(std::string_view id, const lumira::Progress&) override {
     if (const auto found = _loading.find(std::string(id)); found != _loading.end())
       if (found->second.times-- > 0) return found->second.error;
@@ -98,6 +102,7 @@ class FailingStore final : public lumira::Store {
 
   std::vector<ProductInfo> _infos;
   std::optional<Error> _listing;
+  std::map<std::string, Error> _finding;
   std::map<std::string, Trouble> _loading;
 };
 
@@ -160,6 +165,12 @@ TEST_F(ContentCheckTest, OfSeveralDamagedProductsTheFirstIsTold) {
   for (const char* product : {"Crane", "Mast"}) store.Add(product);
   store.FailToLoad("Crane", kDamaged);
   store.FailToLoad("Mast", {ErrorKind::Storage, "another row", StoredData::Unusable});
+  ExpectFailure(kDamaged);
+}
+
+TEST_F(ContentCheckTest, ARootPartThatIsGoneIsDamage) {
+  store.Add("Crane");
+  store.FailToFind("Crane", kDamaged);
   ExpectFailure(kDamaged);
 }
 

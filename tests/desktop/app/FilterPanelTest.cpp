@@ -184,6 +184,73 @@ TEST_F(FilterPanelTest, ALanguageChangesItsTexts) {
   OpenFilterPanel();
   ASSERT_TRUE(window.ChooseLanguage("de"));
   EXPECT_EQ(On<QPushButton>("Frame001.Frame011.RemoveCriterionButton")->text(), "Entfernen");
+  const auto title = [this](int column) {
+    return On<QTableView>("Frame001.FilterMultiList")->model()->headerData(column, Qt::Horizontal).toString();
+  };
+  EXPECT_EQ(title(0), "Instanz");
+  EXPECT_EQ(title(3), "Ort im Produkt");
+}
+
+TEST_F(FilterPanelTest, KeepsTheWidthsOfItsColumnsUntilItIsOpenedAgain) {
+  OpenFilterPanel();
+  On<QTableView>("Frame001.FilterMultiList")->setColumnWidth(0, 333);
+  window.FilterPanel().Close();
+  OpenFilterPanel();
+  PanelWindow()->resize(PanelWindow()->size() + QSize(100, 50));
+  RunPendingEvents();
+  EXPECT_EQ(On<QTableView>("Frame001.FilterMultiList")->columnWidth(0), 333);
+}
+
+TEST_F(FilterPanelTest, ItsColumnsFitTheWindowEachTimeItIsOpened) {
+  for (int opening = 0; opening < 2; ++opening) {
+    OpenFilterPanel();
+    RunPendingEvents();
+    auto* table = On<QTableView>("Frame001.FilterMultiList");
+    EXPECT_EQ(table->horizontalHeader()->length(), table->viewport()->width()) << opening;
+    EXPECT_EQ(settings.WindowState("filterPanel/columns"), "") << "nobody has set one";
+    window.FilterPanel().Close();
+  }
+}
+
+TEST_F(FilterPanelTest, TheWholeTextOfACellIsInItsTooltip) {
+  SelectAll({{"nacelle.1", "Above_yaw.1", "bedplate.1"}});
+  OpenFilterPanel();
+  window.AddToFilter();
+  backend.Settle();
+  EXPECT_EQ(On<QTableView>("Frame001.FilterMultiList")->model()->index(0, 3).data(Qt::ToolTipRole),
+            "IEA15/nacelle.1/Above_yaw.1");
+}
+
+TEST_F(FilterPanelTest, AServerThatDoesNotTakeTheRootLeavesTheOpenPanel) {
+  AddSecondProduct();
+  ASSERT_TRUE(window.Select("IEA15", {}));
+  OpenFilterPanel();
+  ASSERT_TRUE(window.Select("Car", {}));
+  ScriptedTransport server;
+  server.answer = [](auto&...) { return protocol::ErrorReply("the disk is full"); };
+  window.ShowFilterPanel();
+  EXPECT_EQ(OnlyMessage(), "the disk is full");
+  EXPECT_TRUE(window.FilterPanel().IsOpenOn("IEA15"));
+}
+
+// The module takes over what the server says is set on the product that its panel opens on, before OK; the
+// name then counts for the product that the filter was chosen for, too.
+TEST_F(FilterPanelTest, OpenedOnAnotherProductTakesItsSetFilterForTheOneInForceToo) {
+  AddSecondProduct();
+  ASSERT_TRUE(window.Select("IEA15", {}));
+  ChooseFilter("Structure only");
+  ASSERT_TRUE(window.Select("Car", {}));
+  KorPdmTransport* real = KorPdmClient::GetTransport();
+  ScriptedTransport server;
+  server.answer = [real](const std::string& command, const std::string& request) {
+    return command == protocol::kCommandHandler ? protocol::WriteConfigurationHandler({"Car", "Winter"})
+                                                : real->Run(command, request);
+  };
+  OpenFilterPanel().PressCancel();
+  RunPendingEvents();
+  ASSERT_TRUE(window.Select("IEA15", {}));
+  EXPECT_EQ(window.FilterText(), "Filter: Winter");
+  EXPECT_EQ(window.FilterMeaning(), "The product has no filter \"Winter\" any more. Choose another one.");
 }
 
 TEST_F(FilterPanelTest, KeepsItsSizeUntilItIsOpenedAgain) {
@@ -256,6 +323,36 @@ TEST_F(FilterPanelTest, RowsAreRemovedByTheKeyboard) {
   QTest::keyClick(table, Qt::Key_Down, Qt::ShiftModifier);
   QTest::keyClick(On<QPushButton>("Frame001.Frame011.RemoveCriterionButton"), Qt::Key_Space);
   EXPECT_EQ(FilterRows(), std::vector<std::string>{"Hub_System.1, Hub_System, , IEA15, 0, "});
+}
+
+TEST_F(FilterPanelTest, DeleteRemovesTheSelectedRowsAndControlDeleteAll) {
+  SelectAll({{"nacelle.1", "yaw.1"}, {"Blades.1"}, {"Hub_System.1"}});
+  OpenFilterPanel();
+  window.AddToFilter();
+  backend.Settle();
+  auto* table = On<QTableView>("Frame001.FilterMultiList");
+  table->setFocus();
+  table->selectRow(1);
+  QTest::keyClick(table, Qt::Key_Delete);
+  EXPECT_EQ(FilterRows(), (std::vector<std::string>{"yaw.1, yaw, , IEA15/nacelle.1, 1, nacelle.1",
+                                                    "Hub_System.1, Hub_System, , IEA15, 0, "}));
+  QTest::keyClick(table, Qt::Key_Delete, Qt::ControlModifier);
+  EXPECT_EQ(FilterRows(), std::vector<std::string>{});
+}
+
+TEST_F(FilterPanelTest, DeleteRemovesNothingWhileAFilterOfTheProductIsChosen) {
+  SelectAll({{"Blades.1"}});
+  OpenFilterPanel();
+  window.AddToFilter();
+  InFilterPanel<KorDlgRadioButton>("CfgFilterBtn").Check();
+  QTest::keyClick(PanelWindow(), Qt::Key_Delete, Qt::ControlModifier);
+  EXPECT_EQ(FilterRows().size(), 1u);
+}
+
+TEST_F(FilterPanelTest, ItsButtonsNameTheirKeysInTheirTooltips) {
+  OpenFilterPanel();
+  EXPECT_TRUE(On<QPushButton>("Frame001.Frame011.RemoveCriterionButton")->toolTip().contains("(Del)"));
+  EXPECT_TRUE(On<QPushButton>("Frame001.Frame011.ClearAllCriteriaButton")->toolTip().contains("(Ctrl+Del)"));
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include <QTreeView>
 
 #include "desktop/app/OccurrenceMime.h"
+#include "framework/dialog/KorDlgPushButton.h"
 #include "framework/dialog/KorDlgRadioButton.h"
 #include "tests/desktop/app/WindowHarness.h"
 #include "tests/desktop/support/QtApplication.h"
@@ -46,6 +47,8 @@ class FilterPickingTest : public WindowTest {
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(List(), &drop);
     EXPECT_EQ(enter.isAccepted(), drop.isAccepted());
+    EXPECT_TRUE(boxes.Messages().empty()) << "a box would hold up the drag";
+    RunPendingEvents();
     return drop.isAccepted();
   }
   QString Said() { return window.statusBar()->currentMessage(); }
@@ -162,6 +165,43 @@ TEST_F(FilterPickingTest, LinesAreDraggedOntoTheList) {
   SelectAll({kGenerator, kBlades});
   EXPECT_TRUE(DropOnList(*Dragged()));
   EXPECT_EQ(FilterRows(), (Rows{kGeneratorRow, kBladesRow}));
+}
+
+TEST_F(FilterPickingTest, TheProductDroppedOnTheListIsRefusedWhenTheDropIsOver) {
+  OpenFilterPanel();
+  Select({});
+  DropOnList(*Dragged());
+  EXPECT_EQ(FilterRows(), Rows{});
+  EXPECT_NE(OnlyMessage().find("The product itself cannot be added"), std::string::npos) << OnlyMessage();
+}
+
+TEST_F(FilterPickingTest, ALineOfAnotherProductDroppedOnTheListIsRefusedWhenTheDropIsOver) {
+  AddSecondProduct();
+  ASSERT_TRUE(window.Select("IEA15", {}));
+  OpenFilterPanel();
+  ASSERT_TRUE(window.Select("Car", {"wheel.1"}));
+  DropOnList(*Dragged());
+  EXPECT_EQ(FilterRows(), Rows{});
+  EXPECT_NE(OnlyMessage().find("another product"), std::string::npos) << OnlyMessage();
+}
+
+TEST_F(FilterPickingTest, AllThatWereRemovedCanBeAddedAgain) {
+  OpenFilterPanel();
+  SelectAll({kBedplate, kGenerator});
+  window.AddToFilter();
+  InFilterPanel<KorDlgPushButton>("Frame001.Frame011.ClearAllCriteriaButton").Press();
+  window.AddToFilter();
+  EXPECT_EQ(FilterRows(), (Rows{kBedplateRow, kGeneratorRow}));
+  EXPECT_EQ(Said(), "2 added to the filter.");
+}
+
+TEST_F(FilterPickingTest, ReturnOpensThePartPanelWhileAFilterOfTheProductIsChosen) {
+  Select(kBedplate);
+  OpenFilterPanel();
+  InFilterPanel<KorDlgRadioButton>("CfgFilterBtn").Check();
+  QTest::keyClick(&window.TreeView(), Qt::Key_Return);
+  EXPECT_TRUE(window.PartPanel().IsOpen());
+  EXPECT_TRUE(boxes.Messages().empty());
 }
 
 TEST_F(FilterPickingTest, TheListTakesNothingElse) {

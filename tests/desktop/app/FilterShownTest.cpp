@@ -1,5 +1,7 @@
 // What the main window shows of the filter in force.
+#include <QAction>
 #include <QFont>
+#include <QStatusBar>
 #include <QTreeView>
 
 #include "desktop/app/SelectionPane.h"
@@ -7,6 +9,7 @@
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgLabel.h"
 #include "framework/dialog/KorDlgTabContainer.h"
+#include "lumira/import/ImportProduct.h"
 #include "protocol/Codec.h"
 #include "protocol/Constants.h"
 #include "tests/desktop/app/ScriptedTransport.h"
@@ -85,6 +88,55 @@ TEST_F(FilterShownTest, AUserFilterMarksTheTree) {
   EXPECT_TRUE(IsGrey({"Blades.1"}));
   EXPECT_TRUE(Of({"Blades.1"}, Qt::ToolTipRole).toString().endsWith("The filter leaves it out."));
   EXPECT_TRUE(Of(kAboveYaw, Qt::ToolTipRole).toString().endsWith("The filter leaves only part of it."));
+}
+
+TEST_F(FilterShownTest, WhyALineIsMarkedIsNotForTheMouseAlone) {
+  ChooseInstances({kBedplate});
+  EXPECT_EQ(Of({"Blades.1"}, Qt::AccessibleDescriptionRole), "The filter leaves it out.");
+  EXPECT_EQ(Of(kAboveYaw, Qt::AccessibleDescriptionRole), "The filter leaves only part of it.");
+  EXPECT_EQ(Of(kBedplate, Qt::AccessibleDescriptionRole), "");
+}
+
+TEST_F(FilterShownTest, TheStatusBarSaysWhyTheCurrentLineIsMarked) {
+  ChooseInstances({kBedplate});
+  Select({"Blades.1"});
+  EXPECT_EQ(window.statusBar()->currentMessage(), "The filter leaves it out.");
+  Select(kAboveYaw);
+  EXPECT_EQ(window.statusBar()->currentMessage(), "The filter leaves only part of it.");
+  Select(kBedplate);
+  EXPECT_EQ(window.statusBar()->currentMessage(), "");
+}
+
+TEST_F(FilterShownTest, NameAndMeaningAreToldByTheKeyboard) {
+  ChooseInstances({kBedplate, kRotor});
+  EXPECT_EQ(window.Command("TellFilter")->shortcut(), QKeySequence("Ctrl+Shift+F"));
+  window.Command("TellFilter")->trigger();
+  EXPECT_EQ(OnlyMessage(),
+            "Filter: User Filter\n\n"
+            "Only these instances count, each with everything below it:\n"
+            "bedplate.1 (part bedplate)\n"
+            "generator_rotor.1 (part generator_rotor)");
+}
+
+TEST_F(FilterShownTest, ALongNameIsWholeInTheTooltipAndLeavesRoomForMessages) {
+  const std::string name(195, 'x');
+  lumira::ImportTables tables;
+  tables.structure = {"structure.csv", "parent,child,instance\ncar,wheel,wheel.1\n"};
+  tables.mass = {"mass.csv", "part,mass [kg]\nwheel,20\n"};
+  tables.filters = {"filters.csv", "filter,description,condition,name,values,sense\n" + name +
+                                       ",Long,instances,,wheel.1,keep\n"};
+  lumira::ImportOptions options;
+  options.product = "Car";
+  const auto imported = lumira::ImportProduct(window.Session().Transport().Store(), tables, options);
+  ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
+  ASSERT_TRUE(window.OpenProduct(File()));
+  ASSERT_TRUE(window.Select("Car", {}));
+  const int before = window.minimumSizeHint().width();
+  ChooseFilter(name);
+  EXPECT_TRUE(window.FilterText().endsWith(QString::fromStdString(name)));
+  EXPECT_TRUE(window.FilterMeaning().startsWith(QString::fromStdString(name)))
+      << window.FilterMeaning().toStdString();
+  EXPECT_LE(window.minimumSizeHint().width(), before + 40 * window.fontMetrics().averageCharWidth());
 }
 
 TEST_F(FilterShownTest, TheMarksGoWithTheFilter) {

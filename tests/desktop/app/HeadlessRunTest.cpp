@@ -2,7 +2,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QTemporaryDir>
+#include <set>
 
 #include "desktop/app/HeadlessRun.h"
 #include "framework/dialog/KorMsgCatalog.h"
@@ -17,6 +19,19 @@ class HeadlessRunTest : public ::testing::Test {
     Settings(scratch.filePath("settings.ini")).ApplyUnits();
     Theme::Apply(ThemeChoice::Light);
   }
+  QImage Picture(const char* file) const { return QImage(scratch.filePath("out/") + file); }
+  /// 0 when there is no such picture.
+  int ColourCount(const char* file) const {
+    const QImage picture = Picture(file);
+    std::set<QRgb> colours;
+    for (int y = 0; y < picture.height(); ++y)
+      for (int x = 0; x < picture.width(); ++x) colours.insert(picture.pixel(x, y));
+    return static_cast<int>(colours.size());
+  }
+  /// On the average, 0 to 255.
+  int Brightness(const char* file) const {
+    return qGray(Picture(file).scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixel(0, 0));
+  }
   QTemporaryDir scratch;
 };
 
@@ -25,10 +40,16 @@ TEST_F(HeadlessRunTest, LeavesPicturesAndValues) {
   const auto done = run.Run();
   ASSERT_TRUE(done.Ok()) << done.Failure().message;
   for (const char* file :
-       {"window.png", "part-panel-results.png", "part-panel-custom.png", "filter-panel.png",
-        "part-panel-filter.png", "window-filter.png", "warning-dialog.png", "part-panel-edit-mass-types.png",
-        "history.png", "values.txt"})
-    EXPECT_TRUE(QFile::exists(scratch.filePath("out/") + file)) << file;
+       {"window.png", "window-dark.png", "part-panel-results.png", "part-panel-dark.png",
+        "part-panel-custom.png", "filter-panel.png", "filter-panel-dark.png", "filter-panel-de.png",
+        "part-panel-filter.png", "window-filter.png", "warning-dialog.png", "warning-dialog-dark.png",
+        "warning-dialog-de.png", "part-panel-edit-mass-types.png", "history.png"})
+    EXPECT_GT(ColourCount(file), 20) << file;
+  EXPECT_TRUE(QFile::exists(scratch.filePath("out/values.txt")));
+  EXPECT_LT(Brightness("filter-panel-dark.png"), 100);
+  EXPECT_GT(Brightness("filter-panel.png"), 155);
+  EXPECT_EQ(Picture("part-panel-filter.png").size(), Picture("part-panel-results.png").size())
+      << "the custom frame has given its room back";
 }
 
 TEST_F(HeadlessRunTest, FailsWhenTheFolderCannotBeMade) {

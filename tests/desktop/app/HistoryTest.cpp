@@ -120,12 +120,15 @@ TEST_F(HistoryDialogTest, ShowsBoundsInPercentOrAsMassesAsTheyWereMeantThen) {
 
 TEST_F(HistoryDialogTest, ShowsAPropertyThatIsAMagnitudeInTheCurrentUnit) {
   protocol::PartData now;
-  now.properties = {{"Paint", "0.5", 2, false, true, "MASS"}};
-  Serve(OneSave({{"properties[Paint].value", "0.25", "0.5"}, {"properties[Colour].value", "red", "blue"}}),
+  now.properties = {{"Paint", "0.5", 2, false, true, "MASS"}, {"Reach", "2.5", 2, false, true, "LENGTH"}};
+  Serve(OneSave({{"properties[Paint].value", "0.25", "0.5"},
+                 {"properties[Colour].value", "red", "blue"},
+                 {"properties[Reach].value", "1.25", "2.5"}}),
         now);
   dialog.Reload();
   EXPECT_EQ(FieldRow(dialog, 0), "Property Paint | 0.25 kg | 0.5 kg");
   EXPECT_EQ(FieldRow(dialog, 1), "Property Colour | red | blue");
+  EXPECT_EQ(FieldRow(dialog, 2), "Property Reach | 1250 mm | 2500 mm");
 }
 
 TEST_F(HistoryDialogTest, NamesFieldsOfTheDocumentForPeople) {

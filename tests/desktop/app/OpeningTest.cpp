@@ -245,6 +245,20 @@ TEST_F(SampleTest, WithoutRowsThatItHadIsMadeAnewWhenTheUserWantsIt) {
   EXPECT_EQ(boxes.Questions().size(), 1u);
 }
 
+TEST_F(SampleTest, WhoseRootPartIsGoneIsMadeAnewWhenTheUserWantsIt) {
+  for (const char* damage : {"DELETE FROM parts WHERE part = 'RNA'", "UPDATE roots SET part = 'RNB'",
+                             "PRAGMA foreign_keys = OFF; UPDATE parts SET product = 99"}) {
+    ASSERT_TRUE(OtherProgram(sample).Run(damage));
+    boxes.answers = {0};
+    EXPECT_TRUE(window.OpenSample()) << damage;
+    ASSERT_FALSE(boxes.Questions().empty()) << damage;
+    EXPECT_NE(boxes.Questions().back().text.Utf8().find(sample.toStdString()), std::string::npos)
+        << boxes.Questions().back().text.Utf8();
+  }
+  EXPECT_EQ(boxes.Questions().size(), 3u);
+  EXPECT_TRUE(boxes.Messages().empty());
+}
+
 TEST_F(SampleTest, HeldByAnotherProgramIsToldOfAndLeftInItsPlace) {
   OtherProgram program(sample);
   ASSERT_TRUE(program.Run("PRAGMA locking_mode = EXCLUSIVE"));

@@ -182,6 +182,20 @@ TEST_F(PartPanelTest, HidingTheCustomReferenceLeavesNoGap) {
   EXPECT_EQ(PanelWindow()->minimumSizeHint().height(), before);
 }
 
+TEST_F(PartPanelTest, OpenedAgainItHasNoRoomForACustomReferenceThatItDoesNotShow) {
+  const int before = PanelWindow()->height();
+  Panel()
+      .Find<KorDlgRadioButton>("Frame250.AdditionalFrame2.ReferenceModeFrame.CustomReferenceButton")
+      .Check();
+  RunPendingEvents();
+  ASSERT_GT(PanelWindow()->height(), before);
+  window.PartPanel().Close();
+  RunPendingEvents();
+  window.ShowPartPanel();
+  RunPendingEvents();
+  EXPECT_EQ(PanelWindow()->height(), before);
+}
+
 TEST_F(PartPanelTest, EachInputHasAnAccessibleName) {
   for (QLineEdit* edit : PanelWindow()->findChildren<QLineEdit*>()) {
     if (qobject_cast<QAbstractSpinBox*>(edit->parentWidget())) continue;

@@ -4,12 +4,14 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QTimer>
+#include <functional>
 #include <sstream>
 
 #include "desktop/app/Tracing.h"
 #include "desktop/app/TracingDialog.h"
 #include "framework/system/TqTrace.h"
 #include "tests/desktop/app/WindowHarness.h"
+#include "tests/desktop/support/QtApplication.h"
 
 namespace desktop::test {
 namespace {
@@ -40,6 +42,16 @@ class TracingTest : public WindowTest {
     qunsetenv("KORVO_TRACE");
     qunsetenv("KORVO_TRACE_FILE");
     WindowTest::TearDown();
+  }
+  /// Opens the dialog by its command and works it; it is cancelled when that leaves it open.
+  static void WorkTheDialog(MainWindow& of, const std::function<void(TracingDialog&)>& work) {
+    QTimer::singleShot(0, &of, [&work] {
+      auto* dialog = dynamic_cast<TracingDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      work(*dialog);
+      if (dialog->isVisible()) dialog->reject();
+    });
+    of.Command("Tracing")->trigger();
   }
   QString Log() const { return folder.filePath("trace.log"); }
 };
@@ -137,6 +149,175 @@ TEST_F(TracingTest, AFileThatCannotBeOpenedIsToldOfAtTheStart) {
   MainWindow traced(settings, backend);
   traced.TellStartProblems();
   EXPECT_NE(OnlyMessage().find("none/trace.log"), std::string::npos) << OnlyMessage();
+}
+
+TEST_F(TracingTest, AComponentThatThereIsNotIsToldOfWithItsPlaceAndThoseThatThereAre) {
+  qputenv("KORVO_TRACE", "KorWBComPart,KorWBCompGroup");
+  MainWindow traced(settings, backend);
+  traced.TellStartProblems();
+  EXPECT_EQ(OnlyMessage(),
+            "KORVO_TRACE names what is no component that can be traced: KorWBComPart. There are: "
+            "KorWBCompGroup, KorWBCompPart, KorWBNymNavReportPanel.");
+  EXPECT_TRUE(IsOn("KorWBCompGroup")) << "the others are traced";
+}
+
+TEST_F(TracingTest, ARememberedComponentThatThereIsNotIsToldOf) {
+  settings.SetTracing({"KorWBComPart"}, "");
+  MainWindow traced(settings, backend);
+  traced.TellStartProblems();
+  EXPECT_TRUE(OnlyMessage().starts_with("The remembered choice of tracing names")) << OnlyMessage();
+}
+
+TEST_F(TracingTest, AllIsNoUnknownComponent) {
+  EXPECT_EQ(Tracing::UnknownAtStart({{"all", "KorWBCompPart"}, ""}), "");
+}
+
+TEST_F(TracingTest, ATraceThatCannotBeWrittenIsToldOfOnceWithFileAndReason) {
+  settings.SetTracing({"all"}, "/dev/full");
+  MainWindow traced(settings, backend);
+  traced.show();
+  ASSERT_TRUE(traced.OpenProduct(File()));
+  traced.ShowPartPanel();
+  ASSERT_TRUE(traced.PartPanel().Compute());
+  RunPendingEvents();
+  ASSERT_TRUE(traced.PartPanel().Compute());
+  RunPendingEvents();
+  EXPECT_EQ(
+      OnlyMessage(),
+      "Something of the trace could not be written to \"/dev/full\" and is lost: No space left on device");
+}
+
+TEST_F(TracingTest, TheLossOfATraceIsToldOfWhenAnotherFileTakesItsPlace) {
+  Tracing tracing;
+  ASSERT_TRUE(tracing.Apply({{"KorWBCompPart"}, "/dev/full"}).Ok());
+  Trace("KorWBCompPart");
+  ASSERT_TRUE(tracing.Apply({{"KorWBCompPart"}, Log()}).Ok());
+  EXPECT_FALSE(tracing.CheckWritten().Ok());
+  EXPECT_TRUE(tracing.CheckWritten().Ok()) << "once";
+}
+
+TEST_F(TracingTest, TheLossOfTheLastLinesIsSaidOnStandardError) {
+  ::testing::internal::CaptureStderr();
+  {
+    Tracing tracing;
+    ASSERT_TRUE(tracing.Apply({{"KorWBCompPart"}, "/dev/full"}).Ok());
+    Trace("KorWBCompPart");
+  }
+  EXPECT_NE(::testing::internal::GetCapturedStderr().find("/dev/full"), std::string::npos);
+}
+
+TEST_F(TracingTest, OKWithoutAChangeRemembersNothingOfTheEnvironment) {
+  settings.SetTracing({"KorWBCompGroup"}, "remembered.log");
+  for (const char* asked : {"all", ""}) {
+    qputenv("KORVO_TRACE", asked);
+    MainWindow traced(settings, backend);
+    QTimer::singleShot(0, &traced, [] {
+      auto* dialog = dynamic_cast<TracingDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      dialog->accept();
+    });
+    traced.Command("Tracing")->trigger();
+    EXPECT_EQ(settings.TracedComponents(), QStringList{"KorWBCompGroup"}) << asked;
+    EXPECT_EQ(settings.TraceFile(), "remembered.log") << asked;
+    EXPECT_EQ(IsOn("OfALibraryThatIsYetToCome"), std::string(asked) == "all");
+  }
+}
+
+TEST_F(TracingTest, OnlyWhatTheUserChangesIsRememberedUnderAnEnvironment) {
+  settings.SetTracing({"KorWBCompGroup"}, "remembered.log");
+  qputenv("KORVO_TRACE_FILE", Log().toUtf8());
+  MainWindow traced(settings, backend);
+  QTimer::singleShot(0, &traced, [] {
+    auto* dialog = dynamic_cast<TracingDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    dialog->ComponentBox("KorWBCompPart")->setChecked(true);
+    dialog->accept();
+  });
+  traced.Command("Tracing")->trigger();
+  EXPECT_EQ(settings.TracedComponents(), (QStringList{"KorWBCompGroup", "KorWBCompPart"}));
+  EXPECT_EQ(settings.TraceFile(), "remembered.log");
+}
+
+TEST_F(TracingTest, AFileThatCouldNotBeOpenedAtTheStartIsShownWithItsComponentsAndToldOfAgain) {
+  settings.SetTracing({"KorWBCompPart"}, folder.filePath("none/trace.log"));
+  MainWindow traced(settings, backend);
+  WorkTheDialog(traced, [&](TracingDialog& dialog) {
+    EXPECT_TRUE(dialog.ComponentBox("KorWBCompPart")->isChecked());
+    EXPECT_EQ(dialog.FileEdit()->text(), folder.filePath("none/trace.log"));
+    dialog.accept();
+    EXPECT_TRUE(dialog.ProblemText().contains("none/trace.log")) << dialog.ProblemText().toStdString();
+    dialog.ConsoleButton()->setChecked(true);
+    dialog.accept();
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+  });
+  EXPECT_EQ(Tracing::ChoiceAtStart(settings), (TraceChoice{{"KorWBCompPart"}, ""})) << "no longer the file";
+  EXPECT_TRUE(IsOn("KorWBCompPart"));
+}
+
+TEST_F(TracingTest, AnotherComponentIsNotRememberedWithAFileThatCannotBeOpened) {
+  settings.SetTracing({"KorWBCompPart"}, folder.filePath("none/trace.log"));
+  MainWindow traced(settings, backend);
+  WorkTheDialog(traced, [](TracingDialog& dialog) {
+    dialog.ComponentBox("KorWBCompGroup")->setChecked(true);
+    dialog.accept();
+    EXPECT_NE(dialog.result(), QDialog::Accepted);
+    dialog.ConsoleButton()->setChecked(true);
+    dialog.accept();
+  });
+  EXPECT_EQ(Tracing::ChoiceAtStart(settings), (TraceChoice{{"KorWBCompGroup", "KorWBCompPart"}, ""}));
+}
+
+TEST_F(TracingTest, OKForgetsARememberedComponentThatThereIsNot) {
+  settings.SetTracing({"KorWBComPart", "KorWBCompGroup"}, "");
+  MainWindow traced(settings, backend);
+  WorkTheDialog(traced, [](TracingDialog& dialog) { dialog.accept(); });
+  EXPECT_EQ(settings.TracedComponents(), QStringList{"KorWBCompGroup"});
+  EXPECT_EQ(Tracing::UnknownAtStart(Tracing::ChoiceAtStart(settings)), "");
+}
+
+TEST_F(TracingTest, OKWithoutAChangeOpensTheFileAgainAfterALoss) {
+  // What the file's name leads to is full at first, and has room later.
+  ASSERT_TRUE(QFile::link("/dev/full", Log()));
+  Tracing tracing;
+  ASSERT_TRUE(tracing.Apply({{"KorWBCompPart"}, Log()}).Ok());
+  Trace("KorWBCompPart");
+  EXPECT_FALSE(tracing.CheckWritten().Ok());
+  ASSERT_TRUE(QFile::remove(Log()));
+  TracingDialog(tracing).accept();
+  Trace("KorWBCompPart");
+  EXPECT_TRUE(tracing.CheckWritten().Ok());
+  EXPECT_TRUE(tracing.Apply({}).Ok());  // closes the file
+  EXPECT_TRUE(TextOf(Log()).contains("-> C::f [KorWBCompPart")) << TextOf(Log()).toStdString();
+}
+
+TEST_F(TracingTest, EmptyNamesBetweenCommasAreNoComponents) {
+  for (const char* asked : {"KorWBCompGroup, ", " ,KorWBCompGroup,,", "KorWBCompGroup , "}) {
+    qputenv("KORVO_TRACE", asked);
+    const TraceChoice choice = Tracing::ChoiceAtStart(settings);
+    EXPECT_EQ(choice.components, QStringList{"KorWBCompGroup"}) << asked;
+    EXPECT_EQ(Tracing::UnknownAtStart(choice), "") << asked;
+  }
+  qputenv("KORVO_TRACE", " ");
+  MainWindow traced(settings, backend);
+  traced.TellStartProblems();
+  EXPECT_TRUE(boxes.Messages().empty());
+  EXPECT_FALSE(IsOn("KorWBCompPart"));
+}
+
+TEST_F(TracingTest, ARememberedEmptyNameTracesNothing) {
+  settings.SetTracing({""}, "");
+  MainWindow traced(settings, backend);
+  EXPECT_FALSE(IsOn("KorWBCompPart"));
+}
+
+TEST_F(TracingTest, ItsMessagesAreInTheCurrentLanguage) {
+  ASSERT_TRUE(window.ChooseLanguage("de"));
+  Tracing tracing;
+  const auto applied = tracing.Apply({{"KorWBCompPart"}, "/none/trace.log"});
+  ASSERT_FALSE(applied.Ok());
+  EXPECT_TRUE(QString::fromStdString(applied.Failure().message)
+                  .startsWith(QString::fromUtf8("Die Protokolldatei „/none/trace.log“")))
+      << applied.Failure().message;
 }
 
 TEST_F(TracingTest, TheDialogHasACheckForEachComponentAndShowsWhatIsOn) {

@@ -32,25 +32,34 @@ class WarningListTest : public WindowTest {
     file.write(text);
     return file.fileName();
   }
-  /// Works the import dialog, which holds the program while it is open.
-  void ImportByTheDialog(const char* structure, const char* mass) {
+  struct Import {
+    const char* structure;
+    const char* mass;
+  };
+  /// Works the import dialog, which holds the program while it is open: one import after the other, each of
+  /// which may replace what there is.
+  void ImportByTheDialog(const std::vector<Import>& imports) {
     QTimer::singleShot(0, &window, [&] {
       auto* dialog = dynamic_cast<ImportDialog*>(QApplication::activeModalWidget());
       ASSERT_NE(dialog, nullptr);
-      dialog->StructureEdit()->setText(Table("structure.csv", structure));
-      dialog->MassEdit()->setText(Table("mass.csv", mass));
-      dialog->ImportButton()->click();
+      dialog->ReplaceBox()->setChecked(true);
+      for (const Import& import : imports) {
+        dialog->StructureEdit()->setText(Table("structure.csv", import.structure));
+        dialog->MassEdit()->setText(Table("mass.csv", import.mass));
+        dialog->ImportButton()->click();
+      }
       dialog->reject();
     });
     window.Command("ImportTables")->trigger();
   }
+  void ImportByTheDialog(const char* structure, const char* mass) { ImportByTheDialog({{structure, mass}}); }
 };
 
 TEST_F(WarningListTest, ShowsWhatAnImportLeftOutAndWhatLooksWrongOneToALine) {
   lumira::ImportReport report;
   report.leftOut = {"mass.csv, line 1: a column", "mass.csv, line 7: a row"};
   report.warnings = {"mass.csv, line 3: heavy"};
-  window.ShowImportReport(report);
+  window.ShowImportReports({report});
   ASSERT_NE(window.Warnings().Dialog(), nullptr);
   EXPECT_EQ(Shown(), (Lines{"Left out: mass.csv, line 1: a column", "Left out: mass.csv, line 7: a row",
                             "Warning: mass.csv, line 3: heavy"}));
@@ -59,7 +68,7 @@ TEST_F(WarningListTest, ShowsWhatAnImportLeftOutAndWhatLooksWrongOneToALine) {
 }
 
 TEST_F(WarningListTest, IsNotOpenedWithoutAnythingToShow) {
-  window.ShowImportReport({});
+  window.ShowImportReports({{}});
   EXPECT_EQ(window.Warnings().Dialog(), nullptr);
 }
 
@@ -74,6 +83,67 @@ TEST_F(WarningListTest, StaysClosedAfterAnImportWithoutAnythingToTell) {
   ImportByTheDialog("parent,child,instance\ncar,wheel,wheel.1\n", "part,mass [kg]\nwheel,20\n");
   EXPECT_EQ(window.Warnings().Dialog(), nullptr);
   EXPECT_EQ(window.Tree().rowCount(), 2);
+}
+
+TEST_F(WarningListTest, TellsOfEachImportThatOneDialogMade) {
+  ImportByTheDialog({{"parent,child,instance,colour\ncar,wheel,wheel.1,red\n", "part,mass [kg]\nwheel,20\n"},
+                     {"parent,child,instance\ncart,axle,axle.1\n", "part,mass [kg]\naxle,5\n"}});
+  ASSERT_NE(window.Warnings().Dialog(), nullptr);
+  ASSERT_EQ(Shown().size(), 1u);
+  EXPECT_TRUE(Shown()[0].starts_with("Left out: structure.csv, line 1, column 4 (colour)")) << Shown()[0];
+}
+
+TEST_F(WarningListTest, OfAProductThatWasImportedAgainOnlyTheLastImportCounts) {
+  ImportByTheDialog({{"parent,child,instance,colour\ncar,wheel,wheel.1,red\n", "part,mass [kg]\nwheel,20\n"},
+                     {"parent,child,instance\ncar,wheel,wheel.1\n", "part,mass [kg]\nwheel,20\n"}});
+  EXPECT_EQ(window.Warnings().Dialog(), nullptr);
+}
+
+TEST_F(WarningListTest, ShowsWhatIsToBeFoundInTheProductAfterAnImportToo) {
+  ImportByTheDialog("parent,child,instance\ncar,wheel,wheel.1\n", "part,name\nwheel,Wheel\n");
+  ASSERT_NE(window.Warnings().Dialog(), nullptr);
+  EXPECT_EQ(Shown().back(), "Warning: Product \"car\" has no mass data at all.");
+  ImportByTheDialog("parent,child,instance\ncar,wheel,wheel.1\n", "part,mass [kg]\nwheel,20\n");
+  EXPECT_EQ(window.Warnings().Dialog(), nullptr) << "the import has mended it";
+}
+
+TEST_F(WarningListTest, TheTitleOfItsColumnFollowsTheLanguage) {
+  window.Warnings().Show({"a warning"});
+  ASSERT_TRUE(window.ChooseLanguage("de"));
+  auto* table = window.Warnings().Window()->findChild<QTableView*>();
+  ASSERT_NE(table, nullptr);
+  EXPECT_EQ(table->model()->headerData(0, Qt::Horizontal), "Warnung");
+}
+
+TEST_F(WarningListTest, ItsLinesFollowTheLanguageInTheirPlaces) {
+  lumira::ImportReport report;
+  report.leftOut = {"mass.csv, line 1: a column"};
+  report.warnings = {"mass.csv, line 3: heavy"};
+  window.ShowImportReports({report});
+  const QWidget* before = window.Warnings().Window();
+  ASSERT_TRUE(window.ChooseLanguage("de"));
+  EXPECT_EQ(Shown(), (Lines{"Weggelassen: mass.csv, line 1: a column", "Warnung: mass.csv, line 3: heavy"}));
+  EXPECT_EQ(window.Warnings().Window(), before);
+  ASSERT_TRUE(window.ChooseLanguage("en"));
+  EXPECT_EQ(Shown(), (Lines{"Left out: mass.csv, line 1: a column", "Warning: mass.csv, line 3: heavy"}));
+}
+
+TEST_F(WarningListTest, FindingsAfterAnImportFollowTheLanguageToo) {
+  ImportByTheDialog("parent,child,instance,colour\ncar,wheel,wheel.1,red\n", "part,name\nwheel,Wheel\n");
+  ASSERT_TRUE(window.ChooseLanguage("de"));
+  ASSERT_GT(Shown().size(), 1u);
+  EXPECT_TRUE(Shown().front().starts_with("Weggelassen: structure.csv, line 1")) << Shown().front();
+  EXPECT_EQ(Shown().back(), "Warnung: Product \"car\" has no mass data at all.");
+}
+
+TEST_F(WarningListTest, ALongWarningWrapsSoThatItsEndIsInSight) {
+  std::string text = "mass.csv, line 1, column 7 (";
+  for (int i = 0; i < 40; ++i) text += "the year before last ";
+  window.Warnings().Show({text + "): the column is not known"});
+  RunPendingEvents();
+  auto* table = window.Warnings().Window()->findChild<QTableView*>();
+  ASSERT_NE(table, nullptr);
+  EXPECT_GT(table->rowHeight(0), 4 * table->fontMetrics().height());
 }
 
 TEST_F(WarningListTest, ShowsWhatTheServerFoundWhenAProductIsOpened) {

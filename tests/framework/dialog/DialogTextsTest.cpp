@@ -4,6 +4,7 @@
 #include "framework/dialog/KorDlgDialog.h"
 #include "framework/dialog/KorDlgFrame.h"
 #include "framework/dialog/KorDlgLabel.h"
+#include "framework/dialog/KorDlgMultiList.h"
 #include "tests/support/RecordingBackend.h"
 #include "tests/support/TemporaryCatalogues.h"
 
@@ -107,6 +108,38 @@ TEST_F(DialogTexts, ATitledWidgetAddedLaterIsCreatedInTheWindowBeforeItsTitleIsS
   EXPECT_EQ(backend.Log().front(), "created Late");
   EXPECT_EQ(backend.Shown(*late, KorDlgProperty::Title), "Late");
   dialog.Detach();
+}
+
+TEST_F(DialogTexts, ColumnTitlesThatWereGivenByKeyFollowTheLanguageAndTheOthersStay) {
+  catalogues.Write("en", "Derived", "List.Column1 = \"Part\"\n");
+  catalogues.Write("de", "Derived", "List.Column1 = \"Teil\"\n");
+  RecordingBackend backend;
+  TextDialog dialog;
+  auto* byKey = dialog.frame->Add<KorDlgMultiList>("List");
+  byKey->SetColumnTitleKeys({"List.Column1", "List.Column2"});
+  auto* byCode = dialog.frame->Add<KorDlgMultiList>("Other");
+  byCode->SetColumnTitles({"Mass"});
+  dialog.Attach(&backend);
+  EXPECT_EQ(byKey->GetColumn(0).title, "Part");
+  EXPECT_EQ(byKey->GetColumn(1).title, "") << "there is no such text";
+  byKey->SetColumnItem(0, "nose", 0);
+  KorMsgCatalog::SetLanguage("de");
+  dialog.ReloadTexts();
+  EXPECT_EQ(byKey->GetColumn(0).title, "Teil");
+  EXPECT_EQ(byKey->GetColumnItem(0, 0), "nose");
+  EXPECT_EQ(byCode->GetColumn(0).title, "Mass");
+  backend.ExpectMirrorsDialog(dialog);
+  dialog.Detach();
+}
+
+TEST_F(DialogTexts, TitlesSetByCodeTakeThePlaceOfThoseByKey) {
+  catalogues.Write("en", "Derived", "List.Column1 = \"Part\"\n");
+  TextDialog dialog;
+  auto* list = dialog.frame->Add<KorDlgMultiList>("List");
+  list->SetColumnTitleKeys({"List.Column1"});
+  list->SetColumnTitles({"Mass"});
+  dialog.ReloadTexts();
+  EXPECT_EQ(list->GetColumn(0).title, "Mass");
 }
 
 TEST_F(DialogTexts, MayBeMissingWithoutTakingTheDialogDown) {

@@ -280,7 +280,7 @@ TEST_F(CommandLine, ImportsDocumentsAndPropertiesOfTheSample) {
   const Outcome revision = Lumira({"command", file, "WBGetActiveDocInfo", "DOC-BEDPLATE|A"});
   EXPECT_EQ(revision.code, kDone);
   EXPECT_THAT(revision.out, HasSubstr("|Estimated|1|45500|-1.35|0|2.61|"));
-  EXPECT_THAT(revision.out, HasSubstr("|Overall length|9200|2|0|1|LENGTH|"));
+  EXPECT_THAT(revision.out, HasSubstr("|Overall length|9.2|2|0|1|LENGTH|"));
   const Outcome computed = Lumira({"compute", file, "Above_yaw"});
   EXPECT_NEAR(Value(computed.out, "above_yaw.mass_kg"), 644856.548088461, 1e-6);
 }

@@ -220,6 +220,26 @@ TEST_F(SqliteFaults, LostRowsAreNoticed) {
   }
 }
 
+// Whoever asks for the top of a product asks for its root part first.
+TEST_F(SqliteFaults, ARootPartThatIsGoneIsDamageAndNoUnknownPart) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"DELETE FROM parts WHERE part = 'root'", "root"},
+      {"UPDATE roots SET part = 'nobody'", "nobody"},
+      {"PRAGMA foreign_keys = OFF; UPDATE parts SET product = 99", "root"}};
+  MakeStore();
+  const std::string whole = Content(file);
+  for (const auto& [damage, root] : cases) {
+    Overwrite(file, whole);
+    SQLite::Database(file, SQLite::OPEN_READWRITE).exec(damage);
+    const auto product = OpenSqliteStore(file).Value()->ProductOfPart(root);
+    ASSERT_FALSE(product.Ok()) << damage;
+    EXPECT_EQ(product.Failure().kind, ErrorKind::Storage);
+    EXPECT_EQ(product.Failure().storedData, protocol::StoredData::Unusable);
+    EXPECT_EQ(product.Failure().message,
+              "database \"" + file + "\": the file is damaged (the root part \"" + root + "\" is missing)");
+  }
+}
+
 TEST_F(SqliteFaults, LostMassTypesOfTheRootAreNoticedWithoutTheRestOfTheProduct) {
   Product product = SampleProduct();
   product.parts[0].massTypes = {{"Weighed", {3.0, {}, {}}, {}, {}}};
