@@ -50,8 +50,11 @@ class KOR_SERVICES_API KorWBAllDataBuffer : public KorBaseUnknown {
   /// about another part.
   HRESULT SetAllData(const KorUnicodeString& text, bool newSelection);
   /// Takes over what a save answers: the values are stored, and the next save tells of the state that this
-  /// one has made. An active document of which the save said nothing ("__null__") is again the one that the
-  /// data were read with; one that it named was chosen by the user. E_FAIL, with the buffer as it was and the
+  /// one has made. Whether the active document was chosen by hand follows the rules of the server: a save
+  /// that named no revision ("__null__", or none at all) made it automatic, and the active document is again
+  /// the one that the data were read with; another revision than the server had was chosen by the user; the
+  /// same one leaves the choice as it was. Until this reply the buffer holds what the save said, "__null__"
+  /// included. E_FAIL, with the buffer as it was and the
   /// reason in GetLastRefusal, when the text cannot be read or is about another part.
   HRESULT SetSaveReply(const KorUnicodeString& reply);
   /// Why the last SetAllData, SetComputedData or SetSaveReply was refused, with the field's position; empty
@@ -103,6 +106,7 @@ class KOR_SERVICES_API KorWBAllDataBuffer : public KorBaseUnknown {
 
   /// kg; 0 when there is none.
   virtual double GetMass(const KorUnicodeString& massType) const;
+  bool HasMass(const KorUnicodeString& massType) const;
   virtual HRESULT SetMass(const KorUnicodeString& massType, double mass);
   virtual HRESULT RemoveMass(const KorUnicodeString& massType);
   /// How far below and above the stored mass the true one may lie, kg.

@@ -74,6 +74,11 @@ double KorWBAllDataBuffer::GetMass(const KorUnicodeString& massType) const {
   return found ? found->mass.value_or(0) : 0;
 }
 
+bool KorWBAllDataBuffer::HasMass(const KorUnicodeString& massType) const {
+  const protocol::MassType* found = Data().Find(massType);
+  return found && found->mass;
+}
+
 HRESULT KorWBAllDataBuffer::SetMass(const KorUnicodeString& massType, double mass) {
   protocol::MassType* found = Data().Find(massType);
   if (!found || !std::isfinite(mass)) return E_FAIL;

@@ -81,7 +81,10 @@ HRESULT KorWBAllDataBuffer::SetAllData(const KorUnicodeString& text, bool newSel
     if (loaded.partId != present.partId) return Refuse(OtherPart("PartData", loaded.partId, present.partId));
     KeepSelection(present, loaded);
   }
-  Data().Replace(std::move(loaded));
+  if (newSelection)
+    Data().ReplaceStored(std::move(loaded));
+  else
+    Data().Replace(std::move(loaded));
   Data().lastRefusal = {};
   return S_OK;
 }

@@ -11,6 +11,12 @@
 
 namespace {
 
+/// No revision chosen by hand, said with an absent value in words or with none at all.
+bool IsAutomatic(const protocol::Documents& sent) {
+  return sent.activeId == protocol::kNull || sent.activeVersion == protocol::kNull ||
+         sent.activeVersion.empty();
+}
+
 std::optional<std::array<double, 3>> CgInMillimetres(const protocol::MassType& massType) {
   if (!massType.cg) return std::nullopt;
   std::array<double, 3> mm{};
@@ -43,10 +49,14 @@ std::string Converted(const protocol::ExtraProperty& property, const std::string
 
 }  // namespace
 
+void KorWBAllDataBuffer::Content::ReplaceStored(protocol::PartData newData) {
+  storedDocumentId = newData.documents.activeId;
+  storedDocumentVersion = serverDocumentVersion = newData.documents.activeVersion;
+  Replace(std::move(newData));
+}
+
 void KorWBAllDataBuffer::Content::Replace(protocol::PartData newData) {
   data = std::move(newData);
-  storedDocumentId = data.documents.activeId;
-  storedDocumentVersion = data.documents.activeVersion;
   cgMillimetres.clear();
   std::transform(data.massTypes.begin(), data.massTypes.end(), std::back_inserter(cgMillimetres),
                  CgInMillimetres);
@@ -112,15 +122,23 @@ void KorWBAllDataBuffer::Content::SetComputed(const protocol::MassType& computed
 }
 
 void KorWBAllDataBuffer::Content::SetSaved(const std::string& stateToken) {
-  protocol::Documents& documents = data.documents;
   data.stateToken = stateToken;
   data.persisted = true;
-  const bool automatic = documents.activeId == protocol::kNull;
-  documents.usedSpecificRevisionBefore = documents.used && !automatic;
-  if (!automatic) {
-    storedDocumentId = documents.activeId;
-    storedDocumentVersion = documents.activeVersion;
-  }
-  documents.activeId = storedDocumentId;
-  documents.activeVersion = storedDocumentVersion;
+  SetSavedDocument();
+  data.documents.activeId = storedDocumentId;
+  data.documents.activeVersion = storedDocumentVersion;
+}
+
+/// A document that was sent as the server has it, and one of which it knows no revisions, leave the choice as
+/// it is.
+void KorWBAllDataBuffer::Content::SetSavedDocument() {
+  protocol::Documents& documents = data.documents;
+  const bool unchanged =
+      documents.activeId == storedDocumentId && documents.activeVersion == serverDocumentVersion;
+  if (unchanged || documents.revisions.empty()) return;
+  documents.usedSpecificRevisionBefore = !IsAutomatic(documents);
+  serverDocumentVersion = IsAutomatic(documents) ? std::string() : documents.activeVersion;
+  if (IsAutomatic(documents)) return;
+  storedDocumentId = documents.activeId;
+  storedDocumentVersion = documents.activeVersion;
 }

@@ -23,10 +23,14 @@ struct KorWBAllDataBuffer::Content {
   bool mayReuseStoredResults = true;       ///< whether a compute may answer from results stored before
   bool computableWithUserMassType = true;  ///< whether a compute makes sense with a user mass type active
   std::string storedDocumentId;            ///< active document of the stored state
-  std::string storedDocumentVersion;       ///< likewise
+  std::string storedDocumentVersion;       ///< likewise, as the data were read or as the user chose it
+  std::string serverDocumentVersion;       ///< likewise, as the server has it: empty after an automatic save
   KorUnicodeString lastRefusal;            ///< why the last text was refused; empty: it was not
 
-  /// Takes over new wire data and works the millimetres out anew.
+  /// Takes over the wire data of a stored state.
+  void ReplaceStored(protocol::PartData newData);
+  /// Takes over other wire data of the same part, which the stored state goes on without, and works the
+  /// millimetres out anew.
   void Replace(protocol::PartData newData);
 
   /// Null when the mass type is not listed.
@@ -41,12 +45,14 @@ struct KorWBAllDataBuffer::Content {
   /// `text` is in millimetres when the property is a length. A value that does not differ from the present
   /// one keeps its metres.
   void SetPropertyText(std::size_t index, const std::string& text);
-  /// The data as they are now are the stored state of that token.
+  /// The data as they are now are the stored state of that token. Which document is active follows the rules
+  /// of the server.
   void SetSaved(const std::string& stateToken);
   /// Takes over the values of a compute; the bounds that the user typed stay.
   void SetComputed(const protocol::MassType& computed);
 
  private:
+  void SetSavedDocument();
   std::size_t IndexOf(const protocol::MassType& massType) const {
     return static_cast<std::size_t>(&massType - data.massTypes.data());
   }

@@ -31,11 +31,16 @@ using protocol::Result;
 struct PageName {
   const char* page;
   const char* name;
+  bool ofAssembly = true;
 };
 
 constexpr PageName kPageNames[] = {
-    {"TabPage002", "results"},   {"TabPage003", "mass-types"},      {"TabPage004", "material"},
-    {"TabPage005", "precision"}, {"TabPageDocuments", "documents"}, {"TabPageAdditional", "additional"},
+    {"TabPage002", "results"},
+    {"TabPage003", "mass-types"},
+    {"TabPage004", "material"},
+    {"TabPage005", "precision"},
+    {"TabPageDocuments", "documents", false},
+    {"TabPageAdditional", "additional", false},
 };
 
 /// A custom reference: a point and axes turned by a quarter about z.
@@ -122,7 +127,7 @@ Result<void> HeadlessRun::RunSteps() {
   if (auto done = ComputeInPanel("Above_yaw"); !done) return done;
   _window.TreeView().expand(_window.TreeView().currentIndex());
   if (auto done = Save(&_window, "window.png"); !done) return done;
-  if (auto done = SavePages("part-panel-"); !done) return done;
+  if (auto done = SavePages("part-panel-", Pages::OfAssembly); !done) return done;
   if (auto done = SaveUnitSystem("Imperial", "part-panel-imperial.png"); !done) return done;
   if (auto done = SaveUnitSystem("Mixed", "part-panel-mixed.png"); !done) return done;
   if (auto done = SaveTheme(ThemeChoice::Dark, "window-dark.png", "part-panel-dark.png"); !done) return done;
@@ -174,19 +179,27 @@ Result<void> HeadlessRun::ComputeInPanel(const std::string& part, const std::str
   return {};
 }
 
-Result<void> HeadlessRun::SavePages(const QString& start) {
+Result<void> HeadlessRun::SavePages(const QString& start, Pages wanted) {
   auto& pages = _window.PartPanel().Panel()->Find<KorDlgTabContainer>("TabContainer001");
   for (int i = 0; i < pages.GetPageCount(); ++i) {
     const KorDlgTabPage& page = *pages.GetPage(i);
     const auto named = std::find_if(std::begin(kPageNames), std::end(kPageNames),
                                     [&](const PageName& one) { return page.Name() == one.page; });
     if (named == std::end(kPageNames) || !page.IsShown() || !page.IsEnabled()) continue;
+    if (wanted == Pages::OfAssembly && !named->ofAssembly) continue;
     const QString file = start + named->name + ".png";
     if (_pictures.contains(file)) continue;
     if (!pages.Pick(i)) return Fail("the page \"" + page.Name() + "\" cannot be picked");
     if (auto done = Save(_window.PartPanel().Window(), file); !done) return done;
   }
   return pages.Pick(0) ? Result<void>() : Fail("the first page cannot be picked");
+}
+
+Result<void> HeadlessRun::PickPage(const std::string& page) {
+  auto& pages = _window.PartPanel().Panel()->Find<KorDlgTabContainer>("TabContainer001");
+  for (int i = 0; i < pages.GetPageCount(); ++i)
+    if (pages.GetPage(i)->Name() == page && pages.Pick(i)) return {};
+  return Fail("the page \"" + page + "\" cannot be picked");
 }
 
 Result<void> HeadlessRun::SaveUnitSystem(const char* system, const QString& file) {
@@ -205,17 +218,17 @@ Result<void> HeadlessRun::SaveTheme(ThemeChoice theme, const QString& windowFile
 }
 
 Result<void> HeadlessRun::SaveCustomReference() {
-  if (auto done = CheckReference("CustomReferenceButton"); !done) return done;
+  if (auto done = CheckInPanel(kReferenceMode + std::string("CustomReferenceButton")); !done) return done;
   for (const EditorText& one : kCustomReference)
     if (!_window.PartPanel().Panel()->Find<KorDlgEditor>(one.editor).Type(one.text))
       return Fail(std::string("\"") + one.editor + "\" cannot be typed into");
   if (!_window.PartPanel().Compute()) return Fail("the custom reference cannot be computed");
   if (auto done = Save(_window.PartPanel().Window(), "part-panel-custom.png"); !done) return done;
-  return CheckReference("CurrentPartButton");
+  return CheckInPanel(kReferenceMode + std::string("CurrentPartButton"));
 }
 
-Result<void> HeadlessRun::CheckReference(const std::string& button) {
-  auto& radio = _window.PartPanel().Panel()->Find<KorDlgRadioButton>(kReferenceMode + button);
+Result<void> HeadlessRun::CheckInPanel(const std::string& button) {
+  auto& radio = _window.PartPanel().Panel()->Find<KorDlgRadioButton>(button);
   return radio.Check() ? Result<void>() : Fail("\"" + button + "\" cannot be checked");
 }
 

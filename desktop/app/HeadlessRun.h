@@ -30,10 +30,13 @@ class HeadlessRun {
   /// Selects the part, opens the panel on it and computes it there.
   protocol::Result<PartValues> Compute(const std::string& part);
   protocol::Result<void> ShowInPanel(const std::string& part);
+  /// Pages of an assembly, which has neither documents nor properties of its own, or all.
+  enum class Pages { OfAssembly, All };
   /// A picture of each page that can be picked, named `start` and the page; those that are there stay.
-  protocol::Result<void> SavePages(const QString& start);
+  protocol::Result<void> SavePages(const QString& start, Pages pages);
+  protocol::Result<void> PickPage(const std::string& page);
   protocol::Result<void> SaveCustomReference();
-  protocol::Result<void> CheckReference(const std::string& button);
+  protocol::Result<void> CheckInPanel(const std::string& button);
   protocol::Result<void> SaveUnitSystem(const char* system, const QString& file);
   protocol::Result<void> SaveTheme(ThemeChoice theme, const QString& windowFile, const QString& panelFile);
   protocol::Result<void> Save(QWidget* window, const QString& file);
@@ -42,6 +45,8 @@ class HeadlessRun {
   protocol::Result<void> SaveValues();
   // editing
   protocol::Result<void> EditAndSave();
+  protocol::Result<void> ShowContent();
+  protocol::Result<void> SaveChoiceOfRevision();
   protocol::Result<void> TypeMass(const std::string& massType, const std::string& mass);
   protocol::Result<void> PressInPanel(const std::string& button);
   protocol::Result<void> SaveHistory(const std::string& part);

@@ -84,7 +84,7 @@ HistoryDialog::HistoryDialog(const std::string& part, QWidget* parent)
                    [this] { SaveAgain(protocol::HistoryMoment::After); });
   QObject::connect(_close, &QPushButton::clicked, this, [this] { close(); });
   RefreshTexts();
-  resize(760, 560);
+  resize(880, 560);
 }
 
 void HistoryDialog::Build() {

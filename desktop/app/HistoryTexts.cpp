@@ -85,6 +85,11 @@ QString Property(const QString& text, const Place& place) {
   return Joined(text, 1, [&](double value, std::size_t) { return ShowSi(magnitude->second, value); });
 }
 
+/// None is told of where the server finds the revision by itself.
+QString Revision(const QString& text, const Place&) {
+  return text.isEmpty() ? Text("History.Automatic") : text;
+}
+
 /// The texts of the numbers from 0 on.
 template <const char* const* keys, std::size_t count>
 QString Choice(const QString& text, const Place&) {
@@ -126,7 +131,7 @@ constexpr FieldRow kFields[] = {
     {"material.densityPriority", "History.Priority", Choice<kPriority, 2>},
     {"material.appliedOn", "History.AppliedOn", AsIs},
     {"documents.activeId", "History.Document", AsIs},
-    {"documents.activeVersion", "History.DocumentRevision", AsIs},
+    {"documents.activeVersion", "History.DocumentRevision", Revision},
     {"documents.usedSpecificRevisionBefore", "History.ChosenByHand", Choice<kYesNo, 2>},
     {"properties[].value", "History.Property", Property},
 };
@@ -139,7 +144,8 @@ const FieldRow* FindRow(const std::string& pattern) {
 
 QString Shown(const std::optional<std::string>& value, const FieldRow* row, const Place& place) {
   if (!value) return kNone;
-  return row ? row->show(ToQt(*value), place) : ToQt(*value);
+  const QString text = row ? row->show(ToQt(*value), place) : ToQt(*value);
+  return text.isEmpty() ? kNone : text;
 }
 
 }  // namespace

@@ -10,6 +10,8 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <cstddef>
+#include <optional>
 #include <utility>
 
 #include "desktop/app/Texts.h"
@@ -28,12 +30,34 @@ QStringList Lines(const QString& heading, const std::vector<std::string>& texts)
   return lines;
 }
 
+/// What an import counts. What a product may have or not is only told when there is any.
+struct Count {
+  std::size_t lumira::ImportReport::*number;
+  const char* one;
+  const char* many;
+  enum { Always, WhenAny } told;
+};
+
+constexpr Count kCounts[] = {
+    {&lumira::ImportReport::parts, "Count.Part", "Count.Parts", Count::Always},
+    {&lumira::ImportReport::instances, "Count.Instance", "Count.Instances", Count::Always},
+    {&lumira::ImportReport::massTypes, "Count.MassRow", "Count.MassRows", Count::Always},
+    {&lumira::ImportReport::filters, "Count.Filter", "Count.Filters", Count::WhenAny},
+    {&lumira::ImportReport::revisions, "Count.Revision", "Count.Revisions", Count::WhenAny},
+    {&lumira::ImportReport::properties, "Count.Property", "Count.Properties", Count::WhenAny},
+};
+
+QString CountsOf(const lumira::ImportReport& report) {
+  QStringList counts;
+  for (const Count& count : kCounts)
+    if (const std::size_t number = report.*count.number; number > 0 || count.told == Count::Always)
+      counts << CountedText(number, count.one, count.many);
+  return counts.join(", ");
+}
+
 QString ReportOf(const lumira::ImportReport& report, lumira::ImportMode mode) {
   QStringList lines{Text(mode == lumira::ImportMode::Write ? "Import.Done" : "Import.Checked",
-                         {ToQt(report.product), CountedText(report.parts, "Count.Part", "Count.Parts"),
-                          CountedText(report.instances, "Count.Instance", "Count.Instances"),
-                          CountedText(report.massTypes, "Count.MassRow", "Count.MassRows"),
-                          CountedText(report.filters, "Count.Filter", "Count.Filters")})};
+                         {ToQt(report.product), CountsOf(report)})};
   lines << Lines(Text("Import.LeftOut", {QString::number(report.leftOut.size())}), report.leftOut)
         << Lines(CountedText(report.warnings.size(), "Import.Warning", "Import.Warnings"), report.warnings);
   return lines.join('\n');
@@ -47,6 +71,8 @@ ImportDialog::ImportDialog(lumira::Store& store, QWidget* parent)
       _structure(new QLineEdit),
       _mass(new QLineEdit),
       _filters(new QLineEdit),
+      _documents(new QLineEdit),
+      _properties(new QLineEdit),
       _product(new QLineEdit),
       _replace(new QCheckBox(Text("Import.Replace"))),
       _leaveOut(new QCheckBox(Text("Import.LeaveOutUnknown"))),
@@ -57,7 +83,8 @@ ImportDialog::ImportDialog(lumira::Store& store, QWidget* parent)
   setWindowTitle(Text("Import.Title"));
   _product->setPlaceholderText(Text("Import.ProductHint"));
   _structure->setPlaceholderText(Text("Import.StructureHint"));
-  _filters->setPlaceholderText(Text("Import.FiltersHint"));
+  for (QLineEdit* edit : {_filters, _documents, _properties})
+    edit->setPlaceholderText(Text("Import.NoTableHint"));
   _report->setReadOnly(true);
   _report->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   _report->setPlaceholderText(Text("Import.ReportHint"));
@@ -67,6 +94,8 @@ ImportDialog::ImportDialog(lumira::Store& store, QWidget* parent)
   form->addRow(Text("Import.Structure"), MakeFileRow(_structure, "Import.Structure"));
   form->addRow(Text("Import.Mass"), MakeFileRow(_mass, "Import.Mass"));
   form->addRow(Text("Import.Filters"), MakeFileRow(_filters, "Import.Filters"));
+  form->addRow(Text("Import.Documents"), MakeFileRow(_documents, "Import.Documents"));
+  form->addRow(Text("Import.Properties"), MakeFileRow(_properties, "Import.Properties"));
   form->addRow(Text("Import.Product"), _product);
   form->addRow(QString(), _replace);
   form->addRow(QString(), _leaveOut);
@@ -84,7 +113,7 @@ ImportDialog::ImportDialog(lumira::Store& store, QWidget* parent)
   QObject::connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
   _check->setAutoDefault(false);
   _import->setDefault(true);
-  resize(720, 520);
+  resize(720, 580);
 }
 
 QWidget* ImportDialog::MakeFileRow(QLineEdit* edit, const char* titleKey) {
@@ -119,18 +148,29 @@ lumira::ImportOptions ImportDialog::Options(lumira::ImportMode mode) {
   return options;
 }
 
-Result<lumira::ImportReport> ImportDialog::Import(lumira::ImportMode mode) {
+Result<lumira::ImportTables> ImportDialog::ReadTables() const {
   lumira::ImportTables tables;
-  for (const auto& [edit, table] : {std::pair(_structure, &tables.structure), {_filters, &tables.filters}}) {
+  const std::pair<const QLineEdit*, std::optional<lumira::TableSource>&> besideMass[] = {
+      {_structure, tables.structure},
+      {_filters, tables.filters},
+      {_documents, tables.documents},
+      {_properties, tables.properties}};
+  for (const auto& [edit, table] : besideMass) {
     if (edit->text().trimmed().isEmpty()) continue;
     auto read = lumira::ReadTableFile(edit->text().toStdString());
     if (!read) return read.Failure();
-    *table = std::move(read).Value();
+    table = std::move(read).Value();
   }
   auto mass = lumira::ReadTableFile(_mass->text().toStdString());
   if (!mass) return mass.Failure();
   tables.mass = std::move(mass).Value();
-  return lumira::ImportProduct(_store, tables, Options(mode));
+  return tables;
+}
+
+Result<lumira::ImportReport> ImportDialog::Import(lumira::ImportMode mode) {
+  const auto tables = ReadTables();
+  if (!tables) return tables.Failure();
+  return lumira::ImportProduct(_store, tables.Value(), Options(mode));
 }
 
 void ImportDialog::Run(lumira::ImportMode mode) {

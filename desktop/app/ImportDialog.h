@@ -15,7 +15,7 @@ class QPushButton;
 namespace desktop {
 
 /// Imports a product into the open product file: from a table of the structure, one of the mass data and, if
-/// there is one, one of configuration filters.
+/// there are any, tables of configuration filters, documents and extra properties.
 /// "Check" reads and checks without writing. The report stays on the screen until the dialog is closed.
 class ImportDialog : public QDialog {
  public:
@@ -27,8 +27,11 @@ class ImportDialog : public QDialog {
   QLineEdit* StructureEdit() const { return _structure; }
   QLineEdit* MassEdit() const { return _mass; }
   QLineEdit* FiltersEdit() const { return _filters; }
+  QLineEdit* DocumentsEdit() const { return _documents; }
+  QLineEdit* PropertiesEdit() const { return _properties; }
   QLineEdit* ProductEdit() const { return _product; }
   QCheckBox* ReplaceBox() const { return _replace; }
+  QCheckBox* LeaveOutBox() const { return _leaveOut; }
   QPushButton* CheckButton() const { return _check; }
   QPushButton* ImportButton() const { return _import; }
   QString ReportText() const;
@@ -39,6 +42,7 @@ class ImportDialog : public QDialog {
   QWidget* MakeFileRow(QLineEdit* edit, const char* titleKey);
   void Run(lumira::ImportMode mode);
   void Keep(const lumira::ImportReport& report);
+  protocol::Result<lumira::ImportTables> ReadTables() const;
   protocol::Result<lumira::ImportReport> Import(lumira::ImportMode mode);
   lumira::ImportOptions Options(lumira::ImportMode mode);
   void ShowProgress(std::string_view what, std::size_t done, std::size_t total);
@@ -47,6 +51,8 @@ class ImportDialog : public QDialog {
   QLineEdit* _structure;
   QLineEdit* _mass;
   QLineEdit* _filters;
+  QLineEdit* _documents;
+  QLineEdit* _properties;
   QLineEdit* _product;
   QCheckBox* _replace;
   QCheckBox* _leaveOut;

@@ -31,7 +31,7 @@ protocol::Result<void> PartPanelHost::Show(const std::string& partDataText) {
   auto buffer = LumWBAllDataBuffer_var::Adopt(new LumWBAllDataBuffer);
   if (Failed(buffer->SetAllData(partDataText, true)))
     return protocol::Error{protocol::ErrorKind::BadText, buffer->GetLastRefusal().Utf8()};
-  // Bound anew, a panel in edit mode would stay in it, with editors open for a part that nobody edits.
+  // After a save that failed, binding would leave "ComputeButton" off for a part that nobody has edited.
   if (_panel && (HasUnsavedValues() || !HasSamePages(*_buffer, *buffer))) Close();
   _buffer = buffer;
   if (_panel)

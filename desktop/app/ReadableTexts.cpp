@@ -64,6 +64,13 @@ bool IsDate(const KorUnicodeString& text, const KorUnicodeString& format) {
       Definitions::dateHMSFieldDelimiter1, KorWBServices::DateFields::Date, time));
 }
 
+/// A number that has no place in the storage unit is not stored either.
+QString ProblemOfSize(const KorUnicodeString& text, const char* magnitude) {
+  const auto number = ReadWhole(WithoutSuffix(ToQt(text), SymbolOf(magnitude)));
+  if (!number || std::isfinite(KorWBServices::RestoreValue(*number, magnitude))) return {};
+  return Text("Mark.TooLarge", {Shown(ToQt(text))});
+}
+
 QString ProblemOfReal(const LumWBAllDataBuffer& buffer, int index, const KorUnicodeString& text) {
   if (!buffer.GetIsMagnitude(index)) return ProblemOfNumber(ToQt(text), {});
   return FindQuantityProblem(text, buffer.GetPropMagnitudeType(index).ConvertToChar());
@@ -72,12 +79,8 @@ QString ProblemOfReal(const LumWBAllDataBuffer& buffer, int index, const KorUnic
 }  // namespace
 
 QString FindQuantityProblem(const KorUnicodeString& text, const char* magnitude) {
-  const QString symbol = SymbolOf(magnitude);
-  const auto number = ReadWhole(WithoutSuffix(ToQt(text), symbol));
-  // A number that has no place in the storage unit is not stored either.
-  if (number && !std::isfinite(KorWBServices::RestoreValue(*number, magnitude)))
-    return Text("Mark.TooLarge", {Shown(ToQt(text))});
-  return ProblemOfNumber(ToQt(text), symbol);
+  const QString problem = ProblemOfSize(text, magnitude);
+  return problem.isEmpty() ? ProblemOfNumber(ToQt(text), SymbolOf(magnitude)) : problem;
 }
 
 QString FindExpressionProblem(const KorUnicodeString& text, const char* magnitude) {
@@ -94,6 +97,10 @@ QString FindPercentProblem(const KorUnicodeString& text) { return ProblemOfNumbe
 QString FindPropertyProblem(const LumWBAllDataBuffer& buffer, int index, const KorUnicodeString& text) {
   const KorUnicodeString stripped = text.Strip();
   if (stripped.IsEmpty()) return {};
+  const KorUnicodeString magnitude = buffer.GetPropMagnitudeType(index);
+  if (buffer.GetIsMagnitude(index))
+    if (const QString problem = ProblemOfSize(stripped, magnitude.ConvertToChar()); !problem.isEmpty())
+      return problem;
   const int type = buffer.GetPropertyType(index);
   if (type == kReal) return ProblemOfReal(buffer, index, stripped);
   if (type != kIntegerOrDate) return {};

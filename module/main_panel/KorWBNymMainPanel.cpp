@@ -44,7 +44,6 @@ KorString KorWBNymMainPanel::GetResourceFilename(int index) const {
 
 HRESULT KorWBNymMainPanel::SetModel(KorWBAllDataBuffer* buffer) {
   KORWB_PART_TRACE("SetModel");
-  EndRevisionChoice();
   _dataBuffer = buffer;
   ReadPartFromBuffer();
   if (_dataBuffer && !_widgets.tabs) Build();  // the panel was opened without a buffer

@@ -34,10 +34,12 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   /// "KorWBNymMainPanel", then what the base class answers.
   KorString GetResourceFilename(int index) const override;
 
-  /// Binds another buffer, or none, and refreshes. Which pages the panel has was decided when it was laid
-  /// out. Returns E_FAIL, whatever happened: callers ignore it and the value is kept as it is.
+  /// Binds another buffer, or none, and refreshes, which ends edit mode. Which pages the panel has was
+  /// decided when it was laid out. Returns E_FAIL, whatever happened: callers ignore it and the value is kept
+  /// as it is.
   HRESULT SetModel(KorWBAllDataBuffer* buffer);
-  /// Fills every page from the buffer; S_OK, also without a buffer.
+  /// Fills every page from the buffer; S_OK, also without a buffer, when nothing is done. Ends edit mode as a
+  /// save does, without storing what was typed.
   HRESULT RefreshPanelWithInfo();
 
   /// Adds and removes the subscriptions to the four unit-change events of the units manager.
@@ -184,6 +186,10 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   void FillPasteValues();
   void OfferCommands();
   void OfferActiveDocument();
+  void LeaveEditMode();
+  void EndChoiceWhereMaterialApplies();
+  void OfferDisplay(const KorUnicodeString& activeType);
+  void GiveUpEditMode();
   bool CheckDataModification(bool documentsOnly) const;
   bool IsMassTypeAsStored() const;
   bool IsMaterialAsStored() const;
@@ -191,6 +197,7 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
 
   // save
   void StoreCalculationStatus();
+  bool ShowsNoMass(const KorUnicodeString& massType) const;
   void StoreShownMassType();
   void StoreDistribution(const KorUnicodeString& shownType, const KorWBNymNavMassValues& stored);
   void StoreNoDistribution(const KorUnicodeString& shownType);
@@ -199,7 +206,6 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   bool AcceptMaterial();
   void StorePrecision(const KorUnicodeString& activeType);
   void StoreBounds(const KorUnicodeString& activeType);
-  void LeaveEditMode();
   void StoreActiveDocument();
   void StoreChosenDocument();
   void StoreProperties();
@@ -239,6 +245,7 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   void BrowseStatistics(int step);
   void StoreStandardPart();
   void FillPrecisionCombos();
+  void ShowPrecisionOf(const KorUnicodeString& active, KorNotify typeSelection);
   void OfferBounds();
   void SetBoundsSensitivity(KorSensitivity sensitivity);
   void ShowBounds(const KorUnicodeString& massType, int precisionType, int valueType);

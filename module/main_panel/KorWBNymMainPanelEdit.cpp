@@ -1,5 +1,5 @@
 // Edit mode: which widgets can be changed while it lasts. It is no flag but the sensitivities set here; a
-// save ends it.
+// save ends it, and so does a refresh of the whole panel.
 
 #include "module/main_panel/KorWBNymMainPanel.h"
 
@@ -10,6 +10,7 @@
 #include "framework/dialog/KorDlgLabel.h"
 #include "framework/dialog/KorDlgPushButton.h"
 #include "framework/dialog/KorDlgRadioButton.h"
+#include "framework/dialog/KorDlgTabContainer.h"
 #include "module/main_panel/KorWBNymMainPanelSensitivity.h"
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
 #include "module/shared/KorWBNymNavMassValues.h"
@@ -21,6 +22,7 @@ using enum KorSensitivity;
 
 namespace {
 constexpr int kUserDefinedPrecision = 1;
+constexpr const char* kApplyMaterialOn = "Apply material on:";
 }  // namespace
 
 void KorWBNymMainPanel::OnEditNotification(KorCommand*, KorNotification*, KorCommandClientData) {
@@ -36,7 +38,7 @@ void KorWBNymMainPanel::OnEditNotification(KorCommand*, KorNotification*, KorCom
   if (Pdm().AdditionalInfoRequested() && _widgets.additionalPage)
     _widgets.propertyValue->SetSensitivity(Enabled);
   if (!Pdm().HasInstInLUMIRA()) {
-    _widgets.definedFor->SetTitle("Apply material on:");
+    _widgets.definedFor->SetTitle(kApplyMaterialOn);
     KorWBNymMainPanelSetSensitivity({_widgets.applyOnInstance, _widgets.applyOnReference}, Enabled);
   }
 }
@@ -122,6 +124,48 @@ void KorWBNymMainPanel::OfferActiveDocument() {
   OrganizeActiveDocsComboBox();
 }
 
+/// What a save disables. The values to paste stay as they are, and so does "DeleteButton".
+void KorWBNymMainPanel::LeaveEditMode() {
+  const KorWBNymMainPanelWidgets& w = _widgets;
+  KorWBNymMainPanelSetSensitivity({w.activeMass, w.mtMass}, Disabled);
+  SetDistributionSensitivity(Disabled);
+  KorWBNymMainPanelSetSensitivity({w.density, w.material, w.firstPriority, w.precisionType, w.upperPrecision,
+                                   w.lowerPrecision, w.precisionValueType, w.save, w.standardPart},
+                                  Disabled);
+  if (w.documentsPage)
+    KorWBNymMainPanelSetSensitivity({w.changeActiveDoc, w.activeDocLatest, w.activeDocUserSelected},
+                                    Disabled);
+  if (w.additionalPage) w.propertyValue->SetSensitivity(Disabled);
+  w.edit->SetSensitivity(Enabled);
+}
+
+void KorWBNymMainPanel::EndChoiceWhereMaterialApplies() {
+  _widgets.definedFor->SetTitle("Material applied to: ");
+  KorWBNymMainPanelSetSensitivity({_widgets.applyOnInstance, _widgets.applyOnReference}, Disabled);
+}
+
+/// What can be done outside edit mode once everything is stored.
+void KorWBNymMainPanel::OfferDisplay(const KorUnicodeString& activeType) {
+  const KorWBNymMainPanelWidgets& w = _widgets;
+  if (w.tabs->GetSelectedPage() == 0) {
+    KorWBNymMainPanelSetSensitivity({w.inertiaModeFrame, w.referenceModeFrame}, Enabled);
+    if (w.customReference->IsChecked()) w.customFrame->SetSensitivity(Enabled);
+  }
+  const bool computable = _dataBuffer->IsComputableWithUserMassType() ||
+                          activeType.Compare(KorLumWBCSCommonDefinitions::Computed) != 0;
+  w.compute->SetSensitivity(KorEnabledIf(computable));
+}
+
+/// The display is built anew from the buffer, perhaps that of another part: what was typed is given up, and
+/// the panel is as after a save. Outside edit mode nothing changes.
+void KorWBNymMainPanel::GiveUpEditMode() {
+  if (!IsInEditMode()) return;
+  EndRevisionChoice();
+  LeaveEditMode();
+  if (_widgets.definedFor->GetTitle() == kApplyMaterialOn) EndChoiceWhereMaterialApplies();
+  OfferDisplay(_dataBuffer->GetActiveMassType());
+}
+
 // Wipes the values in the buffer and on the screen; the server learns of it with the next save.
 void KorWBNymMainPanel::OnDeleteNotification(KorCommand*, KorNotification*, KorCommandClientData) {
   KORWB_PART_TRACE("OnDeleteNotification");
@@ -138,7 +182,8 @@ void KorWBNymMainPanel::OnDeleteNotification(KorCommand*, KorNotification*, KorC
   // Both combos list the same mass types in the same order.
   if (w.massType->GetSelect() != w.activeMass->GetSelect()) return;
   _dataBuffer->SetMassTypeDefined(KorLumWBCSCommonDefinitions::Computed, true);
-  // With notification: the precision page would else go on showing, and the next save store for the new
-  // active mass type, the bounds of the deleted one.
-  w.activeMass->SetSelect(0, KorNotify::Send);
+  // Without notification, so that sensitivities stay as they are. The precision page follows all the same: it
+  // would else go on showing the bounds of the deleted mass type, and the next save store them for this one.
+  w.activeMass->SetSelect(0);
+  ShowPrecisionOf(w.activeMass->GetSelectedLine(), KorNotify::Silent);
 }

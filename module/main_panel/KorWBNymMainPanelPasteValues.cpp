@@ -50,10 +50,10 @@ void KorWBNymMainPanel::OnMTPasteValuesComboModifyNotification(KorCommand*, KorN
   if (!source.IsEmpty()) PasteValuesOf(source);
 }
 
-/// Without values of the source the editors keep theirs.
+/// Values that are out of date are values too. Without any of the source the editors keep theirs.
 void KorWBNymMainPanel::PasteValuesOf(const KorUnicodeString& source) {
   const bool standard = Pdm().IsStandatadPart();
-  if (_dataBuffer->GetMassTypeDefined(source) == KorWBAllDataBuffer::kDefined) {
+  if (_dataBuffer->GetMassTypeDefined(source) != KorWBAllDataBuffer::kNotDefined) {
     auto values = KorWBNymNavMassValues::ReadEach(*_dataBuffer, source);
     Display::ShowIn(Display::kMass, _widgets.mtMass, values.mass);
     if (standard) {

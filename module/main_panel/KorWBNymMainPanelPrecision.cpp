@@ -89,17 +89,23 @@ HRESULT KorWBNymMainPanel::RefreshPrecisionTab() {
 void KorWBNymMainPanel::OnActiveTypeChangeNotification(KorCommand*, KorNotification*, KorCommandClientData) {
   if (!_dataBuffer) return;
   const KorUnicodeString active = _widgets.activeMass->GetSelectedLine();
-  _widgets.activeTypeShown->SetText(active);
-  const int type = _dataBuffer->GetPrecisionType(active) == kOfTheMassType ? kOfTheMassType : kTypedByTheUser;
-  const int valueType = _dataBuffer->GetPrecisionValueType(active) == kRelative ? kRelative : kAbsolute;
-  FillPrecisionCombos();
-  _widgets.precisionType->SetSelect(type, KorNotify::Send);
-  _widgets.precisionValueType->SetSelect(valueType);
-  ShowBounds(active, type, _widgets.precisionValueType->GetSelect());
+  ShowPrecisionOf(active, KorNotify::Send);
   // The active mass type cannot be deleted.
   if (_widgets.deleteValues->IsEnabled())
     _widgets.deleteValues->SetSensitivity(
         KorEnabledIf(!_widgets.massType->GetSelectedLine().Compare(active)));
+}
+
+/// Name, types and bounds. `typeSelection`: whether the selection of the precision type is told of, which
+/// sets the sensitivities of the bounds.
+void KorWBNymMainPanel::ShowPrecisionOf(const KorUnicodeString& active, KorNotify typeSelection) {
+  _widgets.activeTypeShown->SetText(active);
+  const int type = _dataBuffer->GetPrecisionType(active) == kOfTheMassType ? kOfTheMassType : kTypedByTheUser;
+  const int valueType = _dataBuffer->GetPrecisionValueType(active) == kRelative ? kRelative : kAbsolute;
+  FillPrecisionCombos();
+  _widgets.precisionType->SetSelect(type, typeSelection);
+  _widgets.precisionValueType->SetSelect(valueType);
+  ShowBounds(active, type, valueType);
 }
 
 void KorWBNymMainPanel::OnTypeComboModifyNotification(KorCommand*, KorNotification*, KorCommandClientData) {
@@ -144,7 +150,8 @@ void KorWBNymMainPanel::OnPrecisionEditorFocusNotification(KorCommand* sender, K
                                                            KorCommandClientData data) {
   auto* editor = dynamic_cast<KorDlgEditor*>(sender);
   if (!editor) return;
-  const bool leaves = data == KorWBNymMainPanelFocus::kLeaves;
+  // A bound without a value is rewritten as little as it is stored.
+  const bool leaves = data == KorWBNymMainPanelFocus::kLeaves && editor->GetText() != Display::kNoValue;
   if (leaves && _widgets.precisionValueType->GetSelect() == kRelative) {
     editor->SetText(Percent(editor->GetValue()));
     return;

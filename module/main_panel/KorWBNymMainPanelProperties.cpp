@@ -38,25 +38,28 @@ bool IsDate(const KorUnicodeString& text, const KorUnicodeString& format) {
              Definitions::dateHMSFieldDelimiter1, KorWBServices::DateFields::Date, time) == S_OK;
 }
 
+/// A text typed for a property as it is stored: of a magnitude in the storage unit. What no number opens
+/// stays as it is: it has been reported, and the user corrects it. Nothing for a number that is too large
+/// there.
+std::optional<KorUnicodeString> AsStored(const LumWBAllDataBuffer& buffer, int property,
+                                         const KorUnicodeString& text) {
+  double number = 0;
+  if (!buffer.GetIsMagnitude(property) || text.ConvertToNum(&number, "%le") == 0) return text;
+  const double stored = KorWBServices::RestoreValue(number, buffer.GetPropMagnitudeType(property));
+  if (!std::isfinite(stored)) return std::nullopt;
+  KorUnicodeString converted;
+  converted.BuildFromNum(stored, Definitions::FormatDouble.ConvertToChar());
+  return converted;
+}
+
 /// What the text should have been, as the message calls it; null when it suits the property.
 const char* FindUnsuitable(const LumWBAllDataBuffer& buffer, int property, const KorUnicodeString& text) {
   const int type = buffer.GetPropertyType(property);
+  if (!AsStored(buffer, property, text)) return " \"Real\" ";
   if (type == kReal) return IsReal(text) ? nullptr : " \"Real\" ";
   if (type != kIntegerOrDate) return nullptr;
   if (!buffer.GetIsDate(property)) return IsInteger(text) ? nullptr : " \"Integer\" ";
   return IsDate(text, buffer.GetDateFormatForExtraProperties()) ? nullptr : " \"Date\" ";
-}
-
-/// A text typed in the current unit of a magnitude as it is stored. What no number opens stays as it is: it
-/// has been reported, and the user corrects it.
-KorUnicodeString InStorageUnit(const KorUnicodeString& text, const KorUnicodeString& magnitude) {
-  double number = 0;
-  if (text.ConvertToNum(&number, "%le") == 0) return text;
-  const double stored = KorWBServices::RestoreValue(number, magnitude);
-  if (!std::isfinite(stored)) return text;
-  KorUnicodeString converted;
-  converted.BuildFromNum(stored, Definitions::FormatDouble.ConvertToChar());
-  return converted;
 }
 
 }  // namespace
@@ -97,16 +100,15 @@ void KorWBNymMainPanel::ValidateAndUpdateBufferAndPropEditor(bool keepBuffer) {
   _editedPropertyIndex = _widgets.propertyName->GetSelect();
 }
 
-/// The validation only reports: the text is stored whatever the verdict. A text that is still the one that
-/// shows the stored value is not stored again, so that a magnitude keeps the digits that are not shown.
+/// The validation only reports: the text is stored whatever the verdict, but for a number that cannot be. A
+/// text that is still the one that shows the stored value is not stored again, so that a magnitude keeps the
+/// digits that are not shown.
 void KorWBNymMainPanel::StoreEditedProperty() {
   const int property = _editedPropertyIndex + 1;
   const KorUnicodeString& text = _widgets.propertyValue->GetText();
   ValidatePropertyValue(property, text);
   if (text == ShownPropertyValue(property)) return;
-  Pdm().SetPropertyValue(property, Pdm().GetIsMagnitude(property)
-                                       ? InStorageUnit(text, Pdm().GetPropMagnitudeType(property))
-                                       : text);
+  if (const auto value = AsStored(Pdm(), property, text)) Pdm().SetPropertyValue(property, *value);
 }
 
 /// `property` counts from 1.

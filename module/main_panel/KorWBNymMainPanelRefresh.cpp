@@ -13,6 +13,7 @@
 HRESULT KorWBNymMainPanel::RefreshPanelWithInfo() {
   KORWB_PART_TRACE("RefreshPanelWithInfo");
   if (!_dataBuffer) return S_OK;
+  GiveUpEditMode();
   RefreshSelection();
   RefreshLamps();
   RefreshActiveDocument();

@@ -149,6 +149,8 @@ void KorWBNymMainPanel::OnApplyActiveDocNotification(KorCommand*, KorNotificatio
   if (id != _activeDocId || revision != _activeDocVersion) LoadRevision(id, revision);
 }
 
+/// `revision` is empty when the selected line is none of the revisions, such as "ERROR!": asked for like
+/// that, since an unset revision is accepted.
 void KorWBNymMainPanel::LoadRevision(const KorUnicodeString& id, const KorUnicodeString& revision) {
   const KorUnicodeString request = id + "|" + revision;
   KorWBPartTraceLine("String to send to the server for the active document : ", request);
@@ -192,7 +194,8 @@ void KorWBNymMainPanel::OnActiveDocUsrSelNotification(KorCommand*, KorNotificati
 /// Brings "ActiveDocsCombo" in line with the radio buttons. Both of them tell of a change, and edit mode
 /// comes again and again: an empty line that ends the list already is the one to select, so that there is
 /// never more than one at the end and the walk below, which passes over the line behind a deleted one, meets
-/// all.
+/// all. By hand the line of the last save is selected; when there is none, that of the active document, and
+/// never one that nobody has picked.
 void KorWBNymMainPanel::OrganizeActiveDocsComboBox() {
   KorDlgCombo& combo = *_widgets.activeDocs;
   if (_widgets.activeDocLatest->IsChecked()) {
@@ -203,6 +206,7 @@ void KorWBNymMainPanel::OrganizeActiveDocsComboBox() {
   }
   for (int line = 0; line < combo.GetLineCount(); ++line)
     if (combo.GetLine(line).IsEmpty()) combo.DeleteLine(line);
+  combo.SetSelect(RevisionLine(_activeDocVersion));  // stays where no line is the remembered one
   combo.SetSelect(_selectedActiveDocLine, KorNotify::Send);
 }
 

@@ -4,13 +4,9 @@
 #include "module/main_panel/KorWBNymMainPanel.h"
 
 #include "framework/dialog/KorApplicationFrame.h"
-#include "framework/dialog/KorDlgCheckButton.h"
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgEditor.h"
-#include "framework/dialog/KorDlgFrame.h"
-#include "framework/dialog/KorDlgPushButton.h"
 #include "framework/dialog/KorDlgRadioButton.h"
-#include "framework/dialog/KorDlgTabContainer.h"
 #include "module/main_panel/KorWBNymMainPanelSensitivity.h"
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
 #include "module/shared/KorWBNymNavServerChannel.h"
@@ -31,7 +27,7 @@ void KorWBNymMainPanel::OnSaveNotification(KorCommand*, KorNotification*, KorCom
   StoreMaterial();
   if (!AcceptMaterial()) return;
   StorePrecision(activeType);
-  LeaveEditMode();
+  LeaveEditMode();  // before the request is sent, so that an error of the server leaves the panel out of it
   StoreActiveDocument();
   StoreProperties();
   SendSave(activeType);
@@ -47,17 +43,9 @@ void KorWBNymMainPanel::StoreCalculationStatus() {
   if (!upToDate) ShowCalculationLamp(Lamp::Red);
 }
 
-/// Before the request is sent, so that an error of the server leaves the panel out of edit mode.
-void KorWBNymMainPanel::LeaveEditMode() {
-  const KorWBNymMainPanelWidgets& w = _widgets;
-  KorWBNymMainPanelSetSensitivity({w.activeMass, w.mtMass}, Disabled);
-  SetDistributionSensitivity(Disabled);
-  KorWBNymMainPanelSetSensitivity({w.density, w.material, w.firstPriority, w.precisionType, w.upperPrecision,
-                                   w.lowerPrecision, w.precisionValueType, w.save, w.standardPart},
-                                  Disabled);
-  w.edit->SetSensitivity(Enabled);
-}
-
+/// The buffer holds "__null__" only until the reply: one that says that the values are stored gives it the
+/// stored document back. After an error of the server, and after a reply that cannot be read, it stays, and
+/// the next refresh shows it: kept as it is.
 void KorWBNymMainPanel::StoreActiveDocument() {
   if (!HasDocumentRevisions()) {
     Pdm().SetActiveDocId(Definitions::NullValue);
@@ -69,7 +57,6 @@ void KorWBNymMainPanel::StoreActiveDocument() {
 
 void KorWBNymMainPanel::StoreChosenDocument() {
   const KorWBNymMainPanelWidgets& w = _widgets;
-  KorWBNymMainPanelSetSensitivity({w.changeActiveDoc, w.activeDocLatest, w.activeDocUserSelected}, Disabled);
   _selectedActiveDocLine = w.activeDocs->GetSelectedLine();
   KorUnicodeString id;
   KorUnicodeString revision;
@@ -92,7 +79,6 @@ void KorWBNymMainPanel::StoreProperties() {
   constexpr bool kKeepBuffer = false;
   if (!Pdm().AdditionalInfoRequested() || !_widgets.additionalPage) return;
   ValidateAndUpdateBufferAndPropEditor(kKeepBuffer);
-  _widgets.propertyValue->SetSensitivity(Disabled);
 }
 
 void KorWBNymMainPanel::SendSave(const KorUnicodeString& activeType) {
@@ -120,11 +106,5 @@ void KorWBNymMainPanel::TakeSaveReply(const KorUnicodeString& reply) {
 void KorWBNymMainPanel::ShowAsSaved(const KorUnicodeString& activeType) {
   const KorWBNymMainPanelWidgets& w = _widgets;
   KorWBNymMainPanelSetSensitivity({w.upperPrecision, w.lowerPrecision, w.precisionValueType}, Disabled);
-  if (w.tabs->GetSelectedPage() == 0) {
-    KorWBNymMainPanelSetSensitivity({w.inertiaModeFrame, w.referenceModeFrame}, Enabled);
-    if (w.customReference->IsChecked()) w.customFrame->SetSensitivity(Enabled);
-  }
-  const bool computable =
-      _dataBuffer->IsComputableWithUserMassType() || activeType.Compare(Definitions::Computed) != 0;
-  w.compute->SetSensitivity(KorEnabledIf(computable));
+  OfferDisplay(activeType);
 }

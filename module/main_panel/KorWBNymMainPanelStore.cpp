@@ -63,6 +63,7 @@ KorMath3x3Matrix ReadInertia(const KorWBNymMainPanelWidgets::Editors6& editors,
 /// The text of a bound as it was typed, in the form in which bounds are shown.
 void ShowTypedBound(KorDlgEditor& editor, int valueType) {
   const auto mass = Display::Of(Display::kMass);
+  if (editor.GetText() == Display::kNoValue) return;
   if (valueType != kAbsolute)
     editor.SetText(KorWBNymNavEditedValue::ShowPercent(editor.GetValue()));
   else if (mass)
@@ -71,13 +72,19 @@ void ShowTypedBound(KorDlgEditor& editor, int valueType) {
 
 }  // namespace
 
+/// A mass that is not there is shown as 0; it stays away until somebody types one.
+bool KorWBNymMainPanel::ShowsNoMass(const KorUnicodeString& massType) const {
+  return !_dataBuffer->HasMass(massType) &&
+         KorWBNymNavEditedValue::Shows(*_widgets.mtMass, Display::kMass, 0);
+}
+
 /// Nothing of the mass type is stored when its mass is no number.
 void KorWBNymMainPanel::StoreShownMassType() {
   const KorUnicodeString shownType = _widgets.massType->GetSelectedLine();
   auto stored = KorWBNymNavMassValues::ReadEach(*_dataBuffer, shownType);
   if (const auto mass = KorWBNymNavEditedValue::Read(*_widgets.mtMass, Display::kMass, stored.mass)) {
     stored.mass = *mass;
-    _dataBuffer->SetMass(shownType, *mass);
+    if (!ShowsNoMass(shownType)) _dataBuffer->SetMass(shownType, *mass);
     _dataBuffer->SetMassTypeDefined(shownType, true);
     RefreshMassUnits();
     Pdm().SetStandardPart(_widgets.standardPart->IsChecked());
@@ -113,7 +120,8 @@ void KorWBNymMainPanel::StoreNoDistribution(const KorUnicodeString& shownType) {
   _dataBuffer->SetInertia(shownType, KorMath3x3Matrix());
 }
 
-/// A density that is not defined is shown as 0; it stays undefined until somebody types one.
+/// A density that is not defined is shown as 0; it stays undefined until somebody types one. One that is no
+/// number makes it undefined: of a part without an instance, a density of 0 that ends the save. Kept so.
 void KorWBNymMainPanel::StoreDensity() {
   const double stored = _dataBuffer->GetDensity();
   if (!_dataBuffer->IsDensityDefined() &&
@@ -149,9 +157,7 @@ bool KorWBNymMainPanel::AcceptMaterial() {
     _appliedOnObject = _widgets.applyOnInstance->IsChecked() ? Definitions::partInst : Definitions::partRef;
     Pdm().SetAppliedOnObject(_appliedOnObject);
   }
-  _widgets.definedFor->SetTitle("Material applied to: ");
-  KorWBNymMainPanelSetSensitivity({_widgets.applyOnInstance, _widgets.applyOnReference},
-                                  KorSensitivity::Disabled);
+  EndChoiceWhereMaterialApplies();
   return true;
 }
 
@@ -166,6 +172,7 @@ void KorWBNymMainPanel::StoreBounds(const KorUnicodeString& activeType) {
   const int valueType = _widgets.precisionValueType->GetSelect();
   const bool sameValueType = _dataBuffer->GetPrecisionValueType(activeType) == valueType;
   const auto read = [&](const KorDlgEditor& editor, double bound) {
+    if (editor.GetText() == Display::kNoValue) return bound;  // the percentage of no mass: nobody typed it
     const auto stored = sameValueType ? std::optional(bound) : std::nullopt;
     return valueType == kRelative ? KorWBNymNavEditedValue::ReadPercent(editor, stored)
                                   : KorWBNymNavEditedValue::Read(editor, Display::kMass, stored).value_or(0);

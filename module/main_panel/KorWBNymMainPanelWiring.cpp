@@ -45,6 +45,9 @@ void KorWBNymMainPanel::WireHandlers() {
   if (w.documentsPage) WireDocumentsPage();
   if (w.additionalPage)
     KorWBNymNavWireHandlers(this, {{w.propertyName, ComboSelect, &Panel::OnPropertyNameComboChange}});
+  // "ApplyOnInstance" is not wired: the button that it unchecks tells of the change. Where none is checked
+  // yet, choosing the instance shows nothing, and what was typed before is remembered for neither: kept as it
+  // is.
   if (!Pdm().HasInstInLUMIRA())
     KorWBNymNavWireHandlers(this, {{w.applyOnReference, RadioModify, &Panel::OnApplyMaterialRadioBModify}});
 }

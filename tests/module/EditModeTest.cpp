@@ -1,25 +1,14 @@
-#include "framework/dialog/KorDlgEditor.h"
-#include "framework/dialog/KorDlgRadioButton.h"
+#include "framework/dialog/KorMsgCatalog.h"
 #include "tests/module/EditTest.h"
-#include "tests/support/TraceCapture.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
 
-using Names = std::vector<std::string>;
+const std::vector<std::string> kBounds = {"LowerValueEditor", "UpperValueEditor"};
 
-const Names kDistribution = {"MTCGxEditor", "MTCGyEditor", "MTCGzEditor", "MTIxxEditor", "MTIyyEditor",
-                             "MTIzzEditor", "MTIyzEditor", "MTIxzEditor", "MTIxyEditor"};
-const Names kBounds = {"LowerValueEditor", "UpperValueEditor"};
-
-class EditMode : public EditTest {
- protected:
-  void ExpectEnabled(const Names& names, bool enabled) {
-    for (const std::string& name : names) EXPECT_EQ(IsEnabled(name), enabled) << name;
-  }
-};
+using EditMode = EditTest;
 
 // ---- a user mass type ----
 
@@ -187,6 +176,39 @@ TEST_F(EditMode, OfAPartWithAnInstanceDoesNotAskWhereTheMaterialApplies) {
   EXPECT_EQ(Title("Material defined for the: "), "Material defined for the:");
 }
 
+TEST_F(EditMode, OfRevisionsThatMayNotBeUsedOffersNoChoiceAndSavesNone) {
+  protocol::PartData part = SamplePartWithDocuments();
+  part.documents.used = false;
+  Edit(part);
+  const protocol::PartData sent = Save();
+  EXPECT_EQ(sent.documents.activeId, "__null__");
+  EXPECT_EQ(sent.documents.activeVersion, "__null__");
+  EXPECT_TRUE(sent.computed) << "no revision is compared";
+}
+
+TEST_F(EditMode, KeepsItsTitlesInAnotherLanguage) {
+  protocol::PartData part = SamplePart();
+  part.hasInstance = false;
+  Edit(part);
+  KorMsgCatalog::SetLanguage("de");
+  Panel().ReloadTexts();
+  EXPECT_EQ(Title("Material defined for the: "), "Apply material on:");
+  EXPECT_NE(Title("EditButton"), "Edit") << "the others are those of the language";
+  KorMsgCatalog::SetLanguage("en");
+}
+
+TEST_F(EditMode, OfTheComputedMassTypeClearsThePasteLinesOfTheOneBefore) {
+  Edit(SamplePart());
+  Pick("MTPasteValuesCombo", "Weighed");
+  Type("MTMassEditor", "3");
+  Save();
+  Pick("MassTypeCombo", "Computed");
+  ExpectEnabled({"MTPasteValuesCombo", "UpdatePropertiesButton"}, true);
+  Press("EditButton");
+  ExpectEnabled({"MTPasteValuesCombo", "UpdatePropertiesButton"}, false);
+  EXPECT_THAT(Lines("MTPasteValuesCombo"), IsEmpty());
+}
+
 // ---- delete ----
 
 TEST_F(EditMode, ComingFromDisplayModeKeepsDeleteDisabledSinceSaveIsEnabledLaterOnly) {
@@ -213,211 +235,6 @@ TEST_F(EditMode, KeepsDeleteOfAnUndefinedMassTypeDisabledEvenWhenSaveWasEnabledA
   EXPECT_FALSE(IsEnabled("DeleteButton"));
 }
 
-class Delete : public EditTest {
- protected:
-  /// In edit mode on the mass type, with "DeleteButton" enabled.
-  void OfferDelete(const protocol::PartData& part, const std::string& shownType) {
-    Edit(part, shownType);
-    Widget("DeleteButton").SetSensitivity(KorSensitivity::Enabled);
-  }
-};
-
-TEST_F(Delete, WipesTheValuesOnTheScreenAndInTheBufferAndAsksNoServer) {
-  OfferDelete(SamplePart(), "Estimated");
-  Press("DeleteButton");
-  EXPECT_EQ(Text("MTMassEditor"), "...");
-  for (const char* editor : {"MTCGxEditor", "MTCGyEditor", "MTCGzEditor"}) EXPECT_EQ(Text(editor), "...");
-  EXPECT_EQ(MTMoments() + ", " + MTProducts(), "..., ..., ..., ..., ..., ...");
-  EXPECT_EQ(Buffer().GetMassTypeDefined("Estimated"), KorWBAllDataBuffer::kNotDefined);
-  EXPECT_EQ(Buffer().GetMass("Estimated"), 0);
-  EXPECT_EQ(Buffer().GetCG("Estimated"), nullptr);
-  EXPECT_EQ(Buffer().GetInertia("Estimated"), nullptr);
-  EXPECT_THAT(Server().Requests(), IsEmpty());
-}
-
-TEST_F(Delete, OfTheActiveMassTypeMakesTheFirstOneActiveAndTheComputedOneDefined) {
-  protocol::PartData part = SamplePart();
-  part.activeMassType = "Estimated";
-  part.massTypes[0].status = protocol::MassTypeStatus::Undefined;
-  OfferDelete(part, "Estimated");
-  Press("DeleteButton");
-  EXPECT_EQ(SelectedLine("ActiveMassCombo"), "Computed");
-  EXPECT_EQ(Buffer().GetMassTypeDefined("Computed"), KorWBAllDataBuffer::kDefined);
-}
-
-TEST_F(Delete, OfTheActiveMassTypeShowsThePrecisionOfTheOneThatBecomesActive) {
-  protocol::PartData part = SamplePart();
-  part.activeMassType = "Estimated";
-  part.massTypes[1].precisionType = 1;
-  part.massTypes[1].upperPrecision = 0.25;
-  OfferDelete(part, "Estimated");
-  EXPECT_EQ(Text("UpperValueEditor"), "25%");
-  Press("DeleteButton");
-  EXPECT_EQ(Text("ActiveMassTypeSelectedEditor"), "Computed");
-  EXPECT_EQ(Text("UpperValueEditor"), "0%");
-}
-
-TEST_F(Delete, OfAnotherMassTypeLeavesTheActiveOneAlone) {
-  protocol::PartData part = SamplePart();
-  part.activeMassType = "Weighed";
-  part.massTypes[0].status = protocol::MassTypeStatus::OutOfDate;
-  OfferDelete(part, "Estimated");
-  Press("DeleteButton");
-  EXPECT_EQ(SelectedLine("ActiveMassCombo"), "Weighed");
-  EXPECT_EQ(Buffer().GetMassTypeDefined("Computed"), KorWBAllDataBuffer::kOutOfDate);
-}
-
-TEST_F(Delete, LeavesTheSensitivitiesAsTheyAre) {
-  OfferDelete(SamplePart(), "Estimated");
-  Press("DeleteButton");
-  for (const char* name : {"DeleteButton", "MTMassEditor", "MTCGxEditor", "MTIxyEditor", "SaveButton"})
-    EXPECT_TRUE(IsEnabled(name)) << name;
-}
-
-TEST_F(Delete, ReachesTheServerWithTheNextSave) {
-  OfferDelete(SamplePart(), "Estimated");
-  Press("DeleteButton");
-  const protocol::MassType sent = TypeOf(Save(), "Estimated");
-  EXPECT_EQ(sent.status, protocol::MassTypeStatus::Undefined);
-  EXPECT_FALSE(sent.mass || sent.cg || sent.inertia);
-}
-
-// ---- is what is shown what is stored? A save asks, and sends whether the result is up to date ----
-
-class Modification : public EditTest {
- protected:
-  /// What a save of the part with the computed mass type shown says: the result still holds.
-  bool HoldsAfterSaving(const protocol::PartData& part) {
-    Edit(part, "Computed");
-    const bool computed = Save().computed;
-    EXPECT_EQ(IsShown("FlagRedLabel[1]"), !computed);
-    EXPECT_EQ(IsShown("FlagGreenLabel[1]"), computed);
-    return computed;
-  }
-};
-
-TEST_F(Modification, IsNotReportedOfWhatNobodyEdited) {
-  EXPECT_TRUE(HoldsAfterSaving(PartWithoutProducts()));
-}
-
-TEST_F(Modification, IsReportedOfAMassOfZeroEvenIfTheBufferHoldsZero) {
-  protocol::PartData part = PartWithoutProducts();
-  part.massTypes[0].mass = 0;
-  EXPECT_FALSE(HoldsAfterSaving(part));
-}
-
-TEST_F(Modification, IsReportedWheneverTheYzProductIsNotZero) {
-  protocol::PartData part = PartWithoutProducts();
-  part.massTypes[0].inertia = {10, 20, 30, 0, 0, -3};
-  EXPECT_FALSE(HoldsAfterSaving(part));
-}
-
-TEST_F(Modification, OfTheXyProductIsComparedAsItIsStored) {
-  protocol::PartData part = PartWithoutProducts();
-  part.massTypes[0].inertia = {10, 20, 30, -1, 0, 0};
-  EXPECT_TRUE(HoldsAfterSaving(part));
-}
-
-TEST_F(Modification, IsReportedOfAnXzProductSinceItIsComparedWithTheStoredYzProduct) {
-  protocol::PartData part = PartWithoutProducts();
-  part.massTypes[0].inertia = {10, 20, 30, 0, -2, 0};
-  EXPECT_FALSE(HoldsAfterSaving(part));
-}
-
-TEST_F(Modification, IsNotReportedWhereTheXzEditorHoldsTheStoredYzProduct) {
-  protocol::PartData part = PartWithoutProducts();
-  part.massTypes[0].inertia = {10, 20, 30, 0, -2, 0};
-  Edit(part, "Computed");
-  As<KorDlgEditor>("MTIxzEditor").SetText("0");  // no user types computed values
-  EXPECT_TRUE(Save().computed);
-}
-
-TEST_F(Modification, IsReportedInAnotherUnitThanTheStorageUnit) {
-  SetUnit("MASS", "GRAM");
-  EXPECT_FALSE(HoldsAfterSaving(PartWithoutProducts()));
-}
-
-TEST_F(Modification, IsReportedOfDigitsThatAreNotShown) {
-  protocol::PartData part = PartWithoutProducts();
-  part.massTypes[0].mass = 1.23456789012345;
-  EXPECT_FALSE(HoldsAfterSaving(part));
-}
-
-TEST_F(Modification, IsReportedWithoutACentreOfGravityOrInertia) {
-  protocol::PartData part = PartWithoutProducts();
-  part.massTypes[0].cg.reset();
-  EXPECT_FALSE(HoldsAfterSaving(part));
-  Close();
-  part = PartWithoutProducts();
-  part.massTypes[0].inertia.reset();
-  EXPECT_FALSE(HoldsAfterSaving(part));
-}
-
-TEST_F(Modification, IsReportedOfEachValueThatDiffersFromTheStoredOne) {
-  for (const char* editor :
-       {"MTMassEditor", "MTCGxEditor", "MTCGyEditor", "MTCGzEditor", "MTIxxEditor", "MTIyyEditor",
-        "MTIzzEditor", "MTIxyEditor", "MTIxzEditor", "MTIyzEditor", "DensityEditor"}) {
-    Edit(PartWithoutProducts(), "Computed");
-    As<KorDlgEditor>(editor).SetText("7");  // no user types computed values
-    EXPECT_FALSE(Save().computed) << editor;
-    Close();
-  }
-}
-
-TEST_F(Modification, OfTheDensityTypedIsReported) {
-  Edit(PartWithoutProducts(), "Computed");
-  PickPage("TabPage004");
-  Type("DensityEditor", "7851");
-  EXPECT_FALSE(Save().computed);
-}
-
-TEST_F(Modification, OfThePriorityOfDensitiesIsReported) {
-  Edit(PartWithoutProducts(), "Computed");
-  PickPage("TabPage004");
-  Pick("FirstCombo", "KORVO");
-  EXPECT_FALSE(Save().computed);
-}
-
-TEST_F(Modification, OfAUserMassTypeIsNotAskedFor) {
-  Edit(SamplePart());
-  Type("MTMassEditor", "9");
-  EXPECT_TRUE(Save().computed);
-  EXPECT_TRUE(IsShown("FlagGreenLabel[1]"));
-}
-
-class DocumentModification : public Modification {
- protected:
-  DocumentModification() { _part.documents.usedSpecificRevisionBefore = true; }
-  protocol::PartData _part = SamplePartWithDocuments();
-};
-
-TEST_F(DocumentModification, IsReportedOfAnotherRevisionEvenWhenOnlyDocumentsAreLookedAt) {
-  Edit(_part);
-  PickPage("TabPageDocuments");
-  Press("ChangeActiveDocButton");
-  Pick("ActiveDocsCombo", "D-7 A");
-  Press("CancelActiveDocButton");
-  EXPECT_FALSE(Save().computed);
-  EXPECT_TRUE(IsShown("FlagRedLabel[1]"));
-}
-
-TEST_F(DocumentModification, IsNotReportedOfTheActiveRevision) {
-  Edit(_part);
-  EXPECT_TRUE(Save().computed);
-}
-
-TEST_F(DocumentModification, IsReportedOfTheAutomaticRevisionWhoseLineIsEmpty) {
-  _part.documents.usedSpecificRevisionBefore = false;
-  Edit(_part);
-  EXPECT_FALSE(Save().computed);
-}
-
-TEST_F(DocumentModification, StoresTheAnswerAsItComesAlsoWhereTheValuesWereNotUpToDate) {
-  _part.computed = false;
-  Edit(_part);
-  EXPECT_TRUE(Save().computed);
-}
-
 // ---- no buffer ----
 
 TEST_F(EditMode, DoesNothingWithoutABuffer) {
@@ -426,13 +243,6 @@ TEST_F(EditMode, DoesNothingWithoutABuffer) {
   Press("EditButton");
   EXPECT_TRUE(IsEnabled("EditButton"));
   EXPECT_FALSE(IsEnabled("SaveButton"));
-}
-
-TEST_F(Delete, DoesNothingWithoutABuffer) {
-  OfferDelete(SamplePart(), "Estimated");
-  Panel().SetModel(nullptr);
-  Press("DeleteButton");
-  EXPECT_EQ(Text("MTMassEditor"), "4 kg");
 }
 
 }  // namespace

@@ -35,6 +35,9 @@ class EditTest : public PanelTest {
     ADD_FAILURE() << name << " is no mass type";
     return {};
   }
+  void ExpectEnabled(const std::vector<std::string>& names, bool enabled) {
+    for (const std::string& name : names) EXPECT_EQ(IsEnabled(name), enabled) << name;
+  }
   std::vector<KorUnicodeString> Lines(const std::string& combo) { return As<KorDlgCombo>(combo).GetLines(); }
 
   /// The sample part whose computed values count as not modified: no products of inertia.

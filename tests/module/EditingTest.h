@@ -25,21 +25,7 @@ class EditingTest : public PanelTest {
   void Edit(const protocol::PartData& part, const std::string& page) {
     Open(part);
     PickPage(page);
-    EnterEditMode();
-  }
-
-  /// The state in which pressing "EditButton" leaves the panel, as far as the tests need it.
-  void EnterEditMode() {
-    const bool typed = SelectedLine("MassTypeCombo") != "Computed";
-    Enable(typed, {"MTMassEditor", "MTPasteValuesCombo"});
-    Enable(typed && !IsChecked("StdPartCheckButton"), kDistribution);
-    Enable(Buffer().GetDensityPriority() == 0, {"DensityEditor", "WBMaterialEditor"});
-    Enable(SelectedLine("TypeCombo") == "User Defined", {"UpperValueEditor", "LowerValueEditor"});
-    Enable(typed || SelectedLine("TypeCombo") == "User Defined", {"ValueTypeCombo"});
-    Enable(true, {"FirstCombo", "TypeCombo", "ActiveMassCombo", "SaveButton", "StdPartCheckButton"});
-    Enable(false, {"InertiaModeFrame", "ReferenceModeFrame", "EditButton", "ComputeButton"});
-    if (!Buffer().HasInstInLUMIRA()) Enable(true, {"ApplyOnInstance", "ApplyOnReference"});
-    FillPaste(typed);
+    Press("EditButton");
   }
 
   /// Chooses inertia about the reference point, as nobody can while another page is in front.
@@ -53,28 +39,17 @@ class EditingTest : public PanelTest {
            Text("MTCGzEditor") + "; " + MTMoments() + "; " + MTProducts();
   }
 
+  /// Saves, which the server takes.
+  void Save() {
+    Server().Expect("WBSaveNymValues", "SaveReply/1|P-100|8|end");
+    Press("SaveButton");
+  }
+
   /// How many of the nine centre-of-gravity and inertia editors can be typed in.
   int EditableDistribution() {
     int count = 0;
-    for (const char* editor : kDistribution) count += IsEnabled(editor);
+    for (const std::string& editor : kDistribution) count += IsEnabled(editor);
     return count;
-  }
-
-  static constexpr std::initializer_list<const char*> kDistribution = {
-      "MTCGxEditor", "MTCGyEditor", "MTCGzEditor", "MTIxxEditor", "MTIyyEditor",
-      "MTIzzEditor", "MTIyzEditor", "MTIxzEditor", "MTIxyEditor"};
-
- private:
-  void Enable(bool enabled, std::initializer_list<const char*> widgets) {
-    for (const char* widget : widgets) Widget(widget).SetSensitivity(KorEnabledIf(enabled));
-  }
-  void FillPaste(bool typed) {
-    auto& paste = As<KorDlgCombo>("MTPasteValuesCombo");
-    paste.ClearLines();
-    if (!typed) return;
-    paste.SetLine("");
-    for (const KorUnicodeString& line : As<KorDlgCombo>("MassTypeCombo").GetLines())
-      if (line != SelectedLine("MassTypeCombo")) paste.SetLine(line);
   }
 };
 

@@ -96,13 +96,20 @@ TEST_F(MassTypesEditing, ShowingAUserMassTypeOfAStandardPartShowsItsMassAndDots)
   EXPECT_EQ(MTValues(), "4 kg; ..., ..., ...; ..., ..., ...; ..., ..., ...");
 }
 
-TEST_F(MassTypesEditing, WithAMassOfZeroTheInertiaIsShownWithoutTheMove) {
-  protocol::PartData part = SamplePartWithActive("Estimated");
-  part.massTypes[1].mass = 0;
-  Open(part);
-  Check("ReferenceButton");
-  EXPECT_EQ(Panel().RefreshMassTypeTab(), S_OK);
-  EXPECT_EQ(MTMoments(), "5 kg·m², 6 kg·m², 7 kg·m²");
+// The stored inertia is shown last in any case: only a window sees what stood there before it. A mass of 0
+// moves nothing anyway; one below 0 tells that none is tried.
+TEST_F(MassTypesEditing, WithAMassOfZeroOrBelowTheInertiaIsShownWithoutTheMove) {
+  for (const auto& [mass, changes] : {std::pair(0.0, 1), std::pair(-4.0, 1), std::pair(4.0, 2)}) {
+    protocol::PartData part = SamplePart();
+    part.massTypes[1].mass = mass;
+    EditPage(part);
+    LookAtTheReferencePoint();
+    Backend().ClearLog();
+    Pick("MassTypeCombo", "Estimated");
+    EXPECT_THAT(Backend().Log(), testing::Contains("MTIyyEditor: Text").Times(changes)) << mass;
+    EXPECT_EQ(MTMoments(), "5 kg·m², 6 kg·m², 7 kg·m²");
+    Close();
+  }
 }
 
 TEST_F(MassTypesEditing, ThePageEndsWithTheStoredInertiaAlsoAtTheReferencePointOnPurpose) {
@@ -152,6 +159,22 @@ TEST_F(MassTypesEditing, AUserMassTypeOfAStandardPartLeavesTheDeleteButtonAsItIs
   EditPage(SampleStandardPart("Computed"));
   Pick("MassTypeCombo", "Estimated");
   EXPECT_FALSE(IsEnabled("DeleteButton"));
+}
+
+TEST_F(MassTypesEditing, AfterASaveTheDeleteButtonStaysUntilAMassTypeIsShownAgain) {
+  EditPage(SamplePart());
+  Pick("MassTypeCombo", "Estimated");
+  Save();
+  EXPECT_TRUE(IsEnabled("DeleteButton"));
+  Pick("MassTypeCombo", "Estimated");
+  EXPECT_FALSE(IsEnabled("DeleteButton"));
+}
+
+TEST_F(MassTypesEditing, WithoutABufferAnotherActiveTypeShowsNothing) {
+  EditPage(SamplePart());
+  Panel().SetModel(nullptr);
+  Pick("ActiveMassCombo", "Weighed");
+  EXPECT_EQ(Text("ActiveMassTypeSelectedEditor"), "Computed");
 }
 
 }  // namespace

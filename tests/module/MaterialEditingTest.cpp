@@ -81,6 +81,23 @@ TEST_F(MaterialEditing, OutsideEditModeTheFirstSourceOffersNothing) {
   EXPECT_FALSE(IsEnabled("WBMaterialEditor"));
 }
 
+TEST_F(MaterialEditing, ARefreshOfThePageTellsOfThePriorityWhichOffersMaterialAndDensity) {
+  protocol::PartData part = SamplePart();
+  part.material.densityPriority = 1;
+  EditPage(part);
+  EXPECT_FALSE(IsEnabled("DensityEditor"));
+  EXPECT_EQ(Panel().RefreshMaterialTab(), S_OK);
+  EXPECT_TRUE(IsEnabled("DensityEditor"));
+  EXPECT_TRUE(IsEnabled("WBMaterialEditor"));
+}
+
+TEST_F(MaterialEditing, WithoutABufferAnotherFirstSourceLeavesTheSecond) {
+  EditPage(SamplePart());
+  Panel().SetModel(nullptr);
+  Pick("FirstCombo", "KORVO");
+  EXPECT_EQ(SelectedLine("SecondCombo"), "KORVO");
+}
+
 // ---- where the material applies ----
 
 TEST_F(MaterialEditing, ShowsTheMaterialOfTheSideThatIsChosen) {
@@ -112,6 +129,21 @@ TEST_F(MaterialEditing, AMaterialTypedForTheInstanceIsThereAgainAfterALookAtTheR
   EXPECT_EQ(Material(), "Cast iron, 7200 kg/m³");
   Check("ApplyOnInstance");
   EXPECT_EQ(Material(), "Bronze, 8800 kg/m³");
+}
+
+TEST_F(MaterialEditing, AMaterialTypedBeforeASideIsChosenIsRememberedForNeitherOnPurpose) {
+  protocol::PartData part = WithoutInstance();
+  part.material.name = "";
+  part.material.density.reset();
+  EditPage(part);
+  Type("WBMaterialEditor", "Brass");
+  Check("ApplyOnInstance");
+  EXPECT_EQ(Text("WBMaterialEditor"), "Brass") << "nothing is shown again: none was checked before";
+  Type("DensityEditor", "8500");
+  Check("ApplyOnReference");
+  EXPECT_EQ(Material(), "Cast iron, 7200 kg/m³");
+  Check("ApplyOnInstance");
+  EXPECT_EQ(Material(), ", 8500 kg/m³");
 }
 
 TEST_F(MaterialEditing, DensitiesOfBothSidesAreShownAndReadInTheCurrentUnit) {
@@ -244,6 +276,30 @@ TEST_F(MaterialEditing, APartThatIsNoStandardPartAnyMoreShowsInertiaAtTheReferen
   LookAtTheReferencePoint();
   Toggle("StdPartCheckButton");
   EXPECT_EQ(MTMoments(), "10.26 kg·m², 20.2 kg·m², 30.1 kg·m²");
+}
+
+TEST_F(MaterialEditing, AStandardPartTakesTheMassOfAPastedTypeThatIsOutOfDate) {
+  protocol::PartData part = SamplePartWithActive("Estimated");
+  part.massTypes[0].status = protocol::MassTypeStatus::OutOfDate;
+  Edit(part, "TabPage003");
+  Pick("MTPasteValuesCombo", "Computed");
+  Type("MTMassEditor", "9 kg");
+  Toggle("StdPartCheckButton");
+  EXPECT_EQ(Text("MTMassEditor"), "2 kg");
+  Toggle("StdPartCheckButton");
+  EXPECT_EQ(MTMoments(), "10 kg·m², 20 kg·m², 30 kg·m²");
+}
+
+TEST_F(MaterialEditing, OutsideEditModeAStandardPartChangesTheFlagOnlyWhateverCanBePasted) {
+  Edit(SamplePartWithActive("Estimated"), "TabPage003");
+  Pick("MTPasteValuesCombo", "Computed");
+  Save();
+  const std::string before = MTValues();
+  Widget("StdPartCheckButton").SetSensitivity(KorSensitivity::Enabled);  // no user gets there
+  Toggle("StdPartCheckButton");
+  EXPECT_TRUE(Buffer().IsStandatadPart());
+  EXPECT_EQ(MTValues(), before);
+  EXPECT_EQ(EditableDistribution(), 0);
 }
 
 TEST_F(MaterialEditing, AStandardPartShowsDotsAlsoForAPastedTypeWithoutValues) {

@@ -1,6 +1,7 @@
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgSpinner.h"
 #include "tests/module/PanelTest.h"
+#include "tests/support/TraceCapture.h"
 
 namespace {
 
@@ -126,6 +127,62 @@ TEST_F(MaterialPage, HidesWhereAMaterialAppliesThatHasNoNameOrNoDensity) {
     EXPECT_FALSE(IsShown("Material defined for the: ")) << name << density;
     Close();
   }
+}
+
+TEST_F(MaterialPage, BeyondTheEndNothingIsShownAndEachStepNeedsOneBackOnPurpose) {
+  OpenPage(WithStatistics());
+  TurnDown();
+  TurnDown();
+  Panel().RefreshPanelWithInfo();
+  TurnDown();  // to a fourth entry that there is not
+  TurnDown();
+  EXPECT_EQ(Shown(), "Steel: 7850 kg/m³");
+  EXPECT_TRUE(CanTurnUp());
+  EXPECT_TRUE(CanTurnDown());
+  TurnUp();
+  EXPECT_EQ(Shown(), "Steel: 7850 kg/m³");
+  TurnUp();
+  EXPECT_EQ(Shown(), "Foam: 60 kg/m³");
+}
+
+TEST_F(MaterialPage, AShorterListOfAnotherPartIsBrowsedFromTheIndexOfTheOneBefore) {
+  OpenPage(WithStatistics());
+  TurnDown();
+  TurnDown();
+  protocol::PartData part = WithStatistics();
+  part.material.statistics.pop_back();
+  auto shorter = BufferOf(part);
+  Panel().SetModel(shorter.Get());
+  TurnDown();
+  EXPECT_EQ(Shown(), "Steel: 7850 kg/m³");
+  TurnUp();
+  TurnUp();
+  EXPECT_EQ(Shown(), "Skin: 12 kg/m²");
+}
+
+TEST_F(MaterialPage, TellsOfTheNameThatIsBrowsedTo) {
+  OpenPage(WithStatistics());
+  int told = 0;
+  Widget("MatStatNameSpinner").Subscribe(KorEvent::SpinnerModify, [&](auto...) { ++told; });
+  TurnDown();
+  EXPECT_EQ(told, 1);
+  TurnUp();
+  EXPECT_EQ(told, 2);
+}
+
+TEST_F(MaterialPage, TracesTheStatisticsOneValueToALine) {
+  OpenPage(WithStatistics());
+  TraceCapture trace("KorWBCompPart");
+  Panel().RefreshMaterialTab();
+  EXPECT_THAT(trace.Text(), testing::HasSubstr("Steel\n7850\n1\nSkin\n12\n2\nFoam\n60\n1\n"));
+}
+
+TEST_F(MaterialPage, WithoutABufferNothingIsBrowsed) {
+  OpenPage(WithStatistics());
+  Panel().SetModel(nullptr);
+  TurnDown();
+  EXPECT_EQ(Shown(), "Steel: 7850 kg/m³");
+  EXPECT_FALSE(CanTurnUp());
 }
 
 }  // namespace

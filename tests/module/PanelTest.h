@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <string>
+#include <vector>
 
 #include "tests/support/PanelHarness.h"
 #include "tests/support/SamplePart.h"
@@ -12,6 +14,11 @@
 inline constexpr std::array kCustomFrameEditors{
     "CPxEditor",    "CPyEditor",    "CPzEditor",    "XAxisxEditor", "XAxisYEditor", "XAxisZEditor",
     "YAxisXEditor", "YAxisYEditor", "YAxisZEditor", "ZAxisXEditor", "ZAxisYEditor", "ZAxisZEditor"};
+
+/// The centre-of-gravity and inertia editors of the mass-types page.
+inline const std::vector<std::string> kDistribution = {"MTCGxEditor", "MTCGyEditor", "MTCGzEditor",
+                                                       "MTIxxEditor", "MTIyyEditor", "MTIzzEditor",
+                                                       "MTIyzEditor", "MTIxzEditor", "MTIxyEditor"};
 
 /// A test of the part panel: the user's verbs are the test's own.
 class PanelTest : public testing::Test, protected PanelHarness {

@@ -43,12 +43,12 @@ TEST_F(PasteValues, PastingAnUndefinedMassTypeLeavesTheValues) {
   EXPECT_EQ(MTValues(), kEstimated);
 }
 
-TEST_F(PasteValues, PastingAnOutOfDateResultLeavesTheValues) {
+TEST_F(PasteValues, PastingAnOutOfDateResultTakesItsValues) {
   protocol::PartData part = SamplePartWithActive("Estimated");
   part.massTypes[0].status = protocol::MassTypeStatus::OutOfDate;
   EditPage(part);
   Pick("MTPasteValuesCombo", "Computed");
-  EXPECT_EQ(MTValues(), kEstimated);
+  EXPECT_EQ(MTValues(), kComputed);
 }
 
 TEST_F(PasteValues, PastingWhatLacksACentreAndInertiaTakesTheMassAlone) {
@@ -260,6 +260,51 @@ TEST_F(PasteValues, UpdatingWithoutASourceChangesNothing) {
   Type("MTMassEditor", "3 kg");
   Press("UpdatePropertiesButton");
   EXPECT_EQ(MTMoments(), "5 kg·m², 6 kg·m², 7 kg·m²");
+}
+
+TEST_F(PasteValues, RescalesToZeroForAMassThatIsNoNumber) {
+  EditPage(SamplePartWithActive("Estimated"));
+  Pick("MTPasteValuesCombo", "Computed");
+  Type("MTMassEditor", "heavy");
+  Press("UpdatePropertiesButton");
+  EXPECT_EQ(MTMoments(), "0 kg·m², 0 kg·m², 0 kg·m²");
+  EXPECT_EQ(MTProducts(), "0 kg·m², 0 kg·m², 0 kg·m²");
+}
+
+TEST_F(PasteValues, RescalesFromAnOutOfDateResult) {
+  protocol::PartData part = SamplePartWithActive("Estimated");
+  part.massTypes[0].status = protocol::MassTypeStatus::OutOfDate;
+  EditPage(part);
+  Pick("MTPasteValuesCombo", "Computed");
+  Type("MTMassEditor", "3 kg");
+  Press("UpdatePropertiesButton");
+  EXPECT_EQ(MTMoments(), "15 kg·m², 30 kg·m², 45 kg·m²");
+}
+
+TEST_F(PasteValues, RescalesTheInertiaOfAStandardPartTooOnPurpose) {
+  EditPage(SampleStandardPart("Estimated"));
+  Pick("MTPasteValuesCombo", "Computed");
+  Type("MTMassEditor", "3 kg");
+  Press("UpdatePropertiesButton");
+  EXPECT_EQ(MTMoments(), "15 kg·m², 30 kg·m², 45 kg·m²");
+}
+
+TEST_F(PasteValues, AfterASaveTheUpdateButtonStaysAndRescalesWhatIsShownOnPurpose) {
+  EditPage(SamplePartWithActive("Estimated"));
+  Pick("MTPasteValuesCombo", "Computed");
+  Type("MTMassEditor", "3 kg");
+  Save();
+  Press("UpdatePropertiesButton");
+  EXPECT_EQ(MTMoments(), "15 kg·m², 30 kg·m², 45 kg·m²");
+}
+
+TEST_F(PasteValues, AnotherUserMassTypeLeavesTheUpdateButtonAsItIs) {
+  EditPage(SamplePartWithActive("Estimated"));
+  Pick("MTPasteValuesCombo", "Computed");
+  Type("MTMassEditor", "3 kg");
+  Pick("MassTypeCombo", "Weighed");
+  EXPECT_TRUE(IsEnabled("UpdatePropertiesButton"));
+  EXPECT_EQ(SelectedLine("MTPasteValuesCombo"), "");
 }
 
 }  // namespace

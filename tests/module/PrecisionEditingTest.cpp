@@ -2,6 +2,7 @@
 
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/knowledge/KorCkeParmDictionary.h"
+#include "protocol/Codec.h"
 #include "tests/module/EditingTest.h"
 
 namespace {
@@ -53,6 +54,14 @@ TEST_F(PrecisionEditing, UserDefinedBoundsCanBeTyped) {
   EXPECT_FALSE(IsEnabled("UpperValueEditor"));
   Pick("TypeCombo", "User Defined");
   for (const char* widget : kBounds) EXPECT_TRUE(IsEnabled(widget)) << widget;
+  EXPECT_EQ(Bounds(), "2%, 3%") << "those that were shown";
+}
+
+TEST_F(PrecisionEditing, ARefreshOfThePageTellsOfBoundsOfTheUserWhichOffersThem) {
+  EditPage(WithBounds(1, 0));
+  for (const char* widget : kBounds) Widget(widget).SetSensitivity(KorSensitivity::Disabled);
+  EXPECT_EQ(Panel().RefreshPrecisionTab(), S_OK);
+  for (const char* widget : kBounds) EXPECT_TRUE(IsEnabled(widget)) << widget;
 }
 
 TEST_F(PrecisionEditing, OutsideEditModeUserDefinedBoundsCannotBeTyped) {
@@ -92,6 +101,45 @@ TEST_F(PrecisionEditing, AnotherActiveMassTypeShowsItsBounds) {
   EXPECT_EQ(SelectedLine("TypeCombo"), "User Defined");
   EXPECT_EQ(SelectedLine("ValueTypeCombo"), "Absolute");
   EXPECT_EQ(Bounds(), "5 kg, 10 kg");
+  EXPECT_TRUE(IsEnabled("UpperValueEditor"));
+}
+
+TEST_F(PrecisionEditing, OwnBoundsThatAreAbsoluteAreShownInKilograms) {
+  protocol::PartData part = SamplePart();
+  part.massTypes[2].precisionValueType = 1;
+  part.massTypes[2].massTypeLowerPrecision = 2;
+  part.massTypes[2].massTypeUpperPrecision = 3;
+  Edit(part, "TabPage003");
+  Pick("ActiveMassCombo", "Weighed");
+  EXPECT_EQ(SelectedLine("TypeCombo"), "Mass Type");
+  EXPECT_EQ(SelectedLine("ValueTypeCombo"), "Absolute");
+  EXPECT_EQ(Bounds(), "2 kg, 3 kg");
+}
+
+/// Answers with a precision type that no data text can hold.
+class OddPrecision : public LumWBAllDataBuffer {
+ public:
+  int GetPrecisionType(const KorUnicodeString&) const override { return 2; }
+};
+
+TEST_F(PrecisionEditing, ATypeThatIsNeither0Nor1IsTheUsersForAnActiveTypeButNotForARefresh) {
+  auto buffer = LumWBAllDataBuffer_var::Adopt(new OddPrecision);
+  EXPECT_EQ(buffer->SetAllData(protocol::WritePartData(WithBounds(1, 0)), true), S_OK);
+  Open(buffer);
+  EXPECT_EQ(SelectedLine("TypeCombo"), "Mass Type");
+  EXPECT_EQ(Bounds(), "2%, 3%");
+  Press("EditButton");
+  PickPage("TabPage003");
+  Pick("ActiveMassCombo", "Estimated");
+  EXPECT_EQ(SelectedLine("TypeCombo"), "User Defined");
+  EXPECT_EQ(Bounds(), "5%, 10%");
+}
+
+TEST_F(PrecisionEditing, WithoutABufferAnotherPrecisionTypeChangesNothing) {
+  EditPage(WithBounds(1, 0));
+  Panel().SetModel(nullptr);
+  Pick("TypeCombo", "Mass Type");
+  EXPECT_EQ(Bounds(), "5%, 10%");
   EXPECT_TRUE(IsEnabled("UpperValueEditor"));
 }
 
@@ -143,12 +191,66 @@ TEST_F(PrecisionEditing, WhatARefreshSelectsIsNoChangeOnPurpose) {
   EXPECT_EQ(Bounds(), "5%, 10%");
 }
 
-TEST_F(PrecisionEditing, ThePercentageOfNoMassIsNoValue) {
+TEST_F(PrecisionEditing, TheResetOfTheValueTypeIsNoChangeOnPurpose) {
+  EditPage(WithBounds(1, 1));
+  Pick("TypeCombo", "Mass Type");
+  Pick("TypeCombo", "User Defined");
+  Pick("ValueTypeCombo", "Relative");  // the first change: 2 and 3, taken as kilograms, of 200 kg
+  EXPECT_EQ(Bounds(), "1%, 1.5%");
+}
+
+TEST_F(PrecisionEditing, TheValueTypeOfAnotherActiveTypeIsNoChangeOnPurpose) {
+  Edit(WithBounds(1, 1), "TabPage003");
+  Pick("ActiveMassCombo", "Weighed");
+  Pick("ActiveMassCombo", "Estimated");
+  PickPage("TabPage005");
+  Pick("ValueTypeCombo", "Absolute");  // the first change: 5 and 10, taken as percent, of 200 kg
+  EXPECT_EQ(Bounds(), "10 kg, 20 kg");
+}
+
+TEST_F(PrecisionEditing, AfterAChangeAndAResetTheSameValueTypeAgainConvertsNothingOnPurpose) {
+  EditPage(WithBounds(1, 0));
+  Pick("ValueTypeCombo", "Absolute");
+  Pick("TypeCombo", "Mass Type");
+  Pick("TypeCombo", "User Defined");
+  Pick("ValueTypeCombo", "Absolute");  // as at the last change
+  EXPECT_EQ(Bounds(), "2%, 3%");
+  Save();
+  EXPECT_EQ(Buffer().GetLowerPrecision("Estimated"), 2);
+  EXPECT_EQ(Text("LowerValueEditor"), "2 kg");
+}
+
+TEST_F(PrecisionEditing, AfterAChangeAndAnotherActiveTypeTheSameValueTypeAgainConvertsNothingOnPurpose) {
+  EditPage(WithBounds(1, 0));
+  Pick("ValueTypeCombo", "Absolute");
+  PickPage("TabPage003");
+  Pick("ActiveMassCombo", "Weighed");
+  Pick("ActiveMassCombo", "Estimated");
+  PickPage("TabPage005");
+  Pick("ValueTypeCombo", "Absolute");
+  EXPECT_EQ(Bounds(), "5%, 10%");
+}
+
+TEST_F(PrecisionEditing, ThePercentageOfNoMassIsNoValueAndASaveKeepsTheStoredBounds) {
   protocol::PartData part = WithBounds(1, 1);
   part.massTypes[1].mass = 0;
   EditPage(part);
   Pick("ValueTypeCombo", "Relative");
   EXPECT_EQ(Bounds(), "..., ...");
+  Save();
+  EXPECT_EQ(Buffer().GetLowerPrecision("Estimated"), 5);
+  EXPECT_EQ(Buffer().GetUpperPrecision("Estimated"), 10);
+  EXPECT_EQ(Buffer().GetPrecisionValueType("Estimated"), 0) << "the value type is stored in any case";
+  EXPECT_EQ(Bounds(), "..., ...");
+}
+
+TEST_F(PrecisionEditing, ABoundWithoutAValueIsNotRewrittenWhenTheFocusLeaves) {
+  for (const int valueType : {0, 1}) {
+    EditPage(WithBounds(1, valueType));
+    TypeAndLeave("UpperValueEditor", "...");
+    EXPECT_EQ(Text("UpperValueEditor"), "...");
+    Close();
+  }
 }
 
 TEST_F(PrecisionEditing, WithoutTheMassMagnitudeBoundsStayAsTheyAre) {

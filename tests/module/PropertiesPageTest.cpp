@@ -1,3 +1,4 @@
+#include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorMsgCatalog.h"
 #include "framework/knowledge/KorCkeParmDictionary.h"
 #include "tests/module/EditTest.h"
@@ -72,6 +73,26 @@ TEST_F(Properties, OutsideEditModeAreNotStoredWhenAnotherOneIsShown) {
   EXPECT_EQ(Stored(1), "painted");
 }
 
+TEST_F(Properties, OutsideEditModeAreNeitherStoredNorCheckedWhateverTheEditorHolds) {
+  Open(PartWithEveryKind());
+  PickPage("TabPageAdditional");
+  Pick("PropertyNameCombo", "Count");
+  As<KorDlgEditor>("PropertyValueEditor").SetText("unsuitable");  // no user types there
+  Pick("PropertyNameCombo", "Finish");
+  EXPECT_EQ(Stored(2), "12");
+}
+
+TEST_F(Properties, SayHowDatesAreWritten) {
+  Open(PartWithEveryKind());
+  EXPECT_EQ(Title("Hint for \"Date\" type of properties: YYYY-MM-DD"),
+            "Hint for \"Date\" type of properties: YYYY-MM-DD");
+}
+
+TEST_F(Properties, HaveAnEditorTenCharactersWide) {
+  Open(PartWithEveryKind());
+  EXPECT_EQ(As<KorDlgEditor>("PropertyValueEditor").GetVisibleTextWidth(), 10);
+}
+
 TEST_F(Properties, InEditModeAreStoredWhenAnotherOneIsShown) {
   EditProperty("Count");
   TypeAndLeave("13");
@@ -106,6 +127,16 @@ TEST_F(Properties, ThatAreRealReportANumberThatIsNotFinite) {
   EditProperty("Factor");
   ExpectUnsuitable(" \"Real\" ");
   TypeAndLeave("1e999");
+}
+
+TEST_F(Properties, ThatAreNumbersTakeATextThatANumberOpens) {
+  EditProperty("Factor");
+  TypeAndLeave("1.5abc");
+  EXPECT_EQ(Stored(4), "1.5abc");
+  Close();
+  EditProperty("Count");
+  TypeAndLeave("12.7");
+  EXPECT_EQ(Stored(2), "12.7");
 }
 
 TEST_F(Properties, ThatAreDatesTakeATextInTheFormatOfTheSite) {
@@ -205,6 +236,32 @@ TEST_F(Properties, ThatAreMagnitudesStoreWhatNoNumberOpensAsItWasTyped) {
   Type("PropertyValueEditor", "3");
 }
 
+TEST_F(Properties, ThatAreMagnitudesReportANumberTooLargeForTheStorageUnitAndKeepTheStoredOne) {
+  SetUnit("MASS", "TONNE");
+  EditProperty("Ballast");
+  ExpectUnsuitable(" \"Real\" ");
+  TypeAndLeave("1e306");
+  EXPECT_EQ(Stored(5), "1.5");
+  Pick("PropertyNameCombo", "Ballast");
+  EXPECT_EQ(Text("PropertyValueEditor"), "0.0015 t");
+}
+
+TEST_F(Properties, ThatAreMagnitudesOfAnyTypeReportANumberTooLarge) {
+  protocol::PartData part = PartWithEveryKind();
+  part.properties[4].type = 0;
+  SetUnit("MASS", "TONNE");
+  EditProperty("Ballast", part);
+  Type("PropertyValueEditor", "-1e306");
+  ExpectUnsuitable(" \"Real\" ");
+  EXPECT_EQ(Save().properties[4].value, "1.5");
+}
+
+TEST_F(Properties, ThatAreMagnitudesStoreBlanksAsTheyWereTyped) {
+  EditProperty("Ballast");
+  TypeAndLeave(" ");
+  EXPECT_EQ(Stored(5), " ");
+}
+
 TEST_F(Properties, OfAMagnitudeThatTheHostDoesNotKnowAreTracedAndShownAsStored) {
   protocol::PartData part = PartWithEveryKind();
   part.properties[4].magnitude = "CHARM";
@@ -256,10 +313,20 @@ TEST_F(Properties, AreNotRefreshedWithoutABufferOrThePage) {
   EXPECT_EQ(Panel().RefreshAdditionalInfoTab(), E_FAIL);
 }
 
-TEST_F(Properties, BeginAgainWithTheFirstOneAtARefreshInEditModeAndMixNothingUp) {
+TEST_F(Properties, BeginAgainWithTheFirstOneAtARefreshWhichEndsEditModeAndStoresNothing) {
   EditProperty("Count");
+  Type("PropertyValueEditor", "99");
   Panel().RefreshPanelWithInfo();
   EXPECT_EQ(SelectedLine("PropertyNameCombo"), "Finish");
+  EXPECT_EQ(Text("PropertyValueEditor"), "painted");
+  EXPECT_EQ(Stored(1), "painted");
+  EXPECT_EQ(Stored(2), "12");
+  EXPECT_FALSE(IsEnabled("PropertyValueEditor"));
+}
+
+TEST_F(Properties, BeginAgainWithTheFirstOneAtARefreshOfThePageInEditModeAndMixNothingUp) {
+  EditProperty("Count");
+  Panel().RefreshAdditionalInfoTab();
   EXPECT_EQ(Text("PropertyValueEditor"), "painted");
   EXPECT_EQ(Stored(1), "painted");
   EXPECT_EQ(Stored(2), "12");

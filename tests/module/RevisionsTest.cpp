@@ -149,7 +149,20 @@ TEST_F(Revisions, AreNoLongerChosenOnceAnotherPartIsBound) {
   Press("ChangeActiveDocButton");
   auto plain = BufferOf(SamplePart());
   Panel().SetModel(plain.Get());
-  ExpectChoosing(false);
+  for (const char* name : {"ActiveDocsCombo", "ApplyActiveDocButton", "CancelActiveDocButton",
+                           "ChangeActiveDocButton", "ActiveDocLatestButton", "SaveButton"})
+    EXPECT_FALSE(IsEnabled(name)) << name;
+  for (const char* name : {"TabPage002", "TabPage003", "TabPage004", "TabPage005", "EditButton"})
+    EXPECT_TRUE(IsEnabled(name)) << name;
+}
+
+TEST_F(Revisions, AreNoLongerChosenAfterARefreshOfTheWholePanel) {
+  EditByHand();
+  Press("ChangeActiveDocButton");
+  Panel().RefreshPanelWithInfo();
+  for (const char* name : {"ActiveDocsCombo", "CancelActiveDocButton", "ChangeActiveDocButton", "SaveButton"})
+    EXPECT_FALSE(IsEnabled(name)) << name;
+  for (const char* name : {"TabPage002", "TabPage005", "EditButton"}) EXPECT_TRUE(IsEnabled(name)) << name;
 }
 
 TEST_F(Revisions, AfterCancelKeepTheChangedSelectionButNotTheSensitivities) {
@@ -185,6 +198,35 @@ TEST_F(Revisions, ShowTheirValuesOnTheOtherPages) {
   PickPage("TabPage003");
   Pick("MassTypeCombo", "Estimated");
   EXPECT_EQ(Text("MTMassEditor"), "7 kg");
+}
+
+TEST_F(Revisions, ShowTheirMassTypesAndPrecisionWithoutAnotherChoice) {
+  protocol::PartData revision = RevisionA();
+  revision.massTypes[0].precisionType = 1;
+  revision.massTypes[0].upperPrecision = 0.5;
+  EditByHand();
+  Apply("D-7 A", protocol::WritePartData(revision));
+  EXPECT_EQ(Text("MTMassEditor"), "3 kg");
+  EXPECT_EQ(SelectedLine("TypeCombo"), "User Defined");
+  EXPECT_EQ(Text("UpperValueEditor"), "50%");
+}
+
+TEST_F(Revisions, GoOnBelongingToTheDocumentWhateverIdTheAnswerNames) {
+  protocol::PartData revision = RevisionA();
+  revision.documents.activeId = "D-8";
+  EditByHand();
+  Apply("D-7 A", protocol::WritePartData(revision));
+  Apply("D-7 C", protocol::WritePartData(revision));
+  EXPECT_EQ(Server().Requests().back().text, "D-7|C");
+}
+
+TEST_F(Revisions, AfterALoadThatFailedAreAskedForWithoutARevisionOnPurpose) {
+  EditByHand();
+  Apply("D-7 A", "");
+  Server().Expect("WBGetActiveDocInfo", "");
+  Press("ChangeActiveDocButton");
+  Press("ApplyActiveDocButton");
+  EXPECT_EQ(Server().Requests().back().text, "D-7|");
 }
 
 TEST_F(Revisions, DoNotChangeWhetherTheComputedValuesAreUpToDate) {
@@ -285,6 +327,27 @@ TEST_F(Revisions, ByHandTakesTheEmptyLinesAtBothEndsAway) {
   PickPage("TabPageDocuments");
   Check("ActiveDocUsrSelButton");
   EXPECT_THAT(Lines("ActiveDocsCombo"), ElementsAre("D-7 A", "D-7 B", "D-7 C"));
+  EXPECT_EQ(SelectedLine("ActiveDocsCombo"), "D-7 B") << "the active one, not the last one";
+}
+
+TEST_F(Revisions, ByHandAfterAnAutomaticSaveSelectsTheActiveOneAndNoneThatNobodyPicked) {
+  Edit(PartWithThreeRevisions());
+  Save();
+  Press("EditButton");
+  PickPage("TabPageDocuments");
+  Check("ActiveDocUsrSelButton");
+  EXPECT_EQ(SelectedLine("ActiveDocsCombo"), "D-7 B");
+  const protocol::PartData sent = Save();
+  EXPECT_EQ(sent.documents.activeVersion, "B");
+  EXPECT_TRUE(sent.computed);
+}
+
+TEST_F(Revisions, ChosenByHandOutsideEditModeCannotBeChanged) {
+  Open(PartWithThreeRevisions());
+  PickPage("TabPageDocuments");
+  Widget("ActiveDocUsrSelButton").SetSensitivity(KorSensitivity::Enabled);  // no user gets there
+  Check("ActiveDocUsrSelButton");
+  EXPECT_FALSE(IsEnabled("ChangeActiveDocButton"));
 }
 
 TEST_F(Revisions, ByHandSelectsTheLineOfTheLastSave) {

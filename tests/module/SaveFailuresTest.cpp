@@ -1,6 +1,7 @@
 #include "framework/dialog/KorMsgCatalog.h"
 #include "framework/pdm/KorPdmClient.h"
 #include "tests/module/EditTest.h"
+#include "tests/support/TemporaryCatalogues.h"
 
 namespace {
 
@@ -125,6 +126,94 @@ TEST_F(SaveFailures, ADensityThatIsNoNumberIsNotDefined) {
   Type("DensityEditor", "dense");
   EXPECT_EQ(Save().material.density, std::nullopt);
 }
+
+TEST_F(SaveFailures, ADensityThatIsNoNumberOfAPartWithoutAnInstanceStopsTheSaveOnPurpose) {
+  protocol::PartData part = SamplePart();
+  part.hasInstance = false;
+  Edit(part);
+  PickPage("TabPage004");
+  Type("DensityEditor", "dense");
+  Boxes().ExpectMessage(
+      {"MainWindow", CatalogueText("DensityZero.Title"), CatalogueText("DensityZero.Message"), kErrorFlags});
+  Press("SaveButton");
+  EXPECT_THAT(Server().Requests(), testing::IsEmpty());
+  EXPECT_TRUE(IsEnabled("SaveButton"));
+  EXPECT_FALSE(Buffer().IsDensityDefined());
+}
+
+TEST_F(SaveFailures, AMassThatIsNoNumberOfAStandardPartStoresItsOriginAllTheSame) {
+  protocol::PartData part = SamplePart();
+  part.standardPart = true;
+  Edit(part);
+  Type("MTMassEditor", "heavy");
+  const protocol::MassType sent = TypeOf(Save(), "Estimated");
+  EXPECT_EQ(sent.mass, 4);
+  EXPECT_EQ(sent.cg, (protocol::Vector{0, 0, 0}));
+  EXPECT_EQ(sent.inertia, (protocol::Tensor{0, 0, 0, 0, 0, 0}));
+  EXPECT_EQ(Text("MTCGxEditor") + MTMoments(), "......, ..., ...");
+}
+
+TEST_F(SaveFailures, WithoutACatalogueWarnOfAnEmptyMaterialWithADefaultText) {
+  TemporaryCatalogues empty;
+  protocol::PartData part = SamplePart();
+  part.hasInstance = false;
+  part.material.name = "";
+  Edit(part);
+  Boxes().ExpectMessage({"KorWBNymMainPanel", "", "--Empty Material field--", kErrorFlags});
+  Save();
+}
+
+// ---- the document that the buffer holds after it ----
+
+class SaveFailuresOfDocuments : public SaveFailures {
+ protected:
+  void SaveRefused(const protocol::PartData& part) {
+    Edit(part);
+    Boxes().ExpectMessage({"MainWindow", CatalogueText("ServerError.Title"), "no", kErrorFlags});
+    Save("LumiraError: no");
+  }
+  std::string ActiveDocument() {
+    KorUnicodeString id, version;
+    Buffer().GetActiveDocId(id);
+    Buffer().GetActiveDocVersion(version);
+    return (id + " " + version).Utf8();
+  }
+};
+
+TEST_F(SaveFailuresOfDocuments, InAutomaticModeLeaveNoDocumentForTheNextRefreshOnPurpose) {
+  SaveRefused(SamplePartWithDocuments());
+  EXPECT_EQ(ActiveDocument(), "__null__ __null__");
+  Panel().RefreshPanelWithInfo();
+  EXPECT_THAT(Lines("ActiveDocsCombo"), testing::ElementsAre("", "__null__ A", "__null__ B"));
+  EXPECT_EQ(Text("Act"), "Automatic revision: latest");
+}
+
+TEST_F(SaveFailuresOfDocuments, OfAnAnswerThatCannotBeReadLeaveNoDocumentOnPurpose) {
+  Edit(SamplePartWithDocuments());
+  ExpectUnreadableReply("SaveReply: field 1 (form): \"\" is not \"SaveReply/1\"");
+  Save("");
+  EXPECT_EQ(ActiveDocument(), "__null__ __null__");
+}
+
+TEST_F(SaveFailuresOfDocuments, OfAPartWithoutADocumentShowTheAutomaticModeForItOnPurpose) {
+  protocol::PartData part = SamplePartWithDocuments();
+  part.documents.activeId = "0";
+  part.documents.revisions.clear();
+  SaveRefused(part);
+  EXPECT_EQ(Text("Act"), "NONE");
+  Panel().RefreshPanelWithInfo();
+  EXPECT_EQ(Text("Act"), "Automatic revision: latest");
+  EXPECT_TRUE(IsEnabled("TabPageDocuments"));
+}
+
+TEST_F(SaveFailuresOfDocuments, AreMadeGoodByTheNextSaveThatSucceeds) {
+  SaveRefused(SamplePartWithDocuments());
+  Press("EditButton");
+  Save();
+  EXPECT_EQ(ActiveDocument(), "D-7 B");
+}
+
+// ---- numbers ----
 
 TEST_F(SaveFailures, NumbersThatAreNotFiniteAreNoNumbers) {
   SetUnit("MASS", "TONNE");

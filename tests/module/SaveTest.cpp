@@ -1,4 +1,5 @@
 #include "framework/dialog/KorDlgRadioButton.h"
+#include "framework/knowledge/KorCkeParmDictionary.h"
 #include "framework/knowledge/KorUnitSystems.h"
 #include "tests/module/EditTest.h"
 #include "tests/support/TraceCapture.h"
@@ -7,13 +8,8 @@ using testing::HasSubstr;
 
 namespace {
 
-using Names = std::vector<std::string>;
-
 class SaveCommand : public EditTest {
  protected:
-  void ExpectEnabled(const Names& names, bool enabled) {
-    for (const std::string& name : names) EXPECT_EQ(IsEnabled(name), enabled) << name;
-  }
   /// The estimated mass type in edit mode with inertia shown about the part's origin; no user gets there.
   void EditAtTheReference() {
     Edit(SamplePart());
@@ -95,6 +91,45 @@ TEST_F(SaveCommand, LeavesADensityUndefinedUntilOneIsTyped) {
   PickPage("TabPage004");
   Type("DensityEditor", "0");
   EXPECT_EQ(Save().material.density, 0);
+}
+
+TEST_F(SaveCommand, LeavesAMassAwayUntilOneIsTyped) {
+  protocol::PartData part = SamplePart();
+  part.massTypes[1].mass.reset();
+  Edit(part);
+  EXPECT_EQ(Text("MTMassEditor"), "0 kg");
+  EXPECT_EQ(TypeOf(Save(), "Estimated").mass, std::nullopt);
+  Press("EditButton");
+  Type("MTMassEditor", "0");
+  EXPECT_EQ(TypeOf(Save(), "Estimated").mass, 0);
+}
+
+TEST_F(SaveCommand, SendsAbsoluteBoundsThatNobodyEditedWithAllTheirDigitsUnderEveryUnit) {
+  protocol::PartData part = SamplePart();
+  part.massTypes[0].precisionType = part.massTypes[0].precisionValueType = 1;
+  part.massTypes[0].lowerPrecision = 1.0 / 3;
+  part.massTypes[0].upperPrecision = 123456.78901234567;
+  for (const auto& unit : KorCkeGlobalFunctions::GetParmDictionary()->FindMagnitude("MASS")->Units()) {
+    SetUnit("MASS", unit->Name());
+    Edit(part);
+    const protocol::MassType sent = TypeOf(Save(), "Computed");
+    EXPECT_EQ(sent.lowerPrecision, 1.0 / 3) << unit->Name();
+    EXPECT_EQ(sent.upperPrecision, 123456.78901234567) << unit->Name();
+    Close();
+  }
+}
+
+TEST_F(SaveCommand, SendsMagnitudePropertiesThatNobodyEditedWithAllTheirDigitsUnderEveryUnit) {
+  for (const char* magnitude : {"MASS", "LENGTH", "DENSITY", "INERTIAMOMENT", "SURFACICMASS"}) {
+    protocol::PartData part = SamplePartWithProperties();
+    part.properties = {{"Extra", "1234.5678901234567", 2, false, true, magnitude}};
+    for (const auto& unit : KorCkeGlobalFunctions::GetParmDictionary()->FindMagnitude(magnitude)->Units()) {
+      SetUnit(magnitude, unit->Name());
+      Edit(part);
+      EXPECT_EQ(Save().properties[0].value, "1234.5678901234567") << unit->Name();
+      Close();
+    }
+  }
 }
 
 struct Priority {
@@ -210,7 +245,9 @@ TEST_F(PrecisionSave, OfAMassStoresItInKilogramsAndShowsItInTheCurrentUnit) {
   Edit(_part);
   PickPage("TabPage005");
   Type("UpperValueEditor", "250");
+  Type("LowerValueEditor", "125");
   const protocol::MassType sent = TypeOf(Save(), "Computed");
+  EXPECT_EQ(sent.lowerPrecision, 0.125);
   EXPECT_EQ(sent.upperPrecision, 0.25);
   EXPECT_EQ(sent.precisionValueType, 1);
   EXPECT_EQ(Text("UpperValueEditor"), "250 g");
@@ -346,98 +383,6 @@ TEST_F(SaveCommand, OffersAComputeWithTheComputedMassTypeActiveWhateverTheSiteSa
   Buffer().SetComputableWithUserMassType(false);
   Save();
   EXPECT_TRUE(IsEnabled("ComputeButton"));
-}
-
-// ---- the active document ----
-
-class DocumentSave : public SaveCommand {
- protected:
-  /// Edits the part on its documents page, where a revision was chosen by hand before.
-  void EditDocuments() {
-    _part.documents.usedSpecificRevisionBefore = true;
-    Edit(_part);
-    PickPage("TabPageDocuments");
-  }
-  protocol::PartData _part = SamplePartWithDocuments();
-};
-
-TEST_F(DocumentSave, WithoutRevisionsTellsOfNoActiveDocument) {
-  Edit(SamplePart());
-  const protocol::PartData sent = Save();
-  EXPECT_EQ(sent.documents.activeId, "__null__");
-  EXPECT_EQ(sent.documents.activeVersion, "__null__");
-}
-
-TEST_F(DocumentSave, OfARevisionChosenByHandStoresAndShowsIt) {
-  EditDocuments();
-  Press("ChangeActiveDocButton");
-  Pick("ActiveDocsCombo", "D-7 A");
-  Press("CancelActiveDocButton");
-  const protocol::PartData sent = Save();
-  EXPECT_EQ(sent.documents.activeId, "D-7");
-  EXPECT_EQ(sent.documents.activeVersion, "A");
-  EXPECT_EQ(Text("Act"), "D-7 A");
-  ExpectEnabled({"ChangeActiveDocButton", "ActiveDocLatestButton", "ActiveDocUsrSelButton"}, false);
-}
-
-TEST_F(DocumentSave, OfTheAutomaticRevisionStoresNothingAndShowsTheMode) {
-  Edit(_part);
-  const protocol::PartData sent = Save();
-  EXPECT_EQ(sent.documents.activeId, "__null__");
-  EXPECT_EQ(sent.documents.activeVersion, "__null__");
-  EXPECT_EQ(Text("Act"), "Automatic revision: latest");
-}
-
-TEST_F(DocumentSave, InAutomaticModeWithALineSelectedLeavesTheDocumentAsItIs) {
-  Edit(_part);
-  As<KorDlgCombo>("ActiveDocsCombo").SetSelect(KorUnicodeString("D-7 A"));  // no user gets there
-  const protocol::PartData sent = Save();
-  EXPECT_EQ(sent.documents.activeId, "D-7");
-  EXPECT_EQ(sent.documents.activeVersion, "B");
-}
-
-TEST_F(DocumentSave, WithNeitherModeChosenStoresAnError) {
-  Edit(_part);
-  As<KorDlgRadioButton>("ActiveDocLatestButton").SetState(KorCheckState::Unchecked);  // no user gets there
-  const protocol::PartData sent = Save();
-  EXPECT_EQ(sent.documents.activeId, "ERROR!");
-  EXPECT_EQ(sent.documents.activeVersion, "ERROR!");
-  EXPECT_EQ(Text("Act"), "ERROR");
-}
-
-TEST_F(DocumentSave, OfALineThatIsNoRevisionStoresTheDocumentWithoutOne) {
-  EditDocuments();
-  As<KorDlgCombo>("ActiveDocsCombo").ClearLines();
-  const protocol::PartData sent = Save();
-  EXPECT_EQ(sent.documents.activeId, "D-7");
-  EXPECT_EQ(sent.documents.activeVersion, "");
-}
-
-TEST_F(DocumentSave, InAutomaticModeKnowsTheDocumentAgainOnceItIsStored) {
-  Edit(_part);
-  Save();
-  KorUnicodeString id, version;
-  Buffer().GetActiveDocId(id);
-  Buffer().GetActiveDocVersion(version);
-  EXPECT_EQ(id + " " + version, "D-7 B");
-}
-
-TEST_F(DocumentSave, OfARevisionChosenByHandStaysChosenByHandAtTheNextRefresh) {
-  Edit(_part);
-  PickPage("TabPageDocuments");
-  Check("ActiveDocUsrSelButton");
-  Save();
-  Panel().RefreshPanelWithInfo();
-  EXPECT_TRUE(IsChecked("ActiveDocUsrSelButton"));
-  EXPECT_EQ(Text("Act"), "D-7 B");
-}
-
-TEST_F(DocumentSave, OnAPanelWithoutTheDocumentsPageLeavesTheDocumentAsItIs) {
-  Open(SamplePart());
-  auto documents = BufferOf(_part);
-  Panel().SetModel(documents.Get());
-  Press("EditButton");
-  EXPECT_EQ(Save().documents.activeId, "D-7");
 }
 
 // ---- the state token ----

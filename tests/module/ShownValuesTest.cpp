@@ -17,6 +17,8 @@ struct ShownCase {
 };
 constexpr ShownCase kShown[] = {{"MassEditor", "MASS", 1234.56789},
                                 {"MTMassEditor", "MASS", 1234.56789},
+                                {"LowerValueEditor", "MASS", 0.0625},
+                                {"UpperValueEditor", "MASS", 1000.0 / 9},
                                 {"LowerDeviationEditor", "MASS", 0.75},
                                 {"UpperDeviationEditor", "MASS", 1e-5},
                                 {"CGxEditor", "LENGTH", 100},
@@ -37,6 +39,9 @@ protocol::PartData PartWithThese() {
   computed.mass = 1234.56789;
   computed.lowerDeviation = 0.75;
   computed.upperDeviation = 1e-5;
+  computed.precisionType = computed.precisionValueType = 1;  // the user's, absolute
+  computed.lowerPrecision = 0.0625;
+  computed.upperPrecision = 1000.0 / 9;
   computed.cg = {0.1, -2.0005, 1.0 / 3};
   computed.inertia = {98765.4321, 2e7, 3.5, -1.25, 2.5, -1000.0 / 7};  // tensor: products negated
   part.material.density = 7850.25;

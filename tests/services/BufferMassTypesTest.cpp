@@ -171,4 +171,15 @@ TEST(MassTypes, HaveOneThatIsActive) {
   EXPECT_EQ(buffer.Sent().activeMassType, "Computed");
 }
 
+TEST(MassTypes, TellAMassOfZeroFromNone) {
+  const LoadedBuffer buffer;
+  EXPECT_TRUE(buffer->HasMass("Estimated"));
+  EXPECT_FALSE(buffer->HasMass("Weighed"));
+  EXPECT_FALSE(buffer->HasMass("of another part"));
+  buffer->SetMass("Weighed", 0);
+  EXPECT_TRUE(buffer->HasMass("Weighed"));
+  buffer->RemoveMass("Weighed");
+  EXPECT_FALSE(buffer->HasMass("Weighed"));
+}
+
 }  // namespace

@@ -52,6 +52,74 @@ TEST(SaveReply, ToASaveOfARevisionMakesThatTheOneChosenByTheUser) {
   EXPECT_EQ(buffer.Sent().documents.activeVersion, "A");
 }
 
+TEST(SaveReply, ToASaveThatNamedNoRevisionMakesTheDocumentAutomatic) {
+  for (const auto& [id, version] :
+       {std::pair("D-100", ""), std::pair("D-100", "__null__"), std::pair("__null__", "A")}) {
+    const LoadedBuffer buffer;
+    buffer->SetActiveDocId(id);
+    buffer->SetActiveDocVersion(version);
+    buffer->SetSaveReply("SaveReply/1|bedplate|8|end");
+    const protocol::Documents documents = buffer.Sent().documents;
+    EXPECT_EQ(documents.activeId, "D-100");
+    EXPECT_EQ(documents.activeVersion, "B");
+    EXPECT_FALSE(documents.usedSpecificRevisionBefore) << id << version;
+  }
+}
+
+TEST(SaveReply, ToASaveOfTheDocumentAsItWasReadLeavesTheChoiceAsItWas) {
+  for (const bool byHand : {false, true}) {
+    protocol::PartData part = SamplePart();
+    part.documents.usedSpecificRevisionBefore = byHand;
+    const LoadedBuffer buffer(part);
+    buffer->SetSaveReply("SaveReply/1|bedplate|8|end");
+    EXPECT_EQ(buffer->HasUsedSpecificRevBefore(), byHand);
+  }
+}
+
+TEST(SaveReply, ToASaveOfTheSameRevisionAfterAnAutomaticOneMakesItTheOneChosenByTheUser) {
+  const LoadedBuffer buffer;
+  buffer->SetActiveDocId("__null__");
+  buffer->SetActiveDocVersion("__null__");
+  buffer->SetSaveReply("SaveReply/1|bedplate|8|end");
+  EXPECT_FALSE(buffer->HasUsedSpecificRevBefore());
+  buffer->SetSaveReply("SaveReply/1|bedplate|9|end");  // of D-100, B; the server has no revision any more
+  EXPECT_TRUE(buffer->HasUsedSpecificRevBefore());
+}
+
+TEST(SaveReply, AfterALookAtAnotherRevisionBringsTheStoredOneBack) {
+  const LoadedBuffer buffer;
+  protocol::PartData other = SamplePart();
+  other.documents.activeVersion = "A";
+  EXPECT_EQ(buffer->SetAllData(protocol::WritePartData(other), false), S_OK);
+  buffer->SetActiveDocId("__null__");
+  buffer->SetActiveDocVersion("__null__");
+  buffer->SetSaveReply("SaveReply/1|bedplate|8|end");
+  EXPECT_EQ(buffer.Sent().documents.activeVersion, "B");
+}
+
+TEST(SaveReply, AfterALookAtAnotherRevisionThatIsSavedMakesThatTheOneChosenByTheUser) {
+  protocol::PartData part = SamplePart();
+  part.documents.usedSpecificRevisionBefore = false;
+  const LoadedBuffer buffer(part);
+  part.documents.activeVersion = "A";
+  EXPECT_EQ(buffer->SetAllData(protocol::WritePartData(part), false), S_OK);
+  buffer->SetSaveReply("SaveReply/1|bedplate|8|end");
+  EXPECT_EQ(buffer.Sent().documents.activeVersion, "A");
+  EXPECT_TRUE(buffer->HasUsedSpecificRevBefore());
+}
+
+TEST(SaveReply, OfAPartWithoutRevisionsLeavesDocumentAndChoiceAsTheyWere) {
+  protocol::PartData part = SamplePart();
+  part.documents.revisions.clear();
+  const LoadedBuffer buffer(part);
+  buffer->SetActiveDocId("__null__");
+  buffer->SetActiveDocVersion("__null__");
+  buffer->SetSaveReply("SaveReply/1|bedplate|8|end");
+  const protocol::Documents documents = buffer.Sent().documents;
+  EXPECT_EQ(documents.activeId + " " + documents.activeVersion, "D-100 B");
+  EXPECT_TRUE(documents.usedSpecificRevisionBefore);
+}
+
 TEST(SaveReply, ThatCannotBeReadOrIsOfAnotherPartLeavesTheBufferAsItWas) {
   const LoadedBuffer buffer;
   buffer->SetActiveDocId("__null__");

@@ -59,13 +59,30 @@ class Run : public testing::Test {
 
 TEST_F(HeadlessRun, EndsWellAndLeavesItsPictures) {
   ASSERT_EQ(s_exitStatus, 0) << FileText(s_folder / "log");
-  for (const char* name :
-       {"window.png", "window-dark.png", "part-panel-results.png", "part-panel-mass-types.png",
-        "part-panel-material.png", "part-panel-precision.png", "part-panel-imperial.png",
-        "part-panel-mixed.png", "part-panel-dark.png", "part-panel-custom.png", "filter-panel.png",
-        "part-panel-filter.png", "window-filter.png", "warning-dialog.png", "part-panel-edit-results.png",
-        "part-panel-edit-mass-types.png", "part-panel-edit-material.png", "part-panel-edit-precision.png",
-        "history.png"})
+  for (const char* name : {"window.png",
+                           "window-dark.png",
+                           "part-panel-results.png",
+                           "part-panel-mass-types.png",
+                           "part-panel-material.png",
+                           "part-panel-precision.png",
+                           "part-panel-documents.png",
+                           "part-panel-additional.png",
+                           "part-panel-imperial.png",
+                           "part-panel-mixed.png",
+                           "part-panel-dark.png",
+                           "part-panel-custom.png",
+                           "filter-panel.png",
+                           "part-panel-filter.png",
+                           "window-filter.png",
+                           "warning-dialog.png",
+                           "part-panel-edit-results.png",
+                           "part-panel-edit-mass-types.png",
+                           "part-panel-edit-material.png",
+                           "part-panel-edit-precision.png",
+                           "part-panel-edit-documents.png",
+                           "part-panel-edit-additional.png",
+                           "part-panel-edit-revision.png",
+                           "history.png"})
     EXPECT_TRUE(IsPng(name)) << name;
 }
 

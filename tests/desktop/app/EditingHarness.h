@@ -6,6 +6,7 @@
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgPushButton.h"
+#include "framework/dialog/KorDlgRadioButton.h"
 #include "framework/dialog/KorDlgTabContainer.h"
 #include "tests/desktop/app/WindowHarness.h"
 #include "tests/desktop/support/QtApplication.h"
@@ -18,7 +19,15 @@ class EditingTest : public WindowTest {
   static constexpr const char* kMassTypes = "TabContainer001.TabPage003.";
   static constexpr const char* kMass = "TabContainer001.TabPage003.Frame107.Frame231.MTMassEditor";
   static constexpr const char* kCGx = "TabContainer001.TabPage003.Frame113.MTCGFrame.MTCGxEditor";
-  enum Page { kResultsPage, kMassTypesPage, kMaterialPage, kPrecisionPage };
+  static constexpr const char* kChoice =
+      "TabContainer001.TabPageDocuments.UpperMainFrameActiveDoc.FrameActiveDoc.";
+  static constexpr const char* kByHand =
+      "TabContainer001.TabPageDocuments.LowerMainFrameActiveDoc.FrameActiveDocType.ActiveDocUsrSelButton";
+  static constexpr const char* kPropertyName =
+      "TabContainer001.TabPageAdditional.ExtraPropertiesFrame.PropertyNameCombo";
+  static constexpr const char* kPropertyValue =
+      "TabContainer001.TabPageAdditional.ExtraPropertiesFrame.PropertyValueEditor";
+  enum Page { kResultsPage, kMassTypesPage, kMaterialPage, kPrecisionPage, kDocumentsPage, kPropertiesPage };
   enum Answer { kGiveUp = 0, kKeep = 1 };
 
   void SetUp() override {
@@ -56,6 +65,27 @@ class EditingTest : public WindowTest {
   void EditMass(const std::string& text) {
     Edit();
     Type(kMass, text);
+  }
+  bool PressChoice(const char* button) {
+    return Panel().Find<KorDlgPushButton>(std::string(kChoice) + button).Press();
+  }
+  /// A revision of the bedplate's document chosen by hand, in edit mode.
+  void ChooseRevision(const std::string& revision) {
+    GoTo(kDocumentsPage);
+    ASSERT_TRUE(Panel().Find<KorDlgRadioButton>(kByHand).Check());
+    ASSERT_TRUE(PressChoice("ChangeActiveDocButton"));
+    ASSERT_TRUE(Panel()
+                    .Find<KorDlgCombo>(std::string(kChoice) + "ActiveDocsCombo")
+                    .Pick(KorUnicodeString("DOC-BEDPLATE " + revision)));
+    ASSERT_TRUE(PressChoice("ApplyActiveDocButton"));
+  }
+  void ShowProperty(const char* name) {
+    GoTo(kPropertiesPage);
+    ASSERT_TRUE(Panel().Find<KorDlgCombo>(kPropertyName).Pick(name)) << name;
+  }
+  void EditProperty(const char* name, const std::string& text) {
+    ShowProperty(name);
+    Type(kPropertyValue, text);
   }
   void Save() {
     ASSERT_TRUE(Press("SaveButton"));

@@ -1,4 +1,6 @@
 // The history of a part: who saved it, when, what changed, and an earlier state saved again.
+#include <gmock/gmock.h>
+
 #include <QAction>
 #include <QLabel>
 #include <QPointer>
@@ -127,6 +129,32 @@ TEST_F(HistoryDialogTest, ShowsAPropertyThatIsAMagnitudeInTheCurrentUnit) {
   EXPECT_EQ(FieldRow(dialog, 0), "Property Paint | 0.25 kg | 0.5 kg");
   EXPECT_EQ(FieldRow(dialog, 1), "Property Colour | red | blue");
   EXPECT_EQ(FieldRow(dialog, 2), "Property Reach | 1250 mm | 2500 mm");
+}
+
+TEST_F(HistoryDialogTest, NamesFieldsOfTheDocumentForPeople) {
+  Serve(OneSave({{"documents.activeId", "DOC-1", "DOC-2"},
+                 {"documents.activeVersion", "A", "B"},
+                 {"documents.usedSpecificRevisionBefore", "0", "1"}}));
+  dialog.Reload();
+  EXPECT_EQ(FieldRow(dialog, 0), "Active document | DOC-1 | DOC-2");
+  EXPECT_EQ(FieldRow(dialog, 1), "Revision of the active document | A | B");
+  EXPECT_EQ(FieldRow(dialog, 2), "Revision chosen by hand | no | yes");
+}
+
+TEST_F(HistoryDialogTest, ShowsAValueThatWasEmptyAsNone) {
+  Serve(OneSave({{"properties[Colour].value", "", "red"}, {"material.name", "Steel", ""}}));
+  dialog.Reload();
+  EXPECT_EQ(FieldRow(dialog, 0), "Property Colour | \u2013 | red");
+  EXPECT_EQ(FieldRow(dialog, 1), "Material | Steel | \u2013");
+}
+
+TEST_F(HistoryDialogTest, ItsButtonsSayWhatTheyBringBackAndTheirTooltipsExplainIt) {
+  Serve(OneSave({{"standardPart", "0", "1"}}));
+  dialog.Reload();
+  EXPECT_EQ(dialog.BeforeButton().text(), "Bring back the state before\u2026");
+  EXPECT_EQ(dialog.AfterButton().text(), "Bring back the state after\u2026");
+  EXPECT_TRUE(dialog.BeforeButton().toolTip().contains("just before the chosen save"));
+  EXPECT_TRUE(dialog.AfterButton().toolTip().contains("as the chosen save left it"));
 }
 
 TEST_F(HistoryDialogTest, ShowsAFieldThatItDoesNotKnowAsTheServerCallsIt) {
@@ -272,6 +300,22 @@ TEST_F(HistoryTest, TheStateAfterASaveIsSavedAgain) {
   dialog.AfterButton().click();
   RunPendingEvents();
   EXPECT_EQ(PaneMass(), "43000 kg");
+}
+
+TEST_F(HistoryTest, ShowsWhichRevisionWasChosenAndWhichPropertiesChanged) {
+  Edit();
+  ChooseRevision("B");
+  EditProperty("Last weighing", "2024-02-29");
+  EditProperty("Overall length", "9350.5");
+  Save();
+  HistoryDialog& dialog = OpenHistory();
+  std::vector<std::string> rows;
+  for (int row = 0; row < dialog.FieldList().rowCount(); ++row) rows.push_back(FieldRow(dialog, row));
+  EXPECT_THAT(rows, testing::IsSupersetOf({"Revision of the active document | automatic | B",
+                                           "Revision chosen by hand | no | yes",
+                                           "Property Last weighing | 2020-06-18 | 2024-02-29",
+                                           "Property Overall length | 9200 mm | 9350.5 mm"}));
+  for (const std::string& row : rows) EXPECT_EQ(row.find('['), row.npos) << row << " is not for people";
 }
 
 TEST_F(HistoryTest, NothingIsSavedAgainWhenTheUserLeavesIt) {

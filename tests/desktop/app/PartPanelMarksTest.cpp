@@ -1,4 +1,5 @@
 // Texts that the part panel could not read are marked while they are typed.
+#include "framework/knowledge/KorCkeParmDictionary.h"
 #include "framework/knowledge/KorUnitSystems.h"
 #include "tests/desktop/app/EditingHarness.h"
 
@@ -59,6 +60,28 @@ TEST_F(PartPanelMarksTest, ANumberThatIsNotFiniteIsMarked) {
   }
 }
 
+TEST_F(PartPanelMarksTest, ANumberThatIsTooLargeInTheStorageUnitIsMarkedOnEveryPage) {
+  const auto choose = [](const char* magnitude, const char* unit) {
+    auto found = KorCkeGlobalFunctions::GetParmDictionary()->FindMagnitude(magnitude);
+    ASSERT_EQ(found->SetCurrentUnit(unit), S_OK);
+  };
+  choose("MASS", "TONNE");
+  choose("LENGTH", "METER");
+  Edit();
+  Type(kMass, "1e306");
+  EXPECT_EQ(MarkOf(kMass), "\"1e306\" is too large to be stored.");
+  Type(kCGx, "1e306 m");
+  EXPECT_EQ(MarkOf(kCGx), "\"1e306 m\" is too large to be stored.");
+  GoTo(kPrecisionPage);
+  ASSERT_TRUE(Panel().Find<KorDlgCombo>("TabContainer001.TabPage005.Frame252.Frame092.TypeCombo").Pick(1));
+  ASSERT_TRUE(Panel()
+                  .Find<KorDlgCombo>("TabContainer001.TabPage005.Frame252.PrecisionValueFrame.ValueTypeCombo")
+                  .Pick(1));
+  Type(kUpper, "1e306 t");
+  EXPECT_EQ(MarkOf(kUpper), "\"1e306 t\" is too large to be stored.");
+  KorApplyUnitSystem("Mixed");
+}
+
 TEST_F(PartPanelMarksTest, ALongTextIsNotToldWhole) {
   Edit();
   Type(kCGx, std::string(5'000'000, 'x'));
@@ -96,6 +119,52 @@ TEST_F(PartPanelMarksTest, NoDensityIsNoError) {
   EXPECT_NE(MarkOf(kDensity), "");
   Type(kDensity, "");
   EXPECT_EQ(MarkOf(kDensity), "");
+}
+
+/// A text for a property of the sample, in the mixed units, and what its mark says.
+struct PropertyText {
+  const char* what;
+  const char* property;
+  const char* text;
+  const char* mark;
+};
+
+void PrintTo(const PropertyText& row, std::ostream* out) { *out << row.what; }
+
+class PropertyMarksTest : public EditingTest, public testing::WithParamInterface<PropertyText> {};
+
+TEST_P(PropertyMarksTest, TellWhatThePropertyCannotTake) {
+  Edit();
+  EditProperty(GetParam().property, GetParam().text);
+  EXPECT_EQ(MarkOf(kPropertyValue), GetParam().mark);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Types, PropertyMarksTest,
+    testing::Values(PropertyText{"Text", "Supplier", "anything 4x", ""},
+                    PropertyText{"Integer", "Crane lifts", "3", ""},
+                    PropertyText{"NoInteger", "Crane lifts", "2.5",
+                                 "\"2.5\" cannot be read as a whole number."},
+                    PropertyText{"Date", "Last weighing", "2024-02-29", ""},
+                    PropertyText{"DateThatDoesNotExist", "Last weighing", "2023-02-29",
+                                 "\"2023-02-29\" is no date of the form YYYY-MM-DD."},
+                    PropertyText{"Real", "Load factor", "-1.5e-3", ""},
+                    PropertyText{"NoReal", "Load factor", "1,5", "\"1,5\" cannot be read as a number."},
+                    PropertyText{"Magnitude", "Overall length", "9350.5 mm", ""},
+                    PropertyText{"MagnitudeWithoutUnit", "Overall length", "9350.5", ""},
+                    PropertyText{"MagnitudeInAnotherUnit", "Overall length", "9.35 m",
+                                 "\"9.35 m\" cannot be read as a number, with or without \"mm\" behind it."},
+                    PropertyText{"Blanks", "Overall length", "  ", ""}),
+    [](const auto& row) { return row.param.what; });
+
+TEST_F(PartPanelMarksTest, AMarkOfAPropertyGoesWhenAnotherPropertyIsShown) {
+  Edit();
+  EditProperty("Supplier", "Nordguss 2");
+  EditProperty("Crane lifts", "many");
+  ASSERT_NE(MarkOf(kPropertyValue), "");
+  ShowProperty("Supplier");
+  EXPECT_EQ(TextOf(kPropertyValue), "Nordguss 2");
+  EXPECT_EQ(MarkOf(kPropertyValue), "");
 }
 
 TEST_F(PartPanelMarksTest, AMarkGoesWithEditMode) {

@@ -3,6 +3,7 @@
 
 #include "desktop/app/ReadableTexts.h"
 #include "framework/dialog/KorMsgCatalog.h"
+#include "framework/knowledge/KorCkeParmDictionary.h"
 #include "protocol/Codec.h"
 
 namespace desktop::test {
@@ -35,6 +36,22 @@ TEST_P(PropertyTextTest, IsReadableOrItsProblemIsTold) {
   const auto buffer = BufferWith(GetParam());
   const QString problem = FindPropertyProblem(*buffer.Get(), 1, GetParam().text);
   EXPECT_EQ(problem.isEmpty(), GetParam().readable) << problem.toStdString();
+}
+
+TEST(PropertyTexts, OfMagnitudesTooLargeForTheStorageUnitAreNotReadableWhateverTheType) {
+  auto mass = KorCkeGlobalFunctions::GetParmDictionary()->FindMagnitude("MASS");
+  const KorString before = mass->CurrentUnit()->Name();
+  ASSERT_EQ(mass->SetCurrentUnit("TONNE"), S_OK);
+  protocol::PartData data;
+  data.partId = "p";
+  for (const int type : {0, 2}) data.properties.push_back({"property", "", type, false, true, "MASS"});
+  auto buffer = LumWBAllDataBuffer_var::Adopt(new LumWBAllDataBuffer);
+  EXPECT_EQ(buffer->SetAllData(protocol::WritePartData(data), true), S_OK);
+  for (const int property : {1, 2}) {
+    EXPECT_FALSE(FindPropertyProblem(*buffer.Get(), property, "1e306").isEmpty()) << property;
+    EXPECT_TRUE(FindPropertyProblem(*buffer.Get(), property, "1e305").isEmpty()) << property;
+  }
+  mass->SetCurrentUnit(before);
 }
 
 INSTANTIATE_TEST_SUITE_P(Types, PropertyTextTest,

@@ -25,6 +25,19 @@ class SavingTest : public EditingTest {
     window.Compute();
     RunPendingEvents();
   }
+  /// The bedplate as the server would send it now.
+  std::string StoredPart(const std::string& part = "bedplate") {
+    protocol::PartDataRequest request;
+    request.partId = part;
+    return window.Session().Transport().Run("WBGetPartData", protocol::WritePartDataRequest(request));
+  }
+  void SaveUnedited(const std::vector<std::string>& instancePath) {
+    Select(instancePath);
+    RunPendingEvents();
+    ASSERT_TRUE(Press("EditButton"));
+    Save();
+    EXPECT_TRUE(boxes.Messages().empty());
+  }
   std::string PaneMass() { return window.Selection().ActiveText("Selection.Mass").toStdString(); }
 };
 
@@ -114,29 +127,58 @@ TEST_F(SavingTest, WhatIsSavedIsSavedInTheNameOfTheUser) {
   EXPECT_NE(history.find("|eva|"), std::string::npos) << history;
 }
 
+TEST_F(SavingTest, ASaveOverThatOfSomebodyElseIsRefusedWithANameAndThePartCanBeReadAgain) {
+  EditMass("43000");
+  qputenv("USER", "max");
+  {
+    const auto other = EmbeddedTransport::Open(File().toStdString());
+    ASSERT_TRUE(other.Ok()) << other.Failure().message;
+    auto data = protocol::ReadPartData(StoredPart());
+    ASSERT_TRUE(data.Ok()) << data.Failure().message;
+    for (protocol::MassType& type : data.Value().massTypes)
+      if (type.name == "Calculated") type.mass = 41000;
+    const std::string reply = other.Value()->Run("WBSaveNymValues", protocol::WritePartData(data.Value()));
+    ASSERT_FALSE(protocol::IsErrorReply(reply)) << reply;
+  }
+  Save();
+  EXPECT_NE(OnlyMessage().find("was changed by \"max\""), std::string::npos) << OnlyMessage();
+  EXPECT_EQ(TextOf(kMass), "43000 kg");
+  boxes.answers = {kGiveUp};
+  window.ShowPartPanel();
+  EXPECT_EQ(boxes.Questions().size(), 1u);
+  EXPECT_EQ(TextOf(kMass), "41000 kg");
+  EditMass("42000");
+  Save();
+  EXPECT_EQ(boxes.Messages().size(), 1u);
+  EXPECT_EQ(PaneMass(), "42000 kg");
+}
+
 // ---- values that nobody edits ----
 
 class UneditedTest : public SavingTest, public testing::WithParamInterface<const char*> {
  protected:
+  static constexpr const char* kProperties[] = {"Supplier",        "Crane lifts",    "Last weighing",
+                                                "Load factor",     "Overall length", "Transport mass",
+                                                "Painting density"};
   static void TearDownTestSuite() { KorApplyUnitSystem("Mixed"); }
-  /// The bedplate as the server would send it now.
-  std::string StoredPart() {
-    protocol::PartDataRequest request;
-    request.partId = "bedplate";
-    return window.Session().Transport().Run("WBGetPartData", protocol::WritePartDataRequest(request));
-  }
+  /// Looks at each page and each property on the way.
   void SaveUneditedWithShown(const char* massType) {
     GoTo(kMassTypesPage);
     ASSERT_TRUE(Panel()
                     .Find<KorDlgCombo>("TabContainer001.TabPage003.Frame107.Frame231.MassTypeCombo")
                     .Pick(massType));
     ASSERT_TRUE(Press("EditButton"));
+    for (const Page page : {kResultsPage, kMaterialPage, kPrecisionPage, kDocumentsPage}) GoTo(page);
+    for (const char* property : kProperties) ShowProperty(property);
     Save();
   }
 };
 
+/// The bedplate has documents, properties of each type and bounds that a user has typed.
 TEST_P(UneditedTest, ValuesStayExactlyAsTheyWereUnderEachUnit) {
   const std::string before = StoredPart();
+  for (const char* content : {"DOC-BEDPLATE", "Overall length|9.2|", "|0.01|0.015|"})
+    ASSERT_NE(before.find(content), before.npos) << before;
   const auto magnitude = KorCkeGlobalFunctions::GetParmDictionary()->FindMagnitude(GetParam());
   ASSERT_GE(magnitude->Units().size(), 3u);
   for (const KorCkeUnit_var& unit : magnitude->Units()) {
@@ -152,6 +194,24 @@ TEST_P(UneditedTest, ValuesStayExactlyAsTheyWereUnderEachUnit) {
 
 INSTANTIATE_TEST_SUITE_P(Magnitudes, UneditedTest,
                          testing::Values("MASS", "LENGTH", "INERTIAMOMENT", "DENSITY", "SURFACICMASS"));
+
+/// Its user bounds are masses, and its revision the attached one.
+TEST_F(SavingTest, APartWithAbsoluteBoundsStaysExactlyAsItWasWhenNobodyEditsIt) {
+  const std::string before = StoredPart("generator_rotor");
+  ASSERT_NE(before.find("|1|65|65|130|130|"), before.npos) << before;
+  KorApplyUnitSystem("Imperial");
+  window.UnitsChanged();
+  SaveUnedited({"nacelle.1", "Above_yaw.1", "generator.1", "generator_rotor.1"});
+  EXPECT_EQ(StoredPart("generator_rotor"), before);
+  KorApplyUnitSystem("Mixed");
+}
+
+TEST_F(SavingTest, APartWithARevisionChosenByHandStaysExactlyAsItWasWhenNobodyEditsIt) {
+  const std::string before = StoredPart("cover");
+  ASSERT_NE(before.find("|DOC-COVER|B|0|1|"), before.npos) << before;
+  SaveUnedited({"nacelle.1", "Above_yaw.1", "cover.1"});
+  EXPECT_EQ(StoredPart("cover"), before);
+}
 
 // ---- nothing typed is lost without a question ----
 
