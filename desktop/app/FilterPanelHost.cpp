@@ -63,7 +63,7 @@ void FilterPanelHost::Show() {
   auto* table = ListView().Qt();
   table->viewport()->setAcceptDrops(true);
   table->viewport()->installEventFilter(this);
-  if (!Window()->restoreGeometry(_settings.WindowState(kGeometryKey))) Window()->resize(kFirstSize);
+  if (!RestoreWantedGeometry(*Window(), _settings.WindowState(kGeometryKey))) Window()->resize(kFirstSize);
   ListView().RestoreWidths(_settings.WindowState(kColumnsKey));
   dialog.SetVisibility(KorVisibility::Shown);
   _rowsAtFirst = RowsText();

@@ -60,7 +60,7 @@ void PartPanelHost::Open() {
   dialog.Find<KorDlgPushButton>("Frame238.CloseButton").Subscribe(KorEvent::PushActivate, close);
   dialog.Subscribe(KorEvent::WindowClose, close);
   dialog.Attach(&_backend);
-  Window()->restoreGeometry(_settings.WindowState(kGeometryKey));
+  RestoreWantedGeometry(*Window(), _settings.WindowState(kGeometryKey));
   dialog.SetVisibility(KorVisibility::Shown);
 }
 

@@ -35,7 +35,7 @@ bool WarningListHost::Show(const std::function<Lines()>& lines) {
         this, [this] { CloseIfHidden(); }, Qt::QueuedConnection);
   });
   _dialog->Attach(&_backend);
-  if (!Window()->restoreGeometry(_settings.WindowState(kGeometryKey))) Window()->resize(kFirstSize);
+  if (!RestoreWantedGeometry(*Window(), _settings.WindowState(kGeometryKey))) Window()->resize(kFirstSize);
   _dialog->SetVisibility(KorVisibility::Shown);
   return true;
 }

@@ -87,6 +87,22 @@ TEST_F(WindowSizeTest, ASizeThatTheUserChoseAfterItGrewIsSaved) {
   EXPECT_EQ(restored.height(), chosen);
 }
 
+TEST_F(WindowSizeTest, ARestoredSizeThatIsTooSmallComesBackWhenThereIsRoom) {
+  const QByteArray geometry = SaveWantedGeometry(*Window());
+  const QSize wanted = Window()->size();
+  dialog.SetVisibility(KorVisibility::Hidden);
+  extra->SetVisibility(KorVisibility::Shown);
+  ASSERT_TRUE(RestoreWantedGeometry(*Window(), geometry));
+  dialog.SetVisibility(KorVisibility::Shown);
+  Settle();
+  ASSERT_GT(Window()->height(), wanted.height());
+  QWidget saved;
+  ASSERT_TRUE(saved.restoreGeometry(SaveWantedGeometry(*Window())));
+  EXPECT_EQ(saved.size(), wanted);
+  Show(KorVisibility::Hidden);
+  EXPECT_EQ(Window()->size(), wanted);
+}
+
 TEST_F(WindowSizeTest, WhatComesInTwiceGivesItsRoomBackTwice) {
   const QSize before = Window()->size();
   for (int i = 0; i < 2; ++i) {

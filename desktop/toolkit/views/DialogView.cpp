@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/toolkit/QtText.h"
 
@@ -28,6 +29,11 @@ void NoteLength(int before, int now, int least, int& forced, int& wanted) {
   const bool isForced = before > 0 && before < least && now == least;
   if (isForced && forced == 0) wanted = before;
   forced = isForced ? now : 0;
+}
+
+/// A window that was to have the length `wanted` comes up with `now`.
+void NoteRestoredLength(int now, int least, int wanted, int& forced) {
+  if (now > wanted && now == least) forced = now;
 }
 
 /// What a length that was forced on a window goes back to.
@@ -59,6 +65,23 @@ QByteArray DialogWindow::SaveWantedGeometry() const {
 
 QByteArray SaveWantedGeometry(const QWidget& dialogWindow) {
   return static_cast<const DialogWindow&>(dialogWindow).SaveWantedGeometry();
+}
+
+bool DialogWindow::RestoreWantedGeometry(const QByteArray& geometry) {
+  _isRestored = restoreGeometry(geometry);
+  if (_isRestored) _wanted = size();
+  return _isRestored;
+}
+
+void DialogWindow::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (!std::exchange(_isRestored, false)) return;
+  NoteRestoredLength(width(), minimumWidth(), _wanted.width(), _forced.rwidth());
+  NoteRestoredLength(height(), minimumHeight(), _wanted.height(), _forced.rheight());
+}
+
+bool RestoreWantedGeometry(QWidget& dialogWindow, const QByteArray& geometry) {
+  return static_cast<DialogWindow&>(dialogWindow).RestoreWantedGeometry(geometry);
 }
 
 bool DialogWindow::event(QEvent* event) {

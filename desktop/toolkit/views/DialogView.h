@@ -22,10 +22,14 @@ class DialogWindow : public QDialog {
   /// The window's `saveGeometry` with the size that the user wants: what came in and made it grow is not
   /// there when the window is restored.
   QByteArray SaveWantedGeometry() const;
+  /// `restoreGeometry` before the window is shown. What is in it may need more room than that: the window
+  /// takes the restored size when that goes.
+  bool RestoreWantedGeometry(const QByteArray& geometry);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   bool event(QEvent* event) override;
 
  private:
@@ -34,6 +38,7 @@ class DialogWindow : public QDialog {
   // What has come in made the window grow to this width or height, from that one; 0: it is as the user wants.
   QSize _forced{0, 0};
   QSize _wanted{0, 0};
+  bool _isRestored = false;  ///< and not shown yet
 };
 
 class DialogView : public QtViewOf<KorDlgDialog, DialogWindow> {
@@ -58,5 +63,6 @@ class DialogView : public QtViewOf<KorDlgDialog, DialogWindow> {
 
 /// The same of the window of a dialog that a backend has made.
 QByteArray SaveWantedGeometry(const QWidget& dialogWindow);
+bool RestoreWantedGeometry(QWidget& dialogWindow, const QByteArray& geometry);
 
 }  // namespace desktop
