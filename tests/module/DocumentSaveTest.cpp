@@ -126,14 +126,14 @@ TEST_F(DocumentSave, OfARevisionChosenByHandStaysChosenByHandAtTheNextRefresh) {
   EXPECT_EQ(Text("Act"), "D-7 A");
 }
 
-// The server takes a document that is sent as it has it for no choice.
-TEST_F(DocumentSave, OfTheRevisionThatIsActiveAnywayStaysAutomaticAtTheNextRefresh) {
+// The mark that goes with it tells the server that the same revision was chosen by hand.
+TEST_F(DocumentSave, OfTheRevisionThatIsActiveAnywayIsAChoiceByHandAtTheNextRefresh) {
   Edit(_part);
   PickPage("TabPageDocuments");
   Check("ActiveDocUsrSelButton");
   Save();
   Panel().RefreshPanelWithInfo();
-  EXPECT_TRUE(IsChecked("ActiveDocLatestButton"));
+  EXPECT_TRUE(IsChecked("ActiveDocUsrSelButton"));
 }
 
 TEST_F(DocumentSave, OnAPanelWithoutTheDocumentsPageLeavesTheDocumentAsItIs) {
