@@ -153,6 +153,15 @@ TEST_F(SavingTest, ASaveOverThatOfSomebodyElseIsRefusedWithANameAndThePartCanBeR
   EXPECT_EQ(PaneMass(), "42000 kg");
 }
 
+TEST_F(SavingTest, TheRevisionThatIsActiveAnywayIsStoredAsAChoiceWhenItIsChosenByHand) {
+  ASSERT_NE(StoredPart().find("|DOC-BEDPLATE|C|0|0|"), std::string::npos) << StoredPart();
+  Edit();
+  ChooseRevision("C");
+  Save();
+  EXPECT_NE(StoredPart().find("|DOC-BEDPLATE|C|0|1|"), std::string::npos) << StoredPart();
+  EXPECT_TRUE(boxes.Messages().empty());
+}
+
 // ---- values that nobody edits ----
 
 class UneditedTest : public SavingTest, public testing::WithParamInterface<const char*> {
