@@ -49,8 +49,10 @@ HRESULT LumWBAllDataBuffer::GetActiveDocVersion(KorUnicodeString& version) const
 HRESULT LumWBAllDataBuffer::SetActiveDocVersion(const KorUnicodeString& version) {
   protocol::Documents& documents = Data().data.documents;
   documents.activeVersion = version.Utf8();
-  // The automatic revision and the same one chosen by hand have one name; only this tells them apart.
-  documents.usedSpecificRevisionBefore = documents.used && documents.activeVersion != protocol::kNull;
+  // The automatic revision and the same one chosen by hand have one name; only this tells them apart. Without
+  // revisions there was nothing to choose from.
+  if (!documents.revisions.empty())
+    documents.usedSpecificRevisionBefore = documents.used && documents.activeVersion != protocol::kNull;
   return S_OK;
 }
 
