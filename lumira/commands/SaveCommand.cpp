@@ -1,9 +1,8 @@
-#include <algorithm>
 #include <utility>
 
 #include "lumira/commands/Commands.h"
-#include "lumira/commands/ComputedMassType.h"
 #include "lumira/commands/SaveConflict.h"
+#include "lumira/commands/SaveOrigin.h"
 #include "lumira/commands/SaveRules.h"
 #include "lumira/commands/SavedValues.h"
 #include "lumira/commands/UtcTime.h"
@@ -38,32 +37,6 @@ Result<std::string> Write(Session& session, const StoredPart& stored, StoredPart
   if (!state) return state.Failure();
   session.products.TakeSaved(part, state.Value());
   return ReplyFor(part.id, state.Value().state);
-}
-
-// A client that has taken over a revision of the document sends the mass types of that revision, which are
-// those of the part from then on; the precision of the computed one belongs to the part.
-StoredPart WithMassTypesOf(const RevisionData& revision, StoredPart part) {
-  part.part.massTypes = revision.massTypes;
-  auto& precisions = part.details.precisions;
-  std::erase_if(precisions,
-                [](const Precision& precision) { return precision.massType != kComputedMassType; });
-  for (const Precision& precision : revision.precisions)
-    if (precision.massType != kComputedMassType) precisions.push_back(precision);
-  return part;
-}
-
-// What the request is an edition of: the part as it stands, or as the chosen revision has it.
-Result<StoredPart> EditedPart(Store& store, const StoredPart& stored, const PartData& request) {
-  const std::string& version = request.documents.activeVersion;
-  const auto& listed = stored.details.documents.revisions;
-  if (ListsMassTypes(request, stored.part.massTypes) ||
-      std::ranges::find(listed, version, &protocol::DocumentRevision::revision) == listed.end())
-    return stored;
-  const auto revision = store.LoadRevision(stored.part.id, version);
-  if (!revision && revision.Failure().kind == ErrorKind::NotFound) return stored;
-  if (!revision) return revision.Failure();
-  if (!ListsMassTypes(request, revision.Value().massTypes)) return stored;
-  return WithMassTypesOf(revision.Value(), stored);
 }
 
 Result<std::string> Save(Session& session, const PartData& request, std::int64_t state) {

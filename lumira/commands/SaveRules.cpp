@@ -245,13 +245,6 @@ constexpr Result<void> (*kSteps[])(StoredPart&, const protocol::PartData&) = {
 
 }  // namespace
 
-bool ListsMassTypes(const protocol::PartData& request, const std::vector<MassTypeData>& types) {
-  std::set<std::string_view> listed, known = {kComputedMassType};
-  for (const protocol::MassType& type : request.massTypes) listed.insert(type.name);
-  for (const MassTypeData& type : types) known.insert(type.name);
-  return listed == known;
-}
-
 Result<StoredPart> ApplySave(const StoredPart& stored, const protocol::PartData& request) {
   StoredPart saved = stored;
   for (const auto step : kSteps)
