@@ -374,6 +374,16 @@ TEST_F(SaveCommand, TakesNumbersOfEveryFiniteSizeExactly) {
   EXPECT_EQ(back.cg, (Vector{-1.7976931348623157e308, -0.0, 0.1}));
 }
 
+TEST_F(SaveCommand, TakesAPlusAloneForNoNumberAndNoDate) {
+  for (const char* name : {"count", "checked", "length"}) {
+    protocol::PartData data = PartDataOf("a");
+    Property(data, name).value = "+";
+    EXPECT_THAT(Save(data), HasSubstr(std::string("(property \"") + name + "\")"));
+    Property(data, name).value = " + ";
+    EXPECT_THAT(Save(data), HasSubstr(std::string("(property \"") + name + "\")"));
+  }
+}
+
 TEST_F(SaveCommand, KeepsAnInvalidPropertyThatNobodyHasTouched) {
   SQLite::Database(file, SQLite::OPEN_READWRITE)
       .exec("UPDATE property_values SET value = 'about three' WHERE definition = 0");

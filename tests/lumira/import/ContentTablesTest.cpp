@@ -328,6 +328,17 @@ TEST(ContentTables, ValuesThatDoNotFitTheirTypeAreRefused) {
       "p.csv, line 5, column 5 (value): \"inf\" is not a finite number");
 }
 
+TEST(ContentTables, PlusAloneIsNoValueOfAnyTypeButText) {
+  EXPECT_EQ(
+      PropertyRefusal("property,type,magnitude,part,value\ncount,integer,,a,+\nchecked,date,,a, + \n"
+                      "factor,real,,a,+\nlength,magnitude,LENGTH,a,+\n"),
+      "p.csv, line 2, column 5 (value): \"+\" is not a whole number from -2147483648 to 2147483647\n"
+      "p.csv, line 3, column 5 (value): \"+\" is no date; a day of the calendar as YYYY-MM-DD expected\n"
+      "p.csv, line 4, column 5 (value): \"+\" is not a finite number\n"
+      "p.csv, line 5, column 5 (value): \"+\" is not a finite number");
+  EXPECT_EQ(PropertyRefusal("property,type,part,value\nnote,text,a,+\n"), "imported");
+}
+
 TEST(ContentTables, ValuesAreCheckedByATypeThatStandsBelowThem) {
   EXPECT_EQ(PropertyRefusal("property,type,part,value\ncount,,a,many\ncount,integer,,\n"),
             "p.csv, line 2, column 4 (value): \"many\" is not a whole number from -2147483648 to 2147483647");
@@ -350,12 +361,13 @@ TEST(ContentTables, PropertyHasOneType) {
 
 TEST(ContentTables, MagnitudesMustBeKnown) {
   EXPECT_EQ(PropertyRefusal("property,type,magnitude\nx,magnitude,SMELL\n"),
-            "p.csv, line 2, column 1 (property): \"SMELL\" is no magnitude known here");
+            "p.csv, line 2, column 3 (magnitude): \"SMELL\" is no magnitude known here");
   EXPECT_EQ(PropertyRefusal("property,type,magnitude\nx,magnitude,\n"),
-            "p.csv, line 2, column 1 (property): \"\" is no magnitude known here");
-  EXPECT_EQ(PropertyRefusal("property,type,magnitude\nx,real,MASS\n"),
-            "p.csv, line 2, column 1 (property): has the magnitude \"MASS\", but is not of the type that has "
-            "one");
+            "p.csv, line 2, column 3 (magnitude): \"\" is no magnitude known here");
+  EXPECT_EQ(
+      PropertyRefusal("property,type,magnitude\nx,real,MASS\n"),
+      "p.csv, line 2, column 3 (magnitude): has the magnitude \"MASS\", but is not of the type that has "
+      "one");
 }
 
 TEST(ContentTables, UnitsMustBeThoseOfTheMagnitude) {
