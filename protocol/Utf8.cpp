@@ -51,6 +51,23 @@ void AppendHex(std::string& out, char c) {
   out += {'\\', 'x', kDigits[byte >> 4], kDigits[byte & 15]};
 }
 
+// U+0000 to U+001F, U+007F and U+0080 to U+009F, some of which a terminal would obey.
+bool IsControl(std::string_view character) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(character[i]); };
+  return byte(0) < 0x20 || byte(0) == 0x7F || (byte(0) == 0xC2 && byte(1) < 0xA0);
+}
+
+// Appends the first character of the text; how many bytes it has.
+std::size_t AppendPrintable(std::string& out, std::string_view text) {
+  const std::size_t length = SequenceLength(text);
+  const std::string_view character = text.substr(0, length == 0 ? 1 : length);
+  if (length != 0 && !IsControl(character))
+    out += character;
+  else
+    for (const char c : character) AppendHex(out, c);
+  return character.size();
+}
+
 }  // namespace
 
 std::optional<std::size_t> FindInvalidUtf8(std::string_view text) {
@@ -62,18 +79,16 @@ std::optional<std::size_t> FindInvalidUtf8(std::string_view text) {
   return std::nullopt;
 }
 
+std::string Printable(std::string_view text) {
+  std::string shown;
+  for (std::size_t at = 0; at < text.size();) at += AppendPrintable(shown, text.substr(at));
+  return shown;
+}
+
 std::string Quoted(std::string_view text) {
   std::string shown = "\"";
   std::size_t at = 0;
-  while (at < text.size() && at < kShownBytes) {
-    const std::size_t length = SequenceLength(text.substr(at));
-    const bool control = static_cast<unsigned char>(text[at]) < 0x20 || text[at] == 0x7F;
-    if (length == 0 || control)
-      AppendHex(shown, text[at]);
-    else
-      shown += text.substr(at, length);
-    at += length == 0 ? 1 : length;
-  }
+  while (at < text.size() && at < kShownBytes) at += AppendPrintable(shown, text.substr(at));
   return shown + (at < text.size() ? "...\"" : "\"");
 }
 

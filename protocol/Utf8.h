@@ -11,6 +11,9 @@ namespace protocol {
 /// all is.
 std::optional<std::size_t> FindInvalidUtf8(std::string_view text);
 
+/// A text as a terminal may show it: control characters and malformed bytes as \xNN.
+std::string Printable(std::string_view text);
+
 /// A text as a message may show it: quoted, control characters and malformed bytes as \xNN, long ones cut.
 std::string Quoted(std::string_view text);
 

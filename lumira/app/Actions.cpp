@@ -13,6 +13,7 @@
 #include "protocol/Constants.h"
 #include "protocol/Limits.h"
 #include "protocol/Numbers.h"
+#include "protocol/Utf8.h"
 
 namespace lumira {
 namespace {
@@ -282,14 +283,35 @@ Result<void> PrintWarnings(OpenServer& server, const Console& console) {
   return {};
 }
 
+// What users have typed is shown without what a terminal would obey, each field on one line:
 // "  massTypes[Weighed].mass: 2 -> 3" below a line with number, time and user.
 void PrintEntry(const protocol::HistoryEntry& entry, const Console& console) {
-  console.out << entry.number << "  " << entry.time << "  " << entry.user << '\n';
+  using protocol::Printable;
+  console.out << entry.number << "  " << Printable(entry.time) << "  " << Printable(entry.user) << '\n';
   for (const protocol::FieldChange& change : entry.changes)
-    console.out << "  " << change.field << ": " << change.before.value_or("none") << " -> "
-                << change.after.value_or("none") << '\n';
+    console.out << "  " << Printable(change.field) << ": " << Printable(change.before.value_or("none"))
+                << " -> " << Printable(change.after.value_or("none")) << '\n';
   const auto more = entry.changeCount - std::ssize(entry.changes);
   if (more > 0) console.out << "  and " << more << (more == 1 ? " more field\n" : " more fields\n");
+}
+
+// The whole input without the line end that a shell leaves behind it. More than any text may have is not
+// read.
+Result<std::string> ReadInput(std::istream& in) {
+  std::string text;
+  std::vector<char> block(std::size_t{1} << 16);
+  while (in && text.size() <= protocol::kMaxTextBytes + 1) {
+    in.read(block.data(), std::ssize(block));
+    text.append(block.data(), static_cast<std::size_t>(in.gcount()));
+  }
+  if (in.bad()) return Error{ErrorKind::Storage, "the standard input cannot be read"};
+  if (text.ends_with('\n')) text.pop_back();
+  return text;
+}
+
+// An argument has an end long before a text has.
+Result<std::string> RequestOf(const CommandAction& action, const Console& console) {
+  return action.request == "-" ? ReadInput(console.in) : action.request;
 }
 
 }  // namespace
@@ -345,9 +367,11 @@ Result<void> Do(const ComputeAction& action, const Console& console) {
 }
 
 Result<void> Do(const CommandAction& action, const Console& console) {
+  const auto request = RequestOf(action, console);
+  if (!request) return request.Failure();
   auto server = OpenServer::On(action.file, console, action.user);
   if (!server) return server.Failure();
-  const auto reply = server.Value().Execute(action.name, action.request);
+  const auto reply = server.Value().Execute(action.name, request.Value());
   ClearProgress(console);
   if (!reply) return reply.Failure();
   console.out << reply.Value() << '\n';

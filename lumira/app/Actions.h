@@ -1,7 +1,7 @@
 #pragma once
 
+#include <iostream>
 #include <optional>
-#include <ostream>
 #include <string>
 
 #include "lumira/import/ImportProduct.h"
@@ -10,11 +10,12 @@
 /// What the program can do, each with its parameters.
 namespace lumira {
 
-/// Where a program writes to.
+/// Where a program writes to, and reads from.
 struct Console {
   std::ostream& out;
   std::ostream& errors;
   bool showProgress = false;
+  std::istream& in = std::cin;
 };
 
 struct InitAction {
@@ -47,8 +48,8 @@ struct ComputeAction {
 struct CommandAction {
   std::string file;
   std::string name;
-  std::string request;
-  std::string user;  ///< who runs it; goes into the history of what is saved
+  std::string request;  ///< "-": it comes from the input
+  std::string user;     ///< who runs it; goes into the history of what is saved
 };
 
 struct HistoryAction {

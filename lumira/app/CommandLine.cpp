@@ -118,7 +118,7 @@ class Parser {
   void AddCommand() {
     CLI::App* command = Add("command", "Runs one server command and prints the reply.", _command);
     command->add_option("NAME", _command.name, "Name of the command, such as LumGetProducts")->required();
-    command->add_option("TEXT", _command.request, "The request");
+    command->add_option("TEXT", _command.request, "The request; \"-\": it is read from standard input");
     _command.user = UserOfEnvironment();
     command
         ->add_option("--user", _command.user,

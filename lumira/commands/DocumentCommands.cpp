@@ -2,6 +2,7 @@
 #include <string>
 
 #include "lumira/commands/Commands.h"
+#include "lumira/commands/ComputedMassType.h"
 #include "lumira/commands/PartDataOf.h"
 #include "lumira/commands/UserMassTypes.h"
 #include "protocol/Codec.h"
@@ -23,6 +24,15 @@ Error NoSuchRevision(const protocol::DocumentRequest& request, const PartData& p
   return {ErrorKind::NotFound, "document " + Quoted(request.documentId) + " of part " + Quoted(part.partId) +
                                    " has no revision " + Quoted(request.revision) +
                                    (known.empty() ? "; none is known" : "; those known are " + known)};
+}
+
+// What is stored is the result of the whole product, and would be taken for that under the filter under which
+// the client looks at the part; the request has no room for it.
+void LeaveOutResultUnderAFilter(const Session& session, PartData& part) {
+  if (!session.filtered.contains(part.partId)) return;
+  part.massTypes.front() = {};
+  part.massTypes.front().name = std::string(kComputedMassType);
+  part.computed = false;
 }
 
 // The computed mass type is that of the part as it stands: results do not belong to a revision.
@@ -53,6 +63,7 @@ Result<std::string> GetActiveDocument(Session& session, std::string_view text) {
   const auto data = session.store.LoadRevision(owner.Value().part, revision);
   if (!data) return data.Failure();
   TakeRevision(part.Value(), data.Value());
+  LeaveOutResultUnderAFilter(session, part.Value());
   return protocol::WritePartData(part.Value());
 }
 

@@ -1,13 +1,14 @@
-#include <algorithm>
 #include <utility>
 
 #include "lumira/commands/Commands.h"
-#include "lumira/commands/ComputedMassType.h"
 #include "lumira/commands/SaveConflict.h"
+#include "lumira/commands/SaveOrigin.h"
 #include "lumira/commands/SaveRules.h"
 #include "lumira/commands/SavedValues.h"
 #include "lumira/commands/UtcTime.h"
 #include "protocol/Codec.h"
+#include "protocol/Limits.h"
+#include "protocol/Utf8.h"
 
 namespace lumira {
 namespace {
@@ -25,6 +26,17 @@ protocol::Error InField(const char* field, protocol::Error error) {
   return error;
 }
 
+// Half of what a text may have; the other half is left for what is told of the part beside it.
+constexpr std::size_t kMaxSavedBytes = protocol::kMaxTextBytes / 2;
+
+Result<void> CheckSize(const std::string& part, std::size_t bytes) {
+  if (bytes <= kMaxSavedBytes) return {};
+  return protocol::Error{ErrorKind::BadValue, "PartData: the values of part " + protocol::Quoted(part) +
+                                                  " would have " + std::to_string(bytes) +
+                                                  " bytes together, at most " +
+                                                  std::to_string(kMaxSavedBytes) + " expected"};
+}
+
 // Writes what is new; a save that changes nothing leaves no trace.
 Result<std::string> Write(Session& session, const StoredPart& stored, StoredPart saved) {
   PartSaving saving{.saved = std::move(saved),
@@ -34,36 +46,11 @@ Result<std::string> Write(Session& session, const StoredPart& stored, StoredPart
   const Part& part = saving.saved.part;
   saving.after = ToHistoryText(SavedValuesOf(part, saving.saved.details));
   if (saving.before == saving.after) return ReplyFor(part.id, stored.state);
+  if (auto good = CheckSize(part.id, saving.after.size()); !good) return good.Failure();
   const auto state = session.store.SavePart(saving);
   if (!state) return state.Failure();
   session.products.TakeSaved(part, state.Value());
   return ReplyFor(part.id, state.Value().state);
-}
-
-// A client that has taken over a revision of the document sends the mass types of that revision, which are
-// those of the part from then on; the precision of the computed one belongs to the part.
-StoredPart WithMassTypesOf(const RevisionData& revision, StoredPart part) {
-  part.part.massTypes = revision.massTypes;
-  auto& precisions = part.details.precisions;
-  std::erase_if(precisions,
-                [](const Precision& precision) { return precision.massType != kComputedMassType; });
-  for (const Precision& precision : revision.precisions)
-    if (precision.massType != kComputedMassType) precisions.push_back(precision);
-  return part;
-}
-
-// What the request is an edition of: the part as it stands, or as the chosen revision has it.
-Result<StoredPart> EditedPart(Store& store, const StoredPart& stored, const PartData& request) {
-  const std::string& version = request.documents.activeVersion;
-  const auto& listed = stored.details.documents.revisions;
-  if (ListsMassTypes(request, stored.part.massTypes) ||
-      std::ranges::find(listed, version, &protocol::DocumentRevision::revision) == listed.end())
-    return stored;
-  const auto revision = store.LoadRevision(stored.part.id, version);
-  if (!revision && revision.Failure().kind == ErrorKind::NotFound) return stored;
-  if (!revision) return revision.Failure();
-  if (!ListsMassTypes(request, revision.Value().massTypes)) return stored;
-  return WithMassTypesOf(revision.Value(), stored);
 }
 
 Result<std::string> Save(Session& session, const PartData& request, std::int64_t state) {

@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "lumira/commands/SavedValues.h"
+#include "lumira/model/Counted.h"
+#include "protocol/Limits.h"
 #include "protocol/Numbers.h"
 #include "protocol/Utf8.h"
 
@@ -17,7 +19,7 @@ using protocol::FieldChange;
 using protocol::Quoted;
 using protocol::Result;
 
-constexpr std::int64_t kMostPeople = 5;
+constexpr std::size_t kMostPeople = 5;
 constexpr std::size_t kMostFields = 20;
 
 Error BadToken(const protocol::PartData& request, const std::string& problem) {
@@ -25,15 +27,48 @@ Error BadToken(const protocol::PartData& request, const std::string& problem) {
                                    ", the one that the part was read with expected; read the part again"};
 }
 
-// "by "eva" on 2026-01-02T03:04:05Z and by ...", the latest first.
-Result<std::string> WhoChanged(Store& store, const std::string& part, std::int64_t since) {
-  const auto page = store.LoadHistory(part, 0, kMostPeople);
-  if (!page) return page.Failure();
-  std::string people;
-  for (const HistoryRecord& record : page.Value().records)
-    if (record.stateAfter > since)
-      people += (people.empty() ? "by " : " and by ") + Quoted(record.by.user) + " on " + record.by.time;
-  return people.empty() ? "by a program that left no name" : people;
+// Who has changed a part, each once with the last time, the latest first.
+struct Changers {
+  std::vector<Signature> people;
+  bool leftNoName = false;  ///< a change stands in no history
+
+  void Add(const Signature& by) {
+    if (std::ranges::find(people, by.user, &Signature::user) == people.end()) people.push_back(by);
+  }
+};
+
+// Each record of a history stands on the state that the one before it led to, but for changes without a name.
+Result<Changers> ChangersOf(Store& store, const StoredPart& stored, std::int64_t since) {
+  Changers changers;
+  std::int64_t state = stored.state;
+  for (std::int64_t before = 0; state > since;) {
+    const auto page = store.LoadHistory(stored.part.id, before, protocol::kMaxHistoryEntries);
+    if (!page) return page.Failure();
+    for (const HistoryRecord& record : page.Value().records) {
+      if (record.stateAfter <= since) break;
+      changers.Add(record.by);
+      changers.leftNoName |= record.stateAfter != state;
+      state = record.stateBefore;
+      before = record.number;
+    }
+    const auto& records = page.Value().records;
+    if (records.empty() || records.back().number != before || before == 1) break;
+  }
+  changers.leftNoName |= state != since;
+  return changers;
+}
+
+// "by "eva" on 2026-01-02T03:04:05Z and by ...".
+std::string ToText(const Changers& changers) {
+  std::string text;
+  const auto add = [&text](const std::string& who) { text += (text.empty() ? "" : " and ") + who; };
+  const std::size_t shown = std::min(changers.people.size(), kMostPeople);
+  for (std::size_t i = 0; i < shown; ++i)
+    add("by " + Quoted(changers.people[i].user) + " on " + changers.people[i].time);
+  if (shown < changers.people.size())
+    add("by " + Counted(changers.people.size() - shown, {"more person", "more people"}));
+  if (changers.leftNoName) add("by a program that left no name");
+  return text;
 }
 
 std::string ToText(const std::optional<std::string>& value) { return value ? Quoted(*value) : "none"; }
@@ -47,11 +82,11 @@ std::string ToText(const std::vector<FieldChange>& changes) {
   return shown < changes.size() ? text + " and " + std::to_string(changes.size() - shown) + " more" : text;
 }
 
-Result<void> Refuse(Store& store, const std::string& part, std::int64_t state, const std::string& fields) {
-  const auto people = WhoChanged(store, part, state);
-  if (!people) return people.Failure();
+Result<void> Refuse(Store& store, const StoredPart& stored, std::int64_t state, const std::string& fields) {
+  const auto changers = ChangersOf(store, stored, state);
+  if (!changers) return changers.Failure();
   return Error{ErrorKind::Conflict,
-               "part " + Quoted(part) + " was changed " + people.Value() +
+               "part " + Quoted(stored.part.id) + " was changed " + ToText(changers.Value()) +
                    " since it was read, nothing was saved; fields that differ: " + fields};
 }
 
@@ -73,13 +108,13 @@ Result<void> CheckStillStored(Store& store, const StoredPart& stored, std::int64
                                           " is no state of part " + Quoted(part) + "; read the part again"};
   const auto text = store.FindStateText(part, state);
   if (!text) return text.Failure();
-  if (!text.Value()) return Refuse(store, part, state, "not known, since nothing is kept of what was read");
+  if (!text.Value()) return Refuse(store, stored, state, "not known, since nothing is kept of what was read");
   const auto values = FromHistoryText(*text.Value());
   if (!values) return store.Damage("the history of part " + Quoted(part) + ": " + values.Failure().message);
   const auto changes = DifferencesOf(values.Value(), SavedValuesOf(stored.part, stored.details));
   // Changed and changed back: nobody's work would be lost.
   if (changes.empty()) return {};
-  return Refuse(store, part, state, ToText(changes));
+  return Refuse(store, stored, state, ToText(changes));
 }
 
 }  // namespace lumira

@@ -12,6 +12,8 @@
 #include "lumira/model/PropertyRules.h"
 #include "lumira/store/ProductRules.h"
 #include "protocol/Constants.h"
+#include "protocol/FieldWriter.h"
+#include "protocol/Limits.h"
 #include "protocol/Numbers.h"
 #include "protocol/Utf8.h"
 
@@ -45,6 +47,14 @@ std::string Listed(const Names& names) {
 Result<void> CheckNotNegative(const std::string& field, double value) {
   if (value >= 0) return {};
   return BadField(field, protocol::FormatNumber(value) + " is negative, a number of 0 or above expected");
+}
+
+// A text is longer where it has to be told than where it was typed.
+Result<void> CheckSize(const std::string& field, const std::string& value) {
+  const std::size_t size = protocol::Escape(value).size();
+  if (size <= protocol::kMaxFieldBytes) return {};
+  return BadField(field, Quoted(value) + " has " + std::to_string(size) + " bytes when it is told, at most " +
+                             std::to_string(protocol::kMaxFieldBytes) + " expected");
 }
 
 // ---- Mass types
@@ -158,6 +168,7 @@ Result<void> TakeMaterial(StoredPart& saved, const protocol::PartData& request) 
   if (material.density)
     if (auto good = CheckNotNegative("material.density", *material.density); !good) return good;
   const std::string_view places[] = {"", protocol::kPartInstance, protocol::kPartReference};
+  if (auto good = CheckSize("material.name", material.name); !good) return good;
   const bool isKnown = std::ranges::find(places, material.appliedOn) != std::end(places);
   if (!isKnown && material.appliedOn != saved.details.appliedOn)
     return BadField("material.appliedOn", Quoted(material.appliedOn) +
@@ -222,6 +233,7 @@ Result<void> TakeProperty(StoredPart& saved, const protocol::ExtraProperty& sent
   if (sent.value == known->value) return {};
   if (const auto problem = FindValueProblem(DefinitionOf(*known), sent.value))
     return BadField(Entry("properties", index, "value"), *problem + " (property " + Quoted(sent.name) + ")");
+  if (auto good = CheckSize(Entry("properties", index, "value"), sent.value); !good) return good;
   known->value = sent.value;
   return {};
 }
@@ -244,13 +256,6 @@ constexpr Result<void> (*kSteps[])(StoredPart&, const protocol::PartData&) = {
     TakeMassTypes, TakeActiveMassType, TakeMaterial, TakeDocument, TakeProperties, CheckAsAWhole};
 
 }  // namespace
-
-bool ListsMassTypes(const protocol::PartData& request, const std::vector<MassTypeData>& types) {
-  std::set<std::string_view> listed, known = {kComputedMassType};
-  for (const protocol::MassType& type : request.massTypes) listed.insert(type.name);
-  for (const MassTypeData& type : types) known.insert(type.name);
-  return listed == known;
-}
 
 Result<StoredPart> ApplySave(const StoredPart& stored, const protocol::PartData& request) {
   StoredPart saved = stored;

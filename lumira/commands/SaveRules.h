@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include "lumira/store/PartHistory.h"
 #include "protocol/PartData.h"
 #include "protocol/Result.h"
@@ -13,8 +11,5 @@ namespace lumira {
 /// dropped, those of the computed one are not stored. Fails with BadValue; the message names the field, its
 /// value and what was expected.
 protocol::Result<StoredPart> ApplySave(const StoredPart& stored, const protocol::PartData& request);
-
-/// Whether a request lists each of these mass types, and no other beside the computed one.
-bool ListsMassTypes(const protocol::PartData& request, const std::vector<MassTypeData>& types);
 
 }  // namespace lumira

@@ -28,16 +28,18 @@ std::vector<protocol::MassType> MassTypesOf(const Part& part, const PartDetails&
   return types;
 }
 
-// Of the computed mass type only the precision is saved.
-void PutMassType(protocol::MassType& type, const protocol::MassType& saved) {
-  if (type.name == kComputedMassType)
-    SetPrecision(type, PrecisionOf(saved));
-  else
-    type = saved;
+// The revision that was chosen may have vanished, or the document itself; then the choice of now stays.
+bool CanBeChosen(const protocol::Documents& now, const protocol::Documents& then) {
+  return then.activeId == now.activeId &&
+         (!then.usedSpecificRevisionBefore ||
+          std::ranges::find(now.revisions, then.activeVersion, &protocol::DocumentRevision::revision) !=
+              now.revisions.end());
 }
 
-bool HasMassType(const PartData& data, const std::string& name) {
-  return std::ranges::find(data.massTypes, name, &protocol::MassType::name) != data.massTypes.end();
+void PutChoice(protocol::Documents& now, const protocol::Documents& then) {
+  if (!CanBeChosen(now, then)) return;
+  now.activeVersion = then.activeVersion;
+  now.usedSpecificRevisionBefore = then.usedSpecificRevisionBefore;
 }
 
 // Where a character begins, so that none is cut in two.
@@ -102,18 +104,16 @@ std::vector<FieldChange> DifferencesOf(const PartData& before, const PartData& a
 }
 
 void PutSavedValues(PartData& data, const PartData& values) {
-  for (protocol::MassType& type : data.massTypes)
-    for (const protocol::MassType& saved : values.massTypes)
-      if (saved.name == type.name) PutMassType(type, saved);
-  if (HasMassType(data, values.activeMassType)) data.activeMassType = values.activeMassType;
+  SetPrecision(data.massTypes.front(), PrecisionOf(values.massTypes.front()));
+  data.massTypes.resize(1);
+  data.massTypes.insert(data.massTypes.end(), values.massTypes.begin() + 1, values.massTypes.end());
+  data.activeMassType = values.activeMassType;
   data.standardPart = values.standardPart;
   data.material.name = values.material.name;
   data.material.density = values.material.density;
   data.material.densityPriority = values.material.densityPriority;
   data.material.appliedOn = values.material.appliedOn;
-  data.documents.activeId = values.documents.activeId;
-  data.documents.activeVersion = values.documents.activeVersion;
-  data.documents.usedSpecificRevisionBefore = values.documents.usedSpecificRevisionBefore;
+  PutChoice(data.documents, values.documents);
   for (protocol::ExtraProperty& property : data.properties)
     for (const protocol::ExtraProperty& saved : values.properties)
       if (saved.name == property.name) property.value = saved.value;

@@ -28,9 +28,9 @@ protocol::Result<protocol::PartData> FromHistoryText(std::string_view text);
 std::vector<protocol::FieldChange> DifferencesOf(const protocol::PartData& before,
                                                  const protocol::PartData& after);
 
-/// Puts saved values into part data, whose lists decide what there is: mass types and properties that are no
-/// longer there are left out, those that were not there yet stay as they are. The computed mass type keeps
-/// its values.
+/// Puts saved values into part data. The user mass types are the saved ones; the computed one keeps its
+/// values. Properties are those that the part data has: what the values do not know stays as it is, what is
+/// no longer there is left out, as is the choice of a document or revision that is not there any more.
 void PutSavedValues(protocol::PartData& data, const protocol::PartData& values);
 
 }  // namespace lumira

@@ -78,9 +78,10 @@ class PropertyReading {
     SetText(_columns, row, Magnitude, "property", property.magnitude);
   }
 
+  // The name was looked at with its cell; what is left is the magnitude.
   void CheckDefinition(std::size_t index) {
     const auto problem = FindDefinitionProblem(_result.definitions[index]);
-    if (problem) _columns.Error(_firstRows[index], Property, *problem);
+    if (problem) _columns.Error(_firstRows[index], Magnitude, *problem);
     _isSound.push_back(!problem);
   }
 

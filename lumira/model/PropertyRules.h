@@ -23,10 +23,11 @@ inline std::string_view WithoutBlanks(std::string_view text) {
   return text.substr(from, text.find_last_not_of(kBlanks) - from + 1);
 }
 
-/// A number without the blanks around it and without one plus before it, as people type them.
+/// A number without the blanks around it and without one plus before it, as people type them. A plus alone is
+/// no number, and stays.
 inline std::string_view BareNumber(std::string_view text) {
   text = WithoutBlanks(text);
-  const bool hasPlus = text.starts_with('+') && text.find_first_of("+-", 1) != 1;
+  const bool hasPlus = text.size() > 1 && text.front() == '+' && text.find_first_of("+-", 1) != 1;
   return hasPlus ? text.substr(1) : text;
 }
 

@@ -8,6 +8,8 @@
 
 #include "lumira/model/PropertyRules.h"
 #include "lumira/store/ProductRules.h"
+#include "protocol/FieldWriter.h"
+#include "protocol/Limits.h"
 
 namespace lumira {
 namespace {
@@ -40,7 +42,26 @@ Result<void> CheckDefinitions(const std::vector<PropertyDefinition>& properties)
   return {};
 }
 
+// Half of what a text may have; the other half is left for what is told of the part beside it.
+constexpr std::size_t kMaxValueBytes = protocol::kMaxTextBytes / 2;
+
+std::size_t BytesOf(const Values& values) {
+  std::size_t bytes = 0;
+  for (const protocol::ExtraProperty& value : values)
+    bytes += protocol::Escape(value.name).size() + protocol::Escape(value.value).size();
+  return bytes;
+}
+
+// A part that has more already may lose some.
+Result<void> CheckSize(const Values& values, const Values& present) {
+  const std::size_t bytes = BytesOf(values);
+  if (bytes <= kMaxValueBytes || bytes <= BytesOf(present)) return {};
+  return Bad("its extra properties have " + std::to_string(bytes) + " bytes together, at most " +
+             std::to_string(kMaxValueBytes) + " expected");
+}
+
 Result<void> CheckValues(const PropertiesByName& properties, const Values& values, const Values& present) {
+  if (auto good = CheckSize(values, present); !good) return good;
   Names names;
   const auto isPresent = [&](const protocol::ExtraProperty& value) {
     const auto found = std::ranges::find(present, value.name, &protocol::ExtraProperty::name);

@@ -69,7 +69,9 @@ Result<void> SqliteStore::WriteDetails(std::int64_t partKey, const PartDetails& 
   const auto properties = ReadDefinitions(_db, product);
   if (auto good = CheckDetails(properties, details, ReadProperties(_db, product, partKey)); !good)
     return good;
-  if (auto free = CheckDocument(details.documentId, partKey); !free) return free;
+  // Older tables had documents of two parts; each may keep what it has.
+  if (details.documentId != DetailsAt(partKey).documentId)
+    if (auto free = CheckDocument(details.documentId, partKey); !free) return free;
   for (const char* table : {"part_details", "precisions", "document_revisions", "property_values"})
     DeleteRows(_db, table, partKey);
   PartDetails kept = details;

@@ -34,11 +34,14 @@ class CommandLine : public testing::Test {
   }
   ~CommandLine() override { std::filesystem::remove_all(folder); }
 
-  Outcome Lumira(const std::vector<std::string>& arguments, bool onTerminal = false) {
+  Outcome Lumira(const std::vector<std::string>& arguments, bool onTerminal = false,
+                 const std::string& input = {}) {
     std::vector<const char*> words = {"lumira"};
     for (const std::string& argument : arguments) words.push_back(argument.c_str());
     std::ostringstream out, errors;
-    const int code = RunCommandLine(static_cast<int>(words.size()), words.data(), {out, errors, onTerminal});
+    std::istringstream in(input);
+    const int code =
+        RunCommandLine(static_cast<int>(words.size()), words.data(), {out, errors, onTerminal, in});
     return {code, out.str(), errors.str()};
   }
 
@@ -427,6 +430,29 @@ TEST_F(CommandLineHistory, GivesAStateThatCanBeSavedAgain) {
   EXPECT_EQ(Bedplate().material.name, before);
   EXPECT_THAT(Lumira({"history", file, "bedplate"}).out,
               HasSubstr("  material.name: Steel, painted -> " + before + "\n"));
+}
+
+TEST_F(CommandLineHistory, ShowsControlCharactersOfValuesEscaped) {
+  SaveMaterial(
+      "a\n99  2030-01-01T00:00:00Z  admin\n\x1B[31mred\xC2\x9B"
+      "1m",
+      {"--user", "eva"});
+  EXPECT_THAT(Lumira({"history", file, "bedplate"}).out,
+              HasSubstr("-> a\\x0A99  2030-01-01T00:00:00Z  admin\\x0A\\x1B[31mred\\xC2\\x9B1m\n"));
+}
+
+TEST_F(CommandLineHistory, ReadsARequestFromTheInputHoweverLongItIs) {
+  protocol::PartData data = Bedplate();
+  data.material.name = std::string(500'000, 'x');
+  const auto save = [&](const std::string& input) {
+    return Lumira({"command", file, "WBSaveNymValues", "-", "--user", "eva"}, false, input);
+  };
+  const Outcome saved = save(protocol::WritePartData(data) + "\n");
+  EXPECT_EQ(saved.code, kDone) << saved.errors;
+  EXPECT_EQ(Bedplate().material.name, data.material.name);
+  const Outcome endless = save(std::string((std::size_t{64} << 20) + 2, 'x'));
+  EXPECT_EQ(endless.code, kRefused);
+  EXPECT_THAT(endless.errors, HasSubstr("the limit is 67108864"));
 }
 
 TEST_F(CommandLineHistory, TakesTheUserOfTheEnvironmentWhenNobodyIsNamed) {

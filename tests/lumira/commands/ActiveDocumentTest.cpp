@@ -41,6 +41,19 @@ constexpr char kThreeRevisions[] =
     "plate,D-1,,B,,,,,Weighed,yes,10,,,,,,\n"
     "plate,D-1,,C,2021-01-01 00:00:00,,,,,,,,,,,,\n";
 
+TEST_F(ActiveDocument, HasNoComputedValuesForWhoLooksAtThePartUnderAFilter) {
+  ImportWith(kThreeRevisions);
+  Compute("plate");
+  EXPECT_EQ(Ask("D-1|A").massTypes[0].mass, 10);
+  EXPECT_EQ(MassUnder("plate", "1|1|plate.1|plate||0"), 10);
+  EXPECT_EQ(Ask("D-1|A").massTypes[0].mass, std::nullopt);
+  EXPECT_FALSE(Ask("D-1|A").computed);
+  PartData({.partId = "plate"});
+  EXPECT_EQ(Ask("D-1|A").massTypes[0].mass, 10) << "without a filter again";
+  PartData({.partId = "plate", .filter = "1|1|plate.1|plate||0"});
+  EXPECT_EQ(Ask("D-1|A").massTypes[0].mass, std::nullopt);
+}
+
 TEST_F(ActiveDocument, GivesThePartWithTheDataOfTheRevision) {
   ImportWith(kThreeRevisions);
   const protocol::PartData data = Ask("D-1|A");

@@ -103,21 +103,34 @@ TEST_F(HistoryCommands, BringBackAnAutomaticChoiceOfTheDocument) {
   EXPECT_FALSE(PartDataOf("a").documents.usedSpecificRevisionBefore);
 }
 
-TEST_F(HistoryCommands, LeaveMassTypesAndPropertiesThatTheStateDidNotKnowAsTheyAre) {
+TEST_F(HistoryCommands, LeavePropertiesThatTheStateDidNotKnowAsTheyAre) {
   SaveMassAs("bob", 7);
   StoredPart now = store->LoadPart("a").Value();
-  now.part.massTypes.at(0).name = "Calculated";  // it was Estimated then
-  now.part.massTypes.at(0).properties.mass = 50;
   now.details.properties.at(3).value = "matt";
-  ASSERT_TRUE(store->UpdatePart(now.part).Ok());
   ASSERT_TRUE(store->SaveDetails("a", now.details).Ok());
   SQLite::Database(file, SQLite::OPEN_READWRITE)
       .exec("UPDATE property_definitions SET name = 'finish' WHERE position = 3");  // it was colour then
   SaveWell(StateOf("a", 1, HistoryMoment::Before));
   protocol::PartData back = PartDataOf("a");
   EXPECT_EQ(Type(back, "Weighed").mass, 6);
-  EXPECT_EQ(Type(back, "Calculated").mass, 50);
   EXPECT_EQ(Property(back, "finish").value, "matt");
+}
+
+TEST_F(HistoryCommands, BringBackTheMassTypesOfThenAndNoOthers) {
+  SaveMassAs("bob", 7);
+  Part now = store->LoadPart("a").Value().part;
+  now.massTypes.at(0).name = "Calculated";  // it was Estimated then
+  now.massTypes.at(0).properties.mass = 50;
+  ASSERT_TRUE(store->UpdatePart(now).Ok());
+  SaveWell(StateOf("a", 1, HistoryMoment::Before));
+  protocol::PartData back = PartDataOf("a");
+  ASSERT_THAT(back.massTypes, SizeIs(4));
+  EXPECT_EQ(Type(back, "Estimated").mass, 5);
+  EXPECT_EQ(Type(back, "Estimated").upperDeviation, 2);
+  EXPECT_EQ(Type(back, "Estimated").massTypeUpperPrecision, 0.04);
+  EXPECT_EQ(Type(back, "Weighed").mass, 6);
+  protocol::PartData lost = StateOf("a", 2, HistoryMoment::Before);
+  EXPECT_EQ(Type(lost, "Calculated").mass, 50) << "what it took the place of can be had again";
 }
 
 TEST_F(HistoryCommands, KeepTheComputedValuesAndPlaceOfNow) {

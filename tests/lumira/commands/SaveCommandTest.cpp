@@ -374,6 +374,29 @@ TEST_F(SaveCommand, TakesNumbersOfEveryFiniteSizeExactly) {
   EXPECT_EQ(back.cg, (Vector{-1.7976931348623157e308, -0.0, 0.1}));
 }
 
+// A reader takes a colon as it is, a writer makes three bytes of it.
+TEST_F(SaveCommand, RefusesTextsThatCouldNotBeToldAgain) {
+  const std::string colons(400'000, ':');
+  for (const auto& [field, name] : {std::pair("properties[4].value", "red"), {"material.name", "Steel"}}) {
+    std::string text = StoredText();
+    text.replace(text.find("|" + std::string(name) + "|") + 1, std::string(name).size(), colons);
+    EXPECT_THAT(
+        Run(protocol::kCommandSavePart, text),
+        testing::AllOf(HasSubstr(field), HasSubstr("has 1200000 bytes when it is told, at most 1048576 ")));
+  }
+  EXPECT_EQ(HistoryOf("a").total, 0);
+}
+
+TEST_F(SaveCommand, TakesAPlusAloneForNoNumberAndNoDate) {
+  for (const char* name : {"count", "checked", "length"}) {
+    protocol::PartData data = PartDataOf("a");
+    Property(data, name).value = "+";
+    EXPECT_THAT(Save(data), HasSubstr(std::string("(property \"") + name + "\")"));
+    Property(data, name).value = " + ";
+    EXPECT_THAT(Save(data), HasSubstr(std::string("(property \"") + name + "\")"));
+  }
+}
+
 TEST_F(SaveCommand, KeepsAnInvalidPropertyThatNobodyHasTouched) {
   SQLite::Database(file, SQLite::OPEN_READWRITE)
       .exec("UPDATE property_values SET value = 'about three' WHERE definition = 0");

@@ -53,6 +53,35 @@ TEST_F(SaveConflict, NamesEverybodyWhoHasSavedSince) {
   EXPECT_THAT(reply, HasSubstr("(\"6\", now \"9\")")) << "from what was read to what is there";
 }
 
+TEST_F(SaveConflict, NamesEachPersonOnceHoweverOftenTheyHaveSaved) {
+  protocol::PartData mine = PartDataOf("a");
+  SaveMassAs("bob", 8);
+  for (double mass : {9, 10, 11, 12, 13, 14}) SaveMassAs("joe", mass);
+  const std::string reply = Save(mine);
+  EXPECT_THAT(reply, MatchesRegex(std::string(".* was changed by \"joe\" on ") + kTime +
+                                  " and by \"bob\" on " + kTime + " since.*"));
+}
+
+TEST_F(SaveConflict, WithMoreThanFivePeopleSaysHowManyMore) {
+  protocol::PartData mine = PartDataOf("a");
+  double mass = 8;
+  for (const char* user : {"p1", "p2", "p3", "p4", "p5", "p6", "p7"}) SaveMassAs(user, mass++);
+  const std::string reply = Save(mine);
+  EXPECT_THAT(reply, HasSubstr("was changed by \"p7\" on "));
+  EXPECT_THAT(reply,
+              MatchesRegex(std::string(".* and by \"p3\" on ") + kTime + " and by 2 more people since.*"));
+}
+
+TEST_F(SaveConflict, WithAPersonAndAProgramNamesBoth) {
+  protocol::PartData mine = PartDataOf("a");
+  PartDetails details = DetailsOfA();
+  details.properties.at(3).value = "blue";
+  ASSERT_TRUE(store->SaveDetails("a", details).Ok());
+  SaveMassAs("bob", 8);
+  EXPECT_THAT(Save(mine), MatchesRegex(std::string(".*by \"bob\" on ") + kTime +
+                                       " and by a program that left no name since.*"));
+}
+
 TEST_F(SaveConflict, LeavesOutWhoSavedBeforeItWasRead) {
   SaveMassAs("bob", 8);
   protocol::PartData mine = PartDataOf("a");

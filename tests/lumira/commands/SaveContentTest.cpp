@@ -131,10 +131,48 @@ TEST_F(SaveContent, OfARevisionThatWasTakenOverGivesThePartItsMassTypes) {
   EXPECT_EQ(Compute("top").mass, 7);
 }
 
-TEST_F(SaveContent, OfMassTypesOfARevisionThatWasNotChosenIsRefused) {
-  EXPECT_THAT(Save(ChoosingNone(Revision("A"))),
-              HasSubstr("massTypes[2].name: \"Planned\" is no mass type of part \"plate\""));
-  EXPECT_THAT(Save(Choosing(Revision("A"), "C")), HasSubstr("\"Planned\" is no mass type"));
+// A panel that goes back to the automatic revision after it has shown another loads nothing.
+TEST_F(SaveContent, OfTheValuesOfALoadedRevisionUnderTheAutomaticChoiceMakesThemThoseOfThePart) {
+  SaveWell(ChoosingNone(Revision("A")));
+  const protocol::PartData data = Plate();
+  EXPECT_EQ(Choice(data), "D-1 B automatic");
+  ASSERT_EQ(data.massTypes.size(), 2u);
+  EXPECT_EQ(data.massTypes[1].name, "Planned");
+  EXPECT_EQ(data.massTypes[1].mass, 7);
+  EXPECT_EQ(data.material.name, "Iron");
+}
+
+TEST_F(SaveContent, OfMassTypesThatNobodyWasToldIsRefused) {
+  protocol::PartData data = ChoosingNone(Revision("A"));
+  data.massTypes.at(1).name = "Guessed";
+  EXPECT_THAT(Save(data), HasSubstr("massTypes[2].name: \"Guessed\" is no mass type of part \"plate\""));
+  data = Plate();
+  data.massTypes.push_back(Revision("A").massTypes.at(1));
+  EXPECT_THAT(Save(data), HasSubstr("massTypes[4].name: \"Planned\" is no mass type of part \"plate\""));
+}
+
+TEST_F(SaveContent, OfTheStateBeforeATakeOverBringsAllItsMassTypesBack) {
+  protocol::PartData data = Plate();
+  data.massTypes.at(1).lowerDeviation = 0.25;
+  data.massTypes.at(2).cg = protocol::Vector{1, 2, 3};
+  data.massTypes.at(2).upperPrecision = 0.5;
+  SaveWell(data);
+  protocol::PartData before = Plate();
+  SaveWell(Choosing(Revision("A"), "A"));
+  SaveWell(StateOf(2, HistoryMoment::Before));
+  const protocol::PartData back = Plate();
+  before.stateToken = back.stateToken;
+  EXPECT_EQ(protocol::WritePartData(back), protocol::WritePartData(before));
+  EXPECT_EQ(Compute("top").mass, 10);
+}
+
+TEST_F(SaveContent, OfTheStateBeforeATakeOverCanBeEditedAsWell) {
+  SaveWell(Choosing(Revision("A"), "A"));
+  protocol::PartData old = StateOf(1, HistoryMoment::Before);
+  old.massTypes.at(2).mass = 12;
+  SaveWell(old);
+  EXPECT_EQ(Plate().massTypes.at(1).mass, 9);
+  EXPECT_EQ(Plate().massTypes.at(2).mass, 12);
 }
 
 TEST_F(SaveContent, ThatFollowsASaveGoesOnWithTheTokenOfTheRevision) {
@@ -224,6 +262,80 @@ TEST_F(SaveContent, IsNotRefusedForAnAutomaticRevisionThatIsAnotherOneByNow) {
   mine.material.name = "Bronze";
   SaveWell(mine);
   EXPECT_EQ(Plate().material.name, "Bronze");
+}
+
+TEST_F(SaveContent, OfAStateWhoseDocumentHasNoRevisionsAnyMoreKeepsTheChoiceOfNow) {
+  protocol::PartData data = Choosing(Plate(), "B");
+  data.material.name = "Brass";
+  SaveWell(data);
+  PartDetails details = store->LoadDetails("plate").Value();
+  details.documents.revisions.clear();
+  ASSERT_TRUE(store->SaveDetails("plate", details).Ok());
+  SaveWell(StateOf(1, HistoryMoment::Before));
+  EXPECT_EQ(Plate().material.name, "Steel");
+  EXPECT_EQ(Plate().documents.activeId, "__EXCEPTION__");
+}
+
+TEST_F(SaveContent, OfAStateWhoseChosenRevisionHasVanishedKeepsTheChoiceOfNow) {
+  protocol::PartData data = Choosing(Plate(), "C");
+  data.material.name = "Brass";
+  SaveWell(data);
+  SaveWell(ChoosingNone(Plate()));
+  PartDetails details = store->LoadDetails("plate").Value();
+  std::erase_if(details.documents.revisions, [](const auto& revision) { return revision.revision == "C"; });
+  ASSERT_TRUE(store->SaveDetails("plate", details).Ok());
+  data = StateOf(1, HistoryMoment::After);
+  data.material.name = "Bronze";
+  SaveWell(data);
+  EXPECT_EQ(Plate().material.name, "Bronze");
+  EXPECT_EQ(Choice(Plate()), "D-1 B automatic");
+}
+
+/// A part whose revision has mass types of the same names, with other precisions and deviations.
+class SaveOfARevisionWithTheSameNames : public SaveContent {
+ protected:
+  SaveOfARevisionWithTheSameNames() {
+    ImportTables tables{TableSource{"s2.csv", "parent,child\nother,cover\n"},
+                        {"m2.csv", "part,mass type,active,mass [kg],sd mass [kg]\ncover,Weighed,yes,10,3\n"}};
+    tables.documents = TableSource{
+        "d2.csv",
+        "part,document,revision,check in time,mass type,active,mass [kg],sd mass [kg],type lower precision "
+        "[%],type upper precision [%]\ncover,D-2,A,2020-01-01 00:00:00,Weighed,yes,8,1,10,20\n"
+        "cover,D-2,B,2022-01-01 00:00:00,Weighed,yes,10,3,,\n"};
+    const auto imported = ImportProduct(*store, tables, {});
+    EXPECT_TRUE(imported.Ok()) << imported.Failure().message;
+  }
+
+  protocol::PartData RevisionA() {
+    return protocol::ReadPartData(Run("WBGetActiveDocInfo", "D-2|A")).Value();
+  }
+
+  MassTypeData Stored() { return store->LoadPart("cover").Value().part.massTypes.at(0); }
+};
+
+TEST_F(SaveOfARevisionWithTheSameNames, TakesItsPrecisionsAndStandardDeviationsOver) {
+  SaveWell(Choosing(RevisionA(), "A"));
+  EXPECT_EQ(PartDataOf("cover").massTypes.at(1).massTypeUpperPrecision, 0.2);
+  EXPECT_EQ(Stored().deviations.mass, 1);
+  EXPECT_FALSE(Stored().bounds) << "nobody has set limits";
+}
+
+TEST_F(SaveOfARevisionWithTheSameNames, TakesThemOverWithEditedValues) {
+  protocol::PartData data = Choosing(RevisionA(), "A");
+  data.massTypes.at(1).mass = 8.5;
+  SaveWell(data);
+  EXPECT_EQ(Stored().properties.mass, 8.5);
+  EXPECT_EQ(Stored().deviations.mass, 1);
+  EXPECT_FALSE(Stored().bounds);
+}
+
+TEST_F(SaveOfARevisionWithTheSameNames, LeavesThoseOfThePartWhenTheRevisionIsNotTaken) {
+  protocol::PartData data = PartDataOf("cover");
+  data.massTypes.at(1).mass = 11;
+  SaveWell(data);
+  EXPECT_EQ(PartDataOf("cover").massTypes.at(1).massTypeUpperPrecision, 0);
+  EXPECT_EQ(Stored().deviations.mass, 3);
+  EXPECT_FALSE(Stored().bounds);
 }
 
 }  // namespace

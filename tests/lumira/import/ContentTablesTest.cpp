@@ -328,6 +328,17 @@ TEST(ContentTables, ValuesThatDoNotFitTheirTypeAreRefused) {
       "p.csv, line 5, column 5 (value): \"inf\" is not a finite number");
 }
 
+TEST(ContentTables, PlusAloneIsNoValueOfAnyTypeButText) {
+  EXPECT_EQ(
+      PropertyRefusal("property,type,magnitude,part,value\ncount,integer,,a,+\nchecked,date,,a, + \n"
+                      "factor,real,,a,+\nlength,magnitude,LENGTH,a,+\n"),
+      "p.csv, line 2, column 5 (value): \"+\" is not a whole number from -2147483648 to 2147483647\n"
+      "p.csv, line 3, column 5 (value): \"+\" is no date; a day of the calendar as YYYY-MM-DD expected\n"
+      "p.csv, line 4, column 5 (value): \"+\" is not a finite number\n"
+      "p.csv, line 5, column 5 (value): \"+\" is not a finite number");
+  EXPECT_EQ(PropertyRefusal("property,type,part,value\nnote,text,a,+\n"), "imported");
+}
+
 TEST(ContentTables, ValuesAreCheckedByATypeThatStandsBelowThem) {
   EXPECT_EQ(PropertyRefusal("property,type,part,value\ncount,,a,many\ncount,integer,,\n"),
             "p.csv, line 2, column 4 (value): \"many\" is not a whole number from -2147483648 to 2147483647");
@@ -350,12 +361,13 @@ TEST(ContentTables, PropertyHasOneType) {
 
 TEST(ContentTables, MagnitudesMustBeKnown) {
   EXPECT_EQ(PropertyRefusal("property,type,magnitude\nx,magnitude,SMELL\n"),
-            "p.csv, line 2, column 1 (property): \"SMELL\" is no magnitude known here");
+            "p.csv, line 2, column 3 (magnitude): \"SMELL\" is no magnitude known here");
   EXPECT_EQ(PropertyRefusal("property,type,magnitude\nx,magnitude,\n"),
-            "p.csv, line 2, column 1 (property): \"\" is no magnitude known here");
-  EXPECT_EQ(PropertyRefusal("property,type,magnitude\nx,real,MASS\n"),
-            "p.csv, line 2, column 1 (property): has the magnitude \"MASS\", but is not of the type that has "
-            "one");
+            "p.csv, line 2, column 3 (magnitude): \"\" is no magnitude known here");
+  EXPECT_EQ(
+      PropertyRefusal("property,type,magnitude\nx,real,MASS\n"),
+      "p.csv, line 2, column 3 (magnitude): has the magnitude \"MASS\", but is not of the type that has "
+      "one");
 }
 
 TEST(ContentTables, UnitsMustBeThoseOfTheMagnitude) {
@@ -440,6 +452,20 @@ TEST_F(ContentTablesInAStore, AreCheckedByADryRunThatWritesNothing) {
       Import({.documents = kDocument, .properties = kProperties}, {.mode = ImportMode::DryRun});
   ASSERT_TRUE(report.Ok()) << report.Failure().message;
   EXPECT_EQ(report.Value().revisions, 2u);
+  EXPECT_TRUE(store->Products().Value().empty());
+}
+
+TEST_F(ContentTablesInAStore, AreRefusedWhenThePartCouldNotBeToldAnyMore) {
+  std::string table = "property,type,part,value\n";
+  for (int i = 0; i < 180; ++i)
+    table += "p" + std::to_string(100 + i) + ",text,a," + std::string(65'000, '%') + "\n";
+  for (const ImportMode mode : {ImportMode::Write, ImportMode::DryRun}) {
+    const auto refused = Import({.properties = table}, {.mode = mode});
+    ASSERT_FALSE(refused.Ok());
+    // 180 names of 4 bytes, and 180 * 65,000 characters of three
+    EXPECT_EQ(refused.Failure().message,
+              "part \"a\": its extra properties have 35100720 bytes together, at most 33554432 expected");
+  }
   EXPECT_TRUE(store->Products().Value().empty());
 }
 

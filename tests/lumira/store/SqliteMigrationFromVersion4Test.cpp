@@ -162,6 +162,19 @@ TEST_F(SqliteMigrationFromVersion4, KeepsEverythingThatIsStored) {
   EXPECT_EQ(details.properties.at(0).value, "red");
 }
 
+TEST_F(SqliteMigrationFromVersion4, LeavesADocumentOfTwoPartsToBothAndLetsBothBeSaved) {
+  SQLite::Database(file, SQLite::OPEN_READWRITE)
+      .exec("INSERT INTO part_details VALUES(1, '', '', NULL, 1, 'D1', 'A', 0, 0, 'A', 1, 'YYYY-MM-DD')");
+  auto store = OpenSqliteStore(file).Value();
+  for (const char* part : {"root", "leaf"}) {
+    PartSaving saving{store->LoadPart(part).Value(), {"eva", "2026-01-02T03:04:05Z"}, "b", "a"};
+    saving.saved.part.material = "Brass";
+    const auto saved = store->SavePart(saving);
+    EXPECT_TRUE(saved.Ok()) << saved.Failure().message;
+    EXPECT_EQ(store->LoadDetails(part).Value().documentId, "D1");
+  }
+}
+
 TEST_F(SqliteMigrationFromVersion4, MakesTheTablesOfANewFile) {
   const std::string fresh = folder.File("new.lumira");
   ASSERT_TRUE(CreateSqliteStore(fresh).Ok());

@@ -1,0 +1,183 @@
+#include "lumira/commands/SaveOrigin.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "lumira/commands/ComputedMassType.h"
+#include "lumira/commands/SavedValues.h"
+#include "lumira/commands/UserMassTypes.h"
+#include "lumira/store/ActiveDocument.h"
+#include "protocol/Utf8.h"
+
+namespace lumira {
+namespace {
+
+using protocol::MassType;
+using protocol::PartData;
+using protocol::Quoted;
+using protocol::Result;
+
+// User mass types that a client may have been told.
+struct Origin {
+  std::vector<MassTypeData> massTypes;
+  std::vector<Precision> precisions;
+};
+
+using Candidates = std::vector<Origin>;
+
+const MassType* FindType(const PartData& data, const std::string& name) {
+  const auto found = std::ranges::find(data.massTypes, name, &MassType::name);
+  return found == data.massTypes.end() ? nullptr : &*found;
+}
+
+// What users cannot change of a mass type tells where it comes from.
+bool IsOfType(const MassType& sent, const MassType& told) {
+  return sent.massTypeLowerPrecision == told.massTypeLowerPrecision &&
+         sent.massTypeUpperPrecision == told.massTypeUpperPrecision;
+}
+
+bool IsAsTold(const MassType& sent, const MassType& told) {
+  return IsOfType(sent, told) && sent.status == told.status && sent.mass == told.mass && sent.cg == told.cg &&
+         sent.inertia == told.inertia && sent.lowerDeviation == told.lowerDeviation &&
+         sent.upperDeviation == told.upperDeviation;
+}
+
+using Match = bool (*)(const MassType& sent, const MassType& told);
+
+// Whether the request has just these user mass types; one that it lists twice fits nothing.
+bool Fits(const PartData& request, const std::vector<MassType>& told, Match match) {
+  const auto users = std::ranges::count_if(
+      request.massTypes, [](const MassType& type) { return type.name != kComputedMassType; });
+  return users == std::ssize(told) && std::ranges::all_of(told, [&](const MassType& type) {
+           const MassType* sent = FindType(request, type.name);
+           return sent != nullptr && match(*sent, type);
+         });
+}
+
+std::optional<Origin> FindOriginIn(const PartData& request, Candidates candidates) {
+  for (const Match match : {IsAsTold, IsOfType})
+    for (Origin& origin : candidates)
+      if (Fits(request, ToWire(origin.massTypes, origin.precisions), match)) return std::move(origin);
+  return std::nullopt;
+}
+
+// A revision that the request chooses by hand, and the part does not: it has just been loaded.
+bool IsNewlyChosen(const PartData& request, const StoredPart& stored, const std::string& revision) {
+  const protocol::Documents& choice = request.documents;
+  return choice.usedSpecificRevisionBefore && choice.activeVersion == revision &&
+         ChosenVersion(stored.details.documents) != revision;
+}
+
+enum class Revisions { NewlyChosen, Others };
+
+// The data of the revisions of the part's document that have any.
+Result<Candidates> RevisionsOf(Store& store, const StoredPart& stored, const PartData& request,
+                               Revisions which) {
+  Candidates candidates;
+  for (const auto& listed : stored.details.documents.revisions) {
+    if (IsNewlyChosen(request, stored, listed.revision) != (which == Revisions::NewlyChosen)) continue;
+    auto revision = store.LoadRevision(stored.part.id, listed.revision);
+    if (!revision && revision.Failure().kind == protocol::ErrorKind::NotFound) continue;
+    if (!revision) return revision.Failure();
+    candidates.push_back({revision.Value().massTypes, revision.Value().precisions});
+  }
+  return candidates;
+}
+
+// A history keeps what was told of a mass type. What the part knows beyond that stays where it tells the
+// same.
+Origin OriginOf(const PartData& values, const Part& part) {
+  Origin origin;
+  for (std::size_t i = 1; i < values.massTypes.size(); ++i) {
+    const MassType& type = values.massTypes[i];
+    const MassTypeData* const known = FindMassType(part, type.name);
+    const MassType told = known == nullptr ? MassType{} : ToWire(*known, type.status);
+    const bool isKnown = known != nullptr && told.lowerDeviation == type.lowerDeviation &&
+                         told.upperDeviation == type.upperDeviation;
+    origin.massTypes.push_back(
+        isKnown ? *known : MassTypeData{.name = type.name, .properties = {}, .deviations = {}, .bounds = {}});
+    origin.precisions.push_back(PrecisionOf(type));
+  }
+  return origin;
+}
+
+// Looks through the states of a part, the latest first, for the mass types of a request.
+class HistorySearch {
+ public:
+  HistorySearch(Store& store, const Part& part, const PartData& request)
+      : _store(store), _part(part), _request(request) {}
+
+  Result<std::optional<Origin>> Run() {
+    const auto history = _store.LoadHistory(_part.id, 0, std::numeric_limits<std::int64_t>::max());
+    if (!history) return history.Failure();
+    for (const HistoryRecord& record : history.Value().records) {
+      auto found = LookInto(record.number);
+      if (!found || found.Value()) return found;
+    }
+    return std::optional<Origin>();
+  }
+
+ private:
+  Result<std::optional<Origin>> LookInto(std::int64_t number) {
+    auto texts = _store.LoadHistoryTexts(_part.id, number);
+    if (!texts) return texts.Failure();
+    for (std::string* text : {&texts.Value().after, &texts.Value().before}) {
+      if (*text == _last) continue;  // one save stands on the state that another one led to
+      _last = std::move(*text);
+      auto found = LookAt(_last);
+      if (!found || found.Value()) return found;
+    }
+    return std::optional<Origin>();
+  }
+
+  Result<std::optional<Origin>> LookAt(const std::string& text) {
+    const auto values = FromHistoryText(text);
+    if (!values)
+      return _store.Damage("the history of part " + Quoted(_part.id) + ": " + values.Failure().message);
+    const auto& types = values.Value().massTypes;
+    if (!Fits(_request, {types.begin() + 1, types.end()}, IsOfType)) return std::optional<Origin>();
+    return std::optional(OriginOf(values.Value(), _part));
+  }
+
+  Store& _store;
+  const Part& _part;
+  const PartData& _request;
+  std::string _last;
+};
+
+// The precision of the computed mass type belongs to the part, whatever the others are.
+StoredPart WithMassTypesOf(const Origin& origin, StoredPart part) {
+  part.part.massTypes = origin.massTypes;
+  auto& precisions = part.details.precisions;
+  std::erase_if(precisions,
+                [](const Precision& precision) { return precision.massType != kComputedMassType; });
+  for (const Precision& precision : origin.precisions)
+    if (precision.massType != kComputedMassType) precisions.push_back(precision);
+  return part;
+}
+
+// In the order of what it costs to look; that a revision is chosen goes before the part that has as many.
+Result<std::optional<Origin>> FindOrigin(Store& store, const StoredPart& stored, const PartData& request) {
+  auto near = RevisionsOf(store, stored, request, Revisions::NewlyChosen);
+  if (!near) return near.Failure();
+  near.Value().push_back({stored.part.massTypes, stored.details.precisions});
+  if (auto origin = FindOriginIn(request, std::move(near).Value())) return origin;
+  auto others = RevisionsOf(store, stored, request, Revisions::Others);
+  if (!others) return others.Failure();
+  if (auto origin = FindOriginIn(request, std::move(others).Value())) return origin;
+  return HistorySearch(store, stored.part, request).Run();
+}
+
+}  // namespace
+
+Result<StoredPart> EditedPart(Store& store, const StoredPart& stored, const PartData& request) {
+  const auto origin = FindOrigin(store, stored, request);
+  if (!origin) return origin.Failure();
+  return origin.Value() ? WithMassTypesOf(*origin.Value(), stored) : stored;
+}
+
+}  // namespace lumira
