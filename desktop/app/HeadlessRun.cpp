@@ -239,7 +239,8 @@ Result<void> HeadlessRun::Save(QWidget* window, const QString& file) {
   QApplication::processEvents();
   const QString path = QDir(_folder).filePath(file);
   _pictures << file;
-  const QImage picture = window->grab().toImage();
+  QImage picture = window->grab().toImage();
+  picture.setText("Title", window->windowTitle());
   if (const QStringList missing = TextsNotDrawn(*window, picture); !missing.isEmpty())
     return Fail(file.toStdString() + " does not show \"" + missing.join("\", \"").toStdString() + "\"");
   return WriteFile(path, [&picture](QSaveFile& target) {

@@ -194,6 +194,7 @@ class MainWindow : public QMainWindow {
   FilterPanelHost _filterPanel;
   WarningListHost _warnings;
   FilterInForce _shownFilter;
+  QString _saidOfMark;               ///< what the status bar was last told of the current line's mark
   FilterInForce _panelFilter;        ///< that the part panel is bound under
   QPersistentModelIndex _panelLine;  ///< of the tree, that the part panel is bound to
   bool _savesAgain = false;          ///< a save that runs is not the panel's

@@ -7,6 +7,7 @@
 #include <QStatusBar>
 #include <QTreeView>
 #include <iostream>
+#include <utility>
 
 #include "desktop/app/ElidedLabel.h"
 #include "desktop/app/FilterMarks.h"
@@ -132,8 +133,10 @@ void MainWindow::FilterChanged() {
   ShowFilter();
   // A panel with unsaved values goes on under its filter, which it names; the other one counts after the
   // save.
-  if (_shownFilter == before || !_partPanel.IsOpen() || _partPanel.HasUnsavedValues()) return;
-  if (const auto text = ShowSelection()) BindPartPanel(*text);
+  if (_shownFilter == before) return;
+  if (_partPanel.IsOpen() && !_partPanel.HasUnsavedValues())
+    if (const auto text = ShowSelection()) BindPartPanel(*text);
+  SayWhyMarked();
 }
 
 void MainWindow::ShowFilter() {
@@ -157,8 +160,11 @@ void MainWindow::ShowFilter() {
 void MainWindow::SayWhyMarked() {
   const QModelIndex index = _tree->currentIndex();
   const QString note = index.isValid() ? _model->FilterNoteAt(index) : QString();
-  // What was said of the line before went when the server was asked for this one.
-  if (!note.isEmpty()) statusBar()->showMessage(note);
+  const QString said = std::exchange(_saidOfMark, note);
+  if (!note.isEmpty())
+    statusBar()->showMessage(note);
+  else if (statusBar()->currentMessage() == said)
+    statusBar()->clearMessage();
 }
 
 void MainWindow::TellFilter() {

@@ -1,11 +1,5 @@
 // Rows of the filter panel that were not confirmed do not go without a question.
-#include <QAction>
-#include <QApplication>
-#include <QCheckBox>
 #include <QFile>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTimer>
 
 #include "desktop/app/ImportDialog.h"
 #include "tests/desktop/app/WindowHarness.h"
@@ -30,31 +24,6 @@ class FilterRowsAtRiskTest : public WindowTest {
   void OpenOnTheOtherProduct() {
     ASSERT_TRUE(window.Select("Car", {}));
     window.ShowFilterPanel();
-  }
-  /// Works the import dialog with tables of a second product: presses the buttons and closes it. What it
-  /// reports after each.
-  QStringList WorkTheImportDialog(std::initializer_list<QPushButton* (ImportDialog::*)() const> buttons) {
-    QStringList reports;
-    QTimer::singleShot(0, &window, [&] {
-      auto* dialog = dynamic_cast<ImportDialog*>(QApplication::activeModalWidget());
-      ASSERT_NE(dialog, nullptr);
-      dialog->MassEdit()->setText(Table());
-      dialog->ReplaceBox()->setChecked(true);
-      for (const auto button : buttons) {
-        (dialog->*button)()->click();
-        reports << dialog->ReportText().section(' ', 0, 0);
-      }
-      dialog->reject();
-    });
-    window.Command("ImportTables")->trigger();
-    RunPendingEvents();
-    return reports;
-  }
-  QString Table() const {
-    QFile file(folder.filePath("mass.csv"));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("part,parent,mass [kg]\ncart,,\naxle,cart,20\n");
-    return file.fileName();
   }
   const Rows kBlades{"Blades.1, Blades, , IEA15, 0, "};
 };

@@ -8,6 +8,7 @@
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgLabel.h"
+#include "framework/dialog/KorDlgRadioButton.h"
 #include "framework/dialog/KorDlgTabContainer.h"
 #include "lumira/import/ImportProduct.h"
 #include "protocol/Codec.h"
@@ -105,6 +106,18 @@ TEST_F(FilterShownTest, TheStatusBarSaysWhyTheCurrentLineIsMarked) {
   EXPECT_EQ(window.statusBar()->currentMessage(), "The filter leaves only part of it.");
   Select(kBedplate);
   EXPECT_EQ(window.statusBar()->currentMessage(), "");
+}
+
+TEST_F(FilterShownTest, TheStatusBarFollowsTheFilterWhileTheLineStays) {
+  ChooseInstances({kBedplate});
+  Select({"Blades.1"});
+  ChooseFilter("No Filter");
+  EXPECT_EQ(window.statusBar()->currentMessage(), "");
+  OpenFilterPanel();
+  EXPECT_TRUE(InFilterPanel<KorDlgRadioButton>("PVSFilterBtn").Check());
+  EXPECT_TRUE(window.FilterPanel().Panel()->PressOK());
+  RunPendingEvents();
+  EXPECT_EQ(window.statusBar()->currentMessage(), "The filter leaves it out.");
 }
 
 TEST_F(FilterShownTest, NameAndMeaningAreToldByTheKeyboard) {

@@ -46,6 +46,17 @@ TEST_F(HeadlessRunTest, LeavesPicturesAndValues) {
         "warning-dialog-de.png", "part-panel-edit-mass-types.png", "history.png"})
     EXPECT_GT(ColourCount(file), 20) << file;
   EXPECT_TRUE(QFile::exists(scratch.filePath("out/values.txt")));
+  const std::pair<const char*, const char*> titles[] = {
+      {"window.png", "IEA15 – Korvo Weight & Balance"},
+      {"window-filter.png", "IEA15 – Korvo Weight & Balance"},
+      {"part-panel-results.png", "Weight and balance"},
+      {"part-panel-filter.png", "Weight and balance"},
+      {"filter-panel.png", "Product filter"},
+      {"warning-dialog.png", "Warnings"},
+      {"warning-dialog-de.png", "Warnungen"},
+      {"history.png", "History of part bedplate"}};
+  for (const auto& [file, title] : titles)
+    EXPECT_EQ(Picture(file).text("Title").toStdString(), title) << file;
   EXPECT_LT(Brightness("filter-panel-dark.png"), 100);
   EXPECT_GT(Brightness("filter-panel.png"), 155);
   EXPECT_EQ(Picture("part-panel-filter.png").size(), Picture("part-panel-results.png").size())

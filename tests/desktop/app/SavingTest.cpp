@@ -314,6 +314,38 @@ TEST_F(SavingTest, ANewProductFileIsNotMadeWhenTheUserGoesOnEditing) {
   EXPECT_FALSE(QFile::exists(file));
 }
 
+TEST_F(SavingTest, TheSampleIsNotOpenedWhenTheUserGoesOnEditing) {
+  EditMass("43000");
+  boxes.answers = {kKeep};
+  EXPECT_FALSE(window.OpenSample());
+  EXPECT_TRUE(IsEditing());
+  EXPECT_EQ(TextOf(kMass), "43000");
+}
+
+TEST_F(SavingTest, AnImportAsksWhenItIsAboutToWriteAndNotWhenItOnlyChecks) {
+  EditMass("43000");
+  boxes.answers = {kKeep};
+  const auto reports = WorkTheImportDialog({&ImportDialog::CheckButton, &ImportDialog::ImportButton});
+  EXPECT_EQ(reports[0], "Product");
+  ASSERT_EQ(boxes.Questions().size(), 1u);
+  EXPECT_EQ(window.Tree().rowCount(), 1) << "nothing was imported";
+  EXPECT_TRUE(IsEditing());
+  EXPECT_EQ(TextOf(kMass), "43000");
+}
+
+TEST_F(SavingTest, RowsOfTheFilterPanelAndTypedValuesAreBothAskedAboutBeforeAnotherProductIsOpened) {
+  window.ShowFilterPanel();
+  RunPendingEvents();
+  window.AddToFilter();
+  EditMass("43000");
+  constexpr int kDiscardRows = 0;
+  boxes.answers = {kDiscardRows, kKeep};
+  EXPECT_FALSE(window.OpenProduct(File()));
+  EXPECT_EQ(boxes.Questions().size(), 2u);
+  EXPECT_EQ(TextOf(kMass), "43000");
+  EXPECT_EQ(FilterRows().size(), 1u) << "neither is lost when one of them stays";
+}
+
 TEST_F(SavingTest, QuittingAsksAndStaysWhenTheUserGoesOn) {
   EditMass("43000");
   boxes.answers = {kKeep};

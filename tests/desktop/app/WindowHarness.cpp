@@ -1,7 +1,13 @@
 #include "tests/desktop/app/WindowHarness.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QFile>
 #include <QItemSelectionModel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
 #include <QTreeView>
 
 #include "desktop/app/QtTranslation.h"
@@ -89,6 +95,29 @@ std::vector<std::string> WindowTest::FilterRows() {
     rows.push_back(cells);
   }
   return rows;
+}
+
+QStringList WindowTest::WorkTheImportDialog(
+    std::initializer_list<QPushButton* (ImportDialog::*)() const> buttons) {
+  QFile table(folder.filePath("mass.csv"));
+  EXPECT_TRUE(table.open(QIODevice::WriteOnly));
+  table.write("part,parent,mass [kg]\ncart,,\naxle,cart,20\n");
+  table.close();
+  QStringList reports;
+  QTimer::singleShot(0, &window, [&] {
+    auto* dialog = dynamic_cast<ImportDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    dialog->MassEdit()->setText(table.fileName());
+    dialog->ReplaceBox()->setChecked(true);
+    for (const auto button : buttons) {
+      (dialog->*button)()->click();
+      reports << dialog->ReportText().section(' ', 0, 0);
+    }
+    dialog->reject();
+  });
+  window.Command("ImportTables")->trigger();
+  RunPendingEvents();
+  return reports;
 }
 
 void WindowTest::AddSecondProduct() {

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
+#include <initializer_list>
 
+#include "desktop/app/ImportDialog.h"
 #include "desktop/app/MainWindow.h"
 #include "desktop/toolkit/HeadlessBoxes.h"
 #include "framework/dialog/KorDlgMultiList.h"
@@ -37,6 +39,9 @@ class WindowTest : public ::testing::Test {
   std::vector<std::string> FilterRows();
   /// Puts a second product, "Car" with the instance "wheel.1", into the product file and opens that anew.
   void AddSecondProduct();
+  /// Works the import dialog with tables of a product "cart": presses the buttons and closes it. The first
+  /// word of what it reports after each.
+  QStringList WorkTheImportDialog(std::initializer_list<QPushButton* (ImportDialog::*)() const> buttons);
   KorDlgDialog& Panel() { return *window.PartPanel().Panel(); }
   /// The text of the only message shown so far; fails when there is none or another one.
   std::string OnlyMessage() const;
