@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 #include <unordered_map>
+#include <utility>
 
 #include "lumira/import/PartCells.h"
 #include "lumira/import/TableColumns.h"
@@ -96,9 +97,12 @@ class PropertyReading {
     if (!_given.emplace(*part, property.name).second)
       return _columns.Error(
           row, PartId, "part " + Quoted(*part) + " has a value of " + Quoted(property.name) + " already");
-    if (const auto value = Stored(row, property))
-      _result.values.push_back(
-          {*part, {.name = property.name, .value = *value}, _columns.PlaceOf(row, PartId)});
+    const auto value = Stored(row, property);
+    if (!value) return;
+    protocol::ExtraProperty given;
+    given.name = property.name;
+    given.value = *value;
+    _result.values.push_back({*part, std::move(given), _columns.PlaceOf(row, PartId)});
   }
 
   void RefuseWithoutPart(std::size_t row) {
