@@ -54,8 +54,8 @@ class KOR_SERVICES_API KorWBAllDataBuffer : public KorBaseUnknown {
   /// that named no revision ("__null__", or none at all) made it automatic, and the active document is again
   /// the one that the data were read with; another revision than the server had was chosen by the user; the
   /// same one leaves the choice as it was. Until this reply the buffer holds what the save said, "__null__"
-  /// included. E_FAIL, with the buffer as it was and the
-  /// reason in GetLastRefusal, when the text cannot be read or is about another part.
+  /// included. E_FAIL, with the buffer as it was and the reason in GetLastRefusal, when the text cannot be
+  /// read or is about another part.
   HRESULT SetSaveReply(const KorUnicodeString& reply);
   /// Why the last SetAllData, SetComputedData or SetSaveReply was refused, with the field's position; empty
   /// when it was not.

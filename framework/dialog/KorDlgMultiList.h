@@ -35,8 +35,7 @@ class KOR_FRAMEWORK_API KorDlgMultiList : public KorDlgObject {
   int GetVisibleColumnCount() const { return _visibleColumns; }
 
   int GetLineCount() const { return _lineCount; }
-  /// Another number after each change of rows; whoever keeps an index of the rows sees by it when to renew
-  /// it.
+  /// Another number after each change of rows, by which an index of them is seen to be out of date.
   std::uint64_t GetRowsRevision() const { return _rowsRevision; }
   /// Sets a cell; a row beyond the last adds empty rows up to it.
   void SetColumnItem(int column, const KorUnicodeString& text, int row);

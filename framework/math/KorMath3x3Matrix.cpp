@@ -12,6 +12,23 @@ std::array<double, 9> Adjugate(const std::array<double, 9>& a) {
           a[3] * a[7] - a[4] * a[6], a[1] * a[6] - a[0] * a[7], a[0] * a[4] - a[1] * a[3]};
 }
 
+// The power of two that brings the largest coefficient into [0.5, 1): so scaled, products of three
+// coefficients neither overflow nor lose digits for their size alone.
+int ScaleOf(const std::array<double, 9>& a) {
+  double largest = 0;
+  for (const double coefficient : a) largest = std::max(largest, std::abs(coefficient));
+  int exponent = 0;
+  std::frexp(largest, &exponent);
+  return -exponent;
+}
+
+KorMath3x3Matrix Scaled(std::array<double, 9> coefficients, int exponent) {
+  for (double& coefficient : coefficients) coefficient = std::ldexp(coefficient, exponent);
+  KorMath3x3Matrix scaled;
+  scaled.SetCoefficients(coefficients);
+  return scaled;
+}
+
 }  // namespace
 
 double KorMath3x3Matrix::Determinant() const {
@@ -24,10 +41,12 @@ KorMath3x3Matrix KorMath3x3Matrix::Transpose() const {
 }
 
 bool KorMath3x3Matrix::Invert(KorMath3x3Matrix& inverse) const {
-  const double determinant = Determinant();
-  if (determinant == 0.0) return false;
-  std::array<double, 9> coefficients = Adjugate(_a);
-  for (double& coefficient : coefficients) coefficient /= determinant;
+  if (Determinant() == 0.0) return false;
+  const int scale = ScaleOf(_a);
+  const KorMath3x3Matrix scaled = Scaled(_a, scale);
+  const double determinant = scaled.Determinant();
+  std::array<double, 9> coefficients = Adjugate(scaled._a);
+  for (double& coefficient : coefficients) coefficient = std::ldexp(coefficient / determinant, scale);
   if (!std::all_of(coefficients.begin(), coefficients.end(), [](double c) { return std::isfinite(c); }))
     return false;
   inverse.SetCoefficients(coefficients);

@@ -46,7 +46,12 @@ HRESULT KorWBNymMainPanel::SetModel(KorWBAllDataBuffer* buffer) {
   KORWB_PART_TRACE("SetModel");
   _dataBuffer = buffer;
   ReadPartFromBuffer();
-  if (_dataBuffer && !_widgets.tabs) Build();  // the panel was opened without a buffer
+  if (_dataBuffer) {
+    if (_widgets.tabs)
+      ForgetPasteSource();  // it lists mass types of the part before
+    else
+      Build();  // the panel was opened without a buffer
+  }
   RefreshPanelWithInfo();
   if (_dataBuffer) {
     ApplyConfigurationFilter();
@@ -68,6 +73,10 @@ void KorWBNymMainPanel::ReadPartFromBuffer() {
   }
   _dataBuffer->GetCalculationUpToDate(_computed);
   Pdm().GetAppliedOnObject(_appliedOnObject);
+  ReadMaterialFromBuffer();
+}
+
+void KorWBNymMainPanel::ReadMaterialFromBuffer() {
   _materialName = _dataBuffer->GetMaterialName();
   Pdm().GetPartRefWBMaterialName(_partRefMaterialName);
   _density = _dataBuffer->GetDensity();

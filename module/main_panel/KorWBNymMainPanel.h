@@ -136,6 +136,7 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
 
   // binding and refresh
   void ReadPartFromBuffer();
+  void ReadMaterialFromBuffer();
   void ForgetPart();
   LumWBAllDataBuffer& Pdm() const;
   KorWBNymNavMessages Messages();
@@ -150,6 +151,7 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   void BuildDefaultDocModeText();
   void ShowWhichRevisionIsActive();
   void ShowNoDocument();
+  void ShowNothingOfDocuments();
   void SetAct(const KorUnicodeString& text);
   void SelectFirstPage();
 
@@ -184,6 +186,7 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   void OfferPrecision();
   void SetDistributionSensitivity(KorSensitivity sensitivity);
   void FillPasteValues();
+  void ForgetPasteSource();
   void OfferCommands();
   void OfferActiveDocument();
   void LeaveEditMode();
@@ -230,6 +233,7 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   HRESULT ShowInertia(const KorWBNymNavMassValues& results);
 
   // mass types, material, precision
+  void ShowMassType(const KorUnicodeString& shownType);
   void ShowMassTypeCG(const KorWBNymNavMassValues& values);
   void ShowNoDistribution();
   void OfferDelete(const KorUnicodeString& shownType);

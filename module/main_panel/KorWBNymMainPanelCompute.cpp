@@ -66,7 +66,7 @@ KorUnicodeString KorWBNymMainPanel::ComputeRequest() const {
 }
 
 /// When the part was computed before it was bound and another mass type is active, the reply is not stored:
-/// this is deliberate.
+/// this is deliberate. It is not read either, so that the empty one of no server counts as an answer too.
 HRESULT KorWBNymMainPanel::StoreComputed(const KorUnicodeString& reply) {
   const bool computedIsActive =
       _widgets.activeMass->GetSelectedLine().Compare(KorLumWBCSCommonDefinitions::Computed) != 0;

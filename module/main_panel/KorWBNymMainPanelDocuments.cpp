@@ -5,6 +5,7 @@
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgRadioButton.h"
+#include "framework/dialog/KorDlgTabContainer.h"
 #include "framework/dialog/KorDlgTabPage.h"
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
 #include "module/shared/KorWBNymNavMessages.h"
@@ -47,7 +48,7 @@ void KorWBNymMainPanel::RefreshActiveDocument() {
   else if (Pdm().AreOldDocumentsUsed() && _activeDocId == kNoDocumentId)
     ShowNoDocument();
   else
-    KorWBPartTraceLine("The old doc revs are not used.");
+    ShowNothingOfDocuments();
 }
 
 bool KorWBNymMainPanel::AreDocumentsInUse() const {
@@ -97,6 +98,15 @@ void KorWBNymMainPanel::ShowNoDocument() {
   if (_widgets.documentsPage) _widgets.documentsPage->SetSensitivity(KorSensitivity::Disabled);
   SelectFirstPage();
   SetAct("NONE");
+}
+
+/// Whatever the panel showed of the part before.
+void KorWBNymMainPanel::ShowNothingOfDocuments() {
+  KorWBPartTraceLine("The old doc revs are not used.");
+  _widgets.act->SetText({});
+  if (!_widgets.documentsPage) return;
+  _widgets.documentsPage->SetSensitivity(KorSensitivity::Disabled);
+  if (_widgets.tabs->GetPage(_widgets.tabs->GetSelectedPage()) == _widgets.documentsPage) SelectFirstPage();
 }
 
 void KorWBNymMainPanel::SetAct(const KorUnicodeString& text) {

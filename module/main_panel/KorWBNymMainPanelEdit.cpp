@@ -53,7 +53,7 @@ void KorWBNymMainPanel::ResetInertiaDisplay() {
   ShowOwnDistribution();
 }
 
-/// From here on what stands on the mass-types page is what a save stores. So the page shows the values of its
+/// In edit mode what stands on the mass-types page is what a save stores. So the page shows the values of its
 /// own mass type alone: not the inertia that the refresh of the results has left there, nor what stayed of
 /// another mass type where this one has nothing.
 void KorWBNymMainPanel::ShowOwnDistribution() {
@@ -84,13 +84,16 @@ void KorWBNymMainPanel::OfferUserMassType() {
 }
 
 void KorWBNymMainPanel::OfferComputedMassType() {
-  const KorWBNymMainPanelWidgets& w = _widgets;
-  w.mtMass->SetSensitivity(Disabled);
+  _widgets.mtMass->SetSensitivity(Disabled);
   SetDistributionSensitivity(Disabled);
   OfferMaterial();
   OfferPrecision();
-  KorWBNymMainPanelSetSensitivity({w.pasteValues, w.updateProperties}, Disabled);
-  w.pasteValues->ClearLines();
+  ForgetPasteSource();
+}
+
+void KorWBNymMainPanel::ForgetPasteSource() {
+  KorWBNymMainPanelSetSensitivity({_widgets.pasteValues, _widgets.updateProperties}, Disabled);
+  _widgets.pasteValues->ClearLines();
 }
 
 /// Density and material can be typed when the typed density comes first.
@@ -162,6 +165,8 @@ void KorWBNymMainPanel::GiveUpEditMode() {
   if (!IsInEditMode()) return;
   EndRevisionChoice();
   LeaveEditMode();
+  ForgetPasteSource();
+  ReadMaterialFromBuffer();
   if (_widgets.definedFor->GetTitle() == kApplyMaterialOn) EndChoiceWhereMaterialApplies();
   OfferDisplay(_dataBuffer->GetActiveMassType());
 }

@@ -35,11 +35,16 @@ HRESULT KorWBNymMainPanel::RefreshMassTypeTab() {
 /// Edit mode is no stored flag but the sensitivities that entering it sets.
 bool KorWBNymMainPanel::IsInEditMode() const { return !_widgets.edit->IsEnabled(); }
 
-// Shows another mass type. What a mass type lacks leaves its editors as they are.
 void KorWBNymMainPanel::OnMassTypeChangeNotification(KorCommand*, KorNotification*, KorCommandClientData) {
   if (!_dataBuffer) return;
   const KorUnicodeString shownType = _widgets.massType->GetSelectedLine();
   if (IsInEditMode()) OfferEditing(shownType);
+  ShowMassType(shownType);
+  if (IsInEditMode()) ShowOwnDistribution();
+}
+
+/// What a mass type lacks leaves its editors as they are.
+void KorWBNymMainPanel::ShowMassType(const KorUnicodeString& shownType) {
   if (_dataBuffer->GetMassTypeDefined(shownType) != KorWBAllDataBuffer::kDefined) {
     Display::ShowNoValueIn(std::array{_widgets.mtMass});
     ShowNoDistribution();
@@ -69,12 +74,11 @@ void KorWBNymMainPanel::OfferEditing(const KorUnicodeString& shownType) {
   const bool typed = !shownType.Compare(KorLumWBCSCommonDefinitions::Computed);
   w.mtMass->SetSensitivity(KorEnabledIf(typed));
   SetDistributionSensitivity(KorEnabledIf(typed && !w.standardPart->IsChecked()));
-  w.pasteValues->SetSensitivity(KorEnabledIf(typed));
   if (typed) {
+    w.pasteValues->SetSensitivity(KorSensitivity::Enabled);
     FillPasteValues();
   } else {
-    w.updateProperties->SetSensitivity(KorSensitivity::Disabled);
-    w.pasteValues->ClearLines();
+    ForgetPasteSource();
   }
   // Material and density whatever the density priority, although entering edit mode asks it: kept as it is.
   for (KorDlgObject* widget :

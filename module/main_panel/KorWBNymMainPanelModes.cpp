@@ -25,6 +25,8 @@ void KorWBNymMainPanel::ShowMovedToReference(const KorUnicodeString& massType,
   RefreshMomentOfInertiaUnits(*values.inertia, label);
 }
 
+// It asks no mass type whether it is defined or a standard part's: what is out of date, and shown as "...",
+// gets its inertia by it. Kept as it is.
 void KorWBNymMainPanel::OnInertiaModeModify(KorCommand*, KorNotification*, KorCommandClientData) {
   if (!_dataBuffer) return;
   auto computed = KorWBNymNavMassValues::Read(*_dataBuffer, KorLumWBCSCommonDefinitions::Computed);
@@ -72,15 +74,20 @@ void KorWBNymMainPanel::OnTabContainer001TabSelectNotification(KorCommand*, KorN
     LeaveResultsPage();
 }
 
-// Outside the results page inertia is always shown about the centre of gravity.
+// Outside the results page inertia is always shown about the centre of gravity. Of mass types that lack
+// values the change of mode alone shows nothing, and so would leave it about the reference point.
 void KorWBNymMainPanel::LeaveResultsPage() {
   const KorWBNymMainPanelWidgets& w = _widgets;
+  const bool wasAtReference = w.atReference->IsChecked() && w.currentPart->IsChecked();
   Choose(*w.atCG);
   w.inertiaModeFrame->SetSensitivity(KorSensitivity::Disabled);
   Choose(*w.currentPart);
   w.referenceModeFrame->SetSensitivity(KorSensitivity::Disabled);
   // Nothing is custom any more by now; should the choice above ever leave it checked, its frame is off too.
   if (w.customReference->IsChecked()) w.customFrame->SetSensitivity(KorSensitivity::Disabled);
+  if (!wasAtReference) return;
+  RefreshResultsTab();
+  ShowOwnDistribution();
 }
 
 void KorWBNymMainPanel::EnterResultsPage(bool showsDefinedUserType) {

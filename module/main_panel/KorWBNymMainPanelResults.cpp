@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgRadioButton.h"
@@ -23,6 +24,14 @@ KorMathTransformation PlacementFrom(const std::vector<double>& coefficients) {
   std::array<double, 12> all{};
   std::copy_n(coefficients.begin(), std::min(coefficients.size(), all.size()), all.begin());
   return KorMathTransformation(all);
+}
+
+bool IsFinite(const KorMathPoint& point) {
+  return std::isfinite(point.GetX()) && std::isfinite(point.GetY()) && std::isfinite(point.GetZ());
+}
+
+bool IsFinite(const KorMath3x3Matrix& matrix) {
+  return std::ranges::all_of(matrix.Coefficients(), [](double one) { return std::isfinite(one); });
 }
 
 }  // namespace
@@ -57,7 +66,8 @@ HRESULT KorWBNymMainPanel::RefreshResultsTab() {
   return traceStatus = ShowResults(ExpressIn(view, computed));
 }
 
-/// E_FAIL when the custom axes cannot be used: their determinant is 0.0, or their inverse is not finite.
+/// E_FAIL when the custom frame cannot be used: the determinant of its axes is 0.0, or their inverse or the
+/// point is not finite.
 HRESULT KorWBNymMainPanel::GetResultsView(ResultsView& view) const {
   view.mode = GetReferenceMode();
   view.atReference = _widgets.atReference->IsChecked();
@@ -68,9 +78,10 @@ HRESULT KorWBNymMainPanel::GetResultsView(ResultsView& view) const {
   GetCustomRefModeValues(customPoint, view.axes);
   if (!view.axes.Invert(view.inverseAxes)) return E_FAIL;
   view.reference = view.axes * customPoint;
-  return S_OK;
+  return IsFinite(view.reference) ? S_OK : E_FAIL;
 }
 
+/// Twelve editors: three masses, the centre of gravity, moments and products of inertia.
 void KorWBNymMainPanel::ShowNotComputed() {
   Display::ShowNoValueIn(std::array{_widgets.mass, _widgets.lowerDeviation, _widgets.upperDeviation});
   Display::ShowNoValueIn(_widgets.cg);
@@ -93,7 +104,7 @@ HRESULT KorWBNymMainPanel::ShowMasses(double mass) {
 }
 
 /// The values about the view's reference, in its axes. Inertia that would have to be moved from a centre of
-/// gravity that is not known becomes unknown itself.
+/// gravity that is not known becomes unknown itself, and so does what is too large for a number.
 KorWBNymNavMassValues KorWBNymMainPanel::ExpressIn(const ResultsView& view, KorWBNymNavMassValues values) {
   auto& [mass, cg, inertia] = values;
   if (view.mode != ReferenceMode::CurrentPart) {
@@ -110,6 +121,8 @@ KorWBNymNavMassValues KorWBNymMainPanel::ExpressIn(const ResultsView& view, KorW
   if (view.atReference && !cg) inertia.reset();
   if (view.atReference && inertia) values.MoveInertiaTo(view.reference);
   if (view.mode == ReferenceMode::Custom && cg) cg = *cg - view.reference;
+  if (cg && !IsFinite(*cg)) cg.reset();
+  if (inertia && !IsFinite(*inertia)) inertia.reset();
   return values;
 }
 

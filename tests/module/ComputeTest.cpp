@@ -124,6 +124,31 @@ TEST_F(Compute, WithoutABufferDoesNothing) {
   EXPECT_TRUE(Server().Requests().empty());
 }
 
+TEST_F(Compute, WithoutABufferDoesNotAskForTheCustomAxesEither) {
+  Open(SamplePart());
+  Check("CustomReferenceButton");  // its axes are all zero
+  Panel().SetModel(nullptr);
+  Press("ComputeButton");
+  EXPECT_TRUE(Boxes().Messages().empty());
+}
+
+/// Writes a part of the text before it fails.
+class HalfTextBuffer : public LumWBAllDataBuffer {
+ public:
+  HRESULT GetComputedInfo(KorUnicodeString& text) const override {
+    text = "half a text";
+    return E_FAIL;
+  }
+};
+
+TEST_F(Compute, WithHalfOfTheBuffersTextSendsNothingOfIt) {
+  auto buffer = LumWBAllDataBuffer_var::Adopt(new HalfTextBuffer);
+  ASSERT_EQ(buffer->SetAllData(protocol::WritePartData(SamplePart()), true), S_OK);
+  Open(buffer);
+  ComputeWith(kReply);
+  EXPECT_EQ(Server().Requests()[0].text, "1|P-100|");
+}
+
 // ---- the reply ----
 
 TEST_F(Compute, ShowsTheNewValues) {
@@ -172,10 +197,10 @@ TEST_F(Compute, BringsTheResultsToTheFrontAndLetsTheModesBeChosen) {
   EXPECT_TRUE(IsEnabled("ReferenceModeFrame"));
 }
 
-TEST_F(Compute, LetsTheModesBeChosenInEditModeTooWhereAChangeOfPageDoesNot) {
+TEST_F(Compute, LetsTheModesBeChosenAlsoWhereNoChangeOfPageDoes) {
   Open(SamplePart());
-  Widget("EditButton").SetSensitivity(KorSensitivity::Disabled);  // as in edit mode
-  PickPage("TabPage003");
+  for (const char* frame : {"InertiaModeFrame", "ReferenceModeFrame"})
+    Widget(frame).SetSensitivity(KorSensitivity::Disabled);  // the results are in front already
   ComputeWith(kReply);
   EXPECT_TRUE(IsEnabled("InertiaModeFrame"));
   EXPECT_TRUE(IsEnabled("ReferenceModeFrame"));
@@ -206,12 +231,17 @@ TEST_F(Compute, OnAComputedPartWithAnotherActiveMassTypeTheReplyIsNotStoredButTh
   EXPECT_TRUE(IsShown("FlagGreenLabel[1]"));
 }
 
-TEST_F(Compute, AReplyThatIsNotStoredIsNotReadEither) {
-  protocol::PartData part = SamplePart();
-  part.activeMassType = "Estimated";
-  Open(part);
-  ComputeWith("whatever it says");
-  EXPECT_EQ(Text("MassEditor"), "2 kg");
+TEST_F(Compute, AReplyThatIsNotStoredIsNotReadEitherAndAlsoNoneTurnsThePanelGreenOnPurpose) {
+  for (const char* reply : {"whatever it says", ""}) {
+    protocol::PartData part = SamplePart();
+    part.activeMassType = "Estimated";
+    Open(part);
+    Buffer().SetCalculationUpToDate(false);
+    ComputeWith(reply);
+    EXPECT_EQ(Text("MassEditor"), "2 kg");
+    EXPECT_TRUE(IsShown("FlagGreenLabel[1]"));
+    Close();
+  }
 }
 
 TEST_F(Compute, OnAPartThatWasNotComputedTheReplyIsStoredWhateverMassTypeIsActive) {
@@ -298,6 +328,7 @@ TEST_F(Compute, AnErrorIsShownOverTheMainWindowAndNothingChanges) {
   ComputeWith("LumiraError: the part \"P-100\" is unknown");
   EXPECT_EQ(Screen(), screen);
   EXPECT_EQ(AllData(), data);
+  EXPECT_THAT(Output(), Not(HasSubstr("SERVER ANSWER")));
   EXPECT_EQ(Server().WarningRequestCount(), 0) << "warnings are fetched behind an accepted reply only";
 }
 

@@ -245,4 +245,40 @@ TEST_F(EditMode, DoesNothingWithoutABuffer) {
   EXPECT_FALSE(IsEnabled("SaveButton"));
 }
 
+// ---- another mass type, or another revision, in edit mode ----
+
+TEST_F(EditMode, OfAnotherMassTypeShowsNothingOfTheOneBeforeWhereItHasNothing) {
+  protocol::PartData part = SamplePart();
+  part.massTypes[2].status = protocol::MassTypeStatus::Defined;
+  part.massTypes[2].mass = 7;  // weighed, and nothing else is known
+  part.activeMassType = "Estimated";
+  Edit(part);
+  Pick("MassTypeCombo", "Weighed");
+  EXPECT_EQ(Text("MTMassEditor"), "7 kg");
+  EXPECT_EQ(Text("MTCGxEditor"), "...");
+  EXPECT_EQ(MTMoments(), "..., ..., ...");
+  const protocol::MassType sent = TypeOf(Save(), "Weighed");
+  EXPECT_EQ(sent.cg, (protocol::Vector{0, 0, 0})) << "no number counts as 0";
+  EXPECT_EQ(sent.inertia, protocol::Tensor{});
+}
+
+TEST_F(EditMode, OfARevisionShowsNothingOfTheOneBeforeWhereItHasNothing) {
+  protocol::PartData part = SamplePartWithDocuments();
+  part.activeMassType = "Estimated";
+  part.documents.usedSpecificRevisionBefore = true;
+  protocol::PartData revision = part;
+  revision.massTypes[1].cg.reset();
+  revision.massTypes[1].inertia.reset();
+  revision.documents.activeVersion = "A";
+  Edit(part);
+  PickPage("TabPageDocuments");
+  Server().Expect("WBGetActiveDocInfo", protocol::WritePartData(revision));
+  Press("ChangeActiveDocButton");
+  Pick("ActiveDocsCombo", "D-7 A");
+  Press("ApplyActiveDocButton");
+  EXPECT_EQ(Text("MTMassEditor"), "4 kg");
+  EXPECT_EQ(Text("MTCGxEditor"), "...");
+  EXPECT_EQ(MTMoments(), "..., ..., ...") << "nor the computed inertia that the results have left there";
+}
+
 }  // namespace

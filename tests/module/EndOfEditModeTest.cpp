@@ -112,4 +112,31 @@ TEST_F(EndOfEditMode, DoesNotComeWithoutABuffer) {
   EXPECT_FALSE(IsEnabled("SaveButton"));
 }
 
+TEST_F(EndOfEditMode, GivesUpTheMaterialOfBothSides) {
+  protocol::PartData part = SamplePart();
+  part.hasInstance = false;
+  Edit(part);
+  PickPage("TabPage004");
+  for (const char* side : {"ApplyOnReference", "ApplyOnInstance"}) {
+    Check(side);
+    Type("WBMaterialEditor", "Gold");
+    Type("DensityEditor", "19300");
+  }
+  Panel().RefreshPanelWithInfo();
+  Press("EditButton");
+  Check("ApplyOnReference");
+  EXPECT_EQ(Text("WBMaterialEditor") + " " + Text("DensityEditor"), "Cast iron 7200 kg/m³");
+  Check("ApplyOnInstance");
+  EXPECT_EQ(Text("WBMaterialEditor") + " " + Text("DensityEditor"), "Steel 7850 kg/m³");
+}
+
+TEST_F(EndOfEditMode, LeavesNoValuesToPasteOrRescale) {
+  Edit(SamplePart());
+  Pick("MTPasteValuesCombo", "Computed");
+  Type("MTMassEditor", "3");
+  Panel().RefreshPanelWithInfo();
+  ExpectEnabled({"UpdatePropertiesButton", "MTPasteValuesCombo"}, false);
+  EXPECT_THAT(Lines("MTPasteValuesCombo"), IsEmpty());
+}
+
 }  // namespace

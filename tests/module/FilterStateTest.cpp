@@ -40,6 +40,8 @@ struct LoadedState {
   KorUnicodeString handler = Panel::selectedPRCConfigHandler;
   KorUnicodeString pvs = Panel::selectedPVSFilter;
   KorUnicodeString filter = Panel::selectedFilter;
+  List instances, parts, versions, depths, paths;
+  HRESULT listsStatus = Panel::GetFilterContents(instances, parts, versions, depths, paths);
 } const g_loaded;
 
 TEST_F(FilterState, IsLoadedWithNoChoice) {
@@ -49,6 +51,10 @@ TEST_F(FilterState, IsLoadedWithNoChoice) {
   EXPECT_EQ(g_loaded.handler, "No Filter");
   EXPECT_EQ(g_loaded.pvs, "");
   EXPECT_EQ(g_loaded.filter, "0|No Filter");
+  EXPECT_EQ(g_loaded.listsStatus, S_OK);
+  for (const List* list :
+       {&g_loaded.instances, &g_loaded.parts, &g_loaded.versions, &g_loaded.depths, &g_loaded.paths})
+    EXPECT_EQ(list->Size(), 0);
 }
 
 TEST_F(FilterState, BeforeAnyChoiceThereIsNoFilterAndEveryInstanceIsValid) {

@@ -136,4 +136,12 @@ TEST_F(InitialState, AFilterChosenForAnotherProductIsNotInForce) {
   EXPECT_EQ(Text("ConfigHandlerEditor"), "No Filter");
 }
 
+TEST_F(InitialState, ShowsTheCurrentlyAttachedRevisionAlsoWhereNoRefreshOfThePageDoes) {
+  protocol::PartData part = SamplePartWithDocuments();
+  part.documents.activeId = "0";
+  part.documents.revisions.clear();
+  Open(part);
+  EXPECT_EQ(Text("CurrentlyAttachedDocEditor"), "A");
+}
+
 }  // namespace

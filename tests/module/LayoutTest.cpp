@@ -337,6 +337,15 @@ TEST_F(Layout, PlacesNoTwoWidgetsOfAParentInTheSameCell) {
   check(Panel());
 }
 
+TEST_F(Layout, RepeatsNamesOfLampsAndRevisionEditorsAndSpellsOneAxisInItsOwnWayOnPurpose) {
+  Open(SamplePartWithDocuments());
+  for (const auto& [path, name] : {std::pair("FlagRedLabel[2]", "FlagRedLabel"),
+                                   {"FlagGreenLabel[2]", "FlagGreenLabel"},
+                                   {"FrameDocAttr.DocAttr1Editor[5]", "DocAttr1Editor"},
+                                   {"XAxisxEditor", "XAxisxEditor"}})
+    EXPECT_EQ(Widget(path).Name(), name);
+}
+
 TEST_F(Layout, IsNamedStyledAndOwnedAsTheHostExpects) {
   Open(SamplePart());
   EXPECT_EQ(Panel().Name(), "KorWBNymMainPanel");

@@ -1,3 +1,4 @@
+#include "framework/dialog/KorDlgCombo.h"
 #include "module/filter_panel/KorWBNymNavFilterPanel.h"
 #include "tests/module/PanelTest.h"
 #include "tests/support/TraceCapture.h"
@@ -193,6 +194,88 @@ TEST_F(Model, BindingIsTraced) {
   TraceCapture trace("KorWBCompPart");
   Panel().SetModel(&Buffer());
   EXPECT_THAT(trace.Text(), testing::HasSubstr("SetModel()"));
+}
+
+TEST_F(Model, AtTheCentreOfGravityBindingLeavesTheInertiaOfTheMassTypesPageAsTheRefreshShowsIt) {
+  Open(SamplePart());
+  auto other = BufferOf(OtherPart());
+  Panel().SetModel(other.Get());
+  EXPECT_EQ(MTMoments(), "5 kg·m², 6 kg·m², 7 kg·m²");
+}
+
+TEST_F(Model, BindingReadsMaterialsAndDensitiesOfBothSidesAnew) {
+  protocol::PartData part = SamplePart();
+  part.hasInstance = false;
+  Open(part);
+  part.material.name = "Titanium";
+  part.material.density = 4500;
+  part.material.referenceName = "Zinc";
+  part.material.referenceDensity = 7140;
+  auto other = BufferOf(part);
+  Panel().SetModel(other.Get());
+  Press("EditButton");
+  PickPage("TabPage004");
+  Check("ApplyOnReference");
+  EXPECT_EQ(Text("WBMaterialEditor") + " " + Text("DensityEditor"), "Zinc 7140 kg/m³");
+  Check("ApplyOnInstance");
+  EXPECT_EQ(Text("WBMaterialEditor") + " " + Text("DensityEditor"), "Titanium 4500 kg/m³");
+}
+
+TEST_F(Model, BindingSelectsTheRevisionOfTheNewBufferInEditMode) {
+  protocol::PartData part = SamplePartWithDocuments();
+  part.documents.usedSpecificRevisionBefore = true;
+  part.documents.activeVersion = "A";
+  Open(part);
+  Press("EditButton");
+  Server().Expect("WBSaveNymValues", "SaveReply/1|P-100|8|end");
+  Press("SaveButton");
+  part.documents.activeVersion = "B";
+  auto other = BufferOf(part);
+  Panel().SetModel(other.Get());
+  Press("EditButton");
+  EXPECT_EQ(SelectedLine("ActiveDocsCombo"), "D-7 B");
+}
+
+TEST_F(Model, BindingAPartWhoseDocumentsAreNotFoundShowsNothingOfThoseBefore) {
+  protocol::PartData part = SamplePartWithDocuments();
+  part.documents.usedSpecificRevisionBefore = true;
+  Open(part);
+  PickPage("TabPageDocuments");
+  ASSERT_EQ(Text("Act"), "D-7 B");
+  part.documents.activeId = "__EXCEPTION__";
+  part.documents.revisions.clear();
+  Boxes().ExpectMessage({"KorWBNymMainPanel", CatalogueText("DocumentsNotFound001.Title"),
+                         CatalogueText("NoDocsFoundMessage"), kInformationFlags});
+  auto other = BufferOf(part);
+  Panel().SetModel(other.Get());
+  EXPECT_EQ(Text("Act"), "");
+  EXPECT_FALSE(IsEnabled("TabPageDocuments"));
+  EXPECT_EQ(SelectedPage(), "TabPage002");
+}
+
+TEST_F(Model, BindingAPartThatUsesNoDocumentsShowsNothingOfThoseBefore) {
+  Open(SamplePartWithDocuments());
+  auto other = BufferOf(OtherPart());
+  Panel().SetModel(other.Get());
+  EXPECT_EQ(Text("Act"), "");
+  EXPECT_FALSE(IsEnabled("TabPageDocuments"));
+}
+
+TEST_F(Model, BindingForgetsTheValuesToPasteOfThePartBeforeAlsoAfterASave) {
+  protocol::PartData part = SamplePart();
+  part.activeMassType = "Estimated";
+  Open(part);
+  Press("EditButton");
+  PickPage("TabPage003");
+  Pick("MTPasteValuesCombo", "Computed");
+  Type("MTMassEditor", "3");
+  Server().Expect("WBSaveNymValues", "SaveReply/1|P-100|8|end");
+  Press("SaveButton");
+  auto other = BufferOf(OtherPart());
+  Panel().SetModel(other.Get());
+  EXPECT_FALSE(IsEnabled("UpdatePropertiesButton"));
+  EXPECT_FALSE(IsEnabled("MTPasteValuesCombo"));
+  EXPECT_EQ(As<KorDlgCombo>("MTPasteValuesCombo").GetLineCount(), 0);
 }
 
 }  // namespace

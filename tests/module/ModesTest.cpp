@@ -88,6 +88,25 @@ TEST_F(InertiaMode, WithoutTheShownTypesTensorOrPointNothingChangesOnEitherPage)
   }
 }
 
+TEST_F(InertiaMode, ShowsTheInertiaOfAnOutOfDateResultBesideDotsOnPurpose) {
+  protocol::PartData part = WithEstimatedActive();
+  part.massTypes[0].status = protocol::MassTypeStatus::OutOfDate;
+  Open(part);
+  EXPECT_EQ(Moments(), "..., ..., ...");
+  Check("ReferenceButton");
+  EXPECT_EQ(Text("MassEditor"), "...");
+  EXPECT_EQ(Moments(), "10.26 kg·m², 20.2 kg·m², 30.1 kg·m²");
+}
+
+TEST_F(InertiaMode, ShowsTheInertiaOfAStandardPartInPlaceOfItsDotsOnPurpose) {
+  protocol::PartData part = WithEstimatedActive();
+  part.standardPart = true;
+  Open(part);
+  EXPECT_EQ(MTMoments(), "..., ..., ...");
+  Check("ReferenceButton");
+  EXPECT_EQ(MTMoments(), "5 kg·m², 10 kg·m², 11 kg·m²");
+}
+
 TEST_F(InertiaMode, InTheRootProductTheResultsAreRefreshed) {
   Open(SamplePart());
   Check("RootProductButton");

@@ -226,4 +226,33 @@ TEST_F(ReferenceMode, ThePlacementDoesNotMatterForTheCurrentPart) {
   EXPECT_EQ(CG(), "100 mm, 200 mm, 300 mm");
 }
 
+TEST_F(ReferenceMode, AxesOfAnySizeTurnTheTensorAsUnitAxesDo) {
+  for (const char* size : {"1e103", "1.6e-108"}) {
+    Open(SamplePart());
+    ChooseCustomFrame({"0", "0", "0", size, "0", "0", "0", size, "0", "0", "0", size});
+    EXPECT_EQ(Panel().RefreshResultsTab(), S_OK) << size;
+    EXPECT_EQ(Moments(), "20 kg·m², 10 kg·m², 30 kg·m²") << size;
+    Close();
+  }
+}
+
+TEST_F(ReferenceMode, APointThatIsTooLargeForANumberChangesNothing) {
+  SetUnit("LENGTH", "METER");
+  Open(SamplePart());
+  Check("CustomReferenceButton");
+  TypeCustomFrame({"1e306", "0", "0", "1", "0", "0", "0", "1", "0", "0", "0", "1"});
+  EXPECT_EQ(Panel().RefreshResultsTab(), E_FAIL);
+  EXPECT_EQ(CG(), "0.1 m, 0.2 m, 0.3 m");
+  EXPECT_EQ(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²");
+}
+
+TEST_F(ReferenceMode, WhatBecomesTooLargeForANumberIsNotKnown) {
+  SetUnit("LENGTH", "METER");
+  Open(SamplePart());
+  Check("ReferenceButton");
+  ChooseCustomFrame({"1e160", "0", "0", "1", "0", "0", "0", "1", "0", "0", "0", "1"});
+  EXPECT_EQ(Moments(), "..., ..., ...");
+  EXPECT_EQ(CG(), "-1e+160 m, 2.1 m, 3.3 m");
+}
+
 }  // namespace

@@ -107,8 +107,7 @@ TEST_F(Refresh, WithoutOldDocumentsNothingIsSaidOfThem) {
 TEST_F(Refresh, TracesTheActiveDocument) {
   Open(SamplePartWithDocuments());
   const std::string trace = TraceOfRefresh();
-  EXPECT_THAT(trace, HasSubstr("The active document retrieved from the buffer: "));
-  EXPECT_THAT(trace, HasSubstr("\t<D-7 B>"));
+  EXPECT_THAT(trace, HasSubstr("The active document retrieved from the buffer: \n\t<D-7 B>\n"));
 }
 
 TEST_F(Refresh, DocumentsWithARevisionEnableTheirPage) {

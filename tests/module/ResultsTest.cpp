@@ -360,4 +360,17 @@ TEST_F(Results, WithoutABufferNothingIsShownAgain) {
   EXPECT_EQ(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²");
 }
 
+TEST_F(Results, AtTheReferenceAMassOfZeroOrBelowIsShownAgainWithoutAMove) {
+  for (const double mass : {0.0, -4.0}) {
+    protocol::PartData part = SamplePart();
+    part.activeMassType = "Estimated";
+    part.massTypes[1].mass = mass;
+    Open(part);
+    Check("ReferenceButton");
+    EXPECT_EQ(Panel().RefreshMomentOfInertiaUnits(), S_OK);
+    EXPECT_EQ(MTMoments(), "5 kg·m², 6 kg·m², 7 kg·m²") << mass;
+    Close();
+  }
+}
+
 }  // namespace

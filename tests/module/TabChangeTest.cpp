@@ -119,4 +119,35 @@ INSTANTIATE_TEST_SUITE_P(Modes, TabChangeToACustomReference,
                                          CustomFrameCase{"Edit", KorSensitivity::Disabled, false}),
                          [](const auto& one) { return one.param.name; });
 
+TEST_F(TabChange, LeavingTheResultsAtTheReferenceShowsTheValuesAboutTheCentreOfGravityAgain) {
+  Open(SamplePart());
+  Check("ReferenceButton");
+  ASSERT_EQ(Moments(), "10.26 kg·m², 20.2 kg·m², 30.1 kg·m²");
+  PickPage("TabPage003");
+  EXPECT_EQ(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²");
+  EXPECT_EQ(MTMoments(), "10 kg·m², 20 kg·m², 30 kg·m²");
+}
+
+// The change of mode alone shows nothing of a mass type without values.
+TEST_F(TabChange, LeavingTheResultsAtTheReferenceDoesSoWithAMassTypeWithoutValuesToo) {
+  for (const bool byReferenceMode : {true, false}) {
+    protocol::PartData part = SamplePart();
+    part.activeMassType = "Weighed";
+    Open(part);
+    Check("ReferenceButton");
+    if (byReferenceMode) {
+      Check("RootProductButton");
+      Check("CurrentPartButton");
+    } else {
+      Panel().RefreshPanelWithInfo();
+    }
+    ASSERT_EQ(Moments(), "10.26 kg·m², 20.2 kg·m², 30.1 kg·m²");
+    PickPage("TabPage003");
+    EXPECT_EQ(MTMoments(), "..., ..., ...");
+    PickPage("TabPage002");
+    EXPECT_EQ(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²");
+    Close();
+  }
+}
+
 }  // namespace

@@ -57,4 +57,16 @@ TEST(Matrix, LeavesTheInverseAloneWhenThereIsNone) {
   }
 }
 
+TEST(Matrix, InvertsCoefficientsOfAnySizeExactly) {
+  for (const double scale : {1e103, 1e-108, 1.6e-108, 1e200, 5e-107}) {
+    KorMath3x3Matrix scaled, inverse;
+    for (int i = 1; i <= 3; ++i) scaled.SetCoef(i, i, i * scale);
+    if (scaled.Determinant() == 0.0) continue;
+    ASSERT_TRUE(scaled.Invert(inverse)) << scale;
+    for (int row = 1; row <= 3; ++row)
+      for (int column = 1; column <= 3; ++column)
+        EXPECT_DOUBLE_EQ(inverse.GetCoef(row, column) * scale, row == column ? 1.0 / row : 0.0) << scale;
+  }
+}
+
 }  // namespace
