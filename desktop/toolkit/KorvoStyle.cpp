@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPolygonF>
 #include <QStyleOption>
+#include <QTableView>
 #include <algorithm>
 
 namespace desktop {
@@ -86,6 +87,8 @@ void DrawSelectedArrow(const QStyleOption& option, QPainter& painter) {
 
 constexpr int kButtonPadding = 12;  ///< device-independent pixels on each side of a button's text
 constexpr int kHeaderPadding = 6;   ///< the same for the titles of columns
+/// Beside the texts of a table. Qt puts one pixel more there: they stand below the titles of their columns.
+constexpr int kCellMargin = kHeaderPadding - 1;
 
 }  // namespace
 
@@ -112,12 +115,16 @@ void KorvoStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
 QSize KorvoStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                                    const QWidget* widget) const {
   QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+  // Qt takes the margin beside a text for that above and below it, too.
+  if (type == CT_ItemViewItem && qobject_cast<const QTableView*>(widget))
+    size.rheight() -= 2 * (kCellMargin - QProxyStyle::pixelMetric(PM_FocusFrameHMargin, option, widget));
   if (type == CT_PushButton) size.setWidth(std::max(size.width(), contents.width() + 2 * kButtonPadding));
   return size;
 }
 
 int KorvoStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
   if (metric == PM_HeaderMargin) return kHeaderPadding;
+  if (metric == PM_FocusFrameHMargin && qobject_cast<const QTableView*>(widget)) return kCellMargin;
   return QProxyStyle::pixelMetric(metric, option, widget);
 }
 
