@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QTableView>
 #include <QTableWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -37,18 +38,10 @@ void MakeLines(QTableView& table) {
   table.setAlternatingRowColors(true);
   table.setShowGrid(false);
   table.verticalHeader()->hide();
-  table.verticalHeader()->setMinimumSectionSize(RowHeightIn(table));
   table.verticalHeader()->setDefaultSectionSize(RowHeightIn(table));
   table.horizontalHeader()->setHighlightSections(false);
   table.horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   table.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-}
-
-/// Room for texts that wrap. Qt's own way gives each row at least the height of its hidden title.
-void FitRows(QTableView& table) {
-  const QAbstractItemView& rows = table;
-  for (int row = 0; row < table.model()->rowCount(); ++row)
-    table.setRowHeight(row, std::max(RowHeightIn(table), rows.sizeHintForRow(row)));
 }
 
 QTableWidgetItem* MakeItem(const QString& text) {
@@ -90,6 +83,7 @@ HistoryDialog::HistoryDialog(const std::string& part, QWidget* parent)
       _more(new QPushButton),
       _fieldTitle(MakeText()),
       _fields(new QTableWidget),
+      _fitRows(new QTimer(this)),
       _fieldNote(MakeText()),
       _before(new QPushButton),
       _after(new QPushButton),
@@ -103,6 +97,11 @@ HistoryDialog::HistoryDialog(const std::string& part, QWidget* parent)
   QObject::connect(_saves->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
                    [this] { ShowOtherSave(); });
   QObject::connect(_model, &QAbstractItemModel::rowsInserted, this, [this] { ShowCounts(); });
+  // Once for all columns that change with the width of the dialog or a scroll bar that comes in.
+  _fitRows->setSingleShot(true);
+  QObject::connect(_fitRows, &QTimer::timeout, _fields, &QTableView::resizeRowsToContents);
+  QObject::connect(_fields->horizontalHeader(), &QHeaderView::sectionResized, _fitRows,
+                   qOverload<>(&QTimer::start));
   QObject::connect(_more, &QPushButton::clicked, this, [this] { ShowMore(); });
   QObject::connect(_before, &QPushButton::clicked, this,
                    [this] { SaveAgain(protocol::HistoryMoment::Before); });
@@ -242,7 +241,7 @@ void HistoryDialog::FillFields(const protocol::HistoryEntry& save) {
     _fields->setItem(row, 2, MakeItem(texts.after));
     hasUnknownKinds |= texts.hasUnknownKind;
   }
-  FitRows(*_fields);
+  _fields->resizeRowsToContents();
   ShowFieldNote(save, hasUnknownKinds);
 }
 

@@ -10,6 +10,7 @@ class QLabel;
 class QPushButton;
 class QTableView;
 class QTableWidget;
+class QTimer;
 
 namespace desktop {
 
@@ -63,6 +64,7 @@ class HistoryDialog : public QDialog {
   QPushButton* _more;
   QLabel* _fieldTitle;
   QTableWidget* _fields;
+  QTimer* _fitRows;  ///< of the fields
   QLabel* _fieldNote;
   QPushButton* _before;
   QPushButton* _after;

@@ -115,9 +115,6 @@ void KorvoStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
 QSize KorvoStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                                    const QWidget* widget) const {
   QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
-  // Qt takes the margin beside a text for that above and below it, too.
-  if (type == CT_ItemViewItem && qobject_cast<const QTableView*>(widget))
-    size.rheight() -= 2 * (kCellMargin - QProxyStyle::pixelMetric(PM_FocusFrameHMargin, option, widget));
   if (type == CT_PushButton) size.setWidth(std::max(size.width(), contents.width() + 2 * kButtonPadding));
   return size;
 }

@@ -235,6 +235,20 @@ TEST_F(HistoryDialogTest, BothListsHaveRowsOfTheSameHeightAndTheirCellsStandBelo
   }
 }
 
+TEST_F(HistoryDialogTest, RowsGrowWithTextsThatWrapWhenTheDialogIsMadeNarrower) {
+  Serve(
+      OneSave({{"material.name", "Cast iron", "Cast iron with a long name that wraps in a narrow dialog"}}));
+  dialog.show();
+  dialog.Reload();
+  RunPendingEvents();
+  const QAbstractItemView& rows = dialog.FieldList();
+  const int wide = dialog.FieldList().rowHeight(0);
+  dialog.resize(420, 560);
+  RunPendingEvents();
+  EXPECT_GT(dialog.FieldList().rowHeight(0), wide);
+  EXPECT_GE(dialog.FieldList().rowHeight(0), rows.sizeHintForRow(0));
+}
+
 TEST_F(HistoryDialogTest, EachControlIsReachedByTheTabKey) {
   Serve(Saves(250));
   dialog.show();
