@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <QStyle>
 #include <QTest>
+#include <utility>
 
 #include "tests/desktop/app/HistoryHarness.h"
 
@@ -198,8 +199,9 @@ TEST_F(SeenTest, IsTheStateBeforeASaveThatCameWhileTheHistoryWasRead) {
   const auto later = server.answer;
   ServeInState("7", 2);
   const auto first = server.answer;
+  bool isSaved = false;
   server.answer = [&](const std::string& command, const std::string& request) {
-    return command == "WBGetPartData" ? first(command, request) : later(command, request);
+    return std::exchange(isSaved, true) ? later(command, request) : first(command, request);
   };
   dialog.Reload();
   EXPECT_EQ(dialog.Saves().rowCount(), 3);

@@ -237,20 +237,28 @@ TEST_F(PanelOfAboveTest, IsNotUpToDateAnyMoreAfterAPartBelowWasBroughtBack) {
   EXPECT_EQ(window.statusBar()->currentMessage(), "An earlier state of part bedplate was brought back.");
 }
 
-TEST_F(PanelOfAboveTest, KeepsWhatIsTypedAndIsNotUpToDateAfterItsOwnSave) {
+TEST_F(PanelOfAboveTest, KeepsWhatIsTypedWithoutAQuestion) {
   GoTo(kMaterialPage);
   ASSERT_TRUE(Press("EditButton"));
   ASSERT_TRUE(
       Panel().Find<KorDlgCombo>("TabContainer001.TabPage004.DensityPriorityFrame.FirstCombo").Pick("WB"));
   Type(kDensity, "7000");
   BringBackBefore(1);
-  EXPECT_EQ(boxes.Questions().size(), 1u) << "nothing typed is at risk";
+  EXPECT_EQ(boxes.Questions().size(), 1u) << "whether to bring it back";
   ASSERT_TRUE(IsEditing());
   EXPECT_EQ(TextOf(kDensity), "7000");
   Save();
   EXPECT_TRUE(boxes.Messages().empty());
-  EXPECT_FALSE(IsUpToDate());
   EXPECT_EQ(TextOf(kDensity), "7000 kg/m\u00b3");
+}
+
+TEST_F(PanelOfAboveTest, IsNotUpToDateAnyMoreAfterASaveOfItsOwnWhenItWasInEditMode) {
+  ASSERT_TRUE(Press("EditButton"));
+  BringBackBefore(1);
+  ASSERT_TRUE(IsEditing());
+  Save();
+  EXPECT_TRUE(boxes.Messages().empty());
+  EXPECT_FALSE(IsUpToDate());
 }
 
 }  // namespace
