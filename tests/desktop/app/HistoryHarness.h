@@ -17,7 +17,7 @@ inline std::string Cell(const QAbstractItemModel& model, int row, int column) {
   return model.index(row, column).data().toString().toStdString();
 }
 
-/// A row of the list of fields, cells joined by ", ".
+/// A row of the list of fields, cells joined by " | ".
 inline std::string FieldRow(HistoryDialog& dialog, int row) {
   std::string cells;
   for (int column = 0; column < 3; ++column)
