@@ -58,7 +58,7 @@ class HistoryDialog : public QDialog {
 
   HistoryModel* _model;
   HistoryContext _now;     ///< of the part as it is stored
-  std::string _seenToken;  ///< of its state; nothing saved after it is missing in the list
+  std::string _seenToken;  ///< of a state that the list leads to; it may tell of later saves, never of fewer
   QLabel* _heading;
   QTableView* _saves;
   QPushButton* _more;
