@@ -3,15 +3,19 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPersistentModelIndex>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTableWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "desktop/app/PdmCommands.h"
 #include "desktop/app/Texts.h"
 #include "desktop/toolkit/QtText.h"
+#include "desktop/toolkit/views/MultiListView.h"
 
 namespace desktop {
 namespace {
@@ -34,6 +38,7 @@ void MakeLines(QTableView& table) {
   table.setAlternatingRowColors(true);
   table.setShowGrid(false);
   table.verticalHeader()->hide();
+  table.verticalHeader()->setDefaultSectionSize(RowHeightIn(table));
   table.horizontalHeader()->setHighlightSections(false);
   table.horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   table.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -45,14 +50,28 @@ QTableWidgetItem* MakeItem(const QString& text) {
   return item;
 }
 
-/// Of a part that cannot be read nothing is known; its history can be.
-HistoryContext ContextNow(const std::string& part) {
+protocol::Result<protocol::PartData> PartNow(const std::string& part) {
   protocol::PartDataRequest request;
   request.partId = part;
   const auto text = GetPartDataText(request);
-  const auto data = text ? protocol::ReadPartData(text.Value()) : text.Failure();
-  return data ? HistoryContext::Of(data.Value()) : HistoryContext();
+  return text ? protocol::ReadPartData(text.Value()) : text.Failure();
 }
+
+/// Keeps the row that is at the top of a table there while rows come before it; the first row may go.
+class KeptPlace {
+ public:
+  explicit KeptPlace(QTableView& table)
+      : _table(table), _top(table.verticalScrollBar()->value() > 0 ? table.indexAt({0, 0}) : QModelIndex()) {}
+  ~KeptPlace() {
+    if (_top.isValid()) _table.scrollTo(_top, QAbstractItemView::PositionAtTop);
+  }
+  KeptPlace(const KeptPlace&) = delete;
+  KeptPlace& operator=(const KeptPlace&) = delete;
+
+ private:
+  QTableView& _table;
+  QPersistentModelIndex _top;
+};
 
 }  // namespace
 
@@ -64,6 +83,7 @@ HistoryDialog::HistoryDialog(const std::string& part, QWidget* parent)
       _more(new QPushButton),
       _fieldTitle(MakeText()),
       _fields(new QTableWidget),
+      _fitRows(new QTimer(this)),
       _fieldNote(MakeText()),
       _before(new QPushButton),
       _after(new QPushButton),
@@ -75,9 +95,14 @@ HistoryDialog::HistoryDialog(const std::string& part, QWidget* parent)
   _saves->setModel(_model);
   _saves->horizontalHeader()->setSectionResizeMode(HistoryModel::User, QHeaderView::Stretch);
   QObject::connect(_saves->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-                   [this] { ShowFields(); });
+                   [this] { ShowOtherSave(); });
   QObject::connect(_model, &QAbstractItemModel::rowsInserted, this, [this] { ShowCounts(); });
-  QObject::connect(_more, &QPushButton::clicked, this, [this] { _model->fetchMore(); });
+  // Once for all columns that change with the width of the dialog or a scroll bar that comes in.
+  _fitRows->setSingleShot(true);
+  QObject::connect(_fitRows, &QTimer::timeout, _fields, &QTableView::resizeRowsToContents);
+  QObject::connect(_fields->horizontalHeader(), &QHeaderView::sectionResized, _fitRows,
+                   qOverload<>(&QTimer::start));
+  QObject::connect(_more, &QPushButton::clicked, this, [this] { ShowMore(); });
   QObject::connect(_before, &QPushButton::clicked, this,
                    [this] { SaveAgain(protocol::HistoryMoment::Before); });
   QObject::connect(_after, &QPushButton::clicked, this,
@@ -119,10 +144,24 @@ QWidget* HistoryDialog::MakeButtons() {
 void HistoryDialog::Reload() {
   const protocol::HistoryEntry* chosen = Chosen();
   const int number = chosen ? chosen->number : 0;
-  _now = ContextNow(_model->Part());
-  _model->Reload();
+  // The part before its saves: what is saved between the two must not count as seen when it is not listed.
+  // Of a part that cannot be read the history can be.
+  const auto now = PartNow(_model->Part());
+  const KeptPlace place(*_saves);
+  if (_model->Refresh() && now) {
+    _now = HistoryContext::Of(now.Value());
+    _seenToken = now.Value().stateToken;
+  }
   ChooseNumber(number);
   ShowCounts();
+}
+
+/// Where nothing could be read yet, tries that again.
+void HistoryDialog::ShowMore() {
+  if (_model->IsUnread())
+    Reload();
+  else
+    _model->AskForMore();
 }
 
 /// The latest one where there is no such save among those that are known.
@@ -130,8 +169,8 @@ void HistoryDialog::ChooseNumber(int number) {
   const auto& entries = _model->Entries();
   const auto found =
       std::find_if(entries.begin(), entries.end(), [&](const auto& entry) { return entry.number == number; });
-  const auto row = found == entries.end() ? 0 : found - entries.begin();
-  _saves->setCurrentIndex(_model->index(static_cast<int>(row), 0));
+  const auto row = static_cast<int>(found == entries.end() ? 0 : found - entries.begin());
+  if (_saves->currentIndex().row() != row) _saves->setCurrentIndex(_model->index(row, 0));
   ShowFields();
 }
 
@@ -143,7 +182,6 @@ const protocol::HistoryEntry* HistoryDialog::Chosen() const {
 
 void HistoryDialog::RefreshTexts() {
   setWindowTitle(Text("History.Title", {ToQt(_model->Part())}));
-  _more->setText(Text("History.More"));
   _before->setText(Text("History.SaveBefore"));
   _before->setToolTip(Text("History.SaveBeforeHelp"));
   _after->setText(Text("History.SaveAfter"));
@@ -162,24 +200,30 @@ void HistoryDialog::RefreshTexts() {
 
 void HistoryDialog::ShowCounts() {
   const int known = _model->rowCount();
+  const QString part = ToQt(_model->Part());
   const QString total = QString::number(_model->Total());
-  _heading->setText(_model->Total() == 0      ? Text("History.None", {ToQt(_model->Part())})
+  _heading->setText(_model->IsUnread()        ? Text("History.NotRead", {part})
+                    : _model->Total() == 0    ? Text("History.None", {part})
                     : known < _model->Total() ? Text("History.Some", {total, QString::number(known)})
                                               : Text("History.All", {total}));
-  _more->setVisible(_model->canFetchMore());
+  _more->setText(Text(_model->IsUnread() ? "History.TryAgain" : "History.More"));
+  _more->setVisible(_model->IsUnread() || _model->HasMore());
 }
 
+void HistoryDialog::ShowOtherSave() {
+  _fields->setRowCount(0);
+  ShowFields();
+}
+
+/// The lines are filled anew where they stand: the current one stays so.
 void HistoryDialog::ShowFields() {
   const protocol::HistoryEntry* save = Chosen();
   _before->setEnabled(save);
   _after->setEnabled(save);
+  if (save) return FillFields(*save);
   _fields->setRowCount(0);
-  const bool cut = save && static_cast<std::size_t>(save->changeCount) > save->changes.size();
-  _fieldNote->setText(
-      cut ? Text("History.Cut", {QString::number(save->changes.size()), QString::number(save->changeCount)})
-          : QString());
-  _fieldNote->setVisible(cut);
-  if (save) FillFields(*save);
+  _fieldNote->clear();
+  _fieldNote->hide();
 }
 
 void HistoryDialog::FillFields(const protocol::HistoryEntry& save) {
@@ -189,18 +233,30 @@ void HistoryDialog::FillFields(const protocol::HistoryEntry& save) {
   HistoryContext before = after;
   before.GoBackOver(save);
   _fields->setRowCount(static_cast<int>(save.changes.size()));
+  bool hasUnknownKinds = false;
   for (int row = 0; row < _fields->rowCount(); ++row) {
     const auto texts = HistoryTexts::Of(save.changes[static_cast<std::size_t>(row)], after, before);
     _fields->setItem(row, 0, MakeItem(texts.field));
     _fields->setItem(row, 1, MakeItem(texts.before));
     _fields->setItem(row, 2, MakeItem(texts.after));
+    hasUnknownKinds |= texts.hasUnknownKind;
   }
   _fields->resizeRowsToContents();
+  ShowFieldNote(save, hasUnknownKinds);
+}
+
+void HistoryDialog::ShowFieldNote(const protocol::HistoryEntry& save, bool hasUnknownKinds) {
+  QStringList notes;
+  if (IsCut(save))
+    notes << Text("History.Cut", {QString::number(save.changes.size()), QString::number(save.changeCount)});
+  if (hasUnknownKinds) notes << Text("History.UnknownKind");
+  _fieldNote->setText(notes.join('\n'));
+  _fieldNote->setVisible(!notes.isEmpty());
 }
 
 void HistoryDialog::SaveAgain(protocol::HistoryMoment moment) {
   if (const protocol::HistoryEntry* save = Chosen(); save && onSaveAgain)
-    onSaveAgain(_model->Part(), save->number, moment);
+    onSaveAgain({_model->Part(), save->number, moment}, _seenToken);
 }
 
 QString HistoryDialog::Heading() const { return _heading->text(); }

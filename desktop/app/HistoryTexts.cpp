@@ -8,6 +8,7 @@
 #include "desktop/app/Quantities.h"
 #include "desktop/app/Texts.h"
 #include "desktop/toolkit/QtText.h"
+#include "protocol/Constants.h"
 
 namespace desktop {
 namespace {
@@ -72,11 +73,14 @@ QString Density(const QString& text, const Place&) {
   return Joined(text, 1, [](double value, std::size_t) { return ShowQuantity("DENSITY", value); });
 }
 
+QString Percent(double part) { return QString::number(part * 100, 'g', 6) + "%"; }
+
 QString Bound(const QString& text, const Place& place) {
   const auto relative = place.context.isRelative.find(place.entry);
-  if (relative != place.context.isRelative.end() && !relative->second) return Mass(text, place);
-  return Joined(text, 1,
-                [](double value, std::size_t) { return QString::number(value * 100, 'g', 6) + "%"; });
+  if (relative == place.context.isRelative.end())
+    return text.isEmpty() ? text : Text("History.BoundOfUnknownKind", {text});
+  if (!relative->second) return Mass(text, place);
+  return Joined(text, 1, [](double value, std::size_t) { return Percent(value); });
 }
 
 QString Property(const QString& text, const Place& place) {
@@ -90,19 +94,29 @@ QString Revision(const QString& text, const Place&) {
   return text.isEmpty() ? Text("History.Automatic") : text;
 }
 
+QString AppliedOn(const QString& text, const Place&) {
+  if (text == ToQt(std::string(protocol::kPartInstance))) return Text("History.OnInstance");
+  if (text == ToQt(std::string(protocol::kPartReference))) return Text("History.OnReference");
+  return text;
+}
+
+QString InLanguage(const char* key) { return Text(key); }
+QString AsInPanel(const char* name) { return QString::fromUtf8(name); }
+
 /// The texts of the numbers from 0 on.
-template <const char* const* keys, std::size_t count>
+template <const char* const* texts, std::size_t count, QString (*show)(const char*) = InLanguage>
 QString Choice(const QString& text, const Place&) {
   bool read = false;
   const std::size_t index = text.toULong(&read);
-  return read && index < count ? Text(keys[index]) : text;
+  return read && index < count ? show(texts[index]) : text;
 }
 
 constexpr const char* kYesNo[] = {"History.No", "History.Yes"};
 constexpr const char* kStatus[] = {"History.NoValues", "History.HasValues", "Status.OutOfDate"};
-constexpr const char* kBoundsFrom[] = {"History.BoundsOfType", "History.BoundsOfUser"};
-constexpr const char* kBoundsKind[] = {"History.Relative", "History.Absolute"};
 constexpr const char* kPriority[] = {"History.WbFirst", "History.CadFirst"};
+// The lines of the panel's combos are the same in each language, and what is seen side by side has one name.
+constexpr const char* kBoundsFrom[] = {"Mass Type", "User Defined"};
+constexpr const char* kBoundsKind[] = {"Relative", "Absolute"};
 
 struct FieldRow {
   std::string_view pattern;
@@ -120,8 +134,8 @@ constexpr FieldRow kFields[] = {
     {"massTypes[].inertia", "History.Inertia", Inertia},
     {"massTypes[].lowerDeviation", "History.LowerDeviation", Mass},
     {"massTypes[].upperDeviation", "History.UpperDeviation", Mass},
-    {"massTypes[].precisionType", "History.BoundsFrom", Choice<kBoundsFrom, 2>},
-    {"massTypes[].precisionValueType", "History.BoundsKind", Choice<kBoundsKind, 2>},
+    {"massTypes[].precisionType", "History.BoundsFrom", Choice<kBoundsFrom, 2, AsInPanel>},
+    {"massTypes[].precisionValueType", "History.BoundsKind", Choice<kBoundsKind, 2, AsInPanel>},
     {"massTypes[].lowerPrecision", "History.LowerBound", Bound},
     {"massTypes[].upperPrecision", "History.UpperBound", Bound},
     {"massTypes[].massTypeLowerPrecision", "History.LowerBoundOfType", Bound},
@@ -129,7 +143,7 @@ constexpr FieldRow kFields[] = {
     {"material.name", "History.Material", AsIs},
     {"material.density", "History.Density", Density},
     {"material.densityPriority", "History.Priority", Choice<kPriority, 2>},
-    {"material.appliedOn", "History.AppliedOn", AsIs},
+    {"material.appliedOn", "History.AppliedOn", AppliedOn},
     {"documents.activeId", "History.Document", AsIs},
     {"documents.activeVersion", "History.DocumentRevision", Revision},
     {"documents.usedSpecificRevisionBefore", "History.ChosenByHand", Choice<kYesNo, 2>},
@@ -140,6 +154,10 @@ const FieldRow* FindRow(const std::string& pattern) {
   const auto row = std::find_if(std::begin(kFields), std::end(kFields),
                                 [&](const FieldRow& one) { return one.pattern == pattern; });
   return row == std::end(kFields) ? nullptr : &*row;
+}
+
+bool HasUnknownKind(const std::optional<std::string>& value, const FieldRow* row, const Place& place) {
+  return value && row && row->show == Bound && !place.context.isRelative.contains(place.entry);
 }
 
 QString Shown(const std::optional<std::string>& value, const FieldRow* row, const Place& place) {
@@ -159,7 +177,12 @@ HistoryContext HistoryContext::Of(const protocol::PartData& data) {
   return context;
 }
 
+bool IsCut(const protocol::HistoryEntry& save) {
+  return static_cast<std::size_t>(save.changeCount) > save.changes.size();
+}
+
 void HistoryContext::GoBackOver(const protocol::HistoryEntry& save) {
+  if (IsCut(save)) isRelative.clear();
   for (const protocol::FieldChange& change : save.changes)
     if (const FieldName name = Split(change.field); name.pattern == "massTypes[].precisionValueType")
       isRelative[name.entry] = change.before.value_or("0") == "0";
@@ -169,8 +192,11 @@ HistoryTexts HistoryTexts::Of(const protocol::FieldChange& change, const History
                               const HistoryContext& before) {
   const FieldName name = Split(change.field);
   const FieldRow* row = FindRow(name.pattern);
-  return {row ? Text(row->key, {ToQt(name.entry)}) : ToQt(change.field),
-          Shown(change.before, row, {before, name.entry}), Shown(change.after, row, {after, name.entry})};
+  const Place then{before, name.entry};
+  const Place later{after, name.entry};
+  return {row ? Text(row->key, {ToQt(name.entry)}) : ToQt(change.field), Shown(change.before, row, then),
+          Shown(change.after, row, later),
+          HasUnknownKind(change.before, row, then) || HasUnknownKind(change.after, row, later)};
 }
 
 }  // namespace desktop

@@ -61,8 +61,9 @@ class MainWindow : public QMainWindow {
   /// Shows the saves of the selected part.
   void ShowHistory();
   /// Saves a part again as it was before or after one of its saves, after asking the user. Tells why not when
-  /// the server refuses it.
-  void SaveAgain(const std::string& part, int save, protocol::HistoryMoment moment);
+  /// the server refuses it, as it does when the part is not in the state of the token any more: that in which
+  /// the user has seen it.
+  void SaveAgain(const protocol::HistoryStateRequest& wanted, const std::string& seenToken);
   /// Computes what is selected by the part panel, opening it first where it is closed.
   void Compute();
   /// Opens the filter panel on the product of what is selected.
@@ -149,7 +150,9 @@ class MainWindow : public QMainWindow {
   /// Asks for leave to lose what has been typed into the part panel and not been saved; true when there is
   /// nothing of the kind. Everything that closes or binds the panel asks here first.
   bool MayGiveUpValues();
-  bool AskToSaveAgain(const std::string& part, int save, protocol::HistoryMoment moment);
+  bool AskToSaveAgain(const protocol::HistoryStateRequest& wanted) const;
+  void RefuseToSaveAgain(const std::string& part, const std::string& why);
+  void ReloadHistoryOf(const std::string& part);
   bool ShowsInPanel(const std::string& part) const;
   void ValuesSaved(PartPanelHost::SaveOutcome outcome);
   /// Shows the selected part in the pane. Its data as the server sent it; nothing, with the pane as it was,
@@ -157,7 +160,8 @@ class MainWindow : public QMainWindow {
   std::optional<std::string> ShowSelection();
   void BindPartPanel(const std::string& partDataText);
   void ServerCommandEnded(const KorUnicodeString& command, const KorUnicodeString& reply);
-  void ValuesChanged();
+  /// After a save of a part; after a compute, of none.
+  void ValuesChanged(const std::string& savedPart);
   void FilterChanged();
   void ShowFilter();
   /// Says in the status bar why the current line is grey or in italics: its tooltip needs a mouse.
@@ -197,6 +201,7 @@ class MainWindow : public QMainWindow {
   QString _saidOfMark;               ///< what the status bar was last told of the current line's mark
   FilterInForce _panelFilter;        ///< that the part panel is bound under
   QPersistentModelIndex _panelLine;  ///< of the tree, that the part panel is bound to
+  bool _panelIsOld = false;          ///< a part was saved elsewhere since the part panel was bound
   bool _savesAgain = false;          ///< a save that runs is not the panel's
   QPointer<HistoryDialog> _history;
   ProductTreeModel* _model;

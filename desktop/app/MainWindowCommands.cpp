@@ -21,10 +21,20 @@
 #include "framework/dialog/KorApplicationFrame.h"
 #include "framework/dialog/KorMsgCatalog.h"
 #include "lumira/store/OpenSqliteStore.h"
+#include "protocol/Codec.h"
 #include "protocol/Constants.h"
 #include "protocol/ErrorReply.h"
 
 namespace desktop {
+namespace {
+
+/// Empty for a reply that cannot be read.
+std::string SavedPartIn(const std::string& reply) {
+  const auto saved = protocol::ReadSaveReply(reply);
+  return saved ? saved.Value().partId : std::string();
+}
+
+}  // namespace
 
 bool MainWindow::OpenProduct(const QString& file) { return MayCloseProduct() && OpenAndTell(file); }
 
@@ -164,19 +174,21 @@ void MainWindow::ServerCommandEnded(const KorUnicodeString& command, const KorUn
   if (saves) ValuesSaved(failed ? PartPanelHost::SaveOutcome::Failed : PartPanelHost::SaveOutcome::Saved);
   // After a failure nothing has changed, and whoever sent the command tells of it.
   if (failed || (!saves && command != KorUnicodeString(protocol::kCommandComputePart))) return;
+  const std::string part = saves ? SavedPartIn(reply.Utf8()) : std::string();
   // The panel is not done with the reply: its own server calls come before those of the window.
   QMetaObject::invokeMethod(
-      this, [this] { ValuesChanged(); }, Qt::QueuedConnection);
+      this, [this, part] { ValuesChanged(part); }, Qt::QueuedConnection);
 }
 
-void MainWindow::ValuesChanged() {
-  if (_history) _history->Reload();
+void MainWindow::ValuesChanged(const std::string& savedPart) {
+  ReloadHistoryOf(savedPart);
   if (const auto refreshed = _model->RefreshValues(); !refreshed)
     return ShowError("Error.Tree", refreshed.Failure().message);
   const auto text = ShowSelection();
-  // Another filter waits for the panel until what was typed there has been saved.
-  if (text && _partPanel.IsOpen() && !_partPanel.HasUnsavedValues() && !(_panelFilter == _shownFilter))
-    BindPartPanel(*text);
+  // Another filter, and another state of parts below, wait for the panel until what was typed there has been
+  // saved.
+  const bool isBehind = _panelIsOld || !(_panelFilter == _shownFilter);
+  if (text && _partPanel.IsOpen() && !_partPanel.HasUnsavedValues() && isBehind) BindPartPanel(*text);
 }
 
 std::optional<std::string> MainWindow::ShowSelection() {
@@ -206,6 +218,7 @@ void MainWindow::BindPartPanel(const std::string& partDataText) {
   else
     _panelLine = _tree->currentIndex();
   _panelFilter = _shownFilter;
+  _panelIsOld = false;
   TellCatalogueProblems();
 }
 

@@ -78,17 +78,27 @@ void MainWindow::ShowHistory() {
   if (_history) _history->close();
   _history = new HistoryDialog(_model->PlaceAt(line).node.partId, this);
   _history->setAttribute(Qt::WA_DeleteOnClose);
-  _history->onSaveAgain = [this](const std::string& part, int save, protocol::HistoryMoment moment) {
-    SaveAgain(part, save, moment);
-  };
+  _history->onSaveAgain = [this](const auto& wanted, const auto& seenToken) { SaveAgain(wanted, seenToken); };
   _history->onError = [this](const protocol::Error& error) { ShowError("Error.History", error.message); };
   _history->show();
   _history->Reload();
 }
 
-bool MainWindow::AskToSaveAgain(const std::string& part, int save, protocol::HistoryMoment moment) {
-  return Agrees(nullptr, "History.AskTitle", Text(AgainKey(moment), {ToQt(part), QString::number(save)}),
+void MainWindow::ReloadHistoryOf(const std::string& part) {
+  if (_history && _history->Part() == part) _history->Reload();
+}
+
+bool MainWindow::AskToSaveAgain(const protocol::HistoryStateRequest& wanted) const {
+  return Agrees(nullptr, "History.AskTitle",
+                Text(AgainKey(wanted.moment), {ToQt(wanted.partId), QString::number(wanted.number)}),
                 "History.AskSave", "History.AskLeave");
+}
+
+/// Saved by somebody else in the meantime, or by a program: the history takes in what there is now, and the
+/// user decides anew.
+void MainWindow::RefuseToSaveAgain(const std::string& part, const std::string& why) {
+  ShowError("Error.SaveAgain", why);
+  ReloadHistoryOf(part);
 }
 
 bool MainWindow::ShowsInPanel(const std::string& part) const {
@@ -98,18 +108,25 @@ bool MainWindow::ShowsInPanel(const std::string& part) const {
   return shown == KorUnicodeString(part);
 }
 
-void MainWindow::SaveAgain(const std::string& part, int save, protocol::HistoryMoment moment) {
+void MainWindow::SaveAgain(const protocol::HistoryStateRequest& wanted, const std::string& seenToken) {
+  const std::string& part = wanted.partId;
   const bool shown = ShowsInPanel(part);
-  if (!AskToSaveAgain(part, save, moment) || (shown && !MayGiveUpValues())) return;
-  const auto state = GetHistoryStateText({part, save, moment});
+  if (!AskToSaveAgain(wanted) || (shown && !MayGiveUpValues())) return;
+  auto state = GetHistoryState(wanted);
   if (!state) return ShowError("Error.SaveAgain", state.Failure().message);
+  // It came with the token of now, which would replace what the user has not seen.
+  state.Value().stateToken = seenToken;
   const bool before = std::exchange(_savesAgain, true);
-  const auto saved = SavePart(state.Value());
+  const auto saved = SavePart(protocol::WritePartData(state.Value()));
   _savesAgain = before;
-  if (!saved) return ShowError("Error.SaveAgain", saved.Failure().message);
-  statusBar()->showMessage(Text("History.SavedAgain", {ToQt(part)}), kSaidFor);
-  if (!shown) return;
-  if (const auto text = ShowSelection()) BindPartPanel(*text);
+  if (!saved) return RefuseToSaveAgain(part, saved.Failure().message);
+  _panelIsOld = true;
+  if (shown)
+    if (const auto text = ShowSelection()) BindPartPanel(*text);
+  // Each server call clears the status bar, also those that wait until this save is done with.
+  QMetaObject::invokeMethod(
+      this, [this, part] { statusBar()->showMessage(Text("History.SavedAgain", {ToQt(part)}), kSaidFor); },
+      Qt::QueuedConnection);
 }
 
 }  // namespace desktop

@@ -59,8 +59,9 @@ Result<protocol::History> GetHistory(const protocol::HistoryRequest& request) {
   return RunAndRead(protocol::kCommandHistory, protocol::WriteHistoryRequest(request), protocol::ReadHistory);
 }
 
-Result<std::string> GetHistoryStateText(const protocol::HistoryStateRequest& request) {
-  return Run(protocol::kCommandHistoryState, protocol::WriteHistoryStateRequest(request));
+Result<protocol::PartData> GetHistoryState(const protocol::HistoryStateRequest& request) {
+  return RunAndRead(protocol::kCommandHistoryState, protocol::WriteHistoryStateRequest(request),
+                    protocol::ReadPartData);
 }
 
 Result<protocol::CurrentRoot> SetCurrentRoot(const protocol::RootRequest& request) {

@@ -17,8 +17,8 @@ protocol::Result<std::string> GetPartDataText(const protocol::PartDataRequest& r
 /// state that the text was read from.
 protocol::Result<protocol::SaveReply> SavePart(const std::string& partDataText);
 protocol::Result<protocol::History> GetHistory(const protocol::HistoryRequest& request);
-/// The part as it was before or after one of its saves, in the form of GetPartDataText.
-protocol::Result<std::string> GetHistoryStateText(const protocol::HistoryStateRequest& request);
+/// The part as it was before or after one of its saves, with the state token of now.
+protocol::Result<protocol::PartData> GetHistoryState(const protocol::HistoryStateRequest& request);
 /// Makes a product the current root of the session.
 protocol::Result<protocol::CurrentRoot> SetCurrentRoot(const protocol::RootRequest& request);
 protocol::Result<protocol::FilterList> GetConfigFilters(const protocol::FiltersRequest& request);

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPolygonF>
 #include <QStyleOption>
+#include <QTableView>
 #include <algorithm>
 
 namespace desktop {
@@ -86,6 +87,8 @@ void DrawSelectedArrow(const QStyleOption& option, QPainter& painter) {
 
 constexpr int kButtonPadding = 12;  ///< device-independent pixels on each side of a button's text
 constexpr int kHeaderPadding = 6;   ///< the same for the titles of columns
+/// Beside the texts of a table. Qt puts one pixel more there: they stand below the titles of their columns.
+constexpr int kCellMargin = kHeaderPadding - 1;
 
 }  // namespace
 
@@ -118,6 +121,7 @@ QSize KorvoStyle::sizeFromContents(ContentsType type, const QStyleOption* option
 
 int KorvoStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
   if (metric == PM_HeaderMargin) return kHeaderPadding;
+  if (metric == PM_FocusFrameHMargin && qobject_cast<const QTableView*>(widget)) return kCellMargin;
   return QProxyStyle::pixelMetric(metric, option, widget);
 }
 

@@ -39,6 +39,8 @@ class WrappingDelegate : public QStyledItemDelegate {
 
 }  // namespace
 
+int RowHeightIn(const QWidget& table) { return table.fontMetrics().height() + 6; }
+
 MultiListView::MultiListView(QtBackend& backend, KorDlgObject& model, QWidget* parent)
     : QtViewOf(backend, model, new QTableView(parent)), _items(new MultiListModel(Model(), this)) {
   const bool several = model.Style() & KorDlgStyle::kMultiSelection;
@@ -55,7 +57,7 @@ MultiListView::MultiListView(QtBackend& backend, KorDlgObject& model, QWidget* p
   Qt()->horizontalHeader()->setResizeContentsPrecision(kRowsMeasured);
   Qt()->verticalHeader()->hide();
   Qt()->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  Qt()->verticalHeader()->setDefaultSectionSize(Qt()->fontMetrics().height() + 6);
+  Qt()->verticalHeader()->setDefaultSectionSize(RowHeightIn(*Qt()));
   Qt()->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   Qt()->viewport()->installEventFilter(this);
   QObject::connect(Qt()->horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {

@@ -8,6 +8,10 @@
 
 namespace desktop {
 
+/// Height of a row of one line in the font of a table, device-independent pixels; all tables ask for it, and
+/// their titles for no less than they need themselves.
+int RowHeightIn(const QWidget& table);
+
 /// A multi-column list. A list is filled cell by cell: changes of rows and selection are taken in together,
 /// when control is back in the event loop.
 class MultiListView : public QtViewOf<KorDlgMultiList, QTableView> {
