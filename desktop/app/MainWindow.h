@@ -147,11 +147,12 @@ class MainWindow : public QMainWindow {
   void DecideOnSelection();
   void ShowChangedSelection();
   /// Asks for leave to lose what has been typed into the part panel and not been saved; true when there is
-  /// nothing of the kind. Everything that closes or binds the panel asks here first.
+  /// nothing of the kind. Everything that closes or binds the panel asks here first. While one question
+  /// stands open the answer to any other is no.
   bool MayGiveUpValues();
   bool AskToSaveAgain(const std::string& part, int save, protocol::HistoryMoment moment);
   bool ShowsInPanel(const std::string& part) const;
-  void ValuesSaved(PartPanelHost::SaveOutcome outcome);
+  void ValuesSaved(const KorUnicodeString& reply);
   /// Shows the selected part in the pane. Its data as the server sent it; nothing, with the pane as it was,
   /// when they cannot be read.
   std::optional<std::string> ShowSelection();
@@ -198,6 +199,8 @@ class MainWindow : public QMainWindow {
   FilterInForce _panelFilter;        ///< that the part panel is bound under
   QPersistentModelIndex _panelLine;  ///< of the tree, that the part panel is bound to
   bool _savesAgain = false;          ///< a save that runs is not the panel's
+  bool _asksForValues = false;       ///< whether typed values may go; a question stands open
+  bool _decidesOnSelection = false;  ///< a decision waits or is being made
   QPointer<HistoryDialog> _history;
   ProductTreeModel* _model;
   QTreeView* _tree;

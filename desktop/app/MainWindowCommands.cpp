@@ -147,6 +147,7 @@ void MainWindow::ShowPartPanel() {
     return ShowError("Error.Part", Text("Error.NothingSelected").toStdString());
   if (_partPanel.IsOpen() && IsInEditMode(*_partPanel.Panel()) && _panelLine == _tree->currentIndex())
     return _partPanel.Raise();
+  if (_decidesOnSelection) return;  // that decision shows what is selected in the panel, or goes back
   if (!MayGiveUpValues()) return;
   if (const auto text = ShowSelection()) BindPartPanel(*text);
 }
@@ -161,9 +162,10 @@ void MainWindow::ServerCommandEnded(const KorUnicodeString& command, const KorUn
       this, [this] { TellOfLostTrace(); }, Qt::QueuedConnection);
   const bool saves = command == KorUnicodeString(protocol::kCommandSavePart);
   const bool failed = reply.IsEmpty() || protocol::IsErrorReply(reply.Utf8());
-  if (saves) ValuesSaved(failed ? PartPanelHost::SaveOutcome::Failed : PartPanelHost::SaveOutcome::Saved);
+  if (saves) ValuesSaved(reply);
   // After a failure nothing has changed, and whoever sent the command tells of it.
   if (failed || (!saves && command != KorUnicodeString(protocol::kCommandComputePart))) return;
+  if (!saves) _partPanel.ComputeEnded();
   // The panel is not done with the reply: its own server calls come before those of the window.
   QMetaObject::invokeMethod(
       this, [this] { ValuesChanged(); }, Qt::QueuedConnection);
@@ -201,11 +203,12 @@ std::optional<std::string> MainWindow::ShowSelection() {
 }
 
 void MainWindow::BindPartPanel(const std::string& partDataText) {
-  if (const auto shown = _partPanel.Show(_shownFilter.PartDataFor(partDataText)); !shown)
+  if (const auto shown = _partPanel.Show(_shownFilter.PartDataFor(partDataText)); !shown) {
     ShowError("Error.Part", shown.Failure().message);
-  else
+  } else {
     _panelLine = _tree->currentIndex();
-  _panelFilter = _shownFilter;
+    _panelFilter = _shownFilter;
+  }
   TellCatalogueProblems();
 }
 
@@ -214,7 +217,7 @@ void MainWindow::UnitsChanged() {
   _pane->RefreshTexts();
   if (_history) _history->RefreshTexts();
   // What was typed was meant in the units before: it would be stored as something else.
-  const auto text = _partPanel.HasUnsavedValues() ? ShowSelection() : std::nullopt;
+  const auto text = _partPanel.HasTypedValues() ? ShowSelection() : std::nullopt;
   if (text)
     BindPartPanel(*text);
   else
@@ -270,7 +273,7 @@ void MainWindow::AskForTables() {
 }
 
 void MainWindow::AskForUnits() {
-  if (!MayGiveUpValues()) return;
+  if (_partPanel.HasTypedValues() && !MayGiveUpValues()) return;
   if (UnitsDialog(this).exec() != QDialog::Accepted) return;
   _settings.KeepUnits();
   UnitsChanged();
