@@ -11,6 +11,7 @@
 #include "desktop/app/MainWindow.h"
 #include "desktop/app/PdmCommands.h"
 #include "desktop/app/QtTranslation.h"
+#include "desktop/app/Questions.h"
 #include "desktop/app/SampleProduct.h"
 #include "desktop/app/SearchBox.h"
 #include "desktop/app/SelectionPane.h"
@@ -89,13 +90,8 @@ bool MainWindow::MayMakeSampleAnew(const protocol::Error& why) {
 }
 
 bool MainWindow::AskToMakeSampleAnew(const std::string& reason) {
-  KorDlgQuestion question;
-  question.title = FromQt(Text("Error.Open"));
-  question.text =
-      FromQt(Text("Sample.MakeAnew", {ToQt(reason), ToQt(NameSetAside(SampleFile().toStdString()))}));
-  question.answers = {FromQt(Text("Sample.Make")), FromQt(Text("Sample.Leave"))};
-  constexpr int kMake = 0;
-  return KorApplicationFrame::Ask(question) == kMake;
+  return UserAgrees(nullptr, {"Error.Open", "Sample.Make", "Sample.Leave"},
+                    Text("Sample.MakeAnew", {ToQt(reason), ToQt(NameSetAside(SampleFile().toStdString()))}));
 }
 
 bool MainWindow::MakeSample() {

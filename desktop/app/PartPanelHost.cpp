@@ -65,6 +65,7 @@ void PartPanelHost::Open() {
       dialog, [this]() -> auto& { return *_buffer; },
       [this](int index) { return _stored.HasProperty(*_buffer, index); });
   _saveAtRisk = false;
+  _answered = Answered::Nothing;
   ListenToClosing();
   dialog.Attach(&_backend);
   RestoreWantedGeometry(*Window(), _settings.WindowState(kGeometryKey));

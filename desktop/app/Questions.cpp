@@ -11,5 +11,7 @@ bool desktop::UserAgrees(KorDlgDialog* parent, const QuestionKeys& keys, const Q
   question.text = FromQt(text);
   question.answers = {FromQt(Text(keys.go)), FromQt(Text(keys.leave))};
   constexpr int kGo = 0;
+  constexpr int kLeave = 1;
+  question.preferred = kLeave;
   return KorApplicationFrame::Ask(question) == kGo;
 }

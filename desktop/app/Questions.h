@@ -14,8 +14,8 @@ struct QuestionKeys {
   const char* leave;
 };
 
-/// Whether the user chose to do what is asked for; closing the box leaves everything as it is. `parent` null:
-/// the main window.
+/// Whether the user chose to do what is asked for; closing the box, and Enter from habit, leave everything as
+/// it is. `parent` null: the main window.
 bool UserAgrees(KorDlgDialog* parent, const QuestionKeys& keys, const QString& text);
 
 }  // namespace desktop

@@ -7,17 +7,18 @@
 namespace desktop {
 namespace {
 
-QString LineOf(const UnreadText& text, const LumWBAllDataBuffer& buffer) {
-  return Text("Unread.Line", {PlaceOf(text, buffer), Shortened(text.text), text.storedInstead});
+QString EntryOf(const UnreadText& text, const LumWBAllDataBuffer& buffer) {
+  return Text("Unread.Line", {PlaceOf(text, buffer), Shortened(text.text)}) + '\n' +
+         Text("Unread.Instead", {text.storedInstead});
 }
 
 }  // namespace
 
 bool AgreesToStoreInstead(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer,
                           const std::vector<UnreadText>& texts) {
-  QStringList lines{CountedText(texts.size(), "Unread.One", "Unread.Many"), QString()};
-  for (const UnreadText& text : texts) lines << LineOf(text, buffer);
-  return UserAgrees(&panel, {"Unread.Title", "Unread.Save", "Unread.Back"}, lines.join('\n'));
+  QStringList entries{CountedText(texts.size(), "Unread.One", "Unread.Many")};
+  for (const UnreadText& text : texts) entries << EntryOf(text, buffer);
+  return UserAgrees(&panel, {"Unread.Title", "Unread.Save", "Unread.Back"}, entries.join("\n\n"));
 }
 
 }  // namespace desktop

@@ -96,7 +96,7 @@ TEST_F(UnreadTextsTest, ATextSavedStraightFromItsEditorIsAskedAboutBeforeAnythin
   EXPECT_EQ(boxes.Questions()[0].title, "Texts that cannot be read");
   EXPECT_EQ(boxes.Questions()[0].text,
             "One text cannot be read as it stands. A save would make of it:\n\n"
-            "Mass types › Centre of gravity › x: \"about 3\" – 0 mm is stored");
+            "Mass types › Centre of gravity › x: \"about 3\"\n→ 0 mm is stored");
   EXPECT_EQ(boxes.Questions()[0].answers,
             (std::vector<KorUnicodeString>{"Save all the same", "Back to the field"}));
   EXPECT_EQ(boxes.Questions()[0].parent, &Panel());
@@ -228,7 +228,7 @@ TEST_F(UnreadTextsTest, APropertyThatIsNotShownIsMarkedOnTheListOfPropertiesAndA
   boxes.answers = {kBack};
   EXPECT_FALSE(Press("SaveButton"));
   EXPECT_EQ(Told(),
-            "Additional properties › Properties › Crane lifts: \"many\" – sent as it stands; the server "
+            "Additional properties › Properties › Crane lifts: \"many\"\n→ sent as it stands; the server "
             "refuses the save");
   EXPECT_EQ(Pages().GetSelectedPage(), kPropertiesPage);
   EXPECT_EQ(TextOf(kPropertyValue), "many");
@@ -254,7 +254,7 @@ TEST_F(UnreadTextsTest, ANumberInAnotherUnitIsStoredAsTheQuestionSays) {
   Type(kCGx, "3 m");
   boxes.answers = {kSaveAllTheSame};
   Save();
-  EXPECT_EQ(Told(), "Mass types › Centre of gravity › x: \"3 m\" – 3 mm is stored");
+  EXPECT_EQ(Told(), "Mass types › Centre of gravity › x: \"3 m\"\n→ 3 mm is stored");
   EXPECT_EQ(Buffer().GetCG("Calculated")[0], 3);
 }
 
@@ -267,8 +267,8 @@ TEST_F(UnreadTextsTest, AMassThatIsNoNumberKeepsEveryValueOfItsMassTypeAsTheQues
   boxes.answers = {kSaveAllTheSame};
   Save();
   EXPECT_EQ(Told(),
-            "Mass types › Mass: \"heavy\" – no value of this mass type is stored\n"
-            "Mass types › Centre of gravity › x: \"about 3\" – no value of this mass type is stored");
+            "Mass types › Mass: \"heavy\"\n→ no value of this mass type is stored\n\n"
+            "Mass types › Centre of gravity › x: \"about 3\"\n→ no value of this mass type is stored");
   EXPECT_EQ(Buffer().GetMass("Calculated"), mass);
   EXPECT_EQ(Buffer().GetCG("Calculated")[0], x);
 }
@@ -279,7 +279,7 @@ TEST_F(UnreadTextsTest, ADensityThatIsNoNumberIsForgottenAsTheQuestionSays) {
   boxes.answers = {kSaveAllTheSame};
   Save();
   EXPECT_EQ(Told(),
-            "Material › Material and density › Density: \"heavy\" – the part is stored without a density");
+            "Material › Material and density › Density: \"heavy\"\n→ the part is stored without a density");
   EXPECT_FALSE(Buffer().IsDensityDefined());
 }
 
@@ -289,7 +289,7 @@ TEST_F(UnreadTextsTest, ABoundOfAnotherKindIsStoredAsTheQuestionSays) {
   Type(kUpper, "5 kg");
   boxes.answers = {kSaveAllTheSame};
   Save();
-  EXPECT_EQ(Told(), "Precision › Bounds of the mass › Above: \"5 kg\" – 5% is stored");
+  EXPECT_EQ(Told(), "Precision › Bounds of the mass › Above: \"5 kg\"\n→ 5% is stored");
   EXPECT_EQ(Buffer().GetUpperPrecision(Buffer().GetActiveMassType()), 0.05);
 }
 
@@ -299,7 +299,7 @@ TEST_F(UnreadTextsTest, AnAbsoluteBoundInAnotherUnitIsStoredAsTheQuestionSays) {
   Type(kUpper, "5 t");
   boxes.answers = {kSaveAllTheSame};
   Save();
-  EXPECT_EQ(Told(), "Precision › Bounds of the mass › Above: \"5 t\" – 5 kg is stored");
+  EXPECT_EQ(Told(), "Precision › Bounds of the mass › Above: \"5 t\"\n→ 5 kg is stored");
   EXPECT_EQ(Buffer().GetUpperPrecision(Buffer().GetActiveMassType()), 5);
 }
 
@@ -309,7 +309,7 @@ TEST_F(UnreadTextsTest, APercentageThatIsNotFiniteIsStoredAsNoneAsTheQuestionSay
   Type(kUpper, "inf");
   boxes.answers = {kSaveAllTheSame};
   Save();
-  EXPECT_EQ(Told(), "Precision › Bounds of the mass › Above: \"inf\" – 0% is stored");
+  EXPECT_EQ(Told(), "Precision › Bounds of the mass › Above: \"inf\"\n→ 0% is stored");
   EXPECT_EQ(Buffer().GetUpperPrecision(Buffer().GetActiveMassType()), 0);
 }
 
@@ -321,7 +321,7 @@ TEST_F(UnreadTextsTest, AMagnitudeThatIsTooLargeKeepsItsValueAsTheQuestionSays) 
   boxes.answers = {kSaveAllTheSame};
   Save();
   EXPECT_EQ(Told(),
-            "Additional properties › Properties › Overall length: \"1e306\" – the value stays as it is");
+            "Additional properties › Properties › Overall length: \"1e306\"\n→ the value stays as it is");
   EXPECT_EQ(TextOf(kPropertyValue), "9.2 m");
   KorApplyUnitSystem("Mixed");
 }
@@ -333,7 +333,7 @@ TEST_F(UnreadTextsTest, AnUnsuitablePropertyIsRefusedByTheServerAsTheQuestionSay
   Save();
   EXPECT_EQ(
       Told(),
-      "Additional properties › Properties › Crane lifts: \"2.5\" – sent as it stands; the server refuses "
+      "Additional properties › Properties › Crane lifts: \"2.5\"\n→ sent as it stands; the server refuses "
       "the save");
   ASSERT_FALSE(boxes.Messages().empty());
   EXPECT_NE(boxes.Messages().back().text.Utf8().find("Crane lifts"), std::string::npos);
@@ -345,7 +345,7 @@ TEST_F(UnreadTextsTest, AMagnitudeInAnotherUnitIsStoredAsTheQuestionSays) {
   EditProperty("Overall length", "9.35 m");
   boxes.answers = {kSaveAllTheSame};
   Save();
-  EXPECT_EQ(Told(), "Additional properties › Properties › Overall length: \"9.35 m\" – 9.35 mm is stored");
+  EXPECT_EQ(Told(), "Additional properties › Properties › Overall length: \"9.35 m\"\n→ 9.35 mm is stored");
   EXPECT_EQ(TextOf(kPropertyValue), "9.35 mm");
 }
 
@@ -356,7 +356,7 @@ TEST_F(UnreadTextsTest, AStandardPartStoresNoCentreAsTheQuestionSays) {
   boxes.answers = {kSaveAllTheSame};
   Save();
   EXPECT_EQ(Told(),
-            "Mass types › Centre of gravity › x: \"about 3\" – not stored: a standard part has a mass only");
+            "Mass types › Centre of gravity › x: \"about 3\"\n→ not stored: a standard part has a mass only");
 }
 
 // ---- the one question ----
@@ -371,8 +371,8 @@ TEST_F(UnreadTextsTest, SeveralTextsStandInOneQuestionInTheOrderOfThePages) {
   Press("SaveButton");
   EXPECT_EQ(boxes.Questions()[0].text,
             "2 texts cannot be read as they stand. A save would make of them:\n\n"
-            "Mass types › Products of inertia › Ixy: \"1,5\" – 1 kg·m² is stored\n"
-            "Precision › Bounds of the mass › Above: \"much\" – 0% is stored");
+            "Mass types › Products of inertia › Ixy: \"1,5\"\n→ 1 kg·m² is stored\n\n"
+            "Precision › Bounds of the mass › Above: \"much\"\n→ 0% is stored");
   EXPECT_EQ(Pages().GetSelectedPage(), kMassTypesPage);
   EXPECT_TRUE(Line(kIxy)->hasFocus());
 }
@@ -393,7 +393,7 @@ TEST_F(UnreadTextsTest, TheQuestionIsAskedInTheLanguageOfTheUser) {
   Press("SaveButton");
   EXPECT_EQ(boxes.Questions()[0].text,
             "Eine Eingabe ist so nicht lesbar. Beim Speichern würde daraus:\n\n"
-            "Massenarten › Schwerpunkt › x: „about 3“ – 0 mm wird gespeichert");
+            "Massenarten › Schwerpunkt › x: „about 3“\n→ gespeichert wird 0 mm");
 }
 
 /// A text, what the question says of it, and that the save does it.
@@ -418,14 +418,16 @@ TEST_P(MassTypeInsteadTest, IsToldBeforeTheSave) {
 INSTANTIATE_TEST_SUITE_P(
     Texts, MassTypeInsteadTest,
     testing::Values(
-        Instead{"OtherUnit", kCentreX, "3 m", "Mass types › Centre of gravity › x: \"3 m\" – 3 mm is stored"},
-        Instead{"Empty", kCentreX, "", "Mass types › Centre of gravity › x: \"\" – 0 mm is stored"},
-        Instead{"NotFinite", kCentreX, "inf", "Mass types › Centre of gravity › x: \"inf\" – 0 mm is stored"},
-        Instead{"MassInAnotherUnit", kMassOfType, "5 t", "Mass types › Mass: \"5 t\" – 5 kg is stored"},
+        Instead{"OtherUnit", kCentreX, "3 m",
+                "Mass types › Centre of gravity › x: \"3 m\"\n→ 3 mm is stored"},
+        Instead{"Empty", kCentreX, "", "Mass types › Centre of gravity › x: \"\"\n→ 0 mm is stored"},
+        Instead{"NotFinite", kCentreX, "inf",
+                "Mass types › Centre of gravity › x: \"inf\"\n→ 0 mm is stored"},
+        Instead{"MassInAnotherUnit", kMassOfType, "5 t", "Mass types › Mass: \"5 t\"\n→ 5 kg is stored"},
         Instead{"SumThatCannotBeWorkedOut", kMassOfType, "2 / 0",
-                "Mass types › Mass: \"2 / 0\" – 2 kg is stored"},
+                "Mass types › Mass: \"2 / 0\"\n→ 2 kg is stored"},
         Instead{"NoMass", kMassOfType, "heavy",
-                "Mass types › Mass: \"heavy\" – no value of this mass type is stored"}),
+                "Mass types › Mass: \"heavy\"\n→ no value of this mass type is stored"}),
     [](const auto& row) { return row.param.name; });
 
 }  // namespace

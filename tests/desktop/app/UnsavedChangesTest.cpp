@@ -200,6 +200,21 @@ TEST_F(UnsavedChangesTest, LookingAtEachPageRevisionPropertyAndMassTypeChangesNo
   ExpectNothingUnsaved();
 }
 
+/// The panel leaves these radio buttons on for a part with an instance, for which nothing reads them.
+TEST_F(UnsavedChangesTest, ChoosingWhereAMaterialAppliesChangesNothingForAPartWithAnInstance) {
+  GoTo(kMaterialPage);
+  const std::string material = TextOf("TabContainer001.TabPage004.MaterialAndDensityFrame.WBMaterialEditor");
+  for (const char* radio : {"ApplyOnInstance", "ApplyOnReference"})
+    ASSERT_TRUE(
+        Panel()
+            .Find<KorDlgRadioButton>(
+                std::string("TabContainer001.TabPage004.MaterialAndDensityFrame.ApplyOnButtonsFrame.") +
+                radio)
+            .Check());
+  EXPECT_EQ(TextOf("TabContainer001.TabPage004.MaterialAndDensityFrame.WBMaterialEditor"), material);
+  ExpectNothingUnsaved();
+}
+
 TEST_F(UnsavedChangesTest, OtherUnitsChangeNothing) {
   for (const char* system : {"SI", "CGS", "Imperial"}) {
     KorApplyUnitSystem(system);
