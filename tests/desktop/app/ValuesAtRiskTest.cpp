@@ -164,7 +164,7 @@ TEST_F(ValuesAtRiskTest, AnotherThemeAsksNothingAndLeavesWhatWasTyped) {
   for (const ThemeChoice theme : {ThemeChoice::Dark, ThemeChoice::Light}) window.ChooseTheme(theme);
   RunPendingEvents();
   EXPECT_TRUE(boxes.Questions().empty());
-  EXPECT_TRUE(IsEditing());
+  ASSERT_TRUE(IsEditing());
   EXPECT_EQ(TextOf(kMass), "43000");
   window.ChooseTheme(ThemeChoice::System);
 }
@@ -264,7 +264,7 @@ TEST_F(ValuesAtRiskTest, TwoChangesOfTheSelectionThatWaitAskOnceAndKeepKeeps) {
   EXPECT_EQ(screen.asked, 1);
   EXPECT_EQ(screen.mostAtOnce, 1);
   EXPECT_EQ(CurrentInstance(), "bedplate.1");
-  EXPECT_TRUE(IsEditing());
+  ASSERT_TRUE(IsEditing());
   EXPECT_EQ(TextOf(kMass), "43000");
 }
 
@@ -289,7 +289,7 @@ TEST_F(ValuesAtRiskTest, ThePanelDoesNotCloseBehindAnOpenQuestion) {
   RunPendingEvents();
   EXPECT_EQ(screen.asked, 1);
   EXPECT_EQ(screen.mostAtOnce, 1);
-  EXPECT_TRUE(IsEditing());
+  ASSERT_TRUE(IsEditing());
 }
 
 TEST_F(ValuesAtRiskTest, TwoChangesOfTheSelectionThatMayGoShowTheLastOne) {
@@ -321,7 +321,7 @@ TEST_F(ValuesAtRiskTest, TheCloseButtonOfTheQuestionKeepsTheValues) {
   Press("CloseButton");
   RunPendingEvents();
   EXPECT_EQ(screen.asked, 1);
-  EXPECT_TRUE(IsEditing());
+  ASSERT_TRUE(IsEditing());
   EXPECT_EQ(TextOf(kMass), "43000");
 }
 
