@@ -148,13 +148,14 @@ class MainWindow : public QMainWindow {
   void DecideOnSelection();
   void ShowChangedSelection();
   /// Asks for leave to lose what has been typed into the part panel and not been saved; true when there is
-  /// nothing of the kind. Everything that closes or binds the panel asks here first.
+  /// nothing of the kind. Everything that closes or binds the panel asks here first. While one question
+  /// stands open the answer to any other is no.
   bool MayGiveUpValues();
   bool AskToSaveAgain(const protocol::HistoryStateRequest& wanted) const;
   void RefuseToSaveAgain(const std::string& part, const std::string& why);
   void ReloadHistoryOf(const std::string& part);
   bool ShowsInPanel(const std::string& part) const;
-  void ValuesSaved(PartPanelHost::SaveOutcome outcome);
+  void ValuesSaved(const KorUnicodeString& reply);
   /// Shows the selected part in the pane. Its data as the server sent it; nothing, with the pane as it was,
   /// when they cannot be read.
   std::optional<std::string> ShowSelection();
@@ -203,6 +204,8 @@ class MainWindow : public QMainWindow {
   QPersistentModelIndex _panelLine;  ///< of the tree, that the part panel is bound to
   bool _panelIsOld = false;          ///< a part was saved elsewhere since the part panel was bound
   bool _savesAgain = false;          ///< a save that runs is not the panel's
+  bool _asksForValues = false;       ///< whether typed values may go; a question stands open
+  bool _decidesOnSelection = false;  ///< a decision waits or is being made
   QPointer<HistoryDialog> _history;
   ProductTreeModel* _model;
   QTreeView* _tree;

@@ -11,6 +11,7 @@
 #include "desktop/app/MainWindow.h"
 #include "desktop/app/PdmCommands.h"
 #include "desktop/app/QtTranslation.h"
+#include "desktop/app/Questions.h"
 #include "desktop/app/SampleProduct.h"
 #include "desktop/app/SearchBox.h"
 #include "desktop/app/SelectionPane.h"
@@ -99,13 +100,8 @@ bool MainWindow::MayMakeSampleAnew(const protocol::Error& why) {
 }
 
 bool MainWindow::AskToMakeSampleAnew(const std::string& reason) {
-  KorDlgQuestion question;
-  question.title = FromQt(Text("Error.Open"));
-  question.text =
-      FromQt(Text("Sample.MakeAnew", {ToQt(reason), ToQt(NameSetAside(SampleFile().toStdString()))}));
-  question.answers = {FromQt(Text("Sample.Make")), FromQt(Text("Sample.Leave"))};
-  constexpr int kMake = 0;
-  return KorApplicationFrame::Ask(question) == kMake;
+  return UserAgrees(nullptr, {"Error.Open", "Sample.Make", "Sample.Leave"},
+                    Text("Sample.MakeAnew", {ToQt(reason), ToQt(NameSetAside(SampleFile().toStdString()))}));
 }
 
 bool MainWindow::MakeSample() {
@@ -157,6 +153,7 @@ void MainWindow::ShowPartPanel() {
     return ShowError("Error.Part", Text("Error.NothingSelected").toStdString());
   if (_partPanel.IsOpen() && IsInEditMode(*_partPanel.Panel()) && _panelLine == _tree->currentIndex())
     return _partPanel.Raise();
+  if (_decidesOnSelection) return;  // that decision shows what is selected in the panel, or goes back
   if (!MayGiveUpValues()) return;
   if (const auto text = ShowSelection()) BindPartPanel(*text);
 }
@@ -171,10 +168,11 @@ void MainWindow::ServerCommandEnded(const KorUnicodeString& command, const KorUn
       this, [this] { TellOfLostTrace(); }, Qt::QueuedConnection);
   const bool saves = command == KorUnicodeString(protocol::kCommandSavePart);
   const bool failed = reply.IsEmpty() || protocol::IsErrorReply(reply.Utf8());
-  if (saves) ValuesSaved(failed ? PartPanelHost::SaveOutcome::Failed : PartPanelHost::SaveOutcome::Saved);
+  if (saves) ValuesSaved(reply);
   // After a failure nothing has changed, and whoever sent the command tells of it.
   if (failed || (!saves && command != KorUnicodeString(protocol::kCommandComputePart))) return;
   const std::string part = saves ? SavedPartIn(reply.Utf8()) : std::string();
+  if (!saves) _partPanel.ComputeEnded();
   // The panel is not done with the reply: its own server calls come before those of the window.
   QMetaObject::invokeMethod(
       this, [this, part] { ValuesChanged(part); }, Qt::QueuedConnection);
@@ -213,12 +211,13 @@ std::optional<std::string> MainWindow::ShowSelection() {
 }
 
 void MainWindow::BindPartPanel(const std::string& partDataText) {
-  if (const auto shown = _partPanel.Show(_shownFilter.PartDataFor(partDataText)); !shown)
+  if (const auto shown = _partPanel.Show(_shownFilter.PartDataFor(partDataText)); !shown) {
     ShowError("Error.Part", shown.Failure().message);
-  else
+  } else {
     _panelLine = _tree->currentIndex();
-  _panelFilter = _shownFilter;
-  _panelIsOld = false;
+    _panelFilter = _shownFilter;
+    _panelIsOld = false;
+  }
   TellCatalogueProblems();
 }
 
@@ -227,7 +226,7 @@ void MainWindow::UnitsChanged() {
   _pane->RefreshTexts();
   if (_history) _history->RefreshTexts();
   // What was typed was meant in the units before: it would be stored as something else.
-  const auto text = _partPanel.HasUnsavedValues() ? ShowSelection() : std::nullopt;
+  const auto text = _partPanel.HasTypedValues() ? ShowSelection() : std::nullopt;
   if (text)
     BindPartPanel(*text);
   else
@@ -283,7 +282,7 @@ void MainWindow::AskForTables() {
 }
 
 void MainWindow::AskForUnits() {
-  if (!MayGiveUpValues()) return;
+  if (_partPanel.HasTypedValues() && !MayGiveUpValues()) return;
   if (UnitsDialog(this).exec() != QDialog::Accepted) return;
   _settings.KeepUnits();
   UnitsChanged();

@@ -8,26 +8,14 @@
 #include "desktop/app/HistoryDialog.h"
 #include "desktop/app/MainWindow.h"
 #include "desktop/app/PdmCommands.h"
+#include "desktop/app/Questions.h"
 #include "desktop/app/Texts.h"
 #include "desktop/toolkit/QtText.h"
-#include "framework/dialog/KorApplicationFrame.h"
 
 namespace desktop {
 namespace {
 
 constexpr int kSaidFor = 6'000;  ///< milliseconds that the status bar says what was saved
-
-/// Whether the user chose the first of the answers, which does what is asked for.
-bool Agrees(KorDlgDialog* parent, const char* titleKey, const QString& text, const char* doKey,
-            const char* leaveKey) {
-  KorDlgQuestion question;
-  question.parent = parent;
-  question.title = FromQt(Text(titleKey));
-  question.text = FromQt(text);
-  question.answers = {FromQt(Text(doKey)), FromQt(Text(leaveKey))};
-  constexpr int kDo = 0;
-  return KorApplicationFrame::Ask(question) == kDo;
-}
 
 const char* AgainKey(protocol::HistoryMoment moment) {
   return moment == protocol::HistoryMoment::Before ? "History.AskBefore" : "History.AskAfter";
@@ -37,23 +25,33 @@ const char* AgainKey(protocol::HistoryMoment moment) {
 
 bool MainWindow::MayGiveUpValues() {
   if (!_partPanel.HasUnsavedValues()) return true;
+  if (_asksForValues || _partPanel.IsAsking()) return false;
   KorUnicodeString part;
   _partPanel.Buffer()->GetPartIdentifier(part);
-  return Agrees(_partPanel.Panel(), "Unsaved.Title", Text("Unsaved.Text", {ToQt(part)}), "Unsaved.GiveUp",
-                "Unsaved.Keep");
+  const char* text = _partPanel.HasTypedValues() ? "Unsaved.Text" : "Unsaved.Changed";
+  _asksForValues = true;
+  const bool agrees = UserAgrees(_partPanel.Panel(), {"Unsaved.Title", "Unsaved.GiveUp", "Unsaved.Keep"},
+                                 Text(text, {ToQt(part)}));
+  _asksForValues = false;
+  return agrees;
 }
 
 void MainWindow::SelectionChanged() {
   if (!_partPanel.HasUnsavedValues()) return ShowChangedSelection();
   ShowStatus();
+  // One decision, on what is selected then: the question lets further changes of the selection come in.
+  if (std::exchange(_decidesOnSelection, true)) return;
   // The tree is not done with the click or key: the question, and going back, come after it.
   QMetaObject::invokeMethod(
       this, [this] { DecideOnSelection(); }, Qt::QueuedConnection);
 }
 
 void MainWindow::DecideOnSelection() {
-  if (_panelLine.isValid() && _tree->currentIndex() == _panelLine) return;
-  if (MayGiveUpValues()) return ShowChangedSelection();
+  const bool isBack = _panelLine.isValid() && _tree->currentIndex() == _panelLine;
+  const bool mayGo = isBack || MayGiveUpValues();
+  _decidesOnSelection = false;
+  if (isBack) return;
+  if (mayGo) return ShowChangedSelection();
   if (!_panelLine.isValid()) return;
   _tree->selectionModel()->setCurrentIndex(_panelLine,
                                            QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
@@ -66,8 +64,8 @@ void MainWindow::ShowChangedSelection() {
   SayWhyMarked();
 }
 
-void MainWindow::ValuesSaved(PartPanelHost::SaveOutcome outcome) {
-  if (!_savesAgain) _partPanel.SaveEnded(outcome);
+void MainWindow::ValuesSaved(const KorUnicodeString& reply) {
+  if (!_savesAgain) _partPanel.SaveEnded(reply);
 }
 
 HistoryDialog* MainWindow::History() const { return _history; }
@@ -89,9 +87,8 @@ void MainWindow::ReloadHistoryOf(const std::string& part) {
 }
 
 bool MainWindow::AskToSaveAgain(const protocol::HistoryStateRequest& wanted) const {
-  return Agrees(nullptr, "History.AskTitle",
-                Text(AgainKey(wanted.moment), {ToQt(wanted.partId), QString::number(wanted.number)}),
-                "History.AskSave", "History.AskLeave");
+  return UserAgrees(nullptr, {"History.AskTitle", "History.AskSave", "History.AskLeave"},
+                    Text(AgainKey(wanted.moment), {ToQt(wanted.partId), QString::number(wanted.number)}));
 }
 
 /// Saved by somebody else in the meantime, or by a program: the history takes in what there is now, and the

@@ -14,10 +14,10 @@
 #include "desktop/app/HistoryDialog.h"
 #include "desktop/app/MainWindow.h"
 #include "desktop/app/PdmCommands.h"
+#include "desktop/app/Questions.h"
 #include "desktop/app/SelectionPane.h"
 #include "desktop/app/Texts.h"
 #include "desktop/toolkit/QtText.h"
-#include "framework/dialog/KorApplicationFrame.h"
 #include "lumira/commands/Findings.h"
 
 namespace desktop {
@@ -70,12 +70,8 @@ void MainWindow::ShowFilterPanel() {
 
 bool MainWindow::MayLoseFilterRows() {
   if (!_filterPanel.HasUnconfirmedRows()) return true;
-  KorDlgQuestion question;
-  question.title = FromQt(Text("Command.Filter.Title"));
-  question.text = FromQt(Text("Filter.Unconfirmed"));
-  question.answers = {FromQt(Text("Filter.Discard")), FromQt(Text("Filter.GoBack"))};
-  constexpr int kDiscard = 0;
-  return KorApplicationFrame::Ask(question) == kDiscard;
+  return UserAgrees(nullptr, {"Command.Filter.Title", "Filter.Discard", "Filter.GoBack"},
+                    Text("Filter.Unconfirmed"));
 }
 
 std::vector<OccurrencePlace> MainWindow::SelectedPlaces() const {

@@ -2,13 +2,20 @@
 
 #include <QMetaObject>
 
+#include "desktop/app/PartPanelEditors.h"
+#include "desktop/app/UnreadQuestion.h"
 #include "desktop/toolkit/views/DialogView.h"
 #include "framework/dialog/KorDlgPushButton.h"
+#include "framework/dialog/KorDlgTabContainer.h"
+#include "protocol/Codec.h"
 
 namespace desktop {
 namespace {
 
 constexpr const char* kGeometryKey = "partPanel/geometry";
+constexpr const char* kPages = "TabContainer001";
+constexpr const char* kSave = "Frame238.SaveButton";
+constexpr const char* kCompute = "Frame238.ComputeButton";
 
 /// Which pages and handlers a panel has is decided when it is laid out, for its first part.
 bool HasSamePages(const LumWBAllDataBuffer& one, const LumWBAllDataBuffer& other) {
@@ -16,6 +23,13 @@ bool HasSamePages(const LumWBAllDataBuffer& one, const LumWBAllDataBuffer& other
          one.AdditionalInfoRequested() == other.AdditionalInfoRequested() &&
          one.AreDateTypePropertiesPresent() == other.AreDateTypePropertiesPresent() &&
          one.HasInstInLUMIRA() == other.HasInstInLUMIRA();
+}
+
+void BringToFront(KorDlgTabContainer& pages, const KorDlgObject& widget) {
+  const KorDlgObject* page = &widget;
+  while (page->Parent() != &pages) page = page->Parent();
+  for (int index = 0; index < pages.GetPageCount(); ++index)
+    if (pages.GetPage(index) == page) pages.Pick(index);
 }
 
 }  // namespace
@@ -32,12 +46,13 @@ protocol::Result<void> PartPanelHost::Show(const std::string& partDataText) {
   if (Failed(buffer->SetAllData(partDataText, true)))
     return protocol::Error{protocol::ErrorKind::BadText, buffer->GetLastRefusal().Utf8()};
   // After a save that failed, binding would leave "ComputeButton" off for a part that nobody has edited.
-  if (_panel && (HasUnsavedValues() || !HasSamePages(*_buffer, *buffer))) Close();
+  if (_panel && (HasTypedValues() || !HasSamePages(*_buffer, *buffer))) Close();
   _buffer = buffer;
   if (_panel)
     _panel->Bind(*_buffer);
   else
     Open();
+  _stored.Take(*_buffer);
   _marks->Update();
   return {};
 }
@@ -45,9 +60,20 @@ protocol::Result<void> PartPanelHost::Show(const std::string& partDataText) {
 void PartPanelHost::Open() {
   _panel = _library.Commands()->CreatePartPanel(*_buffer);
   KorDlgDialog& dialog = _panel->Dialog();
+  ListenToSaving();
   _marks = std::make_unique<PartPanelMarks>(
-      dialog, [this]() -> auto& { return *_buffer; });
-  _saveFailed = false;
+      dialog, [this]() -> auto& { return *_buffer; },
+      [this](int index) { return _stored.HasProperty(*_buffer, index); });
+  _saveAtRisk = false;
+  _answered = Answered::Nothing;
+  ListenToClosing();
+  dialog.Attach(&_backend);
+  RestoreWantedGeometry(*Window(), _settings.WindowState(kGeometryKey));
+  dialog.SetVisibility(KorVisibility::Shown);
+}
+
+void PartPanelHost::ListenToClosing() {
+  KorDlgDialog& dialog = _panel->Dialog();
   // A notification may not destroy its sender: the panel goes when control is back in the event loop.
   const auto close = [this](auto...) {
     QMetaObject::invokeMethod(
@@ -59,9 +85,47 @@ void PartPanelHost::Open() {
   };
   dialog.Find<KorDlgPushButton>("Frame238.CloseButton").Subscribe(KorEvent::PushActivate, close);
   dialog.Subscribe(KorEvent::WindowClose, close);
-  dialog.Attach(&_backend);
-  RestoreWantedGeometry(*Window(), _settings.WindowState(kGeometryKey));
-  dialog.SetVisibility(KorVisibility::Shown);
+}
+
+/// The panel has subscribed before: it is done with what the server answered when these are called.
+void PartPanelHost::ListenToSaving() {
+  KorDlgDialog& dialog = _panel->Dialog();
+  auto& save = dialog.Find<KorDlgPushButton>(kSave);
+  save.SetGuard([this] { return MaySave(); });
+  for (KorDlgPushButton* button : {&save, &dialog.Find<KorDlgPushButton>(kCompute)})
+    button->Subscribe(KorEvent::PushActivate, [this](auto...) { TakeWhatServerHas(); });
+}
+
+bool PartPanelHost::MaySave() {
+  if (_isAsking) return false;
+  const std::vector<UnreadText> texts = _marks->Find();
+  if (texts.empty()) return true;
+  _isAsking = true;
+  const bool agrees = AgreesToStoreInstead(_panel->Dialog(), *_buffer, texts);
+  _isAsking = false;
+  if (!agrees) GoTo(texts.front());
+  return agrees;
+}
+
+void PartPanelHost::GoTo(const UnreadText& text) {
+  KorDlgDialog& dialog = _panel->Dialog();
+  BringToFront(dialog.Find<KorDlgTabContainer>(kPages), *text.editor);
+  if (text.property) dialog.Find<KorDlgCombo>(kPropertyNamePath).Pick(text.property - 1);
+  if (const QtView* view = _backend.ViewOf(*text.editor)) view->Qt()->setFocus();
+}
+
+void PartPanelHost::SaveEnded(const KorUnicodeString& reply) {
+  KorUnicodeString part;
+  if (_buffer) _buffer->GetPartIdentifier(part);
+  const auto read = protocol::ReadSaveReply(reply.Utf8());
+  _saveAtRisk = !read || read.Value().partId != part.Utf8();
+  if (!_saveAtRisk) _answered = Answered::Save;
+}
+
+void PartPanelHost::TakeWhatServerHas() {
+  const Answered answered = std::exchange(_answered, Answered::Nothing);
+  if (answered == Answered::Save) _stored.Take(*_buffer);
+  if (answered == Answered::Compute) _stored.TakeComputed(*_buffer);
 }
 
 void PartPanelHost::Close() {
@@ -80,9 +144,7 @@ void PartPanelHost::Raise() const {
   Window()->activateWindow();
 }
 
-bool PartPanelHost::Compute() {
-  return _panel && _panel->Dialog().Find<KorDlgPushButton>("Frame238.ComputeButton").Press();
-}
+bool PartPanelHost::Compute() { return _panel && _panel->Dialog().Find<KorDlgPushButton>(kCompute).Press(); }
 
 void PartPanelHost::RefreshValues() {
   if (_panel) _panel->Refresh();
@@ -91,7 +153,7 @@ void PartPanelHost::RefreshValues() {
 void PartPanelHost::RefreshTexts() {
   if (!_panel) return;
   _panel->Dialog().ReloadTexts();
-  if (!HasUnsavedValues()) _panel->Refresh();
+  if (!HasTypedValues()) _panel->Refresh();
   _marks->Update();
 }
 

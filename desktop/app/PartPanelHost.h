@@ -7,6 +7,7 @@
 #include "desktop/app/CommandsLibrary.h"
 #include "desktop/app/PartPanelMarks.h"
 #include "desktop/app/Settings.h"
+#include "desktop/app/StoredState.h"
 #include "desktop/toolkit/QtBackend.h"
 #include "protocol/Result.h"
 #include "services/LumWBAllDataBuffer.h"
@@ -15,7 +16,8 @@ namespace desktop {
 
 /// The command "part panel": puts the data of what is selected into a data buffer, opens the module's panel
 /// on it and binds it anew when something else is selected. Closing the panel, by its button or its window,
-/// destroys it. What a user types is marked where the panel could not read it.
+/// destroys it. What a user types is marked where the panel could not read it, and a save asks first while
+/// such a mark stands: the panel would store something else without a word.
 class PartPanelHost : public QObject {
  public:
   /// All must outlive the host; the settings keep place and size of the panel.
@@ -27,11 +29,20 @@ class PartPanelHost : public QObject {
   std::function<bool()> mayClose = [] { return true; };
 
   bool IsOpen() const { return _panel != nullptr; }
-  /// Whether the panel holds what no server has: it is in edit mode, or its last save failed.
-  bool HasUnsavedValues() const { return _panel && (_saveFailed || IsInEditMode(_panel->Dialog())); }
-  /// What came of a save that the open panel sent.
-  enum class SaveOutcome { Saved, Failed };
-  void SaveEnded(SaveOutcome outcome) { _saveFailed = outcome == SaveOutcome::Failed; }
+  /// Whether something may have been typed that no server has: the panel is in edit mode, or nobody knows
+  /// whether its last save was stored.
+  bool HasTypedValues() const { return _panel && (_saveAtRisk || IsInEditMode(_panel->Dialog())); }
+  /// Whether the panel holds what no server has: typed values, or what was changed outside edit mode (the
+  /// standard-part flag, a mass type whose values were deleted).
+  bool HasUnsavedValues() const { return HasTypedValues() || (_panel && !_stored.Has(*_buffer)); }
+  /// Whether a question of the panel's own stands open; no other may be asked then.
+  bool IsAsking() const { return _isAsking; }
+
+  /// What the server answered to a save of the open panel; empty when it did not come to answer. Values whose
+  /// save it does not confirm, in the right form and for this part, stay at risk.
+  void SaveEnded(const KorUnicodeString& reply);
+  /// The open panel has computed.
+  void ComputeEnded() { _answered = Answered::Compute; }
 
   /// Opens the panel on a part's data in the server's form, or binds it when it is open; unsaved values are
   /// given up. On failure the panel stays as it was.
@@ -42,9 +53,9 @@ class PartPanelHost : public QObject {
   /// Presses the panel's Compute button; false when the panel is closed or the button cannot be pressed.
   bool Compute();
 
-  /// After a change of units; only without unsaved values, which would be lost.
+  /// After a change of units; only without typed values, which would be lost.
   void RefreshValues();
-  /// After a change of language. With unsaved values, texts that the panel puts together stay in the language
+  /// After a change of language. With typed values, texts that the panel puts together stay in the language
   /// that was.
   void RefreshTexts();
 
@@ -54,7 +65,15 @@ class PartPanelHost : public QObject {
   QWidget* Window() const;
 
  private:
+  /// What the server has done of which the panel has not been told yet.
+  enum class Answered { Nothing, Save, Compute };
+
   void Open();
+  void ListenToClosing();
+  void ListenToSaving();
+  bool MaySave();
+  void GoTo(const UnreadText& text);
+  void TakeWhatServerHas();
 
   const CommandsLibrary& _library;
   QtBackend& _backend;
@@ -62,7 +81,10 @@ class PartPanelHost : public QObject {
   LumWBAllDataBuffer_var _buffer;
   std::unique_ptr<PartPanelMarks> _marks;  ///< goes after the panel, to which it listens
   std::unique_ptr<KorWBPartPanel> _panel;
-  bool _saveFailed = false;
+  StoredState _stored;
+  Answered _answered = Answered::Nothing;
+  bool _saveAtRisk = false;
+  bool _isAsking = false;
 };
 
 }  // namespace desktop

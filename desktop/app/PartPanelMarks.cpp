@@ -1,82 +1,51 @@
 #include "desktop/app/PartPanelMarks.h"
 
-#include "desktop/app/ReadableTexts.h"
-#include "framework/dialog/KorDlgCombo.h"
-#include "framework/dialog/KorDlgEditor.h"
+#include <algorithm>
+#include <map>
+
+#include "desktop/app/PartPanelEditors.h"
+#include "desktop/app/Texts.h"
+#include "desktop/toolkit/QtText.h"
+#include "framework/dialog/KorDlgLabel.h"
 #include "framework/dialog/KorDlgPushButton.h"
+#include "framework/dialog/KorDlgTabContainer.h"
 
 namespace desktop {
 namespace {
-
-/// How the panel reads an editor.
-enum class Content {
-  Expression,  ///< a quantity, or a sum that becomes one
-  Quantity,
-  OptionalQuantity,  ///< nothing typed means that the part has no such value
-  Bound,             ///< in percent or as a mass, as "ValueTypeCombo" says
-  Property,          ///< as the type of the property says
-};
-
-struct MarkedEditor {
-  const char* path;  ///< below the pages
-  Content content;
-  const char* magnitude = "";
-};
-
-constexpr MarkedEditor kMarkedEditors[] = {
-    {"TabPage003.Frame107.Frame231.MTMassEditor", Content::Expression, "MASS"},
-    {"TabPage003.Frame113.MTCGFrame.MTCGxEditor", Content::Quantity, "LENGTH"},
-    {"TabPage003.Frame113.MTCGFrame.MTCGyEditor", Content::Quantity, "LENGTH"},
-    {"TabPage003.Frame113.MTCGFrame.MTCGzEditor", Content::Quantity, "LENGTH"},
-    {"TabPage003.Frame113.MTMomentOfInertia.MTIxxEditor", Content::Quantity, "INERTIAMOMENT"},
-    {"TabPage003.Frame113.MTMomentOfInertia.MTIyyEditor", Content::Quantity, "INERTIAMOMENT"},
-    {"TabPage003.Frame113.MTMomentOfInertia.MTIzzEditor", Content::Quantity, "INERTIAMOMENT"},
-    {"TabPage003.Frame113.MTProductOfInertia.MTIxyEditor", Content::Quantity, "INERTIAMOMENT"},
-    {"TabPage003.Frame113.MTProductOfInertia.MTIxzEditor", Content::Quantity, "INERTIAMOMENT"},
-    {"TabPage003.Frame113.MTProductOfInertia.MTIyzEditor", Content::Quantity, "INERTIAMOMENT"},
-    {"TabPage004.MaterialAndDensityFrame.DensityEditor", Content::OptionalQuantity, "DENSITY"},
-    {"TabPage005.Frame252.PrecisionValueFrame.UpperValueEditor", Content::Bound, "MASS"},
-    {"TabPage005.Frame252.PrecisionValueFrame.LowerValueEditor", Content::Bound, "MASS"},
-    {"TabPageAdditional.ExtraPropertiesFrame.PropertyValueEditor", Content::Property},
-};
 
 /// What a user can do that changes a text, or whether it can be typed.
 constexpr KorEvent kUserEvents[] = {KorEvent::EditorModify, KorEvent::FocusOut,    KorEvent::ComboSelect,
                                     KorEvent::RadioModify,  KorEvent::CheckModify, KorEvent::PushActivate,
                                     KorEvent::TabSelect};
 
-constexpr const char* kValueType = "TabContainer001.TabPage005.Frame252.PrecisionValueFrame.ValueTypeCombo";
-constexpr const char* kPropertyName =
-    "TabContainer001.TabPageAdditional.ExtraPropertiesFrame.PropertyNameCombo";
+constexpr const char* kPages = "TabContainer001";
+constexpr QStringView kStep = u" \u203a ";  ///< between page, frame and label
 
-bool IsRelative(KorDlgDialog& panel) { return panel.Find<KorDlgCombo>(kValueType).GetSelect() == 0; }
+using Reasons = std::map<KorDlgObject*, QStringList>;
 
-QString ProblemOfProperty(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer,
-                          const KorUnicodeString& text) {
-  return FindPropertyProblem(buffer, panel.Find<KorDlgCombo>(kPropertyName).GetSelect() + 1, text);
+void SetMark(KorDlgObject& widget, const Reasons& reasons) {
+  const auto found = reasons.find(&widget);
+  widget.SetMarking(found == reasons.end() ? KorUnicodeString() : FromQt(found->second.join('\n')));
 }
 
-QString ProblemOf(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, const MarkedEditor& row,
-                  const KorUnicodeString& text) {
-  switch (row.content) {
-    case Content::Expression:
-      return FindExpressionProblem(text, row.magnitude);
-    case Content::OptionalQuantity:
-      return text.Strip().IsEmpty() ? QString() : FindQuantityProblem(text, row.magnitude);
-    case Content::Quantity:
-      return FindQuantityProblem(text, row.magnitude);
-    case Content::Bound:
-      return IsRelative(panel) ? FindPercentProblem(text) : FindQuantityProblem(text, row.magnitude);
-    case Content::Property:
-      break;
-  }
-  return ProblemOfProperty(panel, buffer, text);
+KorDlgObject* PageOf(KorDlgObject& widget) {
+  KorDlgObject* above = &widget;
+  while (above && above->Kind() != KorDlgKind::TabPage) above = above->Parent();
+  return above;
+}
+
+/// The title of the label beside an editor; empty when there is none.
+QString LabelOf(const KorDlgObject& editor) {
+  const KorString label = editor.Name().substr(0, editor.Name().rfind("Editor")) + "Label";
+  const auto& siblings = editor.Parent()->Children();
+  const auto found = std::ranges::find(siblings, label, [](const auto& one) { return one->Name(); });
+  return found == siblings.end() ? QString() : ToQt((*found)->GetTitle());
 }
 
 }  // namespace
 
-PartPanelMarks::PartPanelMarks(KorDlgDialog& panel, BufferOf buffer)
-    : _panel(panel), _buffer(std::move(buffer)) {
+PartPanelMarks::PartPanelMarks(KorDlgDialog& panel, BufferOf buffer, IsPropertyStored isPropertyStored)
+    : _panel(panel), _buffer(std::move(buffer)), _isPropertyStored(std::move(isPropertyStored)) {
   ListenBelow(panel);
 }
 
@@ -88,19 +57,74 @@ void PartPanelMarks::ListenBelow(KorDlgObject& widget) {
   }
 }
 
+std::vector<UnreadText> PartPanelMarks::Find() const {
+  if (!IsInEditMode(_panel)) return {};
+  std::vector<UnreadText> found = FindInEditors();
+  for (UnreadText& hidden : FindInHiddenProperties()) found.push_back(std::move(hidden));
+  return found;
+}
+
+std::vector<UnreadText> PartPanelMarks::FindInEditors() const {
+  std::vector<UnreadText> found;
+  const LumWBAllDataBuffer& buffer = _buffer();
+  for (const ReadEditor& row : ReadEditors()) {
+    const bool isProperty = row.content == EditorContent::Property;
+    if (isProperty && !buffer.AdditionalInfoRequested()) continue;
+    auto& editor = _panel.Find<KorDlgEditor>(row.path);
+    const QString problem = editor.IsEnabled() ? ProblemOf(_panel, buffer, row) : QString();
+    if (problem.isEmpty()) continue;
+    found.push_back({&editor, isProperty ? ShownProperty(_panel) : 0, ToQt(editor.GetText()), problem,
+                     StoredInstead(_panel, buffer, row)});
+  }
+  return found;
+}
+
+/// The panel takes the text of a property into the buffer when another one is shown, whatever it is.
+std::vector<UnreadText> PartPanelMarks::FindInHiddenProperties() const {
+  const LumWBAllDataBuffer& buffer = _buffer();
+  if (!buffer.AdditionalInfoRequested()) return {};
+  std::vector<UnreadText> found;
+  auto& editor = _panel.Find<KorDlgEditor>(kPropertyValuePath);
+  for (int index = 1; index <= buffer.GetPropertyCount(); ++index) {
+    if (index == ShownProperty(_panel) || _isPropertyStored(index)) continue;
+    const QString problem = ProblemOfStoredProperty(buffer, index);
+    if (!problem.isEmpty())
+      found.push_back(
+          {&editor, index, ToQt(buffer.GetPropertyValue(index)), problem, Text("Unread.Refused")});
+  }
+  return found;
+}
+
 void PartPanelMarks::Update() {
   const LumWBAllDataBuffer& buffer = _buffer();
-  const bool editing = IsInEditMode(_panel);
-  for (const MarkedEditor& row : kMarkedEditors) {
-    if (row.content == Content::Property && !buffer.AdditionalInfoRequested()) continue;
-    auto& editor = _panel.Find<KorDlgEditor>(KorString("TabContainer001.") + row.path);
-    const bool counts = editing && editor.IsEnabled();
-    editor.SetMarking(counts ? ProblemOf(_panel, buffer, row, editor.GetText()).toStdString() : "");
+  Reasons reasons;
+  for (const UnreadText& text : Find()) {
+    const bool isHidden = text.property != 0 && text.property != ShownProperty(_panel);
+    const QString placed = Text("Unread.Place", {PlaceOf(text, buffer), text.problem});
+    if (isHidden)
+      reasons[&_panel.Find(kPropertyNamePath)] << placed;
+    else
+      reasons[text.editor] << text.problem;
+    reasons[PageOf(*text.editor)] << placed;
   }
+  for (const ReadEditor& row : ReadEditors())
+    if (row.content != EditorContent::Property || buffer.AdditionalInfoRequested())
+      SetMark(_panel.Find(row.path), reasons);
+  if (buffer.AdditionalInfoRequested()) SetMark(_panel.Find(kPropertyNamePath), reasons);
+  for (const auto& page : _panel.Find(kPages).Children()) SetMark(*page, reasons);
 }
 
 bool IsInEditMode(KorDlgDialog& partPanel) {
   return !partPanel.Find<KorDlgPushButton>("Frame238.EditButton").IsEnabled();
+}
+
+QString PlaceOf(const UnreadText& text, const LumWBAllDataBuffer& buffer) {
+  QStringList steps{text.property ? ToQt(buffer.GetPropertyName(text.property)) : LabelOf(*text.editor)};
+  for (const KorDlgObject* above = text.editor->Parent(); above->Kind() != KorDlgKind::TabContainer;
+       above = above->Parent())
+    steps.prepend(ToQt(above->GetTitle()));
+  steps.removeAll(QString());
+  return steps.join(kStep);
 }
 
 }  // namespace desktop

@@ -14,14 +14,10 @@ namespace {
 using Definitions = KorLumWBCSCommonDefinitions;
 
 constexpr const char* kNoValue = "...";
-constexpr int kMostShown = 60;  ///< characters of a text that are told again
+constexpr int kMostShown = 60;
 
 /// Types of properties; others are not checked.
 enum PropertyType { kIntegerOrDate = 1, kReal = 2 };
-
-QString Shown(const QString& text) {
-  return text.size() > kMostShown ? text.left(kMostShown) + QString::fromUtf8("\u2026") : text;
-}
 
 QString SymbolOf(const char* magnitude) {
   const KorCkeParmDictionary* dictionary = KorCkeGlobalFunctions::GetParmDictionary();
@@ -48,7 +44,8 @@ bool IsNoValue(const QString& text) { return text.trimmed() == kNoValue; }
 QString ProblemOfNumber(const QString& text, const QString& suffix) {
   if (IsNoValue(text) || ReadWhole(WithoutSuffix(text, suffix))) return {};
   if (text.trimmed().isEmpty()) return Text("Mark.Empty");
-  return suffix.isEmpty() ? Text("Mark.Number", {Shown(text)}) : Text("Mark.Quantity", {Shown(text), suffix});
+  return suffix.isEmpty() ? Text("Mark.Number", {Shortened(text)})
+                          : Text("Mark.Quantity", {Shortened(text), suffix});
 }
 
 bool IsInteger(const QString& text) {
@@ -68,7 +65,7 @@ bool IsDate(const KorUnicodeString& text, const KorUnicodeString& format) {
 QString ProblemOfSize(const KorUnicodeString& text, const char* magnitude) {
   const auto number = ReadWhole(WithoutSuffix(ToQt(text), SymbolOf(magnitude)));
   if (!number || std::isfinite(KorWBServices::RestoreValue(*number, magnitude))) return {};
-  return Text("Mark.TooLarge", {Shown(ToQt(text))});
+  return Text("Mark.TooLarge", {Shortened(ToQt(text))});
 }
 
 QString ProblemOfReal(const LumWBAllDataBuffer& buffer, int index, const KorUnicodeString& text) {
@@ -77,6 +74,10 @@ QString ProblemOfReal(const LumWBAllDataBuffer& buffer, int index, const KorUnic
 }
 
 }  // namespace
+
+QString Shortened(const QString& text) {
+  return text.size() > kMostShown ? text.left(kMostShown) + QString::fromUtf8("\u2026") : text;
+}
 
 QString FindQuantityProblem(const KorUnicodeString& text, const char* magnitude) {
   const QString problem = ProblemOfSize(text, magnitude);
@@ -89,7 +90,7 @@ QString FindExpressionProblem(const KorUnicodeString& text, const char* magnitud
     return FindQuantityProblem(value, magnitude);
   const QString problem = FindQuantityProblem(text, magnitude);
   if (problem.isEmpty() || text.Strip().IsEmpty()) return problem;
-  return Text("Mark.Expression", {Shown(ToQt(text)), SymbolOf(magnitude)});
+  return Text("Mark.Expression", {Shortened(ToQt(text)), SymbolOf(magnitude)});
 }
 
 QString FindPercentProblem(const KorUnicodeString& text) { return ProblemOfNumber(ToQt(text), "%"); }
@@ -106,8 +107,8 @@ QString FindPropertyProblem(const LumWBAllDataBuffer& buffer, int index, const K
   if (type != kIntegerOrDate) return {};
   const KorUnicodeString format = buffer.GetDateFormatForExtraProperties();
   if (!buffer.GetIsDate(index))
-    return IsInteger(ToQt(stripped)) ? QString() : Text("Mark.Integer", {Shown(ToQt(stripped))});
-  return IsDate(stripped, format) ? QString() : Text("Mark.Date", {Shown(ToQt(stripped)), ToQt(format)});
+    return IsInteger(ToQt(stripped)) ? QString() : Text("Mark.Integer", {Shortened(ToQt(stripped))});
+  return IsDate(stripped, format) ? QString() : Text("Mark.Date", {Shortened(ToQt(stripped)), ToQt(format)});
 }
 
 }  // namespace desktop

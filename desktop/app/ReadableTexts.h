@@ -8,6 +8,9 @@
 /// user; empty: nothing is. "..." stands for no value and is never a problem.
 namespace desktop {
 
+/// A text as it is told to the user again: its first 60 characters.
+QString Shortened(const QString& text);
+
 /// A number, with or without the symbol of the current unit of a magnitude behind it.
 QString FindQuantityProblem(const KorUnicodeString& text, const char* magnitude);
 /// The same, or a sum such as "2 * (3 + 4.5) kg".

@@ -48,6 +48,7 @@ std::optional<int> QtBoxes::Ask(const KorDlgQuestion& question) {
   QList<QAbstractButton*> answers;
   for (const KorUnicodeString& answer : question.answers)
     answers.append(box.addButton(Literal(answer), QMessageBox::ActionRole));
+  box.setDefaultButton(qobject_cast<QPushButton*>(answers.value(question.preferred)));
   // Without a reject button the window's close button would do nothing.
   QPushButton* closed = box.addButton(QMessageBox::Cancel);
   closed->setVisible(false);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include "framework/system/KorUnicodeString.h"
 
@@ -16,6 +17,9 @@ inline KorUnicodeString FromQt(const QString& text) { return text.toStdString();
 
 /// A title for widgets that read "&" as the mark of a mnemonic: titles mean it literally.
 inline QString Literal(const KorUnicodeString& title) { return ToQt(title).replace('&', "&&"); }
+
+/// A tooltip of these lines. As rich text it is wrapped; plain, a long line would be as wide as the screen.
+QString AsWrappedTip(const QStringList& lines);
 
 /// Position in UTF-16 units of the character (code point) that the framework counts as `characters`.
 int Utf16Position(const QString& text, int characters);

@@ -64,10 +64,7 @@ void QtView::ShowHelp() {
   _qt->setAccessibleDescription(marking.isEmpty() ? help : marking);
   QStringList lines{TipHeading(), marking, help.isEmpty() ? help : help + HelpSuffix()};
   lines.removeAll(QString());
-  // As rich text a tooltip is wrapped; plain, a long help would be one line as wide as the screen.
-  _qt->setToolTip(lines.isEmpty()
-                      ? QString()
-                      : "<qt>" + lines.join('\n').toHtmlEscaped().replace('\n', "<br>") + "</qt>");
+  _qt->setToolTip(AsWrappedTip(lines));
 }
 
 void QtView::ShowMarking() {

@@ -26,6 +26,7 @@ struct KorDlgQuestion {
   KorUnicodeString title;
   KorUnicodeString text;
   std::vector<KorUnicodeString> answers;
+  int preferred = 0;  ///< index of the answer that Enter gives
 };
 
 /// A request for the name of a file to open or to write.

@@ -6,6 +6,7 @@
 
 bool KorDlgPushButton::Press() {
   if (!CanAct("Press")) return false;
+  if (_guard && !_guard()) return false;
   Notify(KorEvent::PushActivate);
   return true;
 }

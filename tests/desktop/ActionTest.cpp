@@ -25,6 +25,19 @@ class ActionTest : public QtBackendTest {
   std::vector<std::string> log;
 };
 
+TEST_F(ActionTest, AGuardIsAskedAtAClickAfterTextsThatWerePending) {
+  Record(dialog.compute, KorEvent::PushActivate);
+  Record(dialog.nameEditor, KorEvent::EditorModify);
+  dialog.compute->SetGuard([this] {
+    log.push_back("asked");
+    return false;
+  });
+  Open();
+  QTest::keyClicks(In<QLineEdit>(dialog.nameEditor), "x");
+  In<QPushButton>(dialog.compute)->click();
+  EXPECT_EQ(log, (std::vector<std::string>{dialog.nameEditor->Name(), "asked"}));
+}
+
 TEST_F(ActionTest, AClickPressesAButton) {
   Record(dialog.compute, KorEvent::PushActivate);
   Open();

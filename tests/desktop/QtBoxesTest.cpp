@@ -76,6 +76,15 @@ TEST_F(QtBoxesTest, AQuestionThatIsClosedHasNoAnswerAndShowsNoButtonForIt) {
   EXPECT_EQ(boxes.Ask(Question()), std::nullopt);
 }
 
+TEST_F(QtBoxesTest, EnterGivesThePreferredAnswer) {
+  for (const int preferred : {0, 1}) {
+    KorDlgQuestion question = Question();
+    question.preferred = preferred;
+    WhenOpen<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_EQ(boxes.Ask(question), preferred);
+  }
+}
+
 TEST_F(QtBoxesTest, EscapeClosesAQuestion) {
   WhenOpen<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
   EXPECT_EQ(boxes.Ask(Question()), std::nullopt);

@@ -1,5 +1,6 @@
 // A dialog is told to the backend whole: what Qt shows right after is what the widgets hold.
 #include <QAbstractSpinBox>
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
@@ -151,6 +152,45 @@ TEST_F(QtBackendTest, ShowsAMarkingAsAFrameAndItsReasonInTheTooltip) {
   dialog.nameEditor->SetMarking("");
   EXPECT_FALSE(MarkOverlay::IsShownOn(*In<QLineEdit>(dialog.nameEditor)));
   EXPECT_FALSE(In<QLineEdit>(dialog.nameEditor)->toolTip().contains("A name may not be empty."));
+}
+
+/// What a screen reader says of a tab.
+std::string SpokenTab(QTabWidget& tabs, int tab) {
+  return QAccessible::queryAccessibleInterface(tabs.tabBar())
+      ->child(tab)
+      ->text(QAccessible::Name)
+      .toStdString();
+}
+
+TEST_F(QtBackendTest, ShowsAMarkedPageOnItsTabWhicheverPageIsInFront) {
+  Open();
+  auto& tabs = *In<QTabWidget>(dialog.tabs);
+  const QString help = tabs.tabToolTip(1);
+  const std::string title = dialog.lists->GetTitle().Utf8();
+  dialog.lists->SetMarking("A row is missing.");
+  ASSERT_EQ(tabs.currentIndex(), 0);
+  EXPECT_FALSE(tabs.tabIcon(1).isNull());
+  EXPECT_TRUE(tabs.tabIcon(0).isNull());
+  EXPECT_TRUE(tabs.tabToolTip(1).contains("A row is missing."));
+  EXPECT_EQ(SpokenTab(tabs, 1), title + ": A row is missing.");
+  EXPECT_FALSE(MarkOverlay::IsShownOn(*tabs.widget(1))) << "the tab tells; a frame would cross the page";
+  dialog.lists->SetMarking("");
+  EXPECT_TRUE(tabs.tabIcon(1).isNull());
+  EXPECT_EQ(tabs.tabToolTip(1), help);
+  EXPECT_EQ(SpokenTab(tabs, 1), title);
+}
+
+TEST_F(QtBackendTest, ShowsTheDensityOfAMaterialThatIsBrowsedAsOneThatCanOnlyBeRead) {
+  auto* density = dialog.inputs->Add<KorDlgEditor>("MatStatDensityEditor");
+  density->SetText("7850 kg/m³");
+  Open();
+  auto* line = In<QLineEdit>(density);
+  EXPECT_TRUE(line->isReadOnly());
+  EXPECT_TRUE(line->isEnabled()) << "it can be selected and copied";
+  line->setFocus();
+  QTest::keyClicks(line, "1");
+  EXPECT_EQ(line->text(), "7850 kg/m³");
+  EXPECT_FALSE(In<QLineEdit>(dialog.nameEditor)->isReadOnly());
 }
 
 TEST(DialogStyles, GiveTheWindowTheButtonsOfTheFramework) {

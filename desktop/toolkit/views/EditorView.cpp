@@ -12,6 +12,15 @@ namespace {
 constexpr int kLeastCharacters = 12;
 constexpr int kFrame = 10;  ///< device-independent pixels that border and padding take
 
+/// Editors that their panel fills and never reads, although their style lets one type: the density beside the
+/// material that "MatStatNameSpinner" browses. The panel makes them so; a text typed there would go without a
+/// word at the next arrow, so that Qt shows them like those that can only be read.
+constexpr const char* kNeverRead[] = {"MatStatDensityEditor"};
+
+bool IsOnlyShown(const KorDlgEditor& editor) {
+  return editor.IsReadOnly() || std::ranges::find(kNeverRead, editor.Name()) != std::end(kNeverRead);
+}
+
 /// Whether a text is a number, with or without the symbol of a unit or "%" behind it.
 bool IsQuantity(const QString& text) {
   static const QRegularExpression quantity(R"(^[-+]?\d[\d.,]*([eE][-+]?\d+)?( \S+|%)?$)");
@@ -21,7 +30,7 @@ bool IsQuantity(const QString& text) {
 
 EditorView::EditorView(QtBackend& backend, KorDlgObject& model, QWidget* parent)
     : QtViewOf(backend, model, new QLineEdit(parent)) {
-  Qt()->setReadOnly(Model().IsReadOnly());
+  Qt()->setReadOnly(IsOnlyShown(Model()));
   if (model.Style() & KorDlgStyle::kNumberEditor) Qt()->setInputMethodHints(Qt::ImhFormattedNumbersOnly);
   Align();
   QObject::connect(Qt(), &QLineEdit::editingFinished, this, [this] { CommitEdit(); });

@@ -3,6 +3,7 @@
 #include <QSignalBlocker>
 #include <QTabBar>
 
+#include "desktop/toolkit/MarkIcon.h"
 #include "desktop/toolkit/QtBackend.h"
 #include "desktop/toolkit/QtText.h"
 
@@ -43,12 +44,23 @@ void TabContainerView::ShowTab(KorDlgTabPage& page) {
   const int tab = view ? Qt()->indexOf(view->Qt()) : -1;
   if (tab < 0) return;
   const bool front = Model().GetPage(Model().GetSelectedPage()) == &page;
-  Qt()->setTabText(tab, Literal(page.GetTitle()));
-  Qt()->setTabToolTip(tab, ToQt(page.GetShortHelp()));
+  ShowTexts(tab, page);
   Qt()->setTabVisible(tab, page.IsShown() || front);
   Qt()->setTabEnabled(tab, page.IsEnabled() || front);
   view->Qt()->setEnabled(page.IsEnabled());
   if (front && Qt()->currentIndex() != tab) Qt()->setCurrentIndex(tab);
+}
+
+void TabContainerView::ShowTexts(int tab, const KorDlgTabPage& page) {
+  const QString marking = ToQt(page.GetMarking());
+  Qt()->setTabText(tab, Literal(page.GetTitle()));
+  QStringList lines{marking, ToQt(page.GetShortHelp())};
+  lines.removeAll(QString());
+  Qt()->setTabToolTip(tab, AsWrappedTip(lines));
+  Qt()->tabBar()->setAccessibleTabName(
+      tab, marking.isEmpty() ? QString() : ToQt(page.GetTitle()) + ": " + marking);
+  if (marking.isEmpty() != Qt()->tabIcon(tab).isNull())
+    Qt()->setTabIcon(tab, marking.isEmpty() ? QIcon() : MarkIcon(Qt()->iconSize().height()));
 }
 
 }  // namespace desktop

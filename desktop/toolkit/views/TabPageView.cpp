@@ -10,8 +10,7 @@ TabPageView::TabPageView(QtBackend& backend, KorDlgObject& model, QWidget* paren
   if (QtView* container = backend.ParentView(model)) container->Place(*this);
 }
 
-void TabPageView::Show(KorDlgProperty property) {
-  if (property == KorDlgProperty::Marking) return QtView::Show(property);
+void TabPageView::Show(KorDlgProperty) {
   if (auto* container = dynamic_cast<TabContainerView*>(Backend().ParentView(Model())))
     container->ShowPages();
 }

@@ -6,7 +6,7 @@
 
 namespace desktop {
 
-/// The content of a page. What its tab shows belongs to the container's view.
+/// The content of a page. What its tab shows, a mark included, belongs to the container's view.
 class TabPageView : public QtViewOf<KorDlgTabPage, QWidget> {
  public:
   TabPageView(QtBackend& backend, KorDlgObject& model, QWidget* parent);

@@ -170,6 +170,8 @@ TEST_F(PartPanelMarksTest, AMarkOfAPropertyGoesWhenAnotherPropertyIsShown) {
 TEST_F(PartPanelMarksTest, AMarkGoesWithEditMode) {
   Edit();
   Type(kCGx, "about 3");
+  constexpr int kSaveAllTheSame = 0;
+  boxes.answers = {kSaveAllTheSame};
   Save();
   EXPECT_FALSE(IsEditing());
   EXPECT_EQ(MarkOf(kCGx), "");

@@ -117,7 +117,35 @@ TEST_P(DeadServerTest, LeavesThePanelUsableAndTheNextSaveStoresWhatWasTyped) {
 }
 
 INSTANTIATE_TEST_SUITE_P(LastWords, DeadServerTest,
-                         testing::Values("", "LumiraError: the server does not answer"));
+                         testing::Values("", "LumiraError: the server does not answer",
+                                         "SaveReply/1|bedplate|8",         // cut short
+                                         "ComputeReply/1|bedplate|end",    // of another form
+                                         "SaveReply/1|generator|8|end"));  // about another part
+
+class LostAnswerTest : public SavingTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(LostAnswerTest, KeepsTheValuesAtRiskUntilAnAnswerCanBeRead) {
+  KorPdmTransport* real = KorPdmClient::GetTransport();
+  {
+    ScriptedTransport server;
+    server.answer = [real](const std::string& command, const std::string& request) {
+      return command == "WBSaveNymValues" ? std::string(GetParam()) : real->Run(command, request);
+    };
+    EditMass("43000");
+    Save();
+  }
+  EXPECT_NE(OnlyMessage().find("could not be read"), std::string::npos) << OnlyMessage();
+  boxes.answers = {kKeep};
+  Select({"nacelle.1", "Above_yaw.1", "generator.1"});
+  RunPendingEvents();
+  EXPECT_EQ(boxes.Questions().size(), 1u);
+  EXPECT_EQ(CurrentInstance(), "bedplate.1");
+  EXPECT_EQ(TextOf(kMass), "43000 kg");
+}
+
+INSTANTIATE_TEST_SUITE_P(Answers, LostAnswerTest,
+                         testing::Values("", "SaveReply/1|bedplate|8", "ComputeReply/1|bedplate|end",
+                                         "SaveReply/1|generator|8|end"));
 
 TEST_F(SavingTest, WhatIsSavedIsSavedInTheNameOfTheUser) {
   EditMass("43000");

@@ -32,6 +32,25 @@ TEST_F(PushButton, PressSendsOneNotification) {
   EXPECT_THAT(dialog.Heard(), ElementsAre("ApplyButton PushActivate"));
 }
 
+TEST_F(PushButton, APressThatItsGuardRefusesSendsNothing) {
+  bool allows = false;
+  dialog.applyButton->SetGuard([&] { return allows; });
+  EXPECT_FALSE(dialog.applyButton->Press());
+  EXPECT_THAT(dialog.Heard(), IsEmpty());
+  allows = true;
+  EXPECT_TRUE(dialog.applyButton->Press());
+  EXPECT_THAT(dialog.Heard(), ElementsAre("ApplyButton PushActivate"));
+}
+
+TEST_F(PushButton, AGuardIsNotAskedWhenTheButtonCannotBePressed) {
+  int asked = 0;
+  dialog.applyButton->SetGuard([&] { return ++asked > 0; });
+  dialog.applyButton->SetSensitivity(KorSensitivity::Disabled);
+  KorDlgObject::SetUnreachableObserver(nullptr);  // the press is meant to come to nothing
+  EXPECT_FALSE(dialog.applyButton->Press());
+  EXPECT_EQ(asked, 0);
+}
+
 TEST_F(RadioButton, StartsUnchecked) {
   auto* radio = dialog.sides->Add<KorDlgRadioButton>("MiddleRadio");
   EXPECT_FALSE(radio->IsChecked());

@@ -1,0 +1,135 @@
+#include "desktop/app/PartPanelEditors.h"
+
+#include <cmath>
+
+#include "desktop/app/Quantities.h"
+#include "desktop/app/ReadableTexts.h"
+#include "desktop/app/Texts.h"
+#include "framework/dialog/KorDlgCheckButton.h"
+#include "framework/dialog/KorDlgDialog.h"
+#include "services/KorWBServices.h"
+
+namespace desktop {
+namespace {
+
+constexpr const char* kValueType = "TabContainer001.TabPage005.Frame252.PrecisionValueFrame.ValueTypeCombo";
+constexpr const char* kStandardPart = "Frame250.StdPartFrame.StdPartCheckButton";
+
+constexpr ReadEditor kReadEditors[] = {
+    {kMassEditorPath, EditorContent::Expression, "MASS"},
+    {"TabContainer001.TabPage003.Frame113.MTCGFrame.MTCGxEditor", EditorContent::Quantity, "LENGTH"},
+    {"TabContainer001.TabPage003.Frame113.MTCGFrame.MTCGyEditor", EditorContent::Quantity, "LENGTH"},
+    {"TabContainer001.TabPage003.Frame113.MTCGFrame.MTCGzEditor", EditorContent::Quantity, "LENGTH"},
+    {"TabContainer001.TabPage003.Frame113.MTMomentOfInertia.MTIxxEditor", EditorContent::Quantity,
+     "INERTIAMOMENT"},
+    {"TabContainer001.TabPage003.Frame113.MTMomentOfInertia.MTIyyEditor", EditorContent::Quantity,
+     "INERTIAMOMENT"},
+    {"TabContainer001.TabPage003.Frame113.MTMomentOfInertia.MTIzzEditor", EditorContent::Quantity,
+     "INERTIAMOMENT"},
+    {"TabContainer001.TabPage003.Frame113.MTProductOfInertia.MTIxyEditor", EditorContent::Quantity,
+     "INERTIAMOMENT"},
+    {"TabContainer001.TabPage003.Frame113.MTProductOfInertia.MTIxzEditor", EditorContent::Quantity,
+     "INERTIAMOMENT"},
+    {"TabContainer001.TabPage003.Frame113.MTProductOfInertia.MTIyzEditor", EditorContent::Quantity,
+     "INERTIAMOMENT"},
+    {"TabContainer001.TabPage004.MaterialAndDensityFrame.DensityEditor", EditorContent::OptionalQuantity,
+     "DENSITY"},
+    {"TabContainer001.TabPage005.Frame252.PrecisionValueFrame.UpperValueEditor", EditorContent::Bound,
+     "MASS"},
+    {"TabContainer001.TabPage005.Frame252.PrecisionValueFrame.LowerValueEditor", EditorContent::Bound,
+     "MASS"},
+    {kPropertyValuePath, EditorContent::Property},
+};
+
+bool IsRelative(KorDlgDialog& panel) { return panel.Find<KorDlgCombo>(kValueType).GetSelect() == 0; }
+
+const KorUnicodeString& TextOf(KorDlgDialog& panel, const char* path) {
+  return panel.Find<KorDlgEditor>(path).GetText();
+}
+
+QString StoredAs(const QString& value) { return Text("Unread.StoredAs", {value}); }
+
+/// The number that opens a text, in the storage unit of a magnitude: what stands behind it is passed over.
+/// Nothing for one that has no place there.
+std::optional<double> OpeningNumber(const KorUnicodeString& text, const char* magnitude) {
+  double typed = 0;
+  if (text.ConvertToNum(&typed, "%le") == 0) return std::nullopt;
+  const double stored = KorWBServices::RestoreValue(typed, magnitude);
+  return std::isfinite(stored) ? std::optional(stored) : std::nullopt;
+}
+
+QString StoredOf(const KorUnicodeString& text, const char* magnitude, const QString& ofNoNumber) {
+  const auto number = OpeningNumber(text, magnitude);
+  return number ? StoredAs(ShowQuantity(magnitude, *number)) : ofNoNumber;
+}
+
+/// A mass that is no number keeps its whole mass type as it was; a standard part has no other values.
+QString StoredOfQuantity(KorDlgDialog& panel, const KorUnicodeString& text, const char* magnitude) {
+  if (panel.Find<KorDlgCheckButton>(kStandardPart).IsChecked()) return Text("Unread.StandardPart");
+  if (!OpeningNumber(TextOf(panel, kMassEditorPath), "MASS")) return Text("Unread.NoMass");
+  return StoredOf(text, magnitude, StoredAs(ShowQuantity(magnitude, 0)));
+}
+
+QString StoredOfPercent(const KorUnicodeString& text) {
+  double percent = 0;
+  text.ConvertToNum(&percent, "%le");
+  return StoredAs(QString::number(percent) + "%");
+}
+
+/// Properties go to the server as they were typed, but for a magnitude that a number opens.
+QString StoredOfProperty(const LumWBAllDataBuffer& buffer, int index, const KorUnicodeString& text) {
+  double number = 0;
+  if (!buffer.GetIsMagnitude(index) || text.ConvertToNum(&number, "%le") == 0) return Text("Unread.Refused");
+  return StoredOf(text, buffer.GetPropMagnitudeType(index).ConvertToChar(), Text("Unread.Kept"));
+}
+
+}  // namespace
+
+std::span<const ReadEditor> ReadEditors() { return kReadEditors; }
+
+QString ProblemOf(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, const ReadEditor& editor) {
+  const KorUnicodeString& text = TextOf(panel, editor.path);
+  switch (editor.content) {
+    case EditorContent::Expression:
+      return FindExpressionProblem(text, editor.magnitude);
+    case EditorContent::OptionalQuantity:
+      return text.Strip().IsEmpty() ? QString() : FindQuantityProblem(text, editor.magnitude);
+    case EditorContent::Quantity:
+      return FindQuantityProblem(text, editor.magnitude);
+    case EditorContent::Bound:
+      return IsRelative(panel) ? FindPercentProblem(text) : FindQuantityProblem(text, editor.magnitude);
+    case EditorContent::Property:
+      break;
+  }
+  return FindPropertyProblem(buffer, ShownProperty(panel), text);
+}
+
+QString StoredInstead(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, const ReadEditor& editor) {
+  const KorUnicodeString& text = TextOf(panel, editor.path);
+  switch (editor.content) {
+    case EditorContent::Expression:
+      return StoredOf(text, editor.magnitude, Text("Unread.NoMass"));
+    case EditorContent::OptionalQuantity:
+      return StoredOf(text, editor.magnitude, Text("Unread.NoDensity"));
+    case EditorContent::Quantity:
+      return StoredOfQuantity(panel, text, editor.magnitude);
+    case EditorContent::Bound:
+      if (IsRelative(panel)) return StoredOfPercent(text);
+      return StoredOf(text, editor.magnitude, StoredAs(ShowQuantity(editor.magnitude, 0)));
+    case EditorContent::Property:
+      break;
+  }
+  return StoredOfProperty(buffer, ShownProperty(panel), text);
+}
+
+int ShownProperty(KorDlgDialog& panel) { return panel.Find<KorDlgCombo>(kPropertyNamePath).GetSelect() + 1; }
+
+/// Of a magnitude the buffer holds the number in the storage unit, or a text that no number opened.
+QString ProblemOfStoredProperty(const LumWBAllDataBuffer& buffer, int index) {
+  const KorUnicodeString text = buffer.GetPropertyValue(index);
+  double number = 0;
+  if (buffer.GetIsMagnitude(index) && text.ConvertToNum(&number, "%le") != 0) return {};
+  return FindPropertyProblem(buffer, index, text);
+}
+
+}  // namespace desktop

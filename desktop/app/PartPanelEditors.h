@@ -1,0 +1,46 @@
+#pragma once
+
+#include <optional>
+#include <span>
+
+#include "framework/dialog/KorDlgCombo.h"
+#include "framework/dialog/KorDlgEditor.h"
+#include "services/LumWBAllDataBuffer.h"
+
+/// The editors of the part panel whose text stands for more than itself, and how the panel reads each.
+namespace desktop {
+
+enum class EditorContent {
+  Expression,  ///< a quantity, or a sum that becomes one
+  Quantity,
+  OptionalQuantity,  ///< nothing typed means that the part has no such value
+  Bound,             ///< in percent or as a mass, as "ValueTypeCombo" says
+  Property,          ///< as the type of the property says
+};
+
+struct ReadEditor {
+  const char* path;
+  EditorContent content;
+  const char* magnitude = "";
+};
+
+/// All of them, in the order of the pages. The property's is there only for a part with properties.
+std::span<const ReadEditor> ReadEditors();
+
+inline constexpr const char* kMassEditorPath = "TabContainer001.TabPage003.Frame107.Frame231.MTMassEditor";
+inline constexpr const char* kPropertyNamePath =
+    "TabContainer001.TabPageAdditional.ExtraPropertiesFrame.PropertyNameCombo";
+inline constexpr const char* kPropertyValuePath =
+    "TabContainer001.TabPageAdditional.ExtraPropertiesFrame.PropertyValueEditor";
+
+/// What is the matter with the text of an editor, for the user; empty: nothing is.
+QString ProblemOf(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, const ReadEditor& editor);
+/// What a save stores of a text with a problem, for the user.
+QString StoredInstead(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, const ReadEditor& editor);
+
+/// Index of the property shown, from 1 as in the buffer.
+int ShownProperty(KorDlgDialog& panel);
+/// The same for a property that is not shown, whose text is in the buffer already.
+QString ProblemOfStoredProperty(const LumWBAllDataBuffer& buffer, int index);
+
+}  // namespace desktop
