@@ -40,10 +40,14 @@ bool IsOfType(const MassType& sent, const MassType& told) {
          sent.massTypeUpperPrecision == told.massTypeUpperPrecision;
 }
 
-bool IsAsTold(const MassType& sent, const MassType& told) {
-  return IsOfType(sent, told) && sent.status == told.status && sent.mass == told.mass && sent.cg == told.cg &&
-         sent.inertia == told.inertia && sent.lowerDeviation == told.lowerDeviation &&
+bool HasDeviationsAsTold(const MassType& sent, const MassType& told) {
+  return IsOfType(sent, told) && sent.lowerDeviation == told.lowerDeviation &&
          sent.upperDeviation == told.upperDeviation;
+}
+
+bool IsAsTold(const MassType& sent, const MassType& told) {
+  return HasDeviationsAsTold(sent, told) && sent.status == told.status && sent.mass == told.mass &&
+         sent.cg == told.cg && sent.inertia == told.inertia;
 }
 
 using Match = bool (*)(const MassType& sent, const MassType& told);
@@ -58,10 +62,9 @@ bool Fits(const PartData& request, const std::vector<MassType>& told, Match matc
          });
 }
 
-std::optional<Origin> FindOriginIn(const PartData& request, Candidates candidates) {
-  for (const Match match : {IsAsTold, IsOfType})
-    for (Origin& origin : candidates)
-      if (Fits(request, ToWire(origin.massTypes, origin.precisions), match)) return std::move(origin);
+std::optional<Origin> FindOriginIn(const Candidates& candidates, const PartData& request, Match match) {
+  for (const Origin& origin : candidates)
+    if (Fits(request, ToWire(origin.massTypes, origin.precisions), match)) return origin;
   return std::nullopt;
 }
 
@@ -160,15 +163,31 @@ StoredPart WithMassTypesOf(const Origin& origin, StoredPart part) {
   return part;
 }
 
-// In the order of what it costs to look; that a revision is chosen goes before the part that has as many.
+// With a revision that has just been chosen, or with the part, whose other revisions need not be looked at
+// unless the request has other deviations.
+std::optional<Origin> FindNear(const Candidates& chosen, const Candidates& part, const PartData& request) {
+  if (auto origin = FindOriginIn(chosen, request, IsAsTold)) return origin;
+  if (auto origin = FindOriginIn(part, request, IsAsTold)) return origin;
+  if (auto origin = FindOriginIn(chosen, request, IsOfType)) return origin;
+  return FindOriginIn(part, request, HasDeviationsAsTold);
+}
+
+// A revision that has all values as they were told goes before the part, whose deviations would be others.
+std::optional<Origin> FindFar(const Candidates& part, const Candidates& others, const PartData& request) {
+  if (auto origin = FindOriginIn(others, request, IsAsTold)) return origin;
+  if (auto origin = FindOriginIn(part, request, IsOfType)) return origin;
+  return FindOriginIn(others, request, IsOfType);
+}
+
+// In the order of what it costs to look.
 Result<std::optional<Origin>> FindOrigin(Store& store, const StoredPart& stored, const PartData& request) {
-  auto near = RevisionsOf(store, stored, request, Revisions::NewlyChosen);
-  if (!near) return near.Failure();
-  near.Value().push_back({stored.part.massTypes, stored.details.precisions});
-  if (auto origin = FindOriginIn(request, std::move(near).Value())) return origin;
-  auto others = RevisionsOf(store, stored, request, Revisions::Others);
+  const Candidates part = {{stored.part.massTypes, stored.details.precisions}};
+  const auto chosen = RevisionsOf(store, stored, request, Revisions::NewlyChosen);
+  if (!chosen) return chosen.Failure();
+  if (auto origin = FindNear(chosen.Value(), part, request)) return origin;
+  const auto others = RevisionsOf(store, stored, request, Revisions::Others);
   if (!others) return others.Failure();
-  if (auto origin = FindOriginIn(request, std::move(others).Value())) return origin;
+  if (auto origin = FindFar(part, others.Value(), request)) return origin;
   return HistorySearch(store, stored.part, request).Run();
 }
 
