@@ -6,6 +6,7 @@
 #include "lumira/commands/SaveRules.h"
 #include "lumira/commands/SavedValues.h"
 #include "lumira/commands/UtcTime.h"
+#include "lumira/store/MassTypesKey.h"
 #include "protocol/Codec.h"
 #include "protocol/Limits.h"
 #include "protocol/Utf8.h"
@@ -39,12 +40,15 @@ Result<void> CheckSize(const std::string& part, std::size_t bytes) {
 
 // Writes what is new; a save that changes nothing leaves no trace.
 Result<std::string> Write(Session& session, const StoredPart& stored, StoredPart saved) {
-  PartSaving saving{.saved = std::move(saved),
-                    .by = {session.user, UtcTime()},
-                    .before = ToHistoryText(SavedValuesOf(stored.part, stored.details)),
-                    .after = {}};
+  const PartData before = SavedValuesOf(stored.part, stored.details);
+  const PartData after = SavedValuesOf(saved.part, saved.details);
+  const PartSaving saving{.saved = std::move(saved),
+                          .by = {session.user, UtcTime()},
+                          .before = ToHistoryText(before),
+                          .after = ToHistoryText(after),
+                          .massTypesBefore = MassTypesKey(before),
+                          .massTypesAfter = MassTypesKey(after)};
   const Part& part = saving.saved.part;
-  saving.after = ToHistoryText(SavedValuesOf(part, saving.saved.details));
   if (saving.before == saving.after) return ReplyFor(part.id, stored.state);
   if (auto good = CheckSize(part.id, saving.after.size()); !good) return good.Failure();
   const auto state = session.store.SavePart(saving);

@@ -1,7 +1,6 @@
 #include "lumira/commands/SaveOrigin.h"
 
 #include <algorithm>
-#include <limits>
 #include <optional>
 #include <string>
 #include <utility>
@@ -11,6 +10,7 @@
 #include "lumira/commands/SavedValues.h"
 #include "lumira/commands/UserMassTypes.h"
 #include "lumira/store/ActiveDocument.h"
+#include "lumira/store/MassTypesKey.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
@@ -108,49 +108,19 @@ Origin OriginOf(const PartData& values, const Part& part) {
   return origin;
 }
 
-// Looks through the states of a part, the latest first, for the mass types of a request.
-class HistorySearch {
- public:
-  HistorySearch(Store& store, const Part& part, const PartData& request)
-      : _store(store), _part(part), _request(request) {}
-
-  Result<std::optional<Origin>> Run() {
-    const auto history = _store.LoadHistory(_part.id, 0, std::numeric_limits<std::int64_t>::max());
-    if (!history) return history.Failure();
-    for (const HistoryRecord& record : history.Value().records) {
-      auto found = LookInto(record.number);
-      if (!found || found.Value()) return found;
-    }
-    return std::optional<Origin>();
-  }
-
- private:
-  Result<std::optional<Origin>> LookInto(std::int64_t number) {
-    auto texts = _store.LoadHistoryTexts(_part.id, number);
-    if (!texts) return texts.Failure();
-    for (std::string* text : {&texts.Value().after, &texts.Value().before}) {
-      if (*text == _last) continue;  // one save stands on the state that another one led to
-      _last = std::move(*text);
-      auto found = LookAt(_last);
-      if (!found || found.Value()) return found;
-    }
-    return std::optional<Origin>();
-  }
-
-  Result<std::optional<Origin>> LookAt(const std::string& text) {
-    const auto values = FromHistoryText(text);
-    if (!values)
-      return _store.Damage("the history of part " + Quoted(_part.id) + ": " + values.Failure().message);
-    const auto& types = values.Value().massTypes;
-    if (!Fits(_request, {types.begin() + 1, types.end()}, IsOfType)) return std::optional<Origin>();
-    return std::optional(OriginOf(values.Value(), _part));
-  }
-
-  Store& _store;
-  const Part& _part;
-  const PartData& _request;
-  std::string _last;
-};
+// The latest of the states of a part that had the mass types of a request.
+Result<std::optional<Origin>> FindInHistory(Store& store, const Part& part, const PartData& request) {
+  const auto text = store.FindTextWithMassTypes(part.id, MassTypesKey(request));
+  if (!text) return text.Failure();
+  if (!text.Value()) return std::optional<Origin>();
+  const auto values = FromHistoryText(*text.Value());
+  if (!values)
+    return store.Damage("the history of part " + Quoted(part.id) + ": " + values.Failure().message);
+  const auto& types = values.Value().massTypes;
+  // Different mass types may have the same key, though hardly ever.
+  if (!Fits(request, {types.begin() + 1, types.end()}, IsOfType)) return std::optional<Origin>();
+  return std::optional(OriginOf(values.Value(), part));
+}
 
 // The precision of the computed mass type belongs to the part, whatever the others are.
 StoredPart WithMassTypesOf(const Origin& origin, StoredPart part) {
@@ -188,7 +158,7 @@ Result<std::optional<Origin>> FindOrigin(Store& store, const StoredPart& stored,
   const auto others = RevisionsOf(store, stored, request, Revisions::Others);
   if (!others) return others.Failure();
   if (auto origin = FindFar(part, others.Value(), request)) return origin;
-  return HistorySearch(store, stored.part, request).Run();
+  return FindInHistory(store, stored.part, request);
 }
 
 }  // namespace

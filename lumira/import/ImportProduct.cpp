@@ -268,10 +268,11 @@ class Assembly {
   Result<void> NameTakenDocuments(Store& store) {
     for (const DocumentOfPart& document : _documents.documents) {
       const std::string& id = document.content.details.documentId;
-      const auto owner = store.PartOfDocument(id);
-      if (!owner && owner.Failure().kind != ErrorKind::NotFound) return owner.Failure();
-      if (owner && owner.Value().product != _product.id)
-        _log.Error(document.document, DocumentTaken(id, owner.Value()), ErrorKind::Conflict);
+      const auto owners = store.PartsOfDocument(id);
+      if (!owners) return owners.Failure();
+      for (const PartOwner& owner : owners.Value())
+        if (owner.product != _product.id)
+          _log.Error(document.document, DocumentTaken(id, owner), ErrorKind::Conflict);
     }
     return {};
   }

@@ -43,12 +43,7 @@ Result<PartDetails> SqliteStore::LoadDetails(std::string_view partId) {
 }
 
 PartDetails SqliteStore::DetailsAt(std::int64_t partKey) {
-  PartDetails details;
-  SQLite::Statement query(_db, SelectSql<PartDetails>("part", "part_details", "WHERE part = ?"));
-  query.bind(1, partKey);
-  if (query.executeStep()) details = ReadRow<PartDetails>(query, 1);
-  details.precisions = ReadRows<Precision>(_db, "precisions", partKey);
-  details.documents.revisions = ReadDocumentRevisions(_db, partKey);
+  PartDetails details = ReadDetails(_db, partKey);
   details.documents = WithActiveDocument(details);
   details.properties = ReadProperties(_db, ProductOf(partKey), partKey);
   return details;

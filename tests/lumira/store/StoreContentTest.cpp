@@ -112,13 +112,13 @@ TEST_P(StoreContent, RefusesToSaveValuesThatDoNotFitTheirProperty) {
 
 TEST_P(StoreContent, KnowsThePartOfADocument) {
   ASSERT_TRUE(Add(SampleContent()).Ok());
-  const auto owner = Reopened().PartOfDocument("D-1");
-  ASSERT_TRUE(owner.Ok());
-  EXPECT_EQ(owner.Value().part, "leaf");
-  EXPECT_EQ(owner.Value().product, "PRC");
-  EXPECT_EQ(store->PartOfDocument("D-2").Failure().kind, ErrorKind::NotFound);
-  EXPECT_EQ(store->PartOfDocument("D-2").Failure().message, "there is no document \"D-2\"");
-  EXPECT_EQ(store->PartOfDocument("").Failure().kind, ErrorKind::NotFound) << "parts without a document";
+  const auto owners = Reopened().PartsOfDocument("D-1");
+  ASSERT_TRUE(owners.Ok());
+  ASSERT_EQ(owners.Value().size(), 1u);
+  EXPECT_EQ(owners.Value()[0].part, "leaf");
+  EXPECT_EQ(owners.Value()[0].product, "PRC");
+  EXPECT_TRUE(store->PartsOfDocument("D-2").Value().empty());
+  EXPECT_TRUE(store->PartsOfDocument("").Value().empty()) << "parts without a document";
 }
 
 TEST_P(StoreContent, RefusesADocumentOfAnotherPart) {
@@ -173,7 +173,7 @@ TEST_P(StoreContent, ReplacesTheContentWithTheProduct) {
       << "its own document does not stand in its way";
   ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Replace).Ok());
   EXPECT_TRUE(store->LoadProperties("PRC").Value().empty());
-  EXPECT_FALSE(store->PartOfDocument("D-1").Ok());
+  EXPECT_TRUE(store->PartsOfDocument("D-1").Value().empty());
   EXPECT_FALSE(store->LoadRevision("leaf", "B").Ok());
   EXPECT_TRUE(store->LoadDetails("leaf").Value().properties.empty());
 }
