@@ -2,7 +2,6 @@
 #include <string>
 
 #include "lumira/commands/Commands.h"
-#include "lumira/commands/ComputedMassType.h"
 #include "lumira/commands/PartDataOf.h"
 #include "lumira/commands/UserMassTypes.h"
 #include "protocol/Codec.h"
@@ -44,16 +43,8 @@ Result<std::string> OwnerOf(Store& store, const std::string& documentId) {
   return owners.Value().front().part;
 }
 
-// What is stored is the result of the whole product, and would be taken for that under the filter under which
-// the client looks at the part; the request has no room for it.
-void LeaveOutResultUnderAFilter(const Session& session, PartData& part) {
-  if (!session.filtered.contains(part.partId)) return;
-  part.massTypes.front() = {};
-  part.massTypes.front().name = std::string(kComputedMassType);
-  part.computed = false;
-}
-
-// The computed mass type is that of the part as it stands: results do not belong to a revision.
+// The computed mass type is that of the part as it stands: results do not belong to a revision. The request
+// has no room for a filter, so that they are those of the whole product, as the filter of the reply says.
 void TakeRevision(PartData& part, const RevisionData& revision) {
   part.massTypes.resize(1);
   for (protocol::MassType& type : ToWire(revision.massTypes, revision.precisions))
@@ -81,7 +72,6 @@ Result<std::string> GetActiveDocument(Session& session, std::string_view text) {
   const auto data = session.store.LoadRevision(owner.Value(), revision);
   if (!data) return data.Failure();
   TakeRevision(part.Value(), data.Value());
-  LeaveOutResultUnderAFilter(session, part.Value());
   return protocol::WritePartData(part.Value());
 }
 
