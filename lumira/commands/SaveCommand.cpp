@@ -7,8 +7,8 @@
 #include "lumira/commands/SavedValues.h"
 #include "lumira/commands/UtcTime.h"
 #include "lumira/store/MassTypesKey.h"
+#include "lumira/store/SizeRules.h"
 #include "protocol/Codec.h"
-#include "protocol/Limits.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
@@ -27,15 +27,11 @@ protocol::Error InField(const char* field, protocol::Error error) {
   return error;
 }
 
-// Half of what a text may have; the other half is left for what is told of the part beside it.
-constexpr std::size_t kMaxSavedBytes = protocol::kMaxTextBytes / 2;
-
 Result<void> CheckSize(const std::string& part, std::size_t bytes) {
-  if (bytes <= kMaxSavedBytes) return {};
-  return protocol::Error{ErrorKind::BadValue, "PartData: the values of part " + protocol::Quoted(part) +
-                                                  " would have " + std::to_string(bytes) +
-                                                  " bytes together, at most " +
-                                                  std::to_string(kMaxSavedBytes) + " expected"};
+  const auto problem = FindTooMany(bytes, kMaxValueBytes);
+  if (!problem) return {};
+  return protocol::Error{ErrorKind::BadValue, "PartData: with what is sent the values of part " +
+                                                  protocol::Quoted(part) + " " + *problem};
 }
 
 // Writes what is new; a save that changes nothing leaves no trace.

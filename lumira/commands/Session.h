@@ -14,10 +14,10 @@ struct Session {
   Store& store;
   Progress progress;
   ProductCache products;
-  std::string user;                                  ///< who works in it
-  protocol::PendingWarnings findings;                ///< what there was to say when the session began
-  protocol::PendingWarnings pending = {};            ///< of the last compute, until fetched
-  std::string currentRoot = {};                      ///< product; empty: none
+  std::string user;                        ///< who works in it
+  protocol::PendingWarnings findings;      ///< what there was to say when the session began
+  protocol::PendingWarnings pending = {};  ///< of the last compute, until fetched
+  std::string currentRoot = {};            ///< product; empty: none
 };
 
 }  // namespace lumira

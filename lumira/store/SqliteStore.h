@@ -87,6 +87,7 @@ class SqliteStore final : public Store {
   StoredPart PartAt(std::int64_t partKey);
   PartDetails DetailsAt(std::int64_t partKey);
   void WritePart(std::int64_t partKey, const Part& part);
+  protocol::Result<void> CheckMaterials(std::int64_t partKey, const Part& present, const Part& part);
   protocol::Result<void> WriteDetails(std::int64_t partKey, const PartDetails& details);
   std::int64_t NextPartState();
   void SetPartState(std::int64_t partKey, std::int64_t state);

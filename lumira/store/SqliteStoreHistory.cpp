@@ -77,6 +77,7 @@ Result<SavedState> SqliteStore::SavePart(const PartSaving& saving) {
     state.product = ProductNameOf(key.Value());
     state.productBefore = ProductStateOf(key.Value());
     if (present.part != part) WritePart(key.Value(), part);
+    if (auto good = CheckMaterials(key.Value(), present.part, part); !good) return good;
     if (auto good = WriteDetails(key.Value(), saving.saved.details); !good) return good;
     state.productAfter = ProductStateOf(key.Value());
     state.state = NextPartState();

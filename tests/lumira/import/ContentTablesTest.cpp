@@ -455,20 +455,6 @@ TEST_F(ContentTablesInAStore, AreCheckedByADryRunThatWritesNothing) {
   EXPECT_TRUE(store->Products().Value().empty());
 }
 
-TEST_F(ContentTablesInAStore, AreRefusedWhenThePartCouldNotBeToldAnyMore) {
-  std::string table = "property,type,part,value\n";
-  for (int i = 0; i < 180; ++i)
-    table += "p" + std::to_string(100 + i) + ",text,a," + std::string(65'000, '%') + "\n";
-  for (const ImportMode mode : {ImportMode::Write, ImportMode::DryRun}) {
-    const auto refused = Import({.properties = table}, {.mode = mode});
-    ASSERT_FALSE(refused.Ok());
-    // 180 names of 4 bytes, and 180 * 65,000 characters of three
-    EXPECT_EQ(refused.Failure().message,
-              "part \"a\": its extra properties have 35100720 bytes together, at most 33554432 expected");
-  }
-  EXPECT_TRUE(store->Products().Value().empty());
-}
-
 TEST_F(ContentTablesInAStore, AreRefusedWhereAnotherProductHasTheDocument) {
   ASSERT_TRUE(Import({.documents = kDocument}).Ok());
   const ImportTables other{TableSource{"s.csv", "parent,child\nroof,tile\n"},

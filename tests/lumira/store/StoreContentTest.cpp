@@ -110,6 +110,34 @@ TEST_P(StoreContent, RefusesToSaveValuesThatDoNotFitTheirProperty) {
   EXPECT_EQ(store->LoadDetails("leaf").Value().properties[4].value, "1.5") << "nothing has changed";
 }
 
+// Of each mass type 5 digits and 17 numbers of 25 bytes: 430 bytes.
+TEST_P(StoreContent, RefusesMassTypesThatCouldNotBeTold) {
+  Part part = SampleProduct().parts[1];
+  part.massTypes.clear();
+  for (int i = 0; i < 78'034; ++i)
+    part.massTypes.push_back({std::to_string(10'000 + i), {1.0, {}, {}}, {}, {}});
+  part.activeMassType = kComputedMassType;
+  ASSERT_TRUE(Add(SampleContent()).Ok());
+  const auto refused = store->UpdatePart(part);
+  ASSERT_FALSE(refused.Ok());
+  EXPECT_EQ(refused.Failure().kind, ErrorKind::BadValue);
+  EXPECT_EQ(refused.Failure().message,
+            "part \"leaf\": its mass types have 33554620 bytes together, at most 33554432 expected");
+}
+
+// Of the property 4 bytes of its name, 16 more and 33,554,000 of its value.
+TEST_P(StoreContent, RefusesMassTypesAndPropertiesThatCouldNotBeToldTogether) {
+  PartContent leaf{"leaf", {}, {}};
+  leaf.details.properties = {{"size", std::string(33'554'000, 'x')}};
+  const auto refused = store->AddProduct(SampleProduct(), Existing::Refuse, {}, {}, {{{"size"}}, {leaf}});
+  ASSERT_FALSE(refused.Ok());
+  EXPECT_EQ(refused.Failure().kind, ErrorKind::BadValue);
+  EXPECT_EQ(
+      refused.Failure().message,
+      "part \"leaf\": its mass types and extra properties have 33554886 bytes together, at most 33554432 "
+      "expected");
+}
+
 TEST_P(StoreContent, KnowsThePartOfADocument) {
   ASSERT_TRUE(Add(SampleContent()).Ok());
   const auto owners = Reopened().PartsOfDocument("D-1");
