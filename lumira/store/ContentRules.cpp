@@ -86,7 +86,6 @@ Result<void> CheckRevisions(const PartDetails& details) {
     if (!names.insert(revision.revision).second)
       return bad("revision " + Quoted(revision.revision) + " is there twice");
   }
-  if (const auto problem = FindSizeProblem(details.documents.revisions)) return bad(*problem);
   return {};
 }
 
@@ -126,8 +125,10 @@ Result<void> CheckAllRevisionData(const PartContent& content) {
 }
 
 // All that is told of a part has room beside each other, with the mass types of the part as with those of any
-// revision.
+// revision. Not asked when details are saved: who has had more keeps it.
 Result<void> CheckTogether(const PartContent& content, const Part& part, std::size_t definitionBytes) {
+  if (const auto problem = FindSizeProblem(content.details.documents.revisions))
+    return Bad("document " + Quoted(content.details.documentId) + ": " + *problem);
   std::size_t types = lumira::BytesOf(part.massTypes);
   for (const RevisionData& revision : content.revisions)
     types = std::max(types, lumira::BytesOf(revision.massTypes));

@@ -138,6 +138,22 @@ TEST_P(StoreContent, RefusesMassTypesAndPropertiesThatCouldNotBeToldTogether) {
       "expected");
 }
 
+// Of each revision 3 bytes of its name, 1,000,000 of a user and 41 more.
+TEST_P(StoreContent, RefusesRevisionsThatCouldNotBeToldButKeepsThoseThatAreThere) {
+  PartContent leaf{"leaf", {}, {}};
+  leaf.details.documentId = "D-9";
+  for (int i = 100; i < 109; ++i)
+    leaf.details.documents.revisions.push_back(
+        {std::to_string(i), "", std::string(1'000'000, 'u'), {}, "", 0});
+  const auto refused = store->AddProduct(SampleProduct(), Existing::Refuse, {}, {}, {{}, {leaf}});
+  ASSERT_FALSE(refused.Ok());
+  EXPECT_EQ(refused.Failure().message,
+            "part \"leaf\": document \"D-9\": its revisions have 9000396 bytes together, at most 8388608 "
+            "expected");
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  EXPECT_TRUE(store->SaveDetails("leaf", leaf.details).Ok());
+}
+
 TEST_P(StoreContent, KnowsThePartOfADocument) {
   ASSERT_TRUE(Add(SampleContent()).Ok());
   const auto owners = Reopened().PartsOfDocument("D-1");
