@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "protocol/Numbers.h"
-
 namespace protocol {
 namespace {
 
@@ -64,9 +62,6 @@ FieldWriter::FieldWriter(FormHead head) : _text(head.name) { _text.append("/").a
 void FieldWriter::Raw(std::string_view text) { _text.append("|").append(text); }
 
 void FieldWriter::Field(std::string_view, const std::string& value, TextRule) { Raw(Escape(value)); }
-void FieldWriter::Field(std::string_view, double value) { Raw(FormatNumber(value)); }
-void FieldWriter::Field(std::string_view, int value, IntRange) { Raw(std::to_string(value)); }
-void FieldWriter::Field(std::string_view, bool value) { Raw(value ? "1" : "0"); }
 
 std::string FieldWriter::Finish() {
   Raw(kEndMark);

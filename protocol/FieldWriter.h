@@ -5,35 +5,21 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <vector>
 
 #include "protocol/Constants.h"
 #include "protocol/FieldRules.h"
+#include "protocol/FieldsOfValues.h"
 
 namespace protocol {
 
 /// Writes the fields of a form, separated by "|". Names and rules matter to the reader only.
-class FieldWriter {
+class FieldWriter : public FieldsOfValues<FieldWriter> {
  public:
   explicit FieldWriter(FormHead head);
 
+  using FieldsOfValues::Field;
   void Field(std::string_view name, const std::string& value, TextRule = {});
-  void Field(std::string_view name, double value);
-  void Field(std::string_view name, int value, IntRange range = {});
-  void Field(std::string_view name, bool value);
-
-  template <class E>
-  requires std::is_enum_v<E>
-  void Field(std::string_view name, E value, E /*last*/) { Field(name, static_cast<int>(value)); }
-
-  template <class T>
-  void Field(std::string_view name, const std::optional<T>& value) {
-    if (value)
-      Field(name, *value);
-    else
-      Raw(kNull);
-  }
 
   template <std::size_t N>
   void Field(std::string_view name, const std::array<double, N>& values) {
@@ -57,6 +43,10 @@ class FieldWriter {
   std::string Finish();
 
  private:
+  friend class FieldsOfValues<FieldWriter>;
+
+  void Plain(std::string_view /*name*/, std::string_view text) { Raw(text); }
+  void Absent(std::string_view /*name*/) { Raw(kNull); }
   void Raw(std::string_view text);
 
   std::string _text;

@@ -45,9 +45,10 @@ class KOR_SERVICES_API KorWBAllDataBuffer : public KorBaseUnknown {
   /// text except what stands in no data text: the pre-compute switch and whether a compute makes sense with a
   /// user mass type stay, here as below. With false the text tells of another state of the same part (another
   /// revision of its document): what belongs to the selection stays, that is instance path, configuration
-  /// handler, filter, has-instance flag, inertia mode and placement. E_FAIL, with the buffer as it was and
-  /// the reason in GetLastRefusal, when the text cannot be read, or when `newSelection` is false and it is
-  /// about another part.
+  /// handler, filter, has-instance flag, inertia mode and placement, and when the text is about another
+  /// filter (a revision is told of the whole product) the computed values. E_FAIL, with the buffer as it was
+  /// and the reason in GetLastRefusal, when the text cannot be read, or when `newSelection` is false and it
+  /// is about another part.
   HRESULT SetAllData(const KorUnicodeString& text, bool newSelection);
   /// Takes over what a save answers: the values are stored, and the next save tells of the state that this
   /// one has made. Whether the active document was chosen by hand follows the rules of the server: a save

@@ -26,16 +26,6 @@ std::string OtherPart(std::string_view form, const std::string& found, const std
          " is not the part of this buffer, " + protocol::Quoted(expected);
 }
 
-// What the selection decides and a document revision does not.
-void KeepSelection(const protocol::PartData& present, protocol::PartData& loaded) {
-  loaded.instancePath = present.instancePath;
-  loaded.configurationHandler = present.configurationHandler;
-  loaded.filter = present.filter;
-  loaded.hasInstance = present.hasInstance;
-  loaded.referenceInertiaMode = present.referenceInertiaMode;
-  loaded.placement = present.placement;
-}
-
 // Why a reply that could be read is not for this buffer; empty when it is.
 std::string FindMismatch(const protocol::ComputeReply& reply, const protocol::PartData& present) {
   if (reply.partId != present.partId) return OtherPart("ComputeReply", reply.partId, present.partId);
@@ -76,15 +66,13 @@ HRESULT KorWBAllDataBuffer::SetAllData(const KorUnicodeString& text, bool newSel
   if (!read) return Refuse(read.Failure().message);
   protocol::PartData loaded = std::move(read).Value();
   if (const std::string problem = FindDoubleMassType(loaded); !problem.empty()) return Refuse(problem);
-  if (!newSelection) {
-    const protocol::PartData& present = Data().data;
-    if (loaded.partId != present.partId) return Refuse(OtherPart("PartData", loaded.partId, present.partId));
-    KeepSelection(present, loaded);
-  }
-  if (newSelection)
+  if (newSelection) {
     Data().ReplaceStored(std::move(loaded));
-  else
-    Data().Replace(std::move(loaded));
+  } else {
+    if (loaded.partId != Data().data.partId)
+      return Refuse(OtherPart("PartData", loaded.partId, Data().data.partId));
+    Data().TakeOtherState(std::move(loaded));
+  }
   Data().lastRefusal = {};
   return S_OK;
 }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "protocol/Constants.h"
+#include "protocol/Filter.h"
 #include "protocol/Numbers.h"
 #include "services/KorWBLengths.h"
 
@@ -22,6 +23,29 @@ std::optional<std::array<double, 3>> CgInMillimetres(const protocol::MassType& m
   std::array<double, 3> mm{};
   std::transform(massType.cg->begin(), massType.cg->end(), mm.begin(), KorMillimetresFromMetres);
   return mm;
+}
+
+// What the selection decides and a document revision does not.
+void KeepSelection(const protocol::PartData& present, protocol::PartData& loaded) {
+  loaded.instancePath = present.instancePath;
+  loaded.configurationHandler = present.configurationHandler;
+  loaded.filter = present.filter;
+  loaded.hasInstance = present.hasInstance;
+  loaded.referenceInertiaMode = present.referenceInertiaMode;
+  loaded.placement = present.placement;
+}
+
+bool IsSameFilter(const std::string& a, const std::string& b) {
+  if (a == b) return true;
+  const auto first = protocol::ReadFilter(a), second = protocol::ReadFilter(b);
+  if (!first || !second) return false;
+  return first.Value() == second.Value() || (first.Value().LetsAllPass() && second.Value().LetsAllPass());
+}
+
+protocol::MassType ComputedOf(const protocol::PartData& data) {
+  const auto found = std::ranges::find(data.massTypes, protocol::kComputed, &protocol::MassType::name);
+  if (found != data.massTypes.end()) return *found;
+  return {.name = std::string(protocol::kComputed), .mass = {}, .cg = {}, .inertia = {}};
 }
 
 // People may write a number with blanks around it and a plus before it.
@@ -53,6 +77,15 @@ void KorWBAllDataBuffer::Content::ReplaceStored(protocol::PartData newData) {
   storedDocumentId = newData.documents.activeId;
   storedDocumentVersion = serverDocumentVersion = newData.documents.activeVersion;
   Replace(std::move(newData));
+}
+
+void KorWBAllDataBuffer::Content::TakeOtherState(protocol::PartData newData) {
+  const bool hasOtherFilter = !IsSameFilter(data.filter, newData.filter);
+  const protocol::MassType computed = ComputedOf(data);
+  if (hasOtherFilter) newData.computed = data.computed;
+  KeepSelection(data, newData);
+  Replace(std::move(newData));
+  if (hasOtherFilter) SetComputed(computed);
 }
 
 void KorWBAllDataBuffer::Content::Replace(protocol::PartData newData) {

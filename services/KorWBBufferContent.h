@@ -33,6 +33,11 @@ struct KorWBAllDataBuffer::Content {
   /// millimetres out anew.
   void Replace(protocol::PartData newData);
 
+  /// As `Replace`, but what belongs to the selection stays. What the data tell as computed is about the
+  /// filter that they name: under another one the computed values stay too, since nothing else is known of
+  /// them.
+  void TakeOtherState(protocol::PartData newData);
+
   /// Null when the mass type is not listed.
   protocol::MassType* Find(const KorUnicodeString& massType);
   const protocol::MassType* Find(const KorUnicodeString& massType) const;

@@ -107,7 +107,6 @@ Result<std::string> ComputePart(Session& session, std::string_view text) {
     if (const auto kept = KeepResult(session, *product.Value(), partId, computation.Value()); !kept)
       return kept.Failure();
   LeaveWarnings(session, computation.Value());
-  LookAt(session, partId, filter.Value());
   return protocol::WriteComputeReply(MakeReply(partId, computation.Value().result));
 }
 

@@ -2,7 +2,6 @@
 #include <string>
 
 #include "lumira/commands/Commands.h"
-#include "lumira/commands/ComputedMassType.h"
 #include "lumira/commands/PartDataOf.h"
 #include "lumira/commands/UserMassTypes.h"
 #include "protocol/Codec.h"
@@ -26,16 +25,26 @@ Error NoSuchRevision(const protocol::DocumentRequest& request, const PartData& p
                                    (known.empty() ? "; none is known" : "; those known are " + known)};
 }
 
-// What is stored is the result of the whole product, and would be taken for that under the filter under which
-// the client looks at the part; the request has no room for it.
-void LeaveOutResultUnderAFilter(const Session& session, PartData& part) {
-  if (!session.filtered.contains(part.partId)) return;
-  part.massTypes.front() = {};
-  part.massTypes.front().name = std::string(kComputedMassType);
-  part.computed = false;
+// The request does not say which part is meant, and an older program has let several have the document.
+Error ManyOwners(const std::string& documentId, const std::vector<PartOwner>& owners) {
+  std::string parts;
+  for (const PartOwner& owner : owners)
+    parts += (parts.empty() ? "" : ", ") + Quoted(owner.part) + " of product " + Quoted(owner.product);
+  return {ErrorKind::Conflict, "document " + Quoted(documentId) + " belongs to several parts, " + parts +
+                                   ", so that it does not tell which of them is meant; import their products "
+                                   "anew, with a document of its own for each part"};
 }
 
-// The computed mass type is that of the part as it stands: results do not belong to a revision.
+Result<std::string> OwnerOf(Store& store, const std::string& documentId) {
+  const auto owners = store.PartsOfDocument(documentId);
+  if (!owners) return owners.Failure();
+  if (owners.Value().empty()) return Error{ErrorKind::NotFound, "there is no document " + Quoted(documentId)};
+  if (owners.Value().size() > 1) return ManyOwners(documentId, owners.Value());
+  return owners.Value().front().part;
+}
+
+// The computed mass type is that of the part as it stands: results do not belong to a revision. The request
+// has no room for a filter, so that they are those of the whole product, as the filter of the reply says.
 void TakeRevision(PartData& part, const RevisionData& revision) {
   part.massTypes.resize(1);
   for (protocol::MassType& type : ToWire(revision.massTypes, revision.precisions))
@@ -53,17 +62,16 @@ Result<std::string> GetActiveDocument(Session& session, std::string_view text) {
   const auto request = protocol::ReadDocumentRequest(text);
   if (!request) return request.Failure();
   const auto& [documentId, revision] = request.Value();
-  const auto owner = session.store.PartOfDocument(documentId);
+  const auto owner = OwnerOf(session.store, documentId);
   if (!owner) return owner.Failure();
-  auto part = PartDataOf(session, {.partId = owner.Value().part});
+  auto part = PartDataOf(session, {.partId = owner.Value()});
   if (!part) return part.Failure();
   const auto& listed = part.Value().documents.revisions;
   if (std::ranges::find(listed, revision, &protocol::DocumentRevision::revision) == listed.end())
     return NoSuchRevision(request.Value(), part.Value());
-  const auto data = session.store.LoadRevision(owner.Value().part, revision);
+  const auto data = session.store.LoadRevision(owner.Value(), revision);
   if (!data) return data.Failure();
   TakeRevision(part.Value(), data.Value());
-  LeaveOutResultUnderAFilter(session, part.Value());
   return protocol::WritePartData(part.Value());
 }
 

@@ -4,10 +4,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "protocol/FieldRules.h"
+#include "protocol/FieldsOfValues.h"
 #include "protocol/Numbers.h"
 
 namespace lumira {
@@ -20,7 +21,7 @@ struct FieldText {
 
 /// Collects the fields of a form (protocol/Forms.h) for people: entries of a list are called by their name
 /// when they have one, else by their number from 1; the numbers of a vector or tensor are one text.
-class FieldTexts {
+class FieldTexts : public protocol::FieldsOfValues<FieldTexts> {
  public:
   template <class T>
   static std::vector<FieldText> Of(const T& form) {
@@ -29,22 +30,8 @@ class FieldTexts {
     return std::move(texts._fields);
   }
 
+  using FieldsOfValues::Field;
   void Field(std::string_view name, const std::string& value, protocol::TextRule = {}) { Add(name, value); }
-  void Field(std::string_view name, double value) { Add(name, protocol::FormatNumber(value)); }
-  void Field(std::string_view name, int value, protocol::IntRange = {}) { Add(name, std::to_string(value)); }
-  void Field(std::string_view name, bool value) { Add(name, value ? "1" : "0"); }
-
-  template <class E>
-  requires std::is_enum_v<E>
-  void Field(std::string_view name, E value, E /*last*/) { Field(name, static_cast<int>(value)); }
-
-  template <class T>
-  void Field(std::string_view name, const std::optional<T>& value) {
-    if (value)
-      Field(name, *value);
-    else
-      Add(name, std::nullopt);
-  }
 
   template <std::size_t N>
   void Field(std::string_view name, const std::array<double, N>& values) {
@@ -69,6 +56,11 @@ class FieldTexts {
   }
 
  private:
+  friend class protocol::FieldsOfValues<FieldTexts>;
+
+  void Plain(std::string_view name, std::string text) { Add(name, std::move(text)); }
+  void Absent(std::string_view name) { Add(name, std::nullopt); }
+
   template <class T>
   static std::string NameOf(const T& entry, std::size_t index) {
     if constexpr (requires { entry.name; })

@@ -35,6 +35,7 @@ class Findings {
     LookAtFilters(info.id);
     const auto survey = _store.Survey(info.id);
     if (!survey) return CannotBeRead(survey.Failure());
+    for (const std::string& note : survey.Value().notes) Add(Severity::Warning, _whose + ": " + note + ".");
     if (!survey.Value().hasMassData) Add(Severity::Warning, _whose + " has no mass data at all.");
     if (const auto older = survey.Value().olderResults; older > 0)
       Add(Severity::Warning,

@@ -1,44 +1,16 @@
 #include "lumira/commands/MaterialStatistics.h"
 
-#include <optional>
 #include <ranges>
 #include <set>
-#include <string_view>
-#include <tuple>
+
+#include "lumira/model/StatisticsMaterial.h"
 
 namespace lumira {
-namespace {
-
-constexpr int kDensityKind = 1, kSurfaceMassKind = 2;
-
-struct Material {
-  std::string_view name;
-  double density;  ///< kg/m³, or kg/m² of sheet material
-  int kind;
-
-  friend auto operator<=>(const Material&, const Material&) = default;
-};
-
-// The name that goes with the density that counts.
-std::string_view NameOf(const Part& part) {
-  const bool isCad = part.densityPriority == DensityPriority::CadFirst && part.cadDensity;
-  return isCad || part.material.empty() ? part.cadMaterial : part.material;
-}
-
-std::optional<Material> MaterialOf(const Part& part) {
-  const std::string_view name = NameOf(part);
-  if (name.empty()) return std::nullopt;
-  if (part.surfaceMass) return Material{name, *part.surfaceMass, kSurfaceMassKind};
-  const auto density = EffectiveDensity(part);
-  return density ? std::optional(Material{name, *density, kDensityKind}) : std::nullopt;
-}
-
-}  // namespace
 
 std::vector<protocol::MaterialStatistic> MaterialStatistics(const StructureIndex& structure,
                                                             std::uint32_t part) {
   std::vector<protocol::MaterialStatistic> statistics;
-  std::set<Material> met;
+  std::set<StatisticsMaterial> met;
   std::vector<bool> seen(structure.Data().parts.size());
   std::vector<std::uint32_t> next = {part};
   while (!next.empty()) {

@@ -164,7 +164,6 @@ Result<std::string> GetPartData(Session& session, std::string_view text) {
   if (!request) return request.Failure();
   const auto data = PartDataOf(session, request.Value());
   if (!data) return data.Failure();
-  LookAt(session, data.Value().partId, protocol::ReadFilter(request.Value().filter).Value());
   return protocol::WritePartData(data.Value());
 }
 

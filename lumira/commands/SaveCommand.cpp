@@ -6,8 +6,9 @@
 #include "lumira/commands/SaveRules.h"
 #include "lumira/commands/SavedValues.h"
 #include "lumira/commands/UtcTime.h"
+#include "lumira/store/MassTypesKey.h"
+#include "lumira/store/SizeRules.h"
 #include "protocol/Codec.h"
-#include "protocol/Limits.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
@@ -26,25 +27,24 @@ protocol::Error InField(const char* field, protocol::Error error) {
   return error;
 }
 
-// Half of what a text may have; the other half is left for what is told of the part beside it.
-constexpr std::size_t kMaxSavedBytes = protocol::kMaxTextBytes / 2;
-
 Result<void> CheckSize(const std::string& part, std::size_t bytes) {
-  if (bytes <= kMaxSavedBytes) return {};
-  return protocol::Error{ErrorKind::BadValue, "PartData: the values of part " + protocol::Quoted(part) +
-                                                  " would have " + std::to_string(bytes) +
-                                                  " bytes together, at most " +
-                                                  std::to_string(kMaxSavedBytes) + " expected"};
+  const auto problem = FindTooMany(bytes, kMaxValueBytes);
+  if (!problem) return {};
+  return protocol::Error{ErrorKind::BadValue, "PartData: with what is sent the values of part " +
+                                                  protocol::Quoted(part) + " " + *problem};
 }
 
 // Writes what is new; a save that changes nothing leaves no trace.
 Result<std::string> Write(Session& session, const StoredPart& stored, StoredPart saved) {
-  PartSaving saving{.saved = std::move(saved),
-                    .by = {session.user, UtcTime()},
-                    .before = ToHistoryText(SavedValuesOf(stored.part, stored.details)),
-                    .after = {}};
+  const PartData before = SavedValuesOf(stored.part, stored.details);
+  const PartData after = SavedValuesOf(saved.part, saved.details);
+  const PartSaving saving{.saved = std::move(saved),
+                          .by = {session.user, UtcTime()},
+                          .before = ToHistoryText(before),
+                          .after = ToHistoryText(after),
+                          .massTypesBefore = MassTypesKey(before),
+                          .massTypesAfter = MassTypesKey(after)};
   const Part& part = saving.saved.part;
-  saving.after = ToHistoryText(SavedValuesOf(part, saving.saved.details));
   if (saving.before == saving.after) return ReplyFor(part.id, stored.state);
   if (auto good = CheckSize(part.id, saving.after.size()); !good) return good.Failure();
   const auto state = session.store.SavePart(saving);

@@ -39,20 +39,16 @@ struct Changers {
 
 // Each record of a history stands on the state that the one before it led to, but for changes without a name.
 Result<Changers> ChangersOf(Store& store, const StoredPart& stored, std::int64_t since) {
+  // States are numbered, so that there are not more records than that.
+  const auto page = store.LoadHistory(stored.part.id, 0, stored.state - since);
+  if (!page) return page.Failure();
   Changers changers;
   std::int64_t state = stored.state;
-  for (std::int64_t before = 0; state > since;) {
-    const auto page = store.LoadHistory(stored.part.id, before, protocol::kMaxHistoryEntries);
-    if (!page) return page.Failure();
-    for (const HistoryRecord& record : page.Value().records) {
-      if (record.stateAfter <= since) break;
-      changers.Add(record.by);
-      changers.leftNoName |= record.stateAfter != state;
-      state = record.stateBefore;
-      before = record.number;
-    }
-    const auto& records = page.Value().records;
-    if (records.empty() || records.back().number != before || before == 1) break;
+  for (const HistoryRecord& record : page.Value().records) {
+    if (record.stateAfter <= since) break;
+    changers.Add(record.by);
+    changers.leftNoName |= record.stateAfter != state;
+    state = record.stateBefore;
   }
   changers.leftNoName |= state != since;
   return changers;

@@ -1,7 +1,6 @@
 #include "lumira/commands/SaveOrigin.h"
 
 #include <algorithm>
-#include <limits>
 #include <optional>
 #include <string>
 #include <utility>
@@ -11,6 +10,7 @@
 #include "lumira/commands/SavedValues.h"
 #include "lumira/commands/UserMassTypes.h"
 #include "lumira/store/ActiveDocument.h"
+#include "lumira/store/MassTypesKey.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
@@ -40,10 +40,14 @@ bool IsOfType(const MassType& sent, const MassType& told) {
          sent.massTypeUpperPrecision == told.massTypeUpperPrecision;
 }
 
-bool IsAsTold(const MassType& sent, const MassType& told) {
-  return IsOfType(sent, told) && sent.status == told.status && sent.mass == told.mass && sent.cg == told.cg &&
-         sent.inertia == told.inertia && sent.lowerDeviation == told.lowerDeviation &&
+bool HasDeviationsAsTold(const MassType& sent, const MassType& told) {
+  return IsOfType(sent, told) && sent.lowerDeviation == told.lowerDeviation &&
          sent.upperDeviation == told.upperDeviation;
+}
+
+bool IsAsTold(const MassType& sent, const MassType& told) {
+  return HasDeviationsAsTold(sent, told) && sent.status == told.status && sent.mass == told.mass &&
+         sent.cg == told.cg && sent.inertia == told.inertia;
 }
 
 using Match = bool (*)(const MassType& sent, const MassType& told);
@@ -58,10 +62,9 @@ bool Fits(const PartData& request, const std::vector<MassType>& told, Match matc
          });
 }
 
-std::optional<Origin> FindOriginIn(const PartData& request, Candidates candidates) {
-  for (const Match match : {IsAsTold, IsOfType})
-    for (Origin& origin : candidates)
-      if (Fits(request, ToWire(origin.massTypes, origin.precisions), match)) return std::move(origin);
+std::optional<Origin> FindOriginIn(const Candidates& candidates, const PartData& request, Match match) {
+  for (const Origin& origin : candidates)
+    if (Fits(request, ToWire(origin.massTypes, origin.precisions), match)) return origin;
   return std::nullopt;
 }
 
@@ -105,49 +108,19 @@ Origin OriginOf(const PartData& values, const Part& part) {
   return origin;
 }
 
-// Looks through the states of a part, the latest first, for the mass types of a request.
-class HistorySearch {
- public:
-  HistorySearch(Store& store, const Part& part, const PartData& request)
-      : _store(store), _part(part), _request(request) {}
-
-  Result<std::optional<Origin>> Run() {
-    const auto history = _store.LoadHistory(_part.id, 0, std::numeric_limits<std::int64_t>::max());
-    if (!history) return history.Failure();
-    for (const HistoryRecord& record : history.Value().records) {
-      auto found = LookInto(record.number);
-      if (!found || found.Value()) return found;
-    }
-    return std::optional<Origin>();
-  }
-
- private:
-  Result<std::optional<Origin>> LookInto(std::int64_t number) {
-    auto texts = _store.LoadHistoryTexts(_part.id, number);
-    if (!texts) return texts.Failure();
-    for (std::string* text : {&texts.Value().after, &texts.Value().before}) {
-      if (*text == _last) continue;  // one save stands on the state that another one led to
-      _last = std::move(*text);
-      auto found = LookAt(_last);
-      if (!found || found.Value()) return found;
-    }
-    return std::optional<Origin>();
-  }
-
-  Result<std::optional<Origin>> LookAt(const std::string& text) {
-    const auto values = FromHistoryText(text);
-    if (!values)
-      return _store.Damage("the history of part " + Quoted(_part.id) + ": " + values.Failure().message);
-    const auto& types = values.Value().massTypes;
-    if (!Fits(_request, {types.begin() + 1, types.end()}, IsOfType)) return std::optional<Origin>();
-    return std::optional(OriginOf(values.Value(), _part));
-  }
-
-  Store& _store;
-  const Part& _part;
-  const PartData& _request;
-  std::string _last;
-};
+// The latest of the states of a part that had the mass types of a request.
+Result<std::optional<Origin>> FindInHistory(Store& store, const Part& part, const PartData& request) {
+  const auto text = store.FindTextWithMassTypes(part.id, MassTypesKey(request));
+  if (!text) return text.Failure();
+  if (!text.Value()) return std::optional<Origin>();
+  const auto values = FromHistoryText(*text.Value());
+  if (!values)
+    return store.Damage("the history of part " + Quoted(part.id) + ": " + values.Failure().message);
+  const auto& types = values.Value().massTypes;
+  // Different mass types may have the same key, though hardly ever.
+  if (!Fits(request, {types.begin() + 1, types.end()}, IsOfType)) return std::optional<Origin>();
+  return std::optional(OriginOf(values.Value(), part));
+}
 
 // The precision of the computed mass type belongs to the part, whatever the others are.
 StoredPart WithMassTypesOf(const Origin& origin, StoredPart part) {
@@ -160,16 +133,32 @@ StoredPart WithMassTypesOf(const Origin& origin, StoredPart part) {
   return part;
 }
 
-// In the order of what it costs to look; that a revision is chosen goes before the part that has as many.
+// With a revision that has just been chosen, or with the part, whose other revisions need not be looked at
+// unless the request has other deviations.
+std::optional<Origin> FindNear(const Candidates& chosen, const Candidates& part, const PartData& request) {
+  if (auto origin = FindOriginIn(chosen, request, IsAsTold)) return origin;
+  if (auto origin = FindOriginIn(part, request, IsAsTold)) return origin;
+  if (auto origin = FindOriginIn(chosen, request, IsOfType)) return origin;
+  return FindOriginIn(part, request, HasDeviationsAsTold);
+}
+
+// A revision that has all values as they were told goes before the part, whose deviations would be others.
+std::optional<Origin> FindFar(const Candidates& part, const Candidates& others, const PartData& request) {
+  if (auto origin = FindOriginIn(others, request, IsAsTold)) return origin;
+  if (auto origin = FindOriginIn(part, request, IsOfType)) return origin;
+  return FindOriginIn(others, request, IsOfType);
+}
+
+// In the order of what it costs to look.
 Result<std::optional<Origin>> FindOrigin(Store& store, const StoredPart& stored, const PartData& request) {
-  auto near = RevisionsOf(store, stored, request, Revisions::NewlyChosen);
-  if (!near) return near.Failure();
-  near.Value().push_back({stored.part.massTypes, stored.details.precisions});
-  if (auto origin = FindOriginIn(request, std::move(near).Value())) return origin;
-  auto others = RevisionsOf(store, stored, request, Revisions::Others);
+  const Candidates part = {{stored.part.massTypes, stored.details.precisions}};
+  const auto chosen = RevisionsOf(store, stored, request, Revisions::NewlyChosen);
+  if (!chosen) return chosen.Failure();
+  if (auto origin = FindNear(chosen.Value(), part, request)) return origin;
+  const auto others = RevisionsOf(store, stored, request, Revisions::Others);
   if (!others) return others.Failure();
-  if (auto origin = FindOriginIn(request, std::move(others).Value())) return origin;
-  return HistorySearch(store, stored.part, request).Run();
+  if (auto origin = FindFar(part, others.Value(), request)) return origin;
+  return FindInHistory(store, stored.part, request);
 }
 
 }  // namespace

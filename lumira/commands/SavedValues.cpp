@@ -9,9 +9,9 @@
 #include "lumira/commands/UserMassTypes.h"
 #include "lumira/store/ActiveDocument.h"
 #include "protocol/Codec.h"
-#include "protocol/Forms.h"
 #include "protocol/Limits.h"
 #include "protocol/Utf8.h"
+#include "protocol/forms/PartDataForms.h"
 
 namespace lumira {
 namespace {

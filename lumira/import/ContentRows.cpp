@@ -1,6 +1,12 @@
 #include "lumira/import/ContentRows.h"
 
+#include <algorithm>
+#include <string_view>
 #include <unordered_map>
+
+#include "lumira/store/SizeRules.h"
+#include "protocol/FieldWriter.h"
+#include "protocol/Utf8.h"
 
 namespace lumira {
 namespace {
@@ -23,7 +29,36 @@ class ContentByPart {
   std::unordered_map<std::string, std::size_t> _indices;
 };
 
+using BytesOfParts = std::unordered_map<std::string_view, std::size_t>;
+
+// Of the mass types of each part, or of the revision that has most.
+BytesOfParts MassTypeBytes(const MassRows& mass, const DocumentRows& documents) {
+  BytesOfParts bytes;
+  for (const PartRow& row : mass.parts) bytes.emplace(row.part.id, row.massTypeBytes);
+  for (const DocumentOfPart& document : documents.documents)
+    for (const std::size_t revision : document.massTypeBytes) {
+      std::size_t& most = bytes[document.content.partId];
+      most = std::max(most, revision);
+    }
+  return bytes;
+}
+
 }  // namespace
+
+void CheckSizes(const MassRows& mass, const DocumentRows& documents, const PropertyRows& properties,
+                ImportLog& log) {
+  BytesOfParts parts = MassTypeBytes(mass, documents);
+  const std::size_t definitions = BytesOf(properties.definitions);
+  for (const PropertyOfPart& value : properties.values) {
+    std::size_t& bytes = parts[value.partId];
+    const std::size_t before = definitions + bytes;
+    bytes += protocol::Escape(value.property.value).size();
+    if (const auto problem = FindTooMany(definitions + bytes, kMaxValueBytes);
+        problem && before <= kMaxValueBytes)
+      log.Error(value.value, "with this one the mass types and extra properties of part " +
+                                 protocol::Quoted(value.partId) + " " + *problem);
+  }
+}
 
 bool HasContent(const PartDetails& details) {
   return !details.precisions.empty() || !details.appliedOn.empty() || !details.referenceMaterial.empty() ||

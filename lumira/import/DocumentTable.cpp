@@ -10,6 +10,7 @@
 #include "lumira/import/TableColumns.h"
 #include "lumira/model/CheckInTime.h"
 #include "lumira/model/Identifier.h"
+#include "lumira/store/SizeRules.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
@@ -78,12 +79,12 @@ class DocumentReading {
   void ReadRow(std::size_t row) {
     const auto id = _columns.Identifier(row, PartId);
     // The other cells of a row without a part are read all the same, for what is wrong with them.
-    DocumentOfPart nobody{{{}}, {}, {}};
+    DocumentOfPart nobody{{{}}, {}, {}, {}};
     if (!id) return ReadCells(row, nobody);
     const auto [known, isNew] = _indices.emplace(*id, _result.documents.size());
     if (isNew) {
       const Place place = _columns.PlaceOf(row, PartId);
-      _result.documents.push_back({{*id}, place, place});
+      _result.documents.push_back({{*id}, place, place, {}});
     }
     ReadCells(row, _result.documents[known->second]);
   }
@@ -94,10 +95,12 @@ class DocumentReading {
     const auto revision = _columns.Identifier(row, Revision);
     RevisionData unread{.revision = {}};
     protocol::DocumentRevision unlisted;
-    if (!revision) return ReadRevision(row, document, unlisted, unread);
+    std::size_t uncounted = 0;
+    if (!revision) return ReadRevision(row, document, unlisted, unread, uncounted);
     const std::size_t index = IndexOf(document.content, *revision);
+    document.massTypeBytes.resize(document.content.revisions.size());
     ReadRevision(row, document, document.content.details.documents.revisions[index],
-                 document.content.revisions[index]);
+                 document.content.revisions[index], document.massTypeBytes[index]);
   }
 
   void ReadDocument(std::size_t row, DocumentOfPart& document) {
@@ -134,7 +137,7 @@ class DocumentReading {
   }
 
   void ReadRevision(std::size_t row, DocumentOfPart& document, protocol::DocumentRevision& listed,
-                    RevisionData& data) {
+                    RevisionData& data, std::size_t& massTypeBytes) {
     SetText(_columns, row, Time, kRevision, listed.checkInTime);
     if (const std::string_view time = _columns.Text(row, Time); !time.empty() && !IsCheckInTime(time))
       _columns.Error(row, Time, NoCheckInTime(Quoted(time)));
@@ -148,7 +151,7 @@ class DocumentReading {
     const std::string& part = document.content.partId;
     ReadMassTypeRow(_columns, row,
                     {part, "revision " + Quoted(data.revision) + " of part " + Quoted(part), data.massTypes,
-                     data.activeMassType, data.precisions},
+                     data.activeMassType, data.precisions, massTypeBytes},
                     _log);
   }
 
@@ -172,6 +175,8 @@ class DocumentReading {
     protocol::Documents& documents = content.details.documents;
     for (std::size_t i = 0; i < content.revisions.size(); ++i)
       Complete(documents.revisions[i], content.revisions[i]);
+    if (const auto problem = FindSizeProblem(documents.revisions))
+      _log.Error(document.document, "part " + Quoted(content.partId) + ": " + *problem);
     const std::string& id = content.details.documentId;
     if (id.empty() && !content.revisions.empty())
       _log.Error(document.part, "part " + Quoted(content.partId) + " has revisions, but no document");

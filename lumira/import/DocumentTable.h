@@ -14,6 +14,7 @@ struct DocumentOfPart {
   PartContent content;
   Place part;      ///< the cell that names the part
   Place document;  ///< the cell that names the document; that of the part when none does
+  std::vector<std::size_t> massTypeBytes = {};  ///< of each revision, as they will be told
 };
 
 struct DocumentRows {

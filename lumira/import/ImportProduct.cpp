@@ -18,6 +18,7 @@
 #include "lumira/model/Identifier.h"
 #include "lumira/store/ContentRules.h"
 #include "lumira/store/ProductRules.h"
+#include "lumira/store/SizeRules.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
@@ -189,6 +190,8 @@ class Assembly {
     const bool single = _structureIsSound && _structure.rows.empty() && _mass.parts.size() == 1;
     if (single) AddPart(_mass.parts[0].part.id);
     for (PartRow& row : _mass.parts) TakeData(row);
+    CheckMaterials();
+    CheckSizes(_mass, _documents, _properties, _log);
     AddToContent(_content, _documents, _properties,
                  [this](const std::string& part, const Place& place) { return IsKnown(part, place); });
     for (Part& part : _product.parts) ChooseActive(part);
@@ -211,6 +214,15 @@ class Assembly {
     if (!IsKnown(row.part.id, _mass.PartOf(row))) return;
     _product.parts[_indices.at(row.part.id)] = row.part;
     if (HasContent(row.details)) _content.parts.push_back({row.part.id, row.details, {}});
+  }
+
+  // Said once, on the row of the part with which the limit is passed.
+  void CheckMaterials() {
+    MaterialBytes materials;
+    for (const PartRow& row : _mass.parts)
+      if (const auto problem = FindTooMany(materials.Add(row.part), kMaxMaterialBytes))
+        return _log.Error(_mass.PartOf(row),
+                          "part " + Quoted(row.part.id) + ": " + TooManyMaterials(*problem));
   }
 
   // Says so when the structure does not have the part.
@@ -268,10 +280,11 @@ class Assembly {
   Result<void> NameTakenDocuments(Store& store) {
     for (const DocumentOfPart& document : _documents.documents) {
       const std::string& id = document.content.details.documentId;
-      const auto owner = store.PartOfDocument(id);
-      if (!owner && owner.Failure().kind != ErrorKind::NotFound) return owner.Failure();
-      if (owner && owner.Value().product != _product.id)
-        _log.Error(document.document, DocumentTaken(id, owner.Value()), ErrorKind::Conflict);
+      const auto owners = store.PartsOfDocument(id);
+      if (!owners) return owners.Failure();
+      for (const PartOwner& owner : owners.Value())
+        if (owner.product != _product.id)
+          _log.Error(document.document, DocumentTaken(id, owner), ErrorKind::Conflict);
     }
     return {};
   }

@@ -54,7 +54,7 @@ class MassReading {
     ReadReferenceCells(_columns, row, part.details);
     ReadMassTypeRow(_columns, row,
                     {part.part.id, "part " + Quoted(part.part.id), part.part.massTypes,
-                     part.part.activeMassType, part.details.precisions},
+                     part.part.activeMassType, part.details.precisions, part.massTypeBytes},
                     _log);
   }
 

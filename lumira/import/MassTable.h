@@ -17,6 +17,7 @@ struct PartRow {
   Part part;
   std::size_t line = 0;
   PartDetails details = {};
+  std::size_t massTypeBytes = 0;  ///< as they will be told
 };
 
 struct MassRows {

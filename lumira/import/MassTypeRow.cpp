@@ -1,10 +1,12 @@
 #include "lumira/import/MassTypeRow.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "lumira/import/MassTypeCells.h"
 #include "lumira/import/MassTypeColumns.h"
 #include "lumira/import/PrecisionCells.h"
+#include "lumira/store/SizeRules.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
@@ -12,6 +14,15 @@ namespace {
 
 using namespace mass_type_columns;
 using protocol::Quoted;
+
+// Said once, on the row with which the limit is passed.
+void CountBytes(const TableColumns& columns, std::size_t row, const MassTypeOwner& owner,
+                const MassTypeData& type) {
+  const std::size_t before = std::exchange(owner.bytes, owner.bytes + BytesOf(type));
+  if (const auto problem = FindTooMany(owner.bytes, kMaxValueBytes); problem && before <= kMaxValueBytes)
+    columns.Error(row, columns.Has(MassType) ? MassType : PartId,
+                  "with this one the mass types of " + owner.name + " " + *problem);
+}
 
 // Whether the owner had none of this name.
 bool AddMassType(const TableColumns& columns, std::size_t row, const MassTypeOwner& owner,
@@ -22,6 +33,7 @@ bool AddMassType(const TableColumns& columns, std::size_t row, const MassTypeOwn
     return false;
   }
   owner.massTypes.push_back(type);
+  CountBytes(columns, row, owner, type);
   return true;
 }
 

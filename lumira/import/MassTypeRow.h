@@ -18,6 +18,7 @@ struct MassTypeOwner {
   std::vector<MassTypeData>& massTypes;
   std::string& active;
   std::vector<Precision>& precisions;
+  std::size_t& bytes;  ///< of its mass types so far, as they will be told (store/SizeRules.h)
 };
 
 /// Reads the mass type of a row (import/MassTypeColumns.h), with its precision and whether it is active. A

@@ -102,7 +102,8 @@ class PropertyReading {
     protocol::ExtraProperty given;
     given.name = property.name;
     given.value = *value;
-    _result.values.push_back({*part, std::move(given), _columns.PlaceOf(row, PartId)});
+    _result.values.push_back(
+        {*part, std::move(given), _columns.PlaceOf(row, PartId), _columns.PlaceOf(row, Value)});
   }
 
   void RefuseWithoutPart(std::size_t row) {

@@ -16,6 +16,7 @@ struct PropertyOfPart {
   std::string partId;
   protocol::ExtraProperty property;  ///< name and value, in the storage unit
   Place part;                        ///< the cell that names the part
+  Place value;                       ///< the cell that has the value
 };
 
 struct PropertyRows {

@@ -8,8 +8,8 @@
 
 #include "lumira/model/PropertyRules.h"
 #include "lumira/store/ProductRules.h"
+#include "lumira/store/SizeRules.h"
 #include "protocol/FieldWriter.h"
-#include "protocol/Limits.h"
 
 namespace lumira {
 namespace {
@@ -42,9 +42,6 @@ Result<void> CheckDefinitions(const std::vector<PropertyDefinition>& properties)
   return {};
 }
 
-// Half of what a text may have; the other half is left for what is told of the part beside it.
-constexpr std::size_t kMaxValueBytes = protocol::kMaxTextBytes / 2;
-
 std::size_t BytesOf(const Values& values) {
   std::size_t bytes = 0;
   for (const protocol::ExtraProperty& value : values)
@@ -55,9 +52,9 @@ std::size_t BytesOf(const Values& values) {
 // A part that has more already may lose some.
 Result<void> CheckSize(const Values& values, const Values& present) {
   const std::size_t bytes = BytesOf(values);
-  if (bytes <= kMaxValueBytes || bytes <= BytesOf(present)) return {};
-  return Bad("its extra properties have " + std::to_string(bytes) + " bytes together, at most " +
-             std::to_string(kMaxValueBytes) + " expected");
+  const auto problem = FindTooMany(bytes, kMaxValueBytes);
+  if (!problem || bytes <= BytesOf(present)) return {};
+  return Bad("its extra properties " + *problem);
 }
 
 Result<void> CheckValues(const PropertiesByName& properties, const Values& values, const Values& present) {
@@ -127,19 +124,36 @@ Result<void> CheckAllRevisionData(const PartContent& content) {
   return {};
 }
 
+// All that is told of a part has room beside each other, with the mass types of the part as with those of any
+// revision. Not asked when details are saved: who has had more keeps it.
+Result<void> CheckTogether(const PartContent& content, const Part& part, std::size_t definitionBytes) {
+  if (const auto problem = FindSizeProblem(content.details.documents.revisions))
+    return Bad("document " + Quoted(content.details.documentId) + ": " + *problem);
+  std::size_t types = lumira::BytesOf(part.massTypes);
+  for (const RevisionData& revision : content.revisions)
+    types = std::max(types, lumira::BytesOf(revision.massTypes));
+  std::size_t values = definitionBytes;
+  for (const protocol::ExtraProperty& value : content.details.properties)
+    values += protocol::Escape(value.value).size();
+  const auto problem = FindTooMany(types + values, kMaxValueBytes);
+  return problem ? Result<void>(Bad("its mass types and extra properties " + *problem)) : Result<void>();
+}
+
 class PartChecks {
  public:
   PartChecks(const Product& product, const ProductContent& content)
-      : _properties(ByName(content.properties)) {
-    for (const Part& part : product.parts) _left.insert(part.id);
+      : _properties(ByName(content.properties)), _definitionBytes(BytesOf(content.properties)) {
+    for (const Part& part : product.parts) _left.emplace(part.id, &part);
   }
 
   Result<void> Look(const PartContent& content) {
     const std::string where = "part " + Quoted(content.partId);
-    if (_left.erase(content.partId) == 0)
+    const auto part = _left.extract(content.partId);
+    if (part.empty())
       return Error{ErrorKind::NotFound, where + " is not in the product, or its content is there twice"};
-    if (auto good = CheckAgainst(_properties, content.details, {}); !good)
-      return Error{good.Failure().kind, where + ": " + good.Failure().message};
+    auto good = CheckAgainst(_properties, content.details, {});
+    if (good) good = CheckTogether(content, *part.mapped(), _definitionBytes);
+    if (!good) return Error{good.Failure().kind, where + ": " + good.Failure().message};
     const std::string& document = content.details.documentId;
     if (!document.empty() && !_documents.insert(document).second)
       return Bad("document " + Quoted(document) + " belongs to two parts, one of them is " +
@@ -149,7 +163,8 @@ class PartChecks {
 
  private:
   PropertiesByName _properties;
-  Names _left;  ///< parts whose content was not met yet
+  std::size_t _definitionBytes;
+  std::unordered_map<std::string_view, const Part*> _left;  ///< parts whose content was not met yet
   Names _documents;
 };
 

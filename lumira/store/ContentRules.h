@@ -16,10 +16,11 @@ protocol::Result<void> CheckDetails(const std::vector<PropertyDefinition>& prope
                                     const PartDetails& details,
                                     const std::vector<protocol::ExtraProperty>& present);
 
-/// Why content cannot be stored with a product: as `CheckDetails`; BadValue for properties that are no
-/// properties or there twice, for a document of two parts, for a part that is there twice, and for data of a
-/// revision that the engine could not compute with; NotFound for a part that the product does not have, and
-/// for data of a revision that the details do not list.
+/// Why content cannot be stored with a product: as `CheckDetails`; BadValue for what could not be told of a
+/// part any more (store/SizeRules.h), for properties that are no properties or there twice, for a document of
+/// two parts, for a part that is there twice, and for data of a revision that the engine could not compute
+/// with; NotFound for a part that the product does not have, and for data of a revision that the details do
+/// not list.
 protocol::Result<void> CheckContent(const Product& product, const ProductContent& content);
 
 }  // namespace lumira

@@ -12,6 +12,7 @@
 #include "lumira/engine/ExcludedInstances.h"
 #include "lumira/engine/Item.h"
 #include "lumira/model/Identifier.h"
+#include "lumira/store/SizeRules.h"
 #include "protocol/Filter.h"
 #include "protocol/Limits.h"
 #include "protocol/Utf8.h"
@@ -165,9 +166,19 @@ Result<void> CheckPart(const Part& part) {
   if (auto good = CheckIdentifier("a part", part.id); !good) return good;
   for (const MassTypeData& type : part.massTypes)
     if (auto good = CheckIdentifier("a mass type", type.name); !good) return good;
+  if (const auto problem = FindTooMany(BytesOf(part.massTypes), kMaxValueBytes))
+    return Error{ErrorKind::BadValue, "part " + Quoted(part.id) + ": its mass types " + *problem};
   for (const MassTypeData& type : part.massTypes)
     if (auto own = ResolveOwnData(part, {type.name}); !own) return own.Failure();
   if (auto own = ResolveOwnData(part, {}); !own) return own.Failure();
+  return {};
+}
+
+Result<void> CheckMaterials(const Product& product) {
+  MaterialBytes materials;
+  for (const Part& part : product.parts)
+    if (const auto problem = FindTooMany(materials.Add(part), kMaxMaterialBytes))
+      return Error{ErrorKind::BadValue, "part " + Quoted(part.id) + ": " + TooManyMaterials(*problem)};
   return {};
 }
 
@@ -175,6 +186,7 @@ Result<void> CheckProduct(const Product& product) {
   if (auto good = CheckIdentifiers(product); !good) return good;
   for (const Part& part : product.parts)
     if (auto good = CheckPart(part); !good) return good;
+  if (auto good = CheckMaterials(product); !good) return good;
   if (auto good = CheckInstances(product); !good) return good;
   // Before the roots, since a cycle may leave none.
   if (auto good = CheckCompiles(product); !good) return good;

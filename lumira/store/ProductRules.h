@@ -24,13 +24,14 @@ std::optional<DepthProblem> FindDepthProblem(const Product& product);
 protocol::Result<void> CheckRoots(const Product& product);
 
 /// Why a part cannot be stored: BadValue for its identifier and those of its mass types (model/Identifier.h),
-/// and for a number of any mass type, or of volume times density, that the engine could not compute with.
+/// for mass types that are too many to be told (store/SizeRules.h), and for a number of any mass type, or of
+/// volume times density, that the engine could not compute with.
 protocol::Result<void> CheckPart(const Part& part);
 
-/// Why a product cannot be stored: as `CheckPart`; BadValue for the identifiers of the product and of its
-/// instances, for attributes (names and values are identifiers, names unique in the instance) and dates of
-/// instances, for roots that `CheckRoots` refuses, and for a structure that is too deep; and whatever
-/// `Compile` fails with. What is stored can be opened.
+/// Why a product cannot be stored: as `CheckPart`; BadValue for materials that are too many to be told, for
+/// the identifiers of the product and of its instances, for attributes (names and values are identifiers,
+/// names unique in the instance) and dates of instances, for roots that `CheckRoots` refuses, and for a
+/// structure that is too deep; and whatever `Compile` fails with. What is stored can be opened.
 protocol::Result<void> CheckProduct(const Product& product);
 
 /// Why a configuration filter cannot be stored: BadValue for a name that is no identifier or that stands for

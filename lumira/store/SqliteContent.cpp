@@ -27,7 +27,22 @@ struct Row {
   }
 };
 
+// What a part has of each kind of row, against the count that its own row carries.
+class PartCounts {
+ public:
+  PartCounts(SQLite::Database& database, std::int64_t part) : _part{database, "parts", part} {}
+
+  void Check(Noun rows, std::size_t found, const char* countColumn) const {
+    CheckRowCount([&] { return "part " + Quoted(_part.Text("part")); }, rows, found,
+                  _part.Number(countColumn));
+  }
+
+ private:
+  Row _part;
+};
+
 }  // namespace
+
 void WriteDefinitions(SQLite::Database& database, std::int64_t product,
                       const std::vector<PropertyDefinition>& properties) {
   if (properties.empty()) return;
@@ -68,20 +83,24 @@ std::vector<protocol::ExtraProperty> ReadProperties(SQLite::Database& database, 
     if (position >= properties.size()) RefuseColumn(query, 0, "the product has no such property");
     properties[position].value = TextIn(query, 1);
   }
-  const Row owner{database, "parts", part};
-  CheckRowCount([&] { return "part " + Quoted(owner.Text("part")); },
-                {"value of extra properties", "values of extra properties"}, values,
-                owner.Number("property_value_count"));
+  PartCounts(database, part)
+      .Check({"value of extra properties", "values of extra properties"}, values, "property_value_count");
   return properties;
 }
 
-std::vector<protocol::DocumentRevision> ReadDocumentRevisions(SQLite::Database& database, std::int64_t part) {
-  auto revisions = ReadRows<protocol::DocumentRevision>(database, "document_revisions", part);
-  const Row owner{database, "parts", part};
-  CheckRowCount([&] { return "part " + Quoted(owner.Text("part")); },
-                {"document revision", "document revisions"}, revisions.size(),
-                owner.Number("document_revision_count"));
-  return revisions;
+PartDetails ReadDetails(SQLite::Database& database, std::int64_t part) {
+  SQLite::Statement query(database, SelectSql<PartDetails>("part", "part_details", "WHERE part = ?"));
+  query.bind(1, part);
+  const bool isThere = query.executeStep();
+  const PartCounts counts(database, part);
+  counts.Check({"row of details", "rows of details"}, isThere ? 1 : 0, "details_count");
+  PartDetails details = isThere ? ReadRow<PartDetails>(query, 1) : PartDetails{};
+  details.precisions = ReadRows<Precision>(database, "precisions", part);
+  counts.Check(kPrecisions, details.precisions.size(), "precision_count");
+  details.documents.revisions = ReadRows<protocol::DocumentRevision>(database, "document_revisions", part);
+  counts.Check({"document revision", "document revisions"}, details.documents.revisions.size(),
+               "document_revision_count");
+  return details;
 }
 
 SqliteContentWriter::SqliteContentWriter(SQLite::Database& database,
@@ -92,8 +111,10 @@ SqliteContentWriter::SqliteContentWriter(SQLite::Database& database,
       _documents(database, InsertListSql<protocol::DocumentRevision>("document_revisions")),
       _values(database, "INSERT INTO property_values(part, definition, value) VALUES(?, ?, ?)"),
       _counts(database,
-              "UPDATE parts SET property_value_count = ?, document_revision_count = ? WHERE key = ?"),
-      _revisions(database, InsertSql<RevisionData>("revision_data", {"part", "mass_type_count"})),
+              "UPDATE parts SET details_count = 1, precision_count = ?, property_value_count = ?, "
+              "document_revision_count = ? WHERE key = ?"),
+      _revisions(database,
+                 InsertSql<RevisionData>("revision_data", {"part", "mass_type_count", "precision_count"})),
       _revisionTypes(database, InsertListSql<MassTypeData>("revision_mass_types", "revision")),
       _revisionPrecisions(database, InsertListSql<Precision>("revision_precisions", "revision")) {
   for (const PropertyDefinition& property : properties)
@@ -106,7 +127,8 @@ void SqliteContentWriter::WriteDetails(std::int64_t part, const PartDetails& det
   WriteRows(_precisions, part, details.precisions);
   WriteRows(_documents, part, details.documents.revisions);
   const std::int64_t values = WriteValues(part, details.properties);
-  SQLite::bind(_counts, values, std::int64_t(details.documents.revisions.size()), part);
+  SQLite::bind(_counts, std::int64_t(details.precisions.size()), values,
+               std::int64_t(details.documents.revisions.size()), part);
   _counts.exec();
   _counts.reset();
 }
@@ -131,8 +153,9 @@ void SqliteContentWriter::Write(std::int64_t part, const PartContent& content) {
 }
 
 void SqliteContentWriter::WriteRevision(std::int64_t part, const RevisionData& revision) {
-  SQLite::bind(_revisions, part, std::int64_t(revision.massTypes.size()));
-  InsertRow(_revisions, 3, revision);
+  SQLite::bind(_revisions, part, std::int64_t(revision.massTypes.size()),
+               std::int64_t(revision.precisions.size()));
+  InsertRow(_revisions, 4, revision);
   const std::int64_t key = _database.getLastInsertRowid();
   WriteRows(_revisionTypes, key, revision.massTypes);
   WriteRows(_revisionPrecisions, key, revision.precisions);

@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "lumira/model/Counted.h"
 #include "lumira/store/ProductContent.h"
 
 /// Rows of what is kept of parts beside the structure. Lists whose rows are lost are damage; everything
@@ -22,8 +23,10 @@ std::vector<PropertyDefinition> ReadDefinitions(SQLite::Database& database, std:
 std::vector<protocol::ExtraProperty> ReadProperties(SQLite::Database& database, std::int64_t product,
                                                     std::int64_t part);
 
-/// The revisions of the part's document.
-std::vector<protocol::DocumentRevision> ReadDocumentRevisions(SQLite::Database& database, std::int64_t part);
+/// The details of a part as they are stored, without its properties.
+PartDetails ReadDetails(SQLite::Database& database, std::int64_t part);
+
+inline constexpr Noun kPrecisions = {"precision", "precisions"};
 
 /// Writes parts one after the other; statements are made once. The content has passed its rules.
 class SqliteContentWriter {

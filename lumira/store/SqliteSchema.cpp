@@ -2,6 +2,8 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include "lumira/store/SqliteVersion6.h"
+
 namespace lumira {
 namespace {
 
@@ -236,6 +238,7 @@ void CreateSchema(SQLite::Database& database) {
   database.exec(kTables);
   database.exec(kTablesOfVersion4);
   AddTablesOfVersion5(database);
+  BringToVersion6(database);
   database.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
   SetVersion(database);
   transaction.commit();
@@ -263,7 +266,8 @@ void BringUpToDate(SQLite::Database& database) {
     database.exec(kTablesOfVersion4);
     database.exec(kFromVersion3);
   }
-  AddTablesOfVersion5(database);
+  if (version < 5) AddTablesOfVersion5(database);
+  BringToVersion6(database);
   SetVersion(database);
   transaction.commit();
 }

@@ -12,7 +12,7 @@ namespace lumira {
 inline constexpr int kApplicationId = 0x4C554D49;
 
 /// Version of the tables. A program works on files of this version only, and brings older ones up to it.
-inline constexpr int kSchemaVersion = 5;
+inline constexpr int kSchemaVersion = 6;
 
 /// The oldest version that can be brought up to date.
 inline constexpr int kOldestSchemaVersion = 3;

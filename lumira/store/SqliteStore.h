@@ -39,8 +39,10 @@ class SqliteStore final : public Store {
   protocol::Result<HistoryTexts> LoadHistoryTexts(std::string_view partId, std::int64_t number) override;
   protocol::Result<std::optional<std::string>> FindStateText(std::string_view partId,
                                                              std::int64_t state) override;
+  protocol::Result<std::optional<std::string>> FindTextWithMassTypes(std::string_view partId,
+                                                                     std::int64_t key) override;
   protocol::Result<std::vector<PropertyDefinition>> LoadProperties(std::string_view productId) override;
-  protocol::Result<PartOwner> PartOfDocument(std::string_view documentId) override;
+  protocol::Result<std::vector<PartOwner>> PartsOfDocument(std::string_view documentId) override;
   protocol::Result<RevisionData> LoadRevision(std::string_view partId, std::string_view revision) override;
   protocol::Result<std::vector<StoredResult>> LoadResults(std::string_view productId) override;
   protocol::Result<void> SaveResults(const std::vector<StoredResult>& results) override;
@@ -85,12 +87,14 @@ class SqliteStore final : public Store {
   StoredPart PartAt(std::int64_t partKey);
   PartDetails DetailsAt(std::int64_t partKey);
   void WritePart(std::int64_t partKey, const Part& part);
+  protocol::Result<void> CheckMaterials(std::int64_t partKey, const Part& present, const Part& part);
   protocol::Result<void> WriteDetails(std::int64_t partKey, const PartDetails& details);
   std::int64_t NextPartState();
   void SetPartState(std::int64_t partKey, std::int64_t state);
   std::string ProductNameOf(std::int64_t partKey);
   std::int64_t ProductStateOf(std::int64_t partKey);
   void AddRecord(std::int64_t partKey, const PartSaving& saving, std::int64_t stateAfter);
+  std::optional<std::string> FindText(const char* sql, std::int64_t partKey, std::int64_t value);
   std::int64_t HistorySize(std::int64_t partKey);
   std::int64_t ProductOf(std::int64_t partKey);
   std::size_t RowCount(std::int64_t productKey);
@@ -108,7 +112,7 @@ class SqliteStore final : public Store {
   void LoadAttributes(const std::vector<std::int64_t>& keys, std::vector<Instance>& instances);
   void LoadMassTypes(std::int64_t productKey, std::vector<Part>& parts, const StoredParts& stored);
   protocol::Result<void> CheckDocument(const std::string& documentId, std::int64_t partKey);
-  std::optional<PartOwner> FindDocumentOwner(std::string_view documentId);
+  std::vector<PartOwner> FindDocumentOwners(std::string_view documentId);
   std::vector<std::string> Roots(std::int64_t productKey);
   protocol::Result<void> CheckCounts(std::int64_t productKey, const Product& product);
 

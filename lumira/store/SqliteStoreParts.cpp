@@ -1,26 +1,70 @@
 #include <set>
 
+#include "lumira/model/StatisticsMaterial.h"
 #include "lumira/store/ActiveDocument.h"
 #include "lumira/store/ContentRules.h"
 #include "lumira/store/ProductRules.h"
+#include "lumira/store/SizeRules.h"
 #include "lumira/store/SqliteArchives.h"
 #include "lumira/store/SqliteContent.h"
 #include "lumira/store/SqliteStore.h"
 #include "lumira/store/SqliteTables.h"
+#include "protocol/Utf8.h"
 
 namespace lumira {
 
+using protocol::Error;
+using protocol::ErrorKind;
+using protocol::Quoted;
 using protocol::Result;
+
+namespace {
+
+std::optional<double> OptionalIn(SQLite::Statement& row, int column) {
+  return row.isColumnNull(column) ? std::nullopt : std::optional(NumberIn(row, column));
+}
+
+// A part of which nothing else is known.
+Part MaterialsIn(SQLite::Statement& row) {
+  Part part;
+  part.material = TextIn(row, 0);
+  part.density = OptionalIn(row, 1);
+  part.cadMaterial = TextIn(row, 2);
+  part.cadDensity = OptionalIn(row, 3);
+  part.densityPriority = static_cast<DensityPriority>(IntegerIn(row, 4, kZeroOrOne));
+  part.surfaceMass = OptionalIn(row, 5);
+  return part;
+}
+
+}  // namespace
 
 Result<void> SqliteStore::UpdatePart(const Part& part) {
   if (auto good = CheckPart(part); !good) return good;
   return Write([&]() -> Result<void> {
     const auto key = PartKey(part.id);
     if (!key) return key.Failure();
+    const Part present = PartAt(key.Value()).part;
     WritePart(key.Value(), part);
+    if (auto good = CheckMaterials(key.Value(), present, part); !good) return good;
     SetPartState(key.Value(), NextPartState());
     return {};
   });
+}
+
+// A material that was there before needs no more room. To be asked when the part is written.
+Result<void> SqliteStore::CheckMaterials(std::int64_t partKey, const Part& present, const Part& part) {
+  if (!MaterialOf(part) || MaterialOf(part) == MaterialOf(present)) return {};
+  SQLite::Statement query(_db,
+                          "SELECT DISTINCT material, density, cad_material, cad_density, density_priority, "
+                          "surface_mass FROM parts WHERE product = ?");
+  query.bind(1, ProductOf(partKey));
+  MaterialBytes materials;
+  while (query.executeStep()) {
+    const auto problem = FindTooMany(materials.Add(MaterialsIn(query)), kMaxMaterialBytes);
+    if (problem)
+      return Error{ErrorKind::BadValue, "part " + Quoted(part.id) + ": " + TooManyMaterials(*problem)};
+  }
+  return {};
 }
 
 void SqliteStore::WritePart(std::int64_t partKey, const Part& part) {
@@ -43,12 +87,7 @@ Result<PartDetails> SqliteStore::LoadDetails(std::string_view partId) {
 }
 
 PartDetails SqliteStore::DetailsAt(std::int64_t partKey) {
-  PartDetails details;
-  SQLite::Statement query(_db, SelectSql<PartDetails>("part", "part_details", "WHERE part = ?"));
-  query.bind(1, partKey);
-  if (query.executeStep()) details = ReadRow<PartDetails>(query, 1);
-  details.precisions = ReadRows<Precision>(_db, "precisions", partKey);
-  details.documents.revisions = ReadDocumentRevisions(_db, partKey);
+  PartDetails details = ReadDetails(_db, partKey);
   details.documents = WithActiveDocument(details);
   details.properties = ReadProperties(_db, ProductOf(partKey), partKey);
   return details;

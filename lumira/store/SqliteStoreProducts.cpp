@@ -137,7 +137,12 @@ Result<ProductSurvey> SqliteStore::Survey(std::string_view productId) {
     SQLite::Statement query(_db, kSurvey);
     query.bind(1, key.Value());
     query.executeStep();
-    return ProductSurvey{query.getColumn(0).getInt() != 0, query.getColumn(1).getInt64()};
+    ProductSurvey survey{query.getColumn(0).getInt() != 0, query.getColumn(1).getInt64(), {}};
+    SQLite::Statement notes(_db,
+                            "SELECT position, text FROM product_notes WHERE product = ? ORDER BY position");
+    notes.bind(1, key.Value());
+    while (notes.executeStep()) survey.notes.push_back(TextIn(notes, 1));
+    return survey;
   });
 }
 
@@ -254,8 +259,8 @@ Result<void> SqliteStore::AddProduct(const Product& product, Existing existing, 
     for (const PartOwner& taken : FindOtherOwners(product, 1))
       return Error{ErrorKind::Conflict, ToText(taken)};
     for (const PartContent& part : content.parts)
-      if (const auto owner = FindDocumentOwner(part.details.documentId))
-        return Error{ErrorKind::Conflict, DocumentTaken(part.details.documentId, *owner)};
+      for (const PartOwner& owner : FindDocumentOwners(part.details.documentId))
+        return Error{ErrorKind::Conflict, DocumentTaken(part.details.documentId, owner)};
     const std::int64_t key = InsertProduct(product, state);
     InsertParts(product, key, content, progress);
     InsertInstances(product, key, progress);

@@ -62,6 +62,9 @@ struct ProductRoot {
 struct ProductSurvey {
   bool hasMassData = false;       ///< some part has a mass, or a shape with a density
   std::int64_t olderResults = 0;  ///< results that were computed before the last change of the product
+  /// What could not be taken over as it was from the tables of an older program, as sentences without the
+  /// first capital and the full stop; they last until the product is replaced.
+  std::vector<std::string> notes = {};
 };
 
 /// What to do with a product that is stored already.
@@ -142,11 +145,17 @@ class Store {
   virtual protocol::Result<std::optional<std::string>> FindStateText(std::string_view partId,
                                                                      std::int64_t state) = 0;
 
+  /// The text of the saved values in the latest state of the part that had the mass types of this key
+  /// (store/MassTypesKey.h); none when no record tells of one.
+  virtual protocol::Result<std::optional<std::string>> FindTextWithMassTypes(std::string_view partId,
+                                                                             std::int64_t key) = 0;
+
   /// The extra properties that every part of the product has, in the order in which they were defined.
   virtual protocol::Result<std::vector<PropertyDefinition>> LoadProperties(std::string_view productId) = 0;
 
-  /// The part whose document it is. NotFound when no part has it.
-  virtual protocol::Result<PartOwner> PartOfDocument(std::string_view documentId) = 0;
+  /// The part whose document it is; none when no part has it. Several where an older program has let them
+  /// have the same one, which stays so until their products are replaced.
+  virtual protocol::Result<std::vector<PartOwner>> PartsOfDocument(std::string_view documentId) = 0;
 
   /// The data of the part as a revision of its document has it. NotFound when there is none.
   virtual protocol::Result<RevisionData> LoadRevision(std::string_view partId, std::string_view revision) = 0;

@@ -146,6 +146,7 @@ TEST(FullData, OfAnotherRevisionLeavesWhatTheSelectionDecides) {
   buffer->SetReferenceInertiaMode(true);
   protocol::PartData revision;
   revision.partId = "bedplate";
+  revision.filter = "0|Service kit";
   revision.massTypes = {{.name = "Computed", .mass = 99, .cg = {}, .inertia = {}}};
   revision.material.name = "Wood";
   revision.stateToken = "8";
@@ -159,6 +160,47 @@ TEST(FullData, OfAnotherRevisionLeavesWhatTheSelectionDecides) {
   expected.referenceInertiaMode = true;
   expected.placement = SamplePart().placement;
   EXPECT_EQ(buffer.AllData(), protocol::WritePartData(expected));
+}
+
+// A revision is told of the whole product, which is not what a filter leaves.
+TEST(FullData, OfAnotherRevisionLeavesTheComputedValuesUnderAFilter) {
+  const LoadedBuffer buffer;
+  buffer->SetFilter("0|Service kit");
+  ASSERT_EQ(buffer->SetComputedData(protocol::WriteComputeReply(SampleReply()), true), S_OK);
+  protocol::PartData revision;
+  revision.partId = "bedplate";
+  revision.massTypes = {{.name = "Computed", .mass = 99, .cg = {}, .inertia = {}},
+                        {.name = "Planned", .mass = 7, .cg = {}, .inertia = {}}};
+  ASSERT_EQ(buffer->SetAllData(protocol::WritePartData(revision), false), S_OK);
+  EXPECT_EQ(buffer->GetMass("Computed"), 3.25);
+  EXPECT_EQ(buffer->GetCG("Computed")[2], 3000);
+  EXPECT_EQ(buffer->GetMass("Planned"), 7);
+  EXPECT_TRUE(buffer.Sent().computed);
+}
+
+TEST(FullData, OfAnotherRevisionHasNoComputedValuesUnderAFilterWithoutACompute) {
+  protocol::PartData part = SamplePart();
+  part.massTypes.erase(part.massTypes.begin());
+  part.computed = false;
+  const LoadedBuffer buffer(part);
+  buffer->SetFilter("0|Service kit");
+  protocol::PartData revision;
+  revision.partId = "bedplate";
+  revision.computed = true;
+  revision.massTypes = {{.name = "Computed", .mass = 99, .cg = {}, .inertia = {}}};
+  ASSERT_EQ(buffer->SetAllData(protocol::WritePartData(revision), false), S_OK);
+  EXPECT_EQ(buffer.Sent().massTypes.at(0).mass, std::nullopt);
+  EXPECT_FALSE(buffer.Sent().computed);
+}
+
+TEST(FullData, OfAnotherRevisionTellsTheComputedValuesWhereNothingIsFiltered) {
+  const LoadedBuffer buffer;
+  protocol::PartData revision;
+  revision.partId = "bedplate";
+  revision.filter = "1|0";  // no chosen instances: nothing is left out
+  revision.massTypes = {{.name = "Computed", .mass = 99, .cg = {}, .inertia = {}}};
+  ASSERT_EQ(buffer->SetAllData(protocol::WritePartData(revision), false), S_OK);
+  EXPECT_EQ(buffer->GetMass("Computed"), 99);
 }
 
 TEST(FullData, OfANewSelectionReplacesEverything) {

@@ -61,7 +61,7 @@ class FailingStore final : public lumira::Store {
   Result<std::vector<lumira::PropertyDefinition>> LoadProperties(std::string_view) override {
     return kNotAsked;
   }
-  Result<lumira::PartOwner> PartOfDocument(std::string_view) override { return kNotAsked; }
+  Result<std::vector<lumira::PartOwner>> PartsOfDocument(std::string_view) override { return kNotAsked; }
   Result<lumira::RevisionData> LoadRevision(std::string_view, std::string_view) override { return kNotAsked; }
   Result<lumira::StoredPart> LoadPart(std::string_view) override { return kNotAsked; }
   Result<lumira::SavedState> SavePart(const lumira::PartSaving&) override { return kNotAsked; }
@@ -70,6 +70,9 @@ class FailingStore final : public lumira::Store {
   }
   Result<lumira::HistoryTexts> LoadHistoryTexts(std::string_view, std::int64_t) override { return kNotAsked; }
   Result<std::optional<std::string>> FindStateText(std::string_view, std::int64_t) override {
+    return kNotAsked;
+  }
+  Result<std::optional<std::string>> FindTextWithMassTypes(std::string_view, std::int64_t) override {
     return kNotAsked;
   }
   Result<std::vector<lumira::StoredResult>> LoadResults(std::string_view) override {

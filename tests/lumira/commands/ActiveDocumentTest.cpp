@@ -1,3 +1,4 @@
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 
 #include "ServerFixture.h"
@@ -9,14 +10,15 @@ using testing::ElementsAre;
 
 class ActiveDocument : public ServerFixture {
  protected:
-  void ImportWith(const std::string& documents, const std::string& properties = {}) {
+  void ImportWith(const std::string& documents, const std::string& properties = {},
+                  const ImportOptions& options = {}) {
     ImportTables tables{TableSource{"s.csv", "parent,child\ntop,plate\ntop,bolt\n"},
                         {"m.csv",
                          "part,material,density [kg/m3],mass type,active,mass [kg],type lower precision [%]\n"
                          "plate,Steel,7850,Estimated,,9,1\nplate,,,Weighed,yes,10,\nbolt,,,Estimated,,2,\n"}};
     tables.documents = TableSource{"d.csv", documents};
     if (!properties.empty()) tables.properties = TableSource{"p.csv", properties};
-    const auto report = ImportProduct(*store, tables, {});
+    const auto report = ImportProduct(*store, tables, options);
     ASSERT_TRUE(report.Ok()) << report.Failure().message;
   }
 
@@ -41,17 +43,15 @@ constexpr char kThreeRevisions[] =
     "plate,D-1,,B,,,,,Weighed,yes,10,,,,,,\n"
     "plate,D-1,,C,2021-01-01 00:00:00,,,,,,,,,,,,\n";
 
-TEST_F(ActiveDocument, HasNoComputedValuesForWhoLooksAtThePartUnderAFilter) {
+// Who works under a filter knows it; the server does not, whatever the session has asked before.
+TEST_F(ActiveDocument, SaysThatItsComputedValuesAreThoseOfTheWholeProduct) {
   ImportWith(kThreeRevisions);
   Compute("plate");
-  EXPECT_EQ(Ask("D-1|A").massTypes[0].mass, 10);
   EXPECT_EQ(MassUnder("plate", "1|1|plate.1|plate||0"), 10);
-  EXPECT_EQ(Ask("D-1|A").massTypes[0].mass, std::nullopt);
-  EXPECT_FALSE(Ask("D-1|A").computed);
-  PartData({.partId = "plate"});
-  EXPECT_EQ(Ask("D-1|A").massTypes[0].mass, 10) << "without a filter again";
   PartData({.partId = "plate", .filter = "1|1|plate.1|plate||0"});
-  EXPECT_EQ(Ask("D-1|A").massTypes[0].mass, std::nullopt);
+  const protocol::PartData told = Ask("D-1|A");
+  EXPECT_EQ(told.massTypes[0].mass, 10);
+  EXPECT_EQ(told.filter, "0|No Filter");
 }
 
 TEST_F(ActiveDocument, GivesThePartWithTheDataOfTheRevision) {
@@ -107,6 +107,23 @@ TEST_F(ActiveDocument, OfARevisionWithoutMassDataHasNoUserMassTypes) {
 TEST_F(ActiveDocument, NamesADocumentThatIsNotThere) {
   ImportWith(kThreeRevisions);
   EXPECT_EQ(Run("WBGetActiveDocInfo", "D-2|A"), "LumiraError: there is no document \"D-2\"");
+}
+
+// Older programs did not ask who had a document.
+TEST_F(ActiveDocument, OfSeveralPartsIsRefusedForAllOfThemUntilTheyAreImportedAnew) {
+  const std::string documents =
+      "part,document,revision,mass type,mass [kg]\nplate,D-1,A,Weighed,10\nbolt,D-2,A,Weighed,2\n";
+  ImportWith(documents);
+  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("UPDATE part_details SET document = 'D-1'");
+  EXPECT_EQ(
+      Run("WBGetActiveDocInfo", "D-1|A"),
+      "LumiraError: document \"D-1\" belongs to several parts, \"plate\" of product \"top\", \"bolt\" of "
+      "product \"top\", so that it does not tell which of them is meant; import their products anew, "
+      "with a document of its own for each part");
+  ImportWith(documents, {}, {.existing = Existing::Replace, .mode = ImportMode::DryRun});
+  ImportWith(documents, {}, {.existing = Existing::Replace});
+  EXPECT_EQ(Ask("D-1|A").partId, "plate");
+  EXPECT_EQ(Ask("D-2|A").partId, "bolt");
 }
 
 TEST_F(ActiveDocument, NamesARevisionThatIsNotThere) {

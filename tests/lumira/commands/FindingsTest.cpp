@@ -82,6 +82,15 @@ TEST_F(Findings, TellOfASetFilterThatIsNotThere) {
             "Product \"top\" has the configuration filter \"Gone\" set, but there is none of that name.");
 }
 
+TEST_F(Findings, TellWhatCouldNotBeTakenOverFromOlderTables) {
+  ImportBoxes();
+  Change("INSERT INTO product_notes(product, position, text) SELECT key, 0, 'a b' FROM products");
+  Restart();
+  ASSERT_EQ(Found().size(), 1u);
+  EXPECT_EQ(Found()[0].text, "Product \"top\": a b.");
+  EXPECT_EQ(Found()[0].severity, Severity::Warning);
+}
+
 TEST_F(Findings, AreThoseOfTheStartAndCanBeAskedForAgain) {
   Import("parent,child\ntop,a\n", "part,name\na,A\n");
   EXPECT_TRUE(Found().empty()) << "the server was there before the product";

@@ -338,5 +338,80 @@ TEST_F(SaveOfARevisionWithTheSameNames, LeavesThoseOfThePartWhenTheRevisionIsNot
   EXPECT_FALSE(Stored().bounds);
 }
 
+/// A part whose revisions have mass types of the same names and precisions, and differ in standard
+/// deviations.
+class SaveOfARevisionWithOtherDeviations : public SaveContent {
+ protected:
+  SaveOfARevisionWithOtherDeviations() {
+    ImportTables tables{TableSource{"s2.csv", "parent,child\nother,cover\n"},
+                        {"m2.csv", "part,mass type,active,mass [kg],sd mass [kg]\ncover,Weighed,yes,10,3\n"}};
+    tables.documents = TableSource{"d2.csv",
+                                   "part,document,revision,check in time,mass type,active,mass [kg],sd mass "
+                                   "[kg]\ncover,D-2,A,2020-01-01 00:00:00,Weighed,yes,8,1\n"
+                                   "cover,D-2,B,2022-01-01 00:00:00,Weighed,yes,9,2\n"};
+    const auto imported = ImportProduct(*store, tables, {});
+    EXPECT_TRUE(imported.Ok()) << imported.Failure().message;
+  }
+
+  protocol::PartData Revision(const std::string& revision) {
+    return protocol::ReadPartData(Run("WBGetActiveDocInfo", "D-2|" + revision)).Value();
+  }
+
+  /// That the part has a mass and a standard deviation of it, and no limits, which nobody has set.
+  void ExpectStored(double mass, double deviation) {
+    const MassTypeData stored = store->LoadPart("cover").Value().part.massTypes.at(0);
+    EXPECT_EQ(stored.properties.mass, mass);
+    EXPECT_EQ(stored.deviations.mass, deviation);
+    EXPECT_FALSE(stored.bounds);
+  }
+};
+
+TEST_F(SaveOfARevisionWithOtherDeviations, TakesThoseOfTheRevisionThatIsChosen) {
+  SaveWell(Choosing(Revision("A"), "A"));
+  ExpectStored(8, 1);
+}
+
+TEST_F(SaveOfARevisionWithOtherDeviations, TakesThemWithValuesThatAreEditedToThoseOfThePart) {
+  protocol::PartData data = Choosing(Revision("A"), "A");
+  data.massTypes.at(1).mass = 10;
+  SaveWell(data);
+  ExpectStored(10, 1);
+}
+
+TEST_F(SaveOfARevisionWithOtherDeviations, TakesThoseOfOneRevisionAfterTheOther) {
+  SaveWell(Choosing(Revision("A"), "A"));
+  SaveWell(Choosing(Revision("B"), "B"));
+  ExpectStored(9, 2);
+  SaveWell(Choosing(Revision("A"), "A"));
+  ExpectStored(8, 1);
+}
+
+TEST_F(SaveOfARevisionWithOtherDeviations, TakesThoseOfTheChosenRevisionThatIsLoadedAgain) {
+  SaveWell(Choosing(Revision("A"), "A"));
+  protocol::PartData edited = PartDataOf("cover");
+  edited.massTypes.at(1).mass = 12;
+  edited.massTypes.at(1).lowerDeviation = 0.5;
+  edited.massTypes.at(1).upperDeviation = 0.25;
+  SaveWell(edited);
+  SaveWell(Choosing(Revision("A"), "A"));
+  ExpectStored(8, 1);
+}
+
+TEST_F(SaveOfARevisionWithOtherDeviations, TakesThoseOfALoadedRevisionUnderTheAutomaticChoice) {
+  SaveWell(ChoosingNone(Revision("A")));
+  ExpectStored(8, 1);
+  EXPECT_FALSE(PartDataOf("cover").documents.usedSpecificRevisionBefore);
+}
+
+TEST_F(SaveOfARevisionWithOtherDeviations, MakesLimitsOfDeviationsThatAUserHasTyped) {
+  protocol::PartData data = PartDataOf("cover");
+  data.massTypes.at(1).lowerDeviation = 1;
+  data.massTypes.at(1).upperDeviation = 2;
+  SaveWell(data);
+  const MassTypeData stored = store->LoadPart("cover").Value().part.massTypes.at(0);
+  EXPECT_EQ(stored.bounds->upper, 2);
+  EXPECT_EQ(stored.deviations.mass, 3);
+}
+
 }  // namespace
 }  // namespace lumira::test

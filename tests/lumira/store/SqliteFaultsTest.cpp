@@ -149,9 +149,9 @@ TEST_F(SqliteFaults, DatabaseOfAnotherProgramIsRefusedAndStaysAsItIs) {
 
 TEST_F(SqliteFaults, NewerVersionIsRefusedAndStaysAsItIs) {
   MakeStore();
-  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 6");
+  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 7");
   const std::string before = Content(file);
-  ExpectReason(OpeningFails(ErrorKind::Storage), "newer version (tables of version 6, this program knows 5)");
+  ExpectReason(OpeningFails(ErrorKind::Storage), "newer version (tables of version 7, this program knows 6)");
   EXPECT_EQ(Content(file), before);
 }
 
@@ -266,6 +266,7 @@ TEST_F(SqliteFaults, LostRowsOfWhatIsKeptBesideAPartAreNoticed) {
   leaf.details.documentId = "D-1";
   leaf.details.documents.revisions = {{"A", {}, {}, {}, {}, 0}, {"B", {}, {}, {}, {}, 0}};
   leaf.details.properties = {{"colour", "red"}, {"finish", "matt"}};
+  leaf.details.precisions = {{"Weighed"}, {"Computed"}};
   MakeStore({{{"colour"}, {"finish"}}, {leaf}});
   const std::pair<const char*, const char*> cases[] = {
       {"DELETE FROM property_values WHERE definition = 1",
@@ -275,7 +276,10 @@ TEST_F(SqliteFaults, LostRowsOfWhatIsKeptBesideAPartAreNoticed) {
       {"DELETE FROM document_revisions", "part \"leaf\" has 0 document revisions instead of 2"},
       {"DELETE FROM property_definitions WHERE position = 1; DELETE FROM property_values",
        "product \"PRC\" has 1 extra property instead of 2"},
-      {"DELETE FROM property_definitions", "product \"PRC\" has 0 extra properties instead of 2"}};
+      {"DELETE FROM property_definitions", "product \"PRC\" has 0 extra properties instead of 2"},
+      {"DELETE FROM part_details", "part \"leaf\" has 0 rows of details instead of 1"},
+      {"DELETE FROM precisions WHERE position = 0", "part \"leaf\" has 1 precision instead of 2"},
+      {"DELETE FROM precisions", "part \"leaf\" has 0 precisions instead of 2"}};
   const std::string whole = Content(file);
   for (const auto& [damage, reason] : cases) {
     Overwrite(file, whole);
@@ -296,12 +300,14 @@ TEST_F(SqliteFaults, CountsOfWhatIsKeptBesideAPartFollowEachSave) {
   details.documentId = "D-1";
   details.documents.revisions = {{"A", {}, {}, {}, {}, 0}};
   details.properties = {{"colour", "red"}, {"finish", ""}};
+  details.precisions = {{"Weighed"}};
   ASSERT_TRUE(store->SaveDetails("leaf", details).Ok());
   EXPECT_EQ(store->LoadDetails("leaf").Value().properties.at(0).value, "red");
   ASSERT_TRUE(store->SaveDetails("leaf", {}).Ok());
   const auto emptied = store->LoadDetails("leaf");
   ASSERT_TRUE(emptied.Ok()) << emptied.Failure().message;
   EXPECT_TRUE(emptied.Value().documents.revisions.empty());
+  EXPECT_TRUE(emptied.Value().precisions.empty());
 }
 
 TEST_F(SqliteFaults, RevisionsWithLostOrDamagedRowsAreNoticed) {
@@ -312,6 +318,7 @@ TEST_F(SqliteFaults, RevisionsWithLostOrDamagedRowsAreNoticed) {
   MakeStore({{}, {leaf}});
   const std::pair<const char*, const char*> cases[] = {
       {"DELETE FROM revision_mass_types", "revision \"B\" of part \"leaf\" has 0 mass types instead of 1"},
+      {"DELETE FROM revision_precisions", "revision \"B\" of part \"leaf\" has 0 precisions instead of 1"},
       {"UPDATE revision_mass_types SET mass = 9e999", "column mass: inf is not a finite number"},
       {"UPDATE revision_data SET density = 9e999", "column density: inf is not a finite number"},
       {"UPDATE revision_precisions SET value_type = 2", "column value_type: 2 is neither 0 nor 1"}};

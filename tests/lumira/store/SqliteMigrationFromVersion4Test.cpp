@@ -175,13 +175,57 @@ TEST_F(SqliteMigrationFromVersion4, LeavesADocumentOfTwoPartsToBothAndLetsBothBe
   }
 }
 
+TEST_F(SqliteMigrationFromVersion4, MakesATextOfAPropertyWhoseMagnitudeIsNotKnownAndSaysSo) {
+  SQLite::Database(file, SQLite::OPEN_READWRITE)
+      .exec("INSERT INTO properties VALUES(2, 1, 'pull', '12.50', 2, 0, 1, 'FORCE_X')");
+  auto store = OpenSqliteStore(file).Value();
+  EXPECT_THAT(store->LoadProperties("PRC").Value(),
+              testing::ElementsAre(PropertyDefinition{"colour"}, PropertyDefinition{"pull"}));
+  PartSaving saving{store->LoadPart("leaf").Value(), {"eva", "2026-01-02T03:04:05Z"}, "b", "a"};
+  EXPECT_EQ(saving.saved.details.properties.at(1).value, "12.50");
+  saving.saved.details.properties.at(1).value = "13 kN";
+  const auto saved = store->SavePart(saving);
+  ASSERT_TRUE(saved.Ok()) << saved.Failure().message;
+  store = OpenSqliteStore(file).Value();
+  EXPECT_EQ(store->LoadDetails("leaf").Value().properties.at(1).value, "13 kN");
+  EXPECT_THAT(store->Survey("PRC").Value().notes,
+              testing::ElementsAre("the extra property \"pull\" had the magnitude \"FORCE_X\", which is not "
+                                   "known here; it is a text now, and its values are as they were"));
+}
+
+TEST_F(SqliteMigrationFromVersion4, LeavesPropertiesOfKnownMagnitudesAsTheyAre) {
+  SQLite::Database(file, SQLite::OPEN_READWRITE)
+      .exec("INSERT INTO properties VALUES(2, 1, 'pull', '12.50', 2, 0, 1, 'FORCE')");
+  auto store = OpenSqliteStore(file).Value();
+  EXPECT_EQ(store->LoadProperties("PRC").Value().at(1),
+            (PropertyDefinition{"pull", PropertyType::Magnitude, "FORCE"}));
+  EXPECT_TRUE(store->Survey("PRC").Value().notes.empty());
+}
+
+TEST_F(SqliteMigrationFromVersion4, KeepsItsNotesUntilTheProductIsReplaced) {
+  SQLite::Database(file, SQLite::OPEN_READWRITE)
+      .exec("INSERT INTO properties VALUES(2, 1, 'pull', '12.50', 2, 0, 1, 'FORCE_X')");
+  auto store = OpenSqliteStore(file).Value();
+  ASSERT_TRUE(store->AddProduct(store->LoadProduct("PRC").Value(), Existing::Replace).Ok());
+  EXPECT_TRUE(store->Survey("PRC").Value().notes.empty());
+}
+
+TEST_F(SqliteMigrationFromVersion4, TellsAllPartsOfADocumentThatTwoShare) {
+  SQLite::Database(file, SQLite::OPEN_READWRITE)
+      .exec("INSERT INTO part_details VALUES(1, '', '', NULL, 1, 'D1', 'A', 0, 0, 'A', 1, 'YYYY-MM-DD')");
+  const auto owners = OpenSqliteStore(file).Value()->PartsOfDocument("D1").Value();
+  ASSERT_EQ(owners.size(), 2u);
+  EXPECT_EQ(owners[0].part, "root");
+  EXPECT_EQ(owners[1].part, "leaf");
+}
+
 TEST_F(SqliteMigrationFromVersion4, MakesTheTablesOfANewFile) {
   const std::string fresh = folder.File("new.lumira");
   ASSERT_TRUE(CreateSqliteStore(fresh).Ok());
   ASSERT_NE(ColumnsOf(file), ColumnsOf(fresh));
   ASSERT_TRUE(OpenSqliteStore(file).Ok());
   EXPECT_EQ(ColumnsOf(file), ColumnsOf(fresh));
-  EXPECT_EQ(VersionOf(file), 5);
+  EXPECT_EQ(VersionOf(file), 6);
 }
 
 TEST_F(SqliteMigrationFromVersion4, BeginsAnEmptyHistoryThatSavesGoInto) {

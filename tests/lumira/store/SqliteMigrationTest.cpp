@@ -182,7 +182,7 @@ class SqliteMigration : public testing::Test {
     EXPECT_EQ(leaf.Value().documents.revisions.at(1).checkOutUser, "max");
     EXPECT_EQ(leaf.Value().referenceDensity, 11340);
     EXPECT_EQ(leaf.Value().precisions.at(0).massTypeUpperPrecision, 0.4);
-    EXPECT_EQ(store.Value()->PartOfDocument("D-1").Value().part, "leaf");
+    EXPECT_EQ(store.Value()->PartsOfDocument("D-1").Value().at(0).part, "leaf");
     EXPECT_EQ(store.Value()->LoadDetails("root").Value().documentId, "") << "that of nothing found";
     EXPECT_TRUE(store.Value()->SaveDetails("leaf", leaf.Value()).Ok());
   }
@@ -214,7 +214,7 @@ TEST_F(SqliteMigration, KeepsWhatIsKnownOfPartsInVersion3) { ExpectContent(); }
 TEST_F(SqliteMigration, KeepsWhatIsKnownOfPartsInVersion4) {
   MakeVersion4();
   ExpectContent();
-  EXPECT_EQ(VersionOf(file), 5);
+  EXPECT_EQ(VersionOf(file), 6);
 }
 
 TEST_F(SqliteMigration, KeepsProductsResultsAndFiltersOfVersion4) {
@@ -251,7 +251,7 @@ TEST_F(SqliteMigration, MakesTheTablesOfANewFile) {
   ASSERT_NE(ColumnsOf(file), ColumnsOf(fresh));
   ASSERT_TRUE(OpenSqliteStore(file).Ok());
   EXPECT_EQ(ColumnsOf(file), ColumnsOf(fresh));
-  EXPECT_EQ(VersionOf(file), 5);
+  EXPECT_EQ(VersionOf(file), 6);
 }
 
 TEST_F(SqliteMigration, HappensOnceAndWhatIsWrittenThenStays) {

@@ -110,15 +110,59 @@ TEST_P(StoreContent, RefusesToSaveValuesThatDoNotFitTheirProperty) {
   EXPECT_EQ(store->LoadDetails("leaf").Value().properties[4].value, "1.5") << "nothing has changed";
 }
 
+// Of each mass type 5 digits and 17 numbers of 25 bytes: 430 bytes.
+TEST_P(StoreContent, RefusesMassTypesThatCouldNotBeTold) {
+  Part part = SampleProduct().parts[1];
+  part.massTypes.clear();
+  for (int i = 0; i < 78'034; ++i)
+    part.massTypes.push_back({std::to_string(10'000 + i), {1.0, {}, {}}, {}, {}});
+  part.activeMassType = kComputedMassType;
+  ASSERT_TRUE(Add(SampleContent()).Ok());
+  const auto refused = store->UpdatePart(part);
+  ASSERT_FALSE(refused.Ok());
+  EXPECT_EQ(refused.Failure().kind, ErrorKind::BadValue);
+  EXPECT_EQ(refused.Failure().message,
+            "part \"leaf\": its mass types have 33554620 bytes together, at most 33554432 expected");
+}
+
+// Of the property 4 bytes of its name, 16 more and 33,554,000 of its value.
+TEST_P(StoreContent, RefusesMassTypesAndPropertiesThatCouldNotBeToldTogether) {
+  PartContent leaf{"leaf", {}, {}};
+  leaf.details.properties = {{"size", std::string(33'554'000, 'x')}};
+  const auto refused = store->AddProduct(SampleProduct(), Existing::Refuse, {}, {}, {{{"size"}}, {leaf}});
+  ASSERT_FALSE(refused.Ok());
+  EXPECT_EQ(refused.Failure().kind, ErrorKind::BadValue);
+  EXPECT_EQ(
+      refused.Failure().message,
+      "part \"leaf\": its mass types and extra properties have 33554886 bytes together, at most 33554432 "
+      "expected");
+}
+
+// Of each revision 3 bytes of its name, 1,000,000 of a user and 41 more.
+TEST_P(StoreContent, RefusesRevisionsThatCouldNotBeToldButKeepsThoseThatAreThere) {
+  PartContent leaf{"leaf", {}, {}};
+  leaf.details.documentId = "D-9";
+  for (int i = 100; i < 109; ++i)
+    leaf.details.documents.revisions.push_back(
+        {std::to_string(i), "", std::string(1'000'000, 'u'), {}, "", 0});
+  const auto refused = store->AddProduct(SampleProduct(), Existing::Refuse, {}, {}, {{}, {leaf}});
+  ASSERT_FALSE(refused.Ok());
+  EXPECT_EQ(refused.Failure().message,
+            "part \"leaf\": document \"D-9\": its revisions have 9000396 bytes together, at most 8388608 "
+            "expected");
+  ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse).Ok());
+  EXPECT_TRUE(store->SaveDetails("leaf", leaf.details).Ok());
+}
+
 TEST_P(StoreContent, KnowsThePartOfADocument) {
   ASSERT_TRUE(Add(SampleContent()).Ok());
-  const auto owner = Reopened().PartOfDocument("D-1");
-  ASSERT_TRUE(owner.Ok());
-  EXPECT_EQ(owner.Value().part, "leaf");
-  EXPECT_EQ(owner.Value().product, "PRC");
-  EXPECT_EQ(store->PartOfDocument("D-2").Failure().kind, ErrorKind::NotFound);
-  EXPECT_EQ(store->PartOfDocument("D-2").Failure().message, "there is no document \"D-2\"");
-  EXPECT_EQ(store->PartOfDocument("").Failure().kind, ErrorKind::NotFound) << "parts without a document";
+  const auto owners = Reopened().PartsOfDocument("D-1");
+  ASSERT_TRUE(owners.Ok());
+  ASSERT_EQ(owners.Value().size(), 1u);
+  EXPECT_EQ(owners.Value()[0].part, "leaf");
+  EXPECT_EQ(owners.Value()[0].product, "PRC");
+  EXPECT_TRUE(store->PartsOfDocument("D-2").Value().empty());
+  EXPECT_TRUE(store->PartsOfDocument("").Value().empty()) << "parts without a document";
 }
 
 TEST_P(StoreContent, RefusesADocumentOfAnotherPart) {
@@ -173,7 +217,7 @@ TEST_P(StoreContent, ReplacesTheContentWithTheProduct) {
       << "its own document does not stand in its way";
   ASSERT_TRUE(store->AddProduct(SampleProduct(), Existing::Replace).Ok());
   EXPECT_TRUE(store->LoadProperties("PRC").Value().empty());
-  EXPECT_FALSE(store->PartOfDocument("D-1").Ok());
+  EXPECT_TRUE(store->PartsOfDocument("D-1").Value().empty());
   EXPECT_FALSE(store->LoadRevision("leaf", "B").Ok());
   EXPECT_TRUE(store->LoadDetails("leaf").Value().properties.empty());
 }

@@ -1,0 +1,113 @@
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gmock/gmock.h>
+
+#include "DatabaseFiles.h"
+#include "StoreContract.h"
+#include "lumira/store/MassTypesKey.h"
+#include "lumira/store/OpenSqliteStore.h"
+#include "protocol/Codec.h"
+
+namespace lumira::test {
+namespace {
+
+// Takes away what version 5 did not have.
+constexpr char kToVersion5[] = R"sql(
+DROP TABLE product_notes;
+DROP INDEX history_by_mass_types_before;
+DROP INDEX history_by_mass_types_after;
+DROP INDEX history_by_state_before;
+DROP INDEX history_by_state_after;
+ALTER TABLE history DROP COLUMN mass_types_before;
+ALTER TABLE history DROP COLUMN mass_types_after;
+ALTER TABLE parts DROP COLUMN details_count;
+ALTER TABLE parts DROP COLUMN precision_count;
+ALTER TABLE revision_data DROP COLUMN precision_count;
+PRAGMA user_version = 5;
+)sql";
+
+std::string TextWith(const std::string& massType) {
+  protocol::PartData data;
+  data.massTypes.resize(2);
+  data.massTypes[0].name = "Computed";
+  data.massTypes[1].name = massType;
+  return protocol::WritePartData(data);
+}
+
+std::int64_t KeyOf(const std::string& text) { return MassTypesKey(protocol::ReadPartData(text).Value()); }
+
+/// A file of version 5 with details, precisions, data of a revision and one save in the history of a part.
+class SqliteMigrationFromVersion5 : public testing::Test {
+ protected:
+  SqliteMigrationFromVersion5() {
+    PartContent leaf{"leaf", {}, {{"B", {{"Weighed", {2.0, {}, {}}, {}, {}}}, "Weighed", {}, 7200, {}}}};
+    leaf.details.documentId = "D-1";
+    leaf.details.documents.revisions = {{"B", {}, {}, {}, {}, 0}};
+    leaf.details.precisions = {{"Weighed"}, {"Computed"}};
+    leaf.details.properties = {{"pull", "1.5"}};
+    leaf.revisions[0].precisions = {{"Weighed"}};
+    auto store = CreateSqliteStore(file).Value();
+    const ProductContent content{{{"pull", PropertyType::Magnitude, "FORCE"}}, {leaf}};
+    EXPECT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse, {}, {}, content).Ok());
+    EXPECT_TRUE(store
+                    ->SavePart({store->LoadPart("leaf").Value(),
+                                {"eva", "2026-01-02T03:04:05Z"},
+                                TextWith("Planned"),
+                                TextWith("Weighed")})
+                    .Ok());
+    store.reset();
+    Change(kToVersion5);
+  }
+
+  void Change(const char* sql) { SQLite::Database(file, SQLite::OPEN_READWRITE).exec(sql); }
+
+  TemporaryFolder folder;
+  std::string file = folder.File("old.lumira");
+};
+
+TEST_F(SqliteMigrationFromVersion5, MakesTheTablesOfANewFile) {
+  const std::string fresh = folder.File("new.lumira");
+  ASSERT_TRUE(CreateSqliteStore(fresh).Ok());
+  ASSERT_NE(ColumnsOf(file), ColumnsOf(fresh));
+  ASSERT_TRUE(OpenSqliteStore(file).Ok());
+  EXPECT_EQ(ColumnsOf(file), ColumnsOf(fresh));
+  EXPECT_EQ(VersionOf(file), 6);
+}
+
+TEST_F(SqliteMigrationFromVersion5, KeepsWhatIsKnownOfAPartWithTheCountsOfItsRows) {
+  const auto store = OpenSqliteStore(file).Value();
+  const auto leaf = store->LoadPart("leaf");
+  ASSERT_TRUE(leaf.Ok()) << leaf.Failure().message;
+  EXPECT_EQ(leaf.Value().details.precisions.size(), 2u);
+  EXPECT_EQ(leaf.Value().details.properties.at(0).value, "1.5");
+  EXPECT_EQ(store->LoadRevision("leaf", "B").Value().precisions.size(), 1u);
+  Change("DELETE FROM precisions WHERE position = 1");
+  EXPECT_THAT(OpenSqliteStore(file).Value()->LoadPart("leaf").Failure().message,
+              testing::HasSubstr("part \"leaf\" has 1 precision instead of 2"));
+}
+
+TEST_F(SqliteMigrationFromVersion5, FindsStatesOfItsHistoryByTheirMassTypes) {
+  const auto store = OpenSqliteStore(file).Value();
+  for (const char* type : {"Planned", "Weighed"}) {
+    const std::string text = TextWith(type);
+    EXPECT_EQ(store->FindTextWithMassTypes("leaf", KeyOf(text)).Value(), text);
+  }
+  EXPECT_FALSE(store->FindTextWithMassTypes("leaf", KeyOf(TextWith("Other"))).Value().has_value());
+}
+
+TEST_F(SqliteMigrationFromVersion5, PassesByTextsOfAHistoryThatCannotBeRead) {
+  Change("UPDATE history SET before = 'torn'");
+  const auto store = OpenSqliteStore(file).Value();
+  EXPECT_EQ(store->FindTextWithMassTypes("leaf", KeyOf(TextWith("Weighed"))).Value(), TextWith("Weighed"));
+  EXPECT_EQ(store->LoadHistoryTexts("leaf", 1).Value().before, "torn");
+}
+
+TEST_F(SqliteMigrationFromVersion5, MendsAMagnitudeThatIsNotKnown) {
+  Change("UPDATE property_definitions SET magnitude = 'FORCE_X'");
+  const auto store = OpenSqliteStore(file).Value();
+  EXPECT_EQ(store->LoadProperties("PRC").Value().at(0), PropertyDefinition{"pull"});
+  EXPECT_EQ(store->LoadDetails("leaf").Value().properties.at(0).value, "1.5");
+  EXPECT_EQ(store->Survey("PRC").Value().notes.size(), 1u);
+}
+
+}  // namespace
+}  // namespace lumira::test
