@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "desktop/app/HistoryDialog.h"
 #include "desktop/app/SearchBox.h"
 #include "framework/dialog/KorApplicationFrame.h"
 #include "framework/knowledge/KorUnitSystems.h"
@@ -152,7 +153,8 @@ TEST_F(ValuesAtRiskTest, AnEarlierStateThatIsBroughtBackReplacesValuesThatTheUse
   EditMass("43000");
   constexpr int kBringBack = 0;
   boxes.answers = {kBringBack, kGiveUp};
-  window.SaveAgain("bedplate", 1, protocol::HistoryMoment::Before);
+  window.ShowHistory();
+  window.History()->BeforeButton().click();
   RunPendingEvents();
   EXPECT_EQ(boxes.Questions().size(), 2u);
   EXPECT_FALSE(IsEditing());
