@@ -45,8 +45,10 @@ class KOR_SERVICES_API KorWBAllDataBuffer : public KorBaseUnknown {
   /// text except what stands in no data text: the pre-compute switch and whether a compute makes sense with a
   /// user mass type stay, here as below. With false the text tells of another state of the same part (another
   /// revision of its document): what belongs to the selection stays, that is instance path, configuration
-  /// handler, filter, has-instance flag, inertia mode and placement, and when the text is about another
-  /// filter (a revision is told of the whole product) the computed values. E_FAIL, with the buffer as it was
+  /// handler, filter, has-instance flag, inertia mode and placement; so does what is the part's own whatever
+  /// the revision, that is the standard-part flag, the extra properties and the state that the next save
+  /// stands on; and when the text is about another filter (a revision is told of the whole product) the
+  /// computed values. E_FAIL, with the buffer as it was
   /// and the reason in GetLastRefusal, when the text cannot be read, or when `newSelection` is false and it
   /// is about another part.
   HRESULT SetAllData(const KorUnicodeString& text, bool newSelection);

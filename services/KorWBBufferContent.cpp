@@ -25,14 +25,21 @@ std::optional<std::array<double, 3>> CgInMillimetres(const protocol::MassType& m
   return mm;
 }
 
-// What the selection decides and a document revision does not.
-void KeepSelection(const protocol::PartData& present, protocol::PartData& loaded) {
+// What the selection decides and a document revision does not, and what the user edits of the part itself.
+// The next save is of what was read, and edited, here: it names the state of then, so that what somebody else
+// has saved since is not written over.
+void KeepPart(const protocol::PartData& present, protocol::PartData& loaded) {
   loaded.instancePath = present.instancePath;
   loaded.configurationHandler = present.configurationHandler;
   loaded.filter = present.filter;
   loaded.hasInstance = present.hasInstance;
   loaded.referenceInertiaMode = present.referenceInertiaMode;
   loaded.placement = present.placement;
+  loaded.stateToken = present.stateToken;
+  loaded.standardPart = present.standardPart;
+  loaded.propertiesRequested = present.propertiesRequested;
+  loaded.dateFormat = present.dateFormat;
+  loaded.properties = present.properties;
 }
 
 bool IsSameFilter(const std::string& a, const std::string& b) {
@@ -83,8 +90,10 @@ void KorWBAllDataBuffer::Content::TakeOtherState(protocol::PartData newData) {
   const bool hasOtherFilter = !IsSameFilter(data.filter, newData.filter);
   const protocol::MassType computed = ComputedOf(data);
   if (hasOtherFilter) newData.computed = data.computed;
-  KeepSelection(data, newData);
+  KeepPart(data, newData);
+  const std::vector<std::string> typed = propertyTexts;
   Replace(std::move(newData));
+  propertyTexts = typed;
   if (hasOtherFilter) SetComputed(computed);
 }
 

@@ -12,21 +12,34 @@ std::array<double, 9> Adjugate(const std::array<double, 9>& a) {
           a[3] * a[7] - a[4] * a[6], a[1] * a[6] - a[0] * a[7], a[0] * a[4] - a[1] * a[3]};
 }
 
-// The power of two that brings the largest coefficient into [0.5, 1): so scaled, products of three
-// coefficients neither overflow nor lose digits for their size alone.
-int ScaleOf(const std::array<double, 9>& a) {
-  double largest = 0;
-  for (const double coefficient : a) largest = std::max(largest, std::abs(coefficient));
+/// Powers of two for the rows and columns of a matrix.
+struct Scales {
+  std::array<int, 3> rows{}, columns{};
+};
+
+int ExponentOf(double number) {
   int exponent = 0;
-  std::frexp(largest, &exponent);
-  return -exponent;
+  std::frexp(number, &exponent);
+  return exponent;
 }
 
-KorMath3x3Matrix Scaled(std::array<double, 9> coefficients, int exponent) {
-  for (double& coefficient : coefficients) coefficient = std::ldexp(coefficient, exponent);
-  KorMath3x3Matrix scaled;
-  scaled.SetCoefficients(coefficients);
-  return scaled;
+double Largest(double a, double b, double c) { return std::max({std::abs(a), std::abs(b), std::abs(c)}); }
+
+std::array<double, 9> Divided(std::array<double, 9> a, const Scales& by) {
+  for (std::size_t i = 0; i < a.size(); ++i) a[i] = std::ldexp(a[i], -by.rows[i / 3] - by.columns[i % 3]);
+  return a;
+}
+
+// Divided by these, the largest coefficient of each row, and then of each column, lies in [0.5, 1): products
+// of three coefficients neither overflow nor lose digits for their size alone.
+Scales ScalesOf(const std::array<double, 9>& a) {
+  Scales scales;
+  for (std::size_t i = 0; i < 3; ++i)
+    scales.rows[i] = ExponentOf(Largest(a[3 * i], a[3 * i + 1], a[3 * i + 2]));
+  const std::array<double, 9> byRows = Divided(a, scales);
+  for (std::size_t i = 0; i < 3; ++i)
+    scales.columns[i] = ExponentOf(Largest(byRows[i], byRows[3 + i], byRows[6 + i]));
+  return scales;
 }
 
 }  // namespace
@@ -42,11 +55,14 @@ KorMath3x3Matrix KorMath3x3Matrix::Transpose() const {
 
 bool KorMath3x3Matrix::Invert(KorMath3x3Matrix& inverse) const {
   if (Determinant() == 0.0) return false;
-  const int scale = ScaleOf(_a);
-  const KorMath3x3Matrix scaled = Scaled(_a, scale);
+  const Scales scales = ScalesOf(_a);
+  KorMath3x3Matrix scaled;
+  scaled.SetCoefficients(Divided(_a, scales));
   const double determinant = scaled.Determinant();
   std::array<double, 9> coefficients = Adjugate(scaled._a);
-  for (double& coefficient : coefficients) coefficient = std::ldexp(coefficient / determinant, scale);
+  for (double& coefficient : coefficients) coefficient /= determinant;
+  // What scaled a row scales a column of the inverse.
+  coefficients = Divided(coefficients, {scales.columns, scales.rows});
   if (!std::all_of(coefficients.begin(), coefficients.end(), [](double c) { return std::isfinite(c); }))
     return false;
   inverse.SetCoefficients(coefficients);

@@ -260,6 +260,7 @@ class ExportedByKorWBNymNavGUI KorWBNymMainPanel : public KorDlgDialog {
   void ShowMovedToReference(const KorUnicodeString& massType, const KorUnicodeString& label);
   void PlaceCustomFrame();
   void LeaveResultsPage();
+  void ShowAboutCentreOfGravity();
   void EnterResultsPage(bool showsDefinedUserType);
 
   // compute

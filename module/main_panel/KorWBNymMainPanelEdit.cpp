@@ -50,12 +50,13 @@ bool KorWBNymMainPanel::IsComputedShown() const {
 void KorWBNymMainPanel::ResetInertiaDisplay() {
   Choose(*_widgets.atCG);
   Choose(*_widgets.currentPart);
-  ShowOwnDistribution();
+  ShowAboutCentreOfGravity();
 }
 
-/// In edit mode what stands on the mass-types page is what a save stores. So the page shows the values of its
-/// own mass type alone: not the inertia that the refresh of the results has left there, nor what stayed of
-/// another mass type where this one has nothing.
+/// The mass-types page shows the values of its own mass type alone, as they are stored: not the inertia that
+/// the refresh of the results has left there, nor what stayed of another mass type where this one has
+/// nothing. In edit mode what stands there is what a save stores. What an earlier save did not store, since
+/// its mass was no number, is given up.
 void KorWBNymMainPanel::ShowOwnDistribution() {
   using Display = KorWBNymNavUnitDisplay;
   const auto shown = ShownDistribution();

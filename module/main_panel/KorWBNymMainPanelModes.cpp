@@ -75,17 +75,21 @@ void KorWBNymMainPanel::OnTabContainer001TabSelectNotification(KorCommand*, KorN
 }
 
 // Outside the results page inertia is always shown about the centre of gravity. Of mass types that lack
-// values the change of mode alone shows nothing, and so would leave it about the reference point.
+// values, or have no mass, a change of mode shows nothing, now or before: whatever the buttons say, inertia
+// about the reference point may still stand there.
 void KorWBNymMainPanel::LeaveResultsPage() {
   const KorWBNymMainPanelWidgets& w = _widgets;
-  const bool wasAtReference = w.atReference->IsChecked() && w.currentPart->IsChecked();
   Choose(*w.atCG);
   w.inertiaModeFrame->SetSensitivity(KorSensitivity::Disabled);
   Choose(*w.currentPart);
   w.referenceModeFrame->SetSensitivity(KorSensitivity::Disabled);
   // Nothing is custom any more by now; should the choice above ever leave it checked, its frame is off too.
   if (w.customReference->IsChecked()) w.customFrame->SetSensitivity(KorSensitivity::Disabled);
-  if (!wasAtReference) return;
+  if (!IsInEditMode()) ShowAboutCentreOfGravity();
+}
+
+/// Once the modes are chosen. Not in edit mode, where the mass-types page holds what was typed.
+void KorWBNymMainPanel::ShowAboutCentreOfGravity() {
   RefreshResultsTab();
   ShowOwnDistribution();
 }

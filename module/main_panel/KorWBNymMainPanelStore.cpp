@@ -172,7 +172,9 @@ void KorWBNymMainPanel::StoreBounds(const KorUnicodeString& activeType) {
   const int valueType = _widgets.precisionValueType->GetSelect();
   const bool sameValueType = _dataBuffer->GetPrecisionValueType(activeType) == valueType;
   const auto read = [&](const KorDlgEditor& editor, double bound) {
-    if (editor.GetText() == Display::kNoValue) return bound;  // the percentage of no mass: nobody typed it
+    // The percentage of no mass: nobody typed it. Of the other value type the stored one would be another
+    // bound.
+    if (editor.GetText() == Display::kNoValue) return sameValueType ? bound : 0.0;
     const auto stored = sameValueType ? std::optional(bound) : std::nullopt;
     return valueType == kRelative ? KorWBNymNavEditedValue::ReadPercent(editor, stored)
                                   : KorWBNymNavEditedValue::Read(editor, Display::kMass, stored).value_or(0);

@@ -1,6 +1,7 @@
 #include "module/shared/KorWBNymNavUnitDisplay.h"
 
 #include <array>
+#include <cmath>
 
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/knowledge/KorCkeParmDictionary.h"
@@ -18,7 +19,8 @@ KorUnicodeString KorWBNymNavUnitDisplay::Show(double stored) const {
 }
 
 KorUnicodeString KorWBNymNavUnitDisplay::ShowUnconverted(double value) const {
-  return _current->ShowValue(value, 0);
+  const double shown = _current->ConvertFromReference(value);
+  return std::isfinite(shown) ? _current->FormatValue(shown, 0) : KorUnicodeString(kNoValue);
 }
 
 KorUnicodeString KorWBNymNavUnitDisplay::ShowTyped(double value) const {

@@ -144,4 +144,12 @@ TEST_F(DocumentSave, OnAPanelWithoutTheDocumentsPageLeavesTheDocumentAsItIs) {
   EXPECT_EQ(Save().documents.activeId, "D-7");
 }
 
+TEST_F(DocumentSave, OfTheAutomaticRevisionAfterOneChosenByHandShowsTheMode) {
+  EditDocuments();
+  ASSERT_EQ(Text("Act"), "D-7 B");
+  Check("ActiveDocLatestButton");
+  Save();
+  EXPECT_EQ(Text("Act"), "Automatic revision: latest");
+}
+
 }  // namespace

@@ -281,4 +281,43 @@ TEST_F(EditMode, OfARevisionShowsNothingOfTheOneBeforeWhereItHasNothing) {
   EXPECT_EQ(MTMoments(), "..., ..., ...") << "nor the computed inertia that the results have left there";
 }
 
+TEST_F(EditMode, ShowsTheResultsAboutTheCentreOfGravityForAMassTypeThatLacksValuesToo) {
+  protocol::PartData part = SamplePart();
+  part.activeMassType = "Weighed";
+  part.massTypes[2].status = protocol::MassTypeStatus::Defined;
+  part.massTypes[2].mass = 7;
+  Open(part);
+  Check("ReferenceButton");
+  Panel().RefreshPanelWithInfo();
+  ASSERT_EQ(Moments(), "10.26 kg·m², 20.2 kg·m², 30.1 kg·m²");
+  Press("EditButton");
+  EXPECT_EQ(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²");
+}
+
+TEST_F(EditMode, GivesUpWhatASaveDidNotStoreSinceTheMassWasNoNumberOnPurpose) {
+  Edit(SamplePart());
+  Type("MTMassEditor", "heavy");
+  Type("MTIxxEditor", "50");
+  Save();
+  EXPECT_EQ(Text("MTIxxEditor"), "50");
+  Press("EditButton");
+  EXPECT_EQ(MTMoments(), "5 kg·m², 6 kg·m², 7 kg·m²");
+}
+
+TEST_F(EditMode, ComesBackWithTheStandardPartAfterASave) {
+  Edit(SamplePart());
+  Save();
+  EXPECT_FALSE(IsEnabled("StdPartCheckButton"));
+  Press("EditButton");
+  EXPECT_TRUE(IsEnabled("StdPartCheckButton"));
+}
+
+TEST_F(EditMode, OfAPartThatUsesNoPropertiesLeavesTheirPageAlone) {
+  Open(SamplePartWithProperties());
+  auto other = BufferOf(SamplePart());
+  Panel().SetModel(other.Get());
+  Press("EditButton");
+  EXPECT_FALSE(IsEnabled("PropertyValueEditor"));
+}
+
 }  // namespace

@@ -231,15 +231,15 @@ TEST_F(PrecisionEditing, AfterAChangeAndAnotherActiveTypeTheSameValueTypeAgainCo
   EXPECT_EQ(Bounds(), "5%, 10%");
 }
 
-TEST_F(PrecisionEditing, ThePercentageOfNoMassIsNoValueAndASaveKeepsTheStoredBounds) {
+TEST_F(PrecisionEditing, ThePercentageOfNoMassIsNoValueAndASaveStoresNoBoundOfTheOtherValueType) {
   protocol::PartData part = WithBounds(1, 1);
   part.massTypes[1].mass = 0;
   EditPage(part);
   Pick("ValueTypeCombo", "Relative");
   EXPECT_EQ(Bounds(), "..., ...");
   Save();
-  EXPECT_EQ(Buffer().GetLowerPrecision("Estimated"), 5);
-  EXPECT_EQ(Buffer().GetUpperPrecision("Estimated"), 10);
+  EXPECT_EQ(Buffer().GetLowerPrecision("Estimated"), 0) << "5 kg are not 500 percent";
+  EXPECT_EQ(Buffer().GetUpperPrecision("Estimated"), 0);
   EXPECT_EQ(Buffer().GetPrecisionValueType("Estimated"), 0) << "the value type is stored in any case";
   EXPECT_EQ(Bounds(), "..., ...");
 }
@@ -327,6 +327,13 @@ TEST_F(PrecisionEditing, WithoutASendingEditorNothingIsRewritten) {
        {static_cast<KorCommand*>(nullptr), static_cast<KorCommand*>(&Widget("EditButton"))})
     static_cast<AskedPanel&>(Panel()).OnPrecisionEditorFocusNotification(sender, nullptr, KorClientData(1));
   EXPECT_EQ(Text("UpperValueEditor"), "7.50");
+}
+
+TEST_F(PrecisionEditing, ABoundWithoutAValueKeepsTheStoredOneOfTheSameValueType) {
+  EditPage(WithBounds(1, 0));
+  Type("UpperValueEditor", "...");
+  Save();
+  EXPECT_EQ(Buffer().GetUpperPrecision("Estimated"), 0.1);
 }
 
 }  // namespace

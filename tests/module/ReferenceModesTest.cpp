@@ -255,4 +255,18 @@ TEST_F(ReferenceMode, WhatBecomesTooLargeForANumberIsNotKnown) {
   EXPECT_EQ(CG(), "-1e+160 m, 2.1 m, 3.3 m");
 }
 
+TEST_F(ReferenceMode, AxesOfVeryDifferentSizesCountAsTyped) {
+  Open(SamplePart());
+  ChooseCustomFrame({"0", "0", "0", "1e-110", "0", "0", "0", "1e110", "0", "0", "0", "1"});
+  EXPECT_EQ(Panel().RefreshResultsTab(), S_OK);
+  EXPECT_EQ(Moments(), "20 kg·m², 10 kg·m², 30 kg·m²");
+}
+
+TEST_F(ReferenceMode, ACentreOfGravityThatBecomesTooLargeForANumberIsNotKnown) {
+  Open(SamplePart());
+  ChooseCustomFrame({"0", "0", "0", "1e306", "0", "0", "0", "1e306", "0", "0", "0", "1e306"});
+  EXPECT_EQ(CG(), "..., ..., ...");
+  EXPECT_EQ(Moments(), "20 kg·m², 10 kg·m², 30 kg·m²");
+}
+
 }  // namespace

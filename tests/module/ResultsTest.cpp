@@ -373,4 +373,22 @@ TEST_F(Results, AtTheReferenceAMassOfZeroOrBelowIsShownAgainWithoutAMove) {
   }
 }
 
+TEST_F(Results, WhatIsTooLargeForANumberInTheCurrentUnitShowsNoValue) {
+  protocol::PartData part = SamplePart();
+  part.massTypes[0].mass = 1e306;
+  SetUnit("MASS", "GRAM");
+  Open(part);
+  EXPECT_EQ(Text("MassEditor"), "...");
+  EXPECT_EQ(Text("MTMassEditor"), "...");
+}
+
+TEST_F(Results, InertiaThatBecomesTooLargeAtTheReferenceShowsNoValueOnBothPages) {
+  protocol::PartData part = SamplePart();
+  part.massTypes[0].cg = {1e155, 0, 0};
+  Open(part);
+  Check("ReferenceButton");
+  EXPECT_EQ(Moments(), "10 kg·m², ..., ...");
+  EXPECT_EQ(MTMoments(), "10 kg·m², ..., ...");
+}
+
 }  // namespace

@@ -392,4 +392,47 @@ TEST_F(Revisions, CannotBeSelectedWithoutABufferOrRevisions) {
   EXPECT_THAT(trace.Text(), HasSubstr("_dataBuffer is null here\n"));
 }
 
+// ---- what is the part's own ----
+
+TEST_F(Revisions, LeaveTheStateThatTheNextSaveStandsOnSoThatItFindsWhatOthersHaveSaved) {
+  protocol::PartData part = PartWithThreeRevisions();
+  part.stateToken = "7";
+  protocol::PartData revision = RevisionA();
+  revision.stateToken = "8";
+  revision.standardPart = true;  // what somebody has saved since the part was read
+  EditByHand(part);
+  Apply("D-7 A", protocol::WritePartData(revision));
+  const protocol::PartData sent = Save();
+  EXPECT_EQ(sent.stateToken, "7");
+  EXPECT_FALSE(sent.standardPart);
+}
+
+TEST_F(Revisions, LeavePropertiesThatWereTyped) {
+  protocol::PartData part = PartWithThreeRevisions();
+  part.propertiesRequested = true;
+  part.properties = {{"Finish", "painted", 3, false, false, ""}, {"Count", "12", 1, false, false, ""}};
+  protocol::PartData revision = part;
+  revision.documents.activeVersion = "A";
+  EditByHand(part);
+  PickPage("TabPageAdditional");
+  Pick("PropertyNameCombo", "Count");
+  Type("PropertyValueEditor", "13");
+  Pick("PropertyNameCombo", "Finish");
+  Type("PropertyValueEditor", "zinc");
+  PickPage("TabPageDocuments");
+  Apply("D-7 A", protocol::WritePartData(revision));
+  const protocol::PartData sent = Save();
+  EXPECT_EQ(sent.properties[0].value, "zinc");
+  EXPECT_EQ(sent.properties[1].value, "13");
+}
+
+TEST_F(Revisions, LeaveTheStandardPartThatWasChecked) {
+  EditByHand();
+  Toggle("StdPartCheckButton");
+  Apply("D-7 A", protocol::WritePartData(RevisionA()));
+  EXPECT_TRUE(IsChecked("StdPartCheckButton"));
+  EXPECT_TRUE(Buffer().IsStandatadPart());
+  EXPECT_TRUE(Save().standardPart);
+}
+
 }  // namespace

@@ -405,4 +405,50 @@ TEST_F(SaveCommand, IsTraced) {
   EXPECT_THAT(trace.Text(), HasSubstr("Server's response: <SaveReply/1|P-100|8|end>\n"));
 }
 
+// ---- what the panel shows after it ----
+
+TEST_F(SaveCommand, DefinesTheMassTypeThatWasTyped) {
+  Edit(SamplePart(), "Weighed");
+  Type("MTMassEditor", "9");
+  EXPECT_EQ(TypeOf(Save(), "Weighed").status, protocol::MassTypeStatus::Defined);
+}
+
+TEST_F(SaveCommand, TakesTheStandardPartFlagFromTheButton) {
+  Edit(SamplePart());
+  Buffer().SetStandardPart(true);  // as somebody else's program might
+  EXPECT_FALSE(Save().standardPart);
+}
+
+TEST_F(SaveCommand, ShowsWhatWasTypedInTheFormOfStoredValues) {
+  Edit(SamplePart());
+  Type("MTMassEditor", "9");
+  Type("MTCGxEditor", "7");
+  Type("MTIxxEditor", "50");
+  PickPage("TabPage004");
+  Type("DensityEditor", "8500");
+  Save();
+  EXPECT_EQ(Text("MTMassEditor"), "9 kg");
+  EXPECT_EQ(Text("MTCGxEditor"), "7 mm");
+  EXPECT_EQ(Text("MTIxxEditor"), "50 kg·m²");
+  EXPECT_EQ(Text("DensityEditor"), "8500 kg/m³");
+}
+
+TEST_F(SaveCommand, LeavesTheLampsWhereTheResultStillHolds) {
+  protocol::PartData part = PartWithoutProducts();
+  part.computed = false;
+  Edit(part, "Computed");
+  EXPECT_TRUE(Save().computed);
+  EXPECT_TRUE(IsShown("FlagRedLabel[1]"));
+  EXPECT_FALSE(IsShown("FlagGreenLabel[1]"));
+}
+
+TEST_F(SaveWithoutInstance, RemembersWhereTheMaterialAppliesForTheNextRefresh) {
+  Edit(_part);
+  PickPage("TabPage004");
+  Check("ApplyOnInstance");
+  Save();
+  Panel().RefreshPanelWithInfo();
+  EXPECT_TRUE(IsChecked("ApplyOnInstance"));
+}
+
 }  // namespace

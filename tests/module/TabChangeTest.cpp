@@ -150,4 +150,47 @@ TEST_F(TabChange, LeavingTheResultsAtTheReferenceDoesSoWithAMassTypeWithoutValue
   }
 }
 
+// Checking "CGButton" by hand shows nothing of a mass type that lacks values: the page still tells of the
+// reference point then, although the button says otherwise.
+TEST_F(TabChange, LeavingTheResultsShowsTheValuesAboutTheCentreOfGravityWhateverTheButtonsSay) {
+  protocol::PartData lacking = SamplePart();
+  lacking.activeMassType = "Weighed";
+  lacking.massTypes[2].status = protocol::MassTypeStatus::Defined;
+  lacking.massTypes[2].mass = 7;
+  protocol::PartData negative = SamplePart();
+  negative.massTypes[0].mass = -2;
+  for (const protocol::PartData& part : {lacking, negative}) {
+    Open(part);
+    Check("ReferenceButton");
+    Panel().RefreshPanelWithInfo();
+    Check("CGButton");
+    ASSERT_NE(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²");
+    PickPage("TabPage003");
+    PickPage("TabPage002");
+    EXPECT_EQ(Moments(), "10 kg·m², 20 kg·m², 30 kg·m²");
+    Close();
+  }
+}
+
+TEST_F(TabChange, LeavingTheResultsShowsEachMassTypesOwnInertiaOnItsPage) {
+  protocol::PartData part = SamplePart();
+  part.activeMassType = "Estimated";
+  Open(part);
+  Check("RootProductButton");  // the refresh of the results writes the computed inertia to the other page too
+  PickPage("TabPage003");
+  EXPECT_EQ(MTMoments(), "5 kg·m², 6 kg·m², 7 kg·m²");
+}
+
+TEST_F(TabChange, InEditModeLeavesWhatWasTyped) {
+  protocol::PartData part = SamplePart();
+  part.activeMassType = "Estimated";
+  Open(part);
+  PickPage("TabPage003");
+  Press("EditButton");
+  Type("MTIxxEditor", "50");
+  PickPage("TabPage004");
+  PickPage("TabPage003");
+  EXPECT_EQ(Text("MTIxxEditor"), "50");
+}
+
 }  // namespace

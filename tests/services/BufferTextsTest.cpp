@@ -159,7 +159,26 @@ TEST(FullData, OfAnotherRevisionLeavesWhatTheSelectionDecides) {
   expected.hasInstance = true;
   expected.referenceInertiaMode = true;
   expected.placement = SamplePart().placement;
+  expected.stateToken = SamplePart().stateToken;
+  expected.standardPart = SamplePart().standardPart;
+  expected.propertiesRequested = SamplePart().propertiesRequested;
+  expected.dateFormat = SamplePart().dateFormat;
+  expected.properties = SamplePart().properties;
   EXPECT_EQ(buffer.AllData(), protocol::WritePartData(expected));
+}
+
+TEST(FullData, OfAnotherRevisionLeavesWhatWasTypedOfThePartItself) {
+  const LoadedBuffer buffer;
+  buffer->SetStandardPart(!SamplePart().standardPart);
+  buffer->SetPropertyValue(3, "250.0");  // a length in millimetres
+  protocol::PartData revision = SamplePart();
+  revision.stateToken = "8";
+  revision.properties[2].value = "9";
+  ASSERT_EQ(buffer->SetAllData(protocol::WritePartData(revision), false), S_OK);
+  EXPECT_EQ(buffer->IsStandatadPart(), !SamplePart().standardPart);
+  EXPECT_EQ(buffer->GetPropertyValue(3), "250.0");
+  EXPECT_EQ(buffer.Sent().properties[2].value, "0.25");
+  EXPECT_EQ(buffer.Sent().stateToken, SamplePart().stateToken) << "a save still finds what others have saved";
 }
 
 // A revision is told of the whole product, which is not what a filter leaves.

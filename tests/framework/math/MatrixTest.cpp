@@ -69,4 +69,20 @@ TEST(Matrix, InvertsCoefficientsOfAnySizeExactly) {
   }
 }
 
+TEST(Matrix, InvertsRowsAndColumnsOfVeryDifferentSizesExactly) {
+  for (const double s : {1e105, 1e108, 1e150, 1e-150}) {
+    KorMath3x3Matrix inverse;
+    ASSERT_TRUE(KorMath3x3Matrix(1 / s, 0, 0, 0, s, 0, 0, 0, 1).Invert(inverse)) << s;
+    EXPECT_DOUBLE_EQ(inverse.GetCoef(1, 1) / s, 1) << s;
+    EXPECT_DOUBLE_EQ(inverse.GetCoef(2, 2) * s, 1) << s;
+    EXPECT_EQ(inverse.GetCoef(3, 3), 1) << s;
+    // The columns of kRegular, one of them s times as large: a row of the inverse is divided by it.
+    ASSERT_TRUE(KorMath3x3Matrix(2 * s, 0, 1, 0, 4, 0, 1 * s, 0, 1).Invert(inverse)) << s;
+    EXPECT_DOUBLE_EQ(inverse.GetCoef(1, 1) * s, 1) << s;
+    EXPECT_DOUBLE_EQ(inverse.GetCoef(1, 3) * s, -1) << s;
+    EXPECT_DOUBLE_EQ(inverse.GetCoef(3, 1), -1) << s;
+    EXPECT_DOUBLE_EQ(inverse.GetCoef(3, 3), 2) << s;
+  }
+}
+
 }  // namespace
