@@ -44,6 +44,10 @@ Scales ScalesOf(const std::array<double, 9>& a) {
 
 }  // namespace
 
+bool KorMath3x3Matrix::IsFinite() const {
+  return std::all_of(_a.begin(), _a.end(), [](double coefficient) { return std::isfinite(coefficient); });
+}
+
 double KorMath3x3Matrix::Determinant() const {
   return _a[0] * (_a[4] * _a[8] - _a[5] * _a[7]) - _a[1] * (_a[3] * _a[8] - _a[5] * _a[6]) +
          _a[2] * (_a[3] * _a[7] - _a[4] * _a[6]);
@@ -62,10 +66,10 @@ bool KorMath3x3Matrix::Invert(KorMath3x3Matrix& inverse) const {
   std::array<double, 9> coefficients = Adjugate(scaled._a);
   for (double& coefficient : coefficients) coefficient /= determinant;
   // What scaled a row scales a column of the inverse.
-  coefficients = Divided(coefficients, {scales.columns, scales.rows});
-  if (!std::all_of(coefficients.begin(), coefficients.end(), [](double c) { return std::isfinite(c); }))
-    return false;
-  inverse.SetCoefficients(coefficients);
+  KorMath3x3Matrix result;
+  result.SetCoefficients(Divided(coefficients, {scales.columns, scales.rows}));
+  if (!result.IsFinite()) return false;
+  inverse = result;
   return true;
 }
 

@@ -21,6 +21,8 @@ class KOR_FRAMEWORK_API KorMath3x3Matrix {
   const std::array<double, 9>& Coefficients() const { return _a; }
   void SetCoefficients(const std::array<double, 9>& byRows) { _a = byRows; }
 
+  /// Whether no coefficient is infinite or not a number.
+  bool IsFinite() const;
   double Determinant() const;
   KorMath3x3Matrix Transpose() const;
   /// False, with `inverse` left alone, when the determinant is zero or the inverse is not finite.

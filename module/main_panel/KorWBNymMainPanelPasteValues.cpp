@@ -2,9 +2,7 @@
 
 #include "module/main_panel/KorWBNymMainPanel.h"
 
-#include <algorithm>
 #include <array>
-#include <cmath>
 
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgEditor.h"
@@ -25,10 +23,6 @@ KorMath3x3Matrix Scaled(const KorMath3x3Matrix& matrix, double factor) {
   KorMath3x3Matrix scaled;
   scaled.SetCoefficients(coefficients);
   return scaled;
-}
-
-bool IsFinite(const KorMath3x3Matrix& matrix) {
-  return std::ranges::all_of(matrix.Coefficients(), [](double value) { return std::isfinite(value); });
 }
 
 }  // namespace
@@ -69,7 +63,7 @@ void KorWBNymMainPanel::PasteValuesOf(const KorUnicodeString& source) {
 
 /// Inertia that is too large for a number is not shown: the editors keep what they have.
 void KorWBNymMainPanel::ShowMTInertia(const KorWBNymNavMassValues& values) {
-  if (values.inertia && IsFinite(*values.inertia)) RefreshMomentOfInertiaUnits(*values.inertia, "Current");
+  if (values.inertia && values.inertia->IsFinite()) RefreshMomentOfInertiaUnits(*values.inertia, "Current");
 }
 
 void KorWBNymMainPanel::OnMTMassEditorModifyNotification(KorCommand*, KorNotification*,

@@ -9,6 +9,7 @@
 #include "framework/dialog/KorDlgPushButton.h"
 #include "module/main_panel/KorWBNymMainPanelFocus.h"
 #include "module/main_panel/KorWBNymMainPanelTrace.h"
+#include "module/shared/KorWBNymNavEditedValue.h"
 #include "module/shared/KorWBNymNavUnitDisplay.h"
 
 using Display = KorWBNymNavUnitDisplay;
@@ -26,17 +27,11 @@ void Fill(KorDlgCombo& combo, const char* first, const char* second) {
   combo.SetLine(second);
 }
 
-KorUnicodeString Percent(double percent) {
-  KorUnicodeString text;
-  text.BuildFromNum(percent, "%g");
-  return text + "%";
-}
-
 /// A bound as the buffer stores it: a relative one, a fraction of the mass, as percent; an absolute one, kg,
 /// in the current mass unit.
 void ShowBound(KorDlgEditor* editor, double bound, int valueType) {
   if (valueType == kRelative)
-    editor->SetText(Percent(bound * 100));
+    editor->SetText(KorWBNymNavEditedValue::ShowPercent(bound * 100));
   else
     Display::ShowIn(Display::kMass, editor, bound);
 }
@@ -45,7 +40,7 @@ void ShowBound(KorDlgEditor* editor, double bound, int valueType) {
 KorUnicodeString TypedBound(double bound, int valueType, const Display& display) {
   // The percentage of no mass at all is no number.
   if (!std::isfinite(bound)) return Display::kNoValue;
-  return valueType == kRelative ? Percent(bound) : display.ShowTyped(bound);
+  return valueType == kRelative ? KorWBNymNavEditedValue::ShowPercent(bound) : display.ShowTyped(bound);
 }
 
 /// What the user reads as the mass: rounded to the digits shown, in the current unit.
@@ -143,7 +138,9 @@ void KorWBNymMainPanel::OnPrecisionValueTypeChangeNotification(KorCommand*, KorN
   const double mass = AsShown(_dataBuffer ? _dataBuffer->GetMass(active) : 0.0, *display);
   const double factor = valueType == kRelative ? 100 / mass : mass / 100;
   for (KorDlgEditor* editor : {_widgets.upperPrecision, _widgets.lowerPrecision})
-    editor->SetText(TypedBound(editor->GetValue() * factor, valueType, *display));
+    // No value stays none: back to the stored value type, the save then keeps the stored bound.
+    if (editor->GetText() != Display::kNoValue)
+      editor->SetText(TypedBound(editor->GetValue() * factor, valueType, *display));
 }
 
 void KorWBNymMainPanel::OnPrecisionEditorFocusNotification(KorCommand* sender, KorNotification*,
@@ -153,7 +150,7 @@ void KorWBNymMainPanel::OnPrecisionEditorFocusNotification(KorCommand* sender, K
   // A bound without a value is rewritten as little as it is stored.
   const bool leaves = data == KorWBNymMainPanelFocus::kLeaves && editor->GetText() != Display::kNoValue;
   if (leaves && _widgets.precisionValueType->GetSelect() == kRelative) {
-    editor->SetText(Percent(editor->GetValue()));
+    editor->SetText(KorWBNymNavEditedValue::ShowPercent(editor->GetValue()));
     return;
   }
   const auto display = Display::Of(Display::kMass);

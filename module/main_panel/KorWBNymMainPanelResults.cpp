@@ -30,10 +30,6 @@ bool IsFinite(const KorMathPoint& point) {
   return std::isfinite(point.GetX()) && std::isfinite(point.GetY()) && std::isfinite(point.GetZ());
 }
 
-bool IsFinite(const KorMath3x3Matrix& matrix) {
-  return std::ranges::all_of(matrix.Coefficients(), [](double one) { return std::isfinite(one); });
-}
-
 }  // namespace
 
 KorWBNymMainPanel::ReferenceMode KorWBNymMainPanel::GetReferenceMode() const {
@@ -122,7 +118,7 @@ KorWBNymNavMassValues KorWBNymMainPanel::ExpressIn(const ResultsView& view, KorW
   if (view.atReference && inertia) values.MoveInertiaTo(view.reference);
   if (view.mode == ReferenceMode::Custom && cg) cg = *cg - view.reference;
   if (cg && !IsFinite(*cg)) cg.reset();
-  if (inertia && !IsFinite(*inertia)) inertia.reset();
+  if (inertia && !inertia->IsFinite()) inertia.reset();
   return values;
 }
 

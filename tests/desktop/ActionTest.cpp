@@ -121,6 +121,28 @@ TEST_F(ActionTest, FocusThatComesAndGoesIsReported) {
   EXPECT_EQ(log.size(), 2u);
 }
 
+TEST_F(ActionTest, AClickIntoAnEditorKeepsWhatItsHandlerHasSelected) {
+  dialog.nameEditor->Subscribe(KorEvent::FocusIn, [this](auto...) {
+    dialog.nameEditor->SetSelection(0, dialog.nameEditor->GetText().GetLengthInChar());
+  });
+  Open();
+  auto* editor = In<QLineEdit>(dialog.nameEditor);
+  QTest::mouseClick(editor, Qt::LeftButton);
+  QTest::keyClick(editor, Qt::Key_7);
+  EXPECT_EQ(editor->text(), "7") << "the next key replaces the whole text";
+  QTest::mouseClick(editor, Qt::LeftButton, {}, {5, editor->height() / 2});
+  QTest::keyClick(editor, Qt::Key_8);
+  EXPECT_TRUE(editor->text() == "87" || editor->text() == "78") << "a second click puts the cursor";
+}
+
+TEST_F(ActionTest, AClickIntoAnEditorWithoutASelectionPutsTheCursor) {
+  Open();
+  auto* editor = In<QLineEdit>(dialog.nameEditor);
+  QTest::mouseClick(editor, Qt::LeftButton, {}, {editor->width() - 8, editor->height() / 2});
+  QTest::keyClick(editor, Qt::Key_7);
+  EXPECT_EQ(editor->text(), "cover7");
+}
+
 TEST_F(ActionTest, ADialogThatGoesHearsOfNoFocusThatMovesMeanwhile) {
   Open();
   In<QLineEdit>(dialog.number)->setFocus();

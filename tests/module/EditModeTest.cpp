@@ -247,7 +247,7 @@ TEST_F(EditMode, DoesNothingWithoutABuffer) {
 
 // ---- another mass type, or another revision, in edit mode ----
 
-TEST_F(EditMode, OfAnotherMassTypeShowsNothingOfTheOneBeforeWhereItHasNothing) {
+TEST_F(EditMode, OfAnotherMassTypeShowsNothingOfTheOneBeforeWhereItHasNothingOnPurpose) {
   protocol::PartData part = SamplePart();
   part.massTypes[2].status = protocol::MassTypeStatus::Defined;
   part.massTypes[2].mass = 7;  // weighed, and nothing else is known
@@ -262,7 +262,7 @@ TEST_F(EditMode, OfAnotherMassTypeShowsNothingOfTheOneBeforeWhereItHasNothing) {
   EXPECT_EQ(sent.inertia, protocol::Tensor{});
 }
 
-TEST_F(EditMode, OfARevisionShowsNothingOfTheOneBeforeWhereItHasNothing) {
+TEST_F(EditMode, OfARevisionShowsNothingOfTheOneBeforeWhereItHasNothingOnPurpose) {
   protocol::PartData part = SamplePartWithDocuments();
   part.activeMassType = "Estimated";
   part.documents.usedSpecificRevisionBefore = true;

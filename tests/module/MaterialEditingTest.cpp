@@ -307,6 +307,9 @@ TEST_F(MaterialEditing, AStandardPartShowsDotsAlsoForAPastedTypeWithoutValues) {
   Pick("MTPasteValuesCombo", "Weighed");
   Toggle("StdPartCheckButton");
   EXPECT_EQ(MTValues(), "4 kg; ..., ..., ...; ..., ..., ...; ..., ..., ...");
+  EXPECT_EQ(EditableDistribution(), 0);
+  Toggle("StdPartCheckButton");
+  EXPECT_EQ(EditableDistribution(), 9);
 }
 
 TEST_F(MaterialEditing, LeavingTheStandardPartHandlerIsTracedInEveryCase) {

@@ -244,6 +244,58 @@ TEST_F(PrecisionEditing, ThePercentageOfNoMassIsNoValueAndASaveStoresNoBoundOfTh
   EXPECT_EQ(Bounds(), "..., ...");
 }
 
+TEST_F(PrecisionEditing, ThePercentageOfNoMassIsNoValueAndBackAtAbsoluteASaveKeepsTheStoredBounds) {
+  protocol::PartData part = WithBounds(1, 1);
+  part.massTypes[1].mass = 0;
+  EditPage(part);
+  Pick("ValueTypeCombo", "Relative");
+  Pick("ValueTypeCombo", "Absolute");
+  EXPECT_EQ(Bounds(), "..., ...") << "no 0 kg, which nobody typed";
+  Save();
+  EXPECT_EQ(Buffer().GetLowerPrecision("Estimated"), 5);
+  EXPECT_EQ(Buffer().GetUpperPrecision("Estimated"), 10);
+  EXPECT_EQ(Buffer().GetPrecisionValueType("Estimated"), 1);
+}
+
+/// Computed, 2 kg, is active in the buffer; Estimated, 4 kg, is chosen as active and not saved.
+class PrecisionOfAChosenType : public PrecisionEditing {
+ protected:
+  void SetUp() override {
+    PrecisionEditing::SetUp();
+    protocol::PartData part = WithBounds(1, 0);
+    part.activeMassType = "Computed";
+    part.massTypes[0].precisionType = 0;
+    part.massTypes[0].massTypeLowerPrecision = 0.2;
+    part.massTypes[0].massTypeUpperPrecision = 0.3;
+    part.massTypes[1].mass = 4;
+    Edit(part, "TabPage003");
+    Pick("ActiveMassCombo", "Estimated");
+    PickPage("TabPage005");
+  }
+};
+
+TEST_F(PrecisionOfAChosenType, ItsMassConvertsTheBounds) {
+  ASSERT_EQ(Bounds(), "5%, 10%");
+  Pick("ValueTypeCombo", "Absolute");
+  EXPECT_EQ(Bounds(), "0.2 kg, 0.4 kg") << "of 4 kg, not of 2 kg";
+}
+
+TEST_F(PrecisionOfAChosenType, MassTypeShowsTheBoundsThatComeWithIt) {
+  Pick("TypeCombo", "Mass Type");
+  EXPECT_EQ(Bounds(), "2%, 3%") << "not the 20 % and 30 % of Computed";
+}
+
+TEST_F(PrecisionEditing, TheMassThatConvertsIsTheOneTheUserReads) {
+  protocol::PartData part = WithBounds(1, 0);
+  part.massTypes[1].mass = 1.0 / 3;
+  part.massTypes[1].lowerPrecision = 1;
+  EditPage(part);
+  const double shown = As<KorDlgEditor>("MTMassEditor").GetValue();
+  ASSERT_NE(shown, 1.0 / 3) << "fewer digits are shown than stored";
+  Pick("ValueTypeCombo", "Absolute");
+  EXPECT_EQ(As<KorDlgEditor>("LowerValueEditor").GetValue(), shown);
+}
+
 TEST_F(PrecisionEditing, ABoundWithoutAValueIsNotRewrittenWhenTheFocusLeaves) {
   for (const int valueType : {0, 1}) {
     EditPage(WithBounds(1, valueType));

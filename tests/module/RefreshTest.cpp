@@ -340,6 +340,8 @@ TEST_F(Refresh, AgainAndAgainShowsTheSame) {
   for (int i = 0; i < 3; ++i) Panel().RefreshPanelWithInfo();
   EXPECT_EQ(Masses() + CG() + Moments() + Products() + Text("SelectionEditor") + Text("Act"), first);
   EXPECT_EQ(As<KorDlgCombo>("MassTypeCombo").GetLineCount(), 3);
+  for (const char* combo : {"FirstCombo", "SecondCombo", "TypeCombo", "ValueTypeCombo"})
+    EXPECT_EQ(As<KorDlgCombo>(combo).GetLineCount(), 2) << combo;
 }
 
 // ---- silence ----

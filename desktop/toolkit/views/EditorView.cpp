@@ -3,6 +3,7 @@
 #include <QFocusEvent>
 #include <QRegularExpression>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/toolkit/QtText.h"
 
@@ -68,7 +69,11 @@ bool EditorView::eventFilter(QObject* watched, QEvent* event) {
     return true;
   }
   if (event->type() == QEvent::Resize) ShowHelp();
-  if (event->type() == QEvent::FocusIn) FocusCame();
+  if (event->type() == QEvent::FocusIn) {
+    _clickedInto = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
+    FocusCame();
+  }
+  if (event->type() == QEvent::MouseButtonRelease) ClickCameIn();
   if (event->type() == QEvent::FocusOut) {
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
     const QPointer<EditorView> self(this);
@@ -84,6 +89,13 @@ void EditorView::FocusCame() {
   if (_focusTold || !Model().IsReachable()) return;
   _focusTold = true;
   Model().EnterFocus();
+}
+
+void EditorView::ClickCameIn() {
+  // The press that follows the focus puts the cursor. What the widget has selected as the focus came holds,
+  // unless the user has selected a part by dragging.
+  const bool selected = Model().GetSelectionLast() > Model().GetSelectionFirst();
+  if (std::exchange(_clickedInto, false) && selected && !Qt()->hasSelectedText()) ShowTextSelection();
 }
 
 void EditorView::FocusWent() {

@@ -23,6 +23,8 @@ class EditorView : public QtViewOf<KorDlgEditor, QLineEdit> {
 
  private:
   void FocusCame();
+  /// The click that brought the focus is over.
+  void ClickCameIn();
   void FocusWent();
   void ShowText();
   /// Numbers stand at the right, so that their units line up; other texts at the left.
@@ -30,7 +32,8 @@ class EditorView : public QtViewOf<KorDlgEditor, QLineEdit> {
   void ShowTextSelection();
   void ShowTextWidth();
 
-  bool _focusTold = false;  ///< the widget has been told that the focus is here
+  bool _focusTold = false;    ///< the widget has been told that the focus is here
+  bool _clickedInto = false;  ///< the mouse button that brought the focus is still down
 };
 
 }  // namespace desktop
