@@ -83,6 +83,12 @@ Result<void> WriteFile(const QString& path, Write&& write) {
   return {};
 }
 
+/// Layouts settle in the event loop, from the innermost out: each turn takes in what the one before queued.
+void SettleLayouts() {
+  constexpr int kTurns = 10;  // more than widgets are nested
+  for (int turn = 0; turn < kTurns; ++turn) QApplication::processEvents();
+}
+
 Result<protocol::Occurrence> FindPart(const std::string& product, const std::string& part) {
   protocol::SearchRequest request;
   request.product = product;
@@ -127,7 +133,7 @@ Result<void> HeadlessRun::RunSteps() {
   if (auto done = ComputeInPanel("Above_yaw"); !done) return done;
   _window.TreeView().expand(_window.TreeView().currentIndex());
   if (auto done = Save(&_window, "window.png"); !done) return done;
-  if (auto done = SavePages("part-panel-", Pages::OfAssembly); !done) return done;
+  if (auto done = SavePages("part-panel-", Pages::OfAssembly, Looks::AsItIs); !done) return done;
   if (auto done = SaveUnitSystem("Imperial", "part-panel-imperial.png"); !done) return done;
   if (auto done = SaveUnitSystem("Mixed", "part-panel-mixed.png"); !done) return done;
   if (auto done = SaveTheme(ThemeChoice::Dark, "window-dark.png", "part-panel-dark.png"); !done) return done;
@@ -179,7 +185,7 @@ Result<void> HeadlessRun::ComputeInPanel(const std::string& part, const std::str
   return {};
 }
 
-Result<void> HeadlessRun::SavePages(const QString& start, Pages wanted) {
+Result<void> HeadlessRun::SavePages(const QString& start, Pages wanted, Looks looks) {
   auto& pages = _window.PartPanel().Panel()->Find<KorDlgTabContainer>("TabContainer001");
   for (int i = 0; i < pages.GetPageCount(); ++i) {
     const KorDlgTabPage& page = *pages.GetPage(i);
@@ -187,10 +193,12 @@ Result<void> HeadlessRun::SavePages(const QString& start, Pages wanted) {
                                     [&](const PageName& one) { return page.Name() == one.page; });
     if (named == std::end(kPageNames) || !page.IsShown() || !page.IsEnabled()) continue;
     if (wanted == Pages::OfAssembly && !named->ofAssembly) continue;
-    const QString file = start + named->name + ".png";
-    if (_pictures.contains(file)) continue;
+    const QString name = start + named->name;
+    if (_pictures.contains(name + ".png")) continue;
     if (!pages.Pick(i)) return Fail("the page \"" + page.Name() + "\" cannot be picked");
-    if (auto done = Save(_window.PartPanel().Window(), file); !done) return done;
+    QWidget* panel = _window.PartPanel().Window();
+    if (auto done = looks == Looks::All ? SaveLooks(panel, name) : Save(panel, name + ".png"); !done)
+      return done;
   }
   return pages.Pick(0) ? Result<void>() : Fail("the first page cannot be picked");
 }
@@ -234,9 +242,7 @@ Result<void> HeadlessRun::CheckInPanel(const std::string& button) {
 
 Result<void> HeadlessRun::Save(QWidget* window, const QString& file) {
   _backend.Settle();
-  // Layouts settle in the event loop; a second turn takes in what the first one queued.
-  QApplication::processEvents();
-  QApplication::processEvents();
+  SettleLayouts();
   const QString path = QDir(_folder).filePath(file);
   _pictures << file;
   QImage picture = window->grab().toImage();

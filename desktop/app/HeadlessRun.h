@@ -32,8 +32,9 @@ class HeadlessRun {
   protocol::Result<void> ShowInPanel(const std::string& part);
   /// Pages of an assembly, which has neither documents nor properties of its own, or all.
   enum class Pages { OfAssembly, All };
-  /// A picture of each page that can be picked, named `start` and the page; those that are there stay.
-  protocol::Result<void> SavePages(const QString& start, Pages pages);
+  enum class Looks { AsItIs, All };
+  /// Pictures of each page that can be picked, named `start` and the page; those that are there stay.
+  protocol::Result<void> SavePages(const QString& start, Pages pages, Looks looks);
   protocol::Result<void> PickPage(const std::string& page);
   protocol::Result<void> SaveCustomReference();
   protocol::Result<void> CheckInPanel(const std::string& button);
@@ -49,6 +50,10 @@ class HeadlessRun {
   protocol::Result<void> SaveChoiceOfRevision();
   protocol::Result<void> TypeMass(const std::string& massType, const std::string& mass);
   protocol::Result<void> PressInPanel(const std::string& button);
+  protocol::Result<void> SaveMark();
+  protocol::Result<void> SaveQuestion(const KorDlgQuestion& question, const QString& file);
+  protocol::Result<void> SaveConsequences();
+  protocol::Result<void> TellChange();
   protocol::Result<void> SaveHistory(const std::string& part);
   // filters and warnings
   protocol::Result<void> ComputeUnderFilters();

@@ -110,7 +110,7 @@ MainWindow::MainWindow(Settings& settings, QtBackend& backend)
   };
   StartTracing();
   _busy.onEnded = [this](const auto& command, const auto& reply) { ServerCommandEnded(command, reply); };
-  resize(1180, 760);
+  resize(1220, 760);
   restoreGeometry(_settings.WindowState(kGeometryKey));
   ShowTexts();
 }
@@ -215,7 +215,7 @@ void MainWindow::BuildCentre() {
   splitter->addWidget(right);
   splitter->setStretchFactor(0, 1);
   splitter->setChildrenCollapsible(false);
-  splitter->setSizes({780, 400});
+  splitter->setSizes({780, 440});
   splitter->restoreState(_settings.WindowState(kSplitterKey));
   setCentralWidget(splitter);
 }

@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <set>
 #include <string>
 
 #include "tests/system/SampleDatabase.h"
@@ -29,6 +30,37 @@ class HeadlessRun : public DesktopRun {
     EXPECT_NEAR(Value(part + ".cg_x_m"), published[0], 1e-12 * size);
     EXPECT_NEAR(Value(part + ".cg_y_m"), published[1], 1e-12 * size);
     EXPECT_NEAR(Value(part + ".cg_z_m"), published[2], 1e-12 * size);
+  }
+
+  static std::set<std::string> Pictures() {
+    std::set<std::string> names{"window-filter.png",
+                                "part-panel-results.png",
+                                "part-panel-mass-types.png",
+                                "part-panel-material.png",
+                                "part-panel-precision.png",
+                                "part-panel-documents.png",
+                                "part-panel-additional.png",
+                                "part-panel-imperial.png",
+                                "part-panel-mixed.png",
+                                "part-panel-dark.png",
+                                "part-panel-custom.png",
+                                "part-panel-filter.png",
+                                "part-panel-edit-revision.png",
+                                "question-unread.png",
+                                "window.png",
+                                "window-dark.png"};
+    for (const char* inAllLooks :
+         {"filter-panel", "warning-dialog", "history", "window-saved", "part-panel-edit-results",
+          "part-panel-edit-mass-types", "part-panel-edit-material", "part-panel-edit-precision",
+          "part-panel-edit-documents", "part-panel-edit-additional", "part-panel-edit-marked"})
+      for (const char* look : {"", "-dark", "-de"}) names.insert(std::string(inAllLooks) + look + ".png");
+    return names;
+  }
+
+  static std::set<std::string> FilesLeft() {
+    std::set<std::string> names;
+    for (const auto& file : fs::directory_iterator(s_folder / "out")) names.insert(file.path().filename());
+    return names;
   }
 
   static bool IsPng(const std::string& name) {
@@ -59,31 +91,10 @@ class Run : public testing::Test {
 
 TEST_F(HeadlessRun, EndsWellAndLeavesItsPictures) {
   ASSERT_EQ(s_exitStatus, 0) << FileText(s_folder / "log");
-  for (const char* name : {"window.png",
-                           "window-dark.png",
-                           "part-panel-results.png",
-                           "part-panel-mass-types.png",
-                           "part-panel-material.png",
-                           "part-panel-precision.png",
-                           "part-panel-documents.png",
-                           "part-panel-additional.png",
-                           "part-panel-imperial.png",
-                           "part-panel-mixed.png",
-                           "part-panel-dark.png",
-                           "part-panel-custom.png",
-                           "filter-panel.png",
-                           "part-panel-filter.png",
-                           "window-filter.png",
-                           "warning-dialog.png",
-                           "part-panel-edit-results.png",
-                           "part-panel-edit-mass-types.png",
-                           "part-panel-edit-material.png",
-                           "part-panel-edit-precision.png",
-                           "part-panel-edit-documents.png",
-                           "part-panel-edit-additional.png",
-                           "part-panel-edit-revision.png",
-                           "history.png"})
-    EXPECT_TRUE(IsPng(name)) << name;
+  std::set<std::string> files = Pictures();
+  files.insert("values.txt");
+  EXPECT_EQ(FilesLeft(), files);
+  for (const std::string& name : Pictures()) EXPECT_TRUE(IsPng(name)) << name;
 }
 
 TEST_F(HeadlessRun, KeepsWhatQtCannotDoWithoutADisplayToItself) {
@@ -99,6 +110,30 @@ TEST_F(HeadlessRun, TellsWhatTheSaveOfTheBedplateChangesAboveIt) {
                                                483668.8774929535, 2202688.0320618246, -235961.14770707005});
   ExpectTensor("saved.above_yaw.inertia_ref_", {21496694.151658878, 39554154.83271013, 27486833.204891074, 0,
                                                 16458380.735074362, 171401.81548770788});
+}
+
+// Rows of the sample's tables. About the origin: with the mass m and the centre (x, 0, z), xx + m z^2,
+// yy + m (x^2 + z^2), zz + m x^2 and xz - m x z, in exact arithmetic.
+TEST_F(HeadlessRun, TellsTheBedplateBeforeTheSave) {
+  EXPECT_EQ(Value("bedplate.mass_kg"), 42274.27441488182);
+  ExpectPoint("bedplate", {-1.280786058419792, 0, 2.586079672663417});
+  ExpectTensor("bedplate.inertia_cg_",
+               {549069.848115082, 664478.6729689115, 407774.3100071914, 0, 176991.4853469148, 0});
+  ExpectTensor("bedplate.inertia_ref_",
+               {831792.0818424884, 1016548.172944742, 477121.57625561557, 0, 317012.9623304249, 0});
+}
+
+/// The same with 43000 kg: nothing but the mass was typed.
+TEST_F(HeadlessRun, TellsTheBedplateAsItWasSavedAndWhatTheSaveChanged) {
+  EXPECT_EQ(Value("saved.bedplate.changed_fields"), 1);
+  EXPECT_EQ(Value("saved.bedplate.calculated_mass_before_kg"), 42274.27441488182);
+  EXPECT_EQ(Value("saved.bedplate.calculated_mass_after_kg"), 43000);
+  EXPECT_EQ(Value("saved.bedplate.mass_kg"), 43000);
+  ExpectPoint("saved.bedplate", {-1.280786058419792, 0, 2.586079672663417});
+  ExpectTensor("saved.bedplate.inertia_cg_",
+               {549069.848115082, 664478.6729689115, 407774.3100071914, 0, 176991.4853469148, 0});
+  ExpectTensor("saved.bedplate.inertia_ref_",
+               {836645.5952696878, 1022592.176003545, 478312.0658872192, 0, 319416.7213474501, 0});
 }
 
 // Published rows of the IEA 15 MW nacelle, see tests/lumira/data/README.md.
@@ -140,6 +175,7 @@ Values FiguresOfTheServersProgram(const fs::path& folder) {
   };
   compute("Above_yaw", "");
   compute("generator", "");
+  compute("bedplate", "");
   compute("Above_yaw --filter 'Without generator'", "without_generator.");
   compute("Above_yaw --filter 'Structure only'", "structure_only.");
   compute("Above_yaw --filter 'Rotating parts'", "rotating_parts.");
@@ -153,9 +189,9 @@ Values FiguresOfTheServersProgram(const fs::path& folder) {
 
 TEST_F(HeadlessRun, GivesTheFiguresThatTheServersProgramGives) {
   const Values fromProgram = FiguresOfTheServersProgram(s_folder);
-  // Eight computations: mass, three of the centre of gravity, six of each tensor. The last is of what was
-  // saved, which that program's sample does not have.
-  ASSERT_EQ(s_values.size(), 8u * 16u);
+  // Ten computations: mass, three of the centre of gravity, six of each tensor. Two of them and three values
+  // of the change are of what was saved, which that program's sample does not have.
+  ASSERT_EQ(s_values.size(), 10u * 16u + 3u);
   for (const auto& [name, text] : s_values) {
     if (name.starts_with("saved.")) continue;
     ASSERT_TRUE(fromProgram.contains(name)) << name;

@@ -2,12 +2,14 @@
 
 #include <QApplication>
 #include <QTest>
+#include <QTreeView>
 
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgPushButton.h"
 #include "framework/dialog/KorDlgRadioButton.h"
 #include "framework/dialog/KorDlgTabContainer.h"
+#include "protocol/Codec.h"
 #include "tests/desktop/app/WindowHarness.h"
 #include "tests/desktop/support/QtApplication.h"
 
@@ -94,6 +96,23 @@ class EditingTest : public WindowTest {
   std::string TextOf(const char* editor) { return Panel().Find<KorDlgEditor>(editor).GetText().Utf8(); }
   std::string MarkOf(const char* editor) { return Panel().Find<KorDlgEditor>(editor).GetMarking().Utf8(); }
   bool IsEditing() { return window.PartPanel().IsOpen() && IsInEditMode(Panel()); }
+  /// How the computed values of an occurrence stand, as the tree shows it.
+  std::string StatusAt(const std::vector<std::string>& instancePath) {
+    const QModelIndex line = window.Tree().IndexOf("IEA15", instancePath);
+    return line.siblingAtColumn(ProductTreeModel::Status).data().toString().toStdString();
+  }
+  void ComputeAt(const std::vector<std::string>& instancePath) {
+    Select(instancePath);
+    RunPendingEvents();
+    window.Compute();
+    RunPendingEvents();
+  }
+  /// A part as the server would send it now.
+  std::string StoredPart(const std::string& part = "bedplate") {
+    protocol::PartDataRequest request;
+    request.partId = part;
+    return window.Session().Transport().Run("WBGetPartData", protocol::WritePartDataRequest(request));
+  }
   std::string CurrentInstance() {
     return window.TreeView()
         .currentIndex()

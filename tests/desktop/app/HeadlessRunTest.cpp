@@ -28,6 +28,17 @@ class HeadlessRunTest : public ::testing::Test {
       for (int x = 0; x < picture.width(); ++x) colours.insert(picture.pixel(x, y));
     return static_cast<int>(colours.size());
   }
+  static bool IsRed(QRgb pixel) { return qRed(pixel) > 190 && qGreen(pixel) < 70 && qBlue(pixel) < 70; }
+  static bool IsAmber(QRgb pixel) {
+    return qRed(pixel) > 200 && qGreen(pixel) > 130 && qGreen(pixel) < 190 && qBlue(pixel) < 90;
+  }
+  int PixelCount(const char* file, bool (*is)(QRgb)) const {
+    const QImage picture = Picture(file);
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y)
+      for (int x = 0; x < picture.width(); ++x) count += is(picture.pixel(x, y));
+    return count;
+  }
   /// On the average, 0 to 255.
   int Brightness(const char* file) const {
     return qGray(Picture(file).scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixel(0, 0));
@@ -39,11 +50,29 @@ TEST_F(HeadlessRunTest, LeavesPicturesAndValues) {
   HeadlessRun run(scratch.filePath("out"));
   const auto done = run.Run();
   ASSERT_TRUE(done.Ok()) << done.Failure().message;
-  for (const char* file :
-       {"window.png", "window-dark.png", "part-panel-results.png", "part-panel-dark.png",
-        "part-panel-custom.png", "filter-panel.png", "filter-panel-dark.png", "filter-panel-de.png",
-        "part-panel-filter.png", "window-filter.png", "warning-dialog.png", "warning-dialog-dark.png",
-        "warning-dialog-de.png", "part-panel-edit-mass-types.png", "history.png"})
+  for (const char* file : {"window.png",
+                           "window-dark.png",
+                           "part-panel-results.png",
+                           "part-panel-dark.png",
+                           "part-panel-custom.png",
+                           "filter-panel.png",
+                           "filter-panel-dark.png",
+                           "filter-panel-de.png",
+                           "part-panel-filter.png",
+                           "window-filter.png",
+                           "warning-dialog.png",
+                           "warning-dialog-dark.png",
+                           "warning-dialog-de.png",
+                           "part-panel-edit-mass-types.png",
+                           "part-panel-edit-results-de.png",
+                           "part-panel-edit-marked.png",
+                           "part-panel-edit-marked-dark.png",
+                           "question-unread.png",
+                           "window-saved.png",
+                           "window-saved-de.png",
+                           "history.png",
+                           "history-dark.png",
+                           "history-de.png"})
     EXPECT_GT(ColourCount(file), 20) << file;
   EXPECT_TRUE(QFile::exists(scratch.filePath("out/values.txt")));
   const std::pair<const char*, const char*> titles[] = {
@@ -54,13 +83,23 @@ TEST_F(HeadlessRunTest, LeavesPicturesAndValues) {
       {"filter-panel.png", "Product filter"},
       {"warning-dialog.png", "Warnings"},
       {"warning-dialog-de.png", "Warnungen"},
-      {"history.png", "History of part bedplate"}};
+      {"window-saved-de.png", "IEA15 – Korvo Weight & Balance"},
+      {"part-panel-edit-results-de.png", "Masse und Schwerpunkt"},
+      {"question-unread.png", "Texts that cannot be read"},
+      {"history.png", "History of part bedplate"},
+      {"history-de.png", "Verlauf des Teils bedplate"}};
   for (const auto& [file, title] : titles)
     EXPECT_EQ(Picture(file).text("Title").toStdString(), title) << file;
-  EXPECT_LT(Brightness("filter-panel-dark.png"), 100);
+  for (const char* file : {"filter-panel-dark.png", "part-panel-edit-marked-dark.png", "history-dark.png"})
+    EXPECT_LT(Brightness(file), 100) << file;
   EXPECT_GT(Brightness("filter-panel.png"), 155);
   EXPECT_EQ(Picture("part-panel-filter.png").size(), Picture("part-panel-results.png").size())
       << "the custom frame has given its room back";
+  EXPECT_EQ(PixelCount("part-panel-edit-mass-types.png", IsRed), 0);
+  EXPECT_GT(PixelCount("part-panel-edit-marked.png", IsRed), 400)
+      << "the frame of the field, the sign on its tab";
+  EXPECT_EQ(PixelCount("window.png", IsAmber), 0);
+  EXPECT_GT(PixelCount("window-saved.png", IsAmber), 3 * 50) << "the lamps of what is out of date";
 }
 
 TEST_F(HeadlessRunTest, FailsWhenTheFolderCannotBeMade) {

@@ -14,30 +14,6 @@ namespace {
 
 class SavingTest : public EditingTest {
  protected:
-  /// How the computed values of an occurrence stand, as the tree shows it.
-  std::string StatusAt(const std::vector<std::string>& instancePath) {
-    const QModelIndex line = window.Tree().IndexOf("IEA15", instancePath);
-    return line.siblingAtColumn(ProductTreeModel::Status).data().toString().toStdString();
-  }
-  void ComputeAt(const std::vector<std::string>& instancePath) {
-    Select(instancePath);
-    RunPendingEvents();
-    window.Compute();
-    RunPendingEvents();
-  }
-  /// The bedplate as the server would send it now.
-  std::string StoredPart(const std::string& part = "bedplate") {
-    protocol::PartDataRequest request;
-    request.partId = part;
-    return window.Session().Transport().Run("WBGetPartData", protocol::WritePartDataRequest(request));
-  }
-  void SaveUnedited(const std::vector<std::string>& instancePath) {
-    Select(instancePath);
-    RunPendingEvents();
-    ASSERT_TRUE(Press("EditButton"));
-    Save();
-    EXPECT_TRUE(boxes.Messages().empty());
-  }
   std::string PaneMass() { return window.Selection().ActiveText("Selection.Mass").toStdString(); }
 };
 
@@ -188,66 +164,6 @@ TEST_F(SavingTest, TheRevisionThatIsActiveAnywayIsStoredAsAChoiceWhenItIsChosenB
   Save();
   EXPECT_NE(StoredPart().find("|DOC-BEDPLATE|C|0|1|"), std::string::npos) << StoredPart();
   EXPECT_TRUE(boxes.Messages().empty());
-}
-
-// ---- values that nobody edits ----
-
-class UneditedTest : public SavingTest, public testing::WithParamInterface<const char*> {
- protected:
-  static constexpr const char* kProperties[] = {"Supplier",        "Crane lifts",    "Last weighing",
-                                                "Load factor",     "Overall length", "Transport mass",
-                                                "Painting density"};
-  static void TearDownTestSuite() { KorApplyUnitSystem("Mixed"); }
-  /// Looks at each page and each property on the way.
-  void SaveUneditedWithShown(const char* massType) {
-    GoTo(kMassTypesPage);
-    ASSERT_TRUE(Panel()
-                    .Find<KorDlgCombo>("TabContainer001.TabPage003.Frame107.Frame231.MassTypeCombo")
-                    .Pick(massType));
-    ASSERT_TRUE(Press("EditButton"));
-    for (const Page page : {kResultsPage, kMaterialPage, kPrecisionPage, kDocumentsPage}) GoTo(page);
-    for (const char* property : kProperties) ShowProperty(property);
-    Save();
-  }
-};
-
-/// The bedplate has documents, properties of each type and bounds that a user has typed.
-TEST_P(UneditedTest, ValuesStayExactlyAsTheyWereUnderEachUnit) {
-  const std::string before = StoredPart();
-  for (const char* content : {"DOC-BEDPLATE", "Overall length|9.2|", "|0.01|0.015|"})
-    ASSERT_NE(before.find(content), before.npos) << before;
-  const auto magnitude = KorCkeGlobalFunctions::GetParmDictionary()->FindMagnitude(GetParam());
-  ASSERT_GE(magnitude->Units().size(), 3u);
-  for (const KorCkeUnit_var& unit : magnitude->Units()) {
-    magnitude->SetCurrentUnit(unit->Name());
-    window.UnitsChanged();
-    for (const char* massType : {"Calculated", "Computed"}) {
-      SaveUneditedWithShown(massType);
-      EXPECT_EQ(StoredPart(), before) << unit->Name() << ", " << massType;
-    }
-  }
-  EXPECT_TRUE(boxes.Messages().empty());
-}
-
-INSTANTIATE_TEST_SUITE_P(Magnitudes, UneditedTest,
-                         testing::Values("MASS", "LENGTH", "INERTIAMOMENT", "DENSITY", "SURFACICMASS"));
-
-/// Its user bounds are masses, and its revision the attached one.
-TEST_F(SavingTest, APartWithAbsoluteBoundsStaysExactlyAsItWasWhenNobodyEditsIt) {
-  const std::string before = StoredPart("generator_rotor");
-  ASSERT_NE(before.find("|1|65|65|130|130|"), before.npos) << before;
-  KorApplyUnitSystem("Imperial");
-  window.UnitsChanged();
-  SaveUnedited({"nacelle.1", "Above_yaw.1", "generator.1", "generator_rotor.1"});
-  EXPECT_EQ(StoredPart("generator_rotor"), before);
-  KorApplyUnitSystem("Mixed");
-}
-
-TEST_F(SavingTest, APartWithARevisionChosenByHandStaysExactlyAsItWasWhenNobodyEditsIt) {
-  const std::string before = StoredPart("cover");
-  ASSERT_NE(before.find("|DOC-COVER|B|0|1|"), before.npos) << before;
-  SaveUnedited({"nacelle.1", "Above_yaw.1", "cover.1"});
-  EXPECT_EQ(StoredPart("cover"), before);
 }
 
 // ---- nothing typed is lost without a question ----

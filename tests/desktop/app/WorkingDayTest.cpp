@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <QCoreApplication>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QTemporaryDir>
 
 #include "desktop/app/CommandsLibrary.h"
@@ -13,15 +15,11 @@
 #include "desktop/toolkit/HeadlessBoxes.h"
 #include "desktop/toolkit/QtBackend.h"
 #include "framework/dialog/KorApplicationFrame.h"
-#include "framework/dialog/KorDlgCombo.h"
-#include "framework/dialog/KorDlgEditor.h"
-#include "framework/dialog/KorDlgPushButton.h"
-#include "framework/dialog/KorDlgRadioButton.h"
-#include "framework/dialog/KorDlgTabContainer.h"
 #include "framework/knowledge/KorUnitSystems.h"
 #include "framework/pdm/KorPdmClient.h"
 #include "protocol/Codec.h"
 #include "services/LumWBAllDataBuffer.h"
+#include "tests/desktop/app/WorkingDay.h"
 #include "tests/desktop/support/QtApplication.h"
 #include "tests/support/RecordingBackend.h"
 #include "tests/support/UnreachableGuard.h"
@@ -60,21 +58,39 @@ struct ToolkitRow {
   std::unique_ptr<Toolkit> (*make)();
 };
 
-constexpr const char* kTypes = "TabContainer001.TabPage003.Frame107.Frame231.";
-constexpr const char* kInertia = "TabContainer001.TabPage003.Frame113.MTMomentOfInertia.";
-constexpr const char* kCG = "TabContainer001.TabPage003.Frame113.MTCGFrame.";
-constexpr const char* kPrecision = "TabContainer001.TabPage005.Frame252.";
-constexpr const char* kDocuments = "TabContainer001.TabPageDocuments.";
-constexpr const char* kProperties = "TabContainer001.TabPageAdditional.ExtraPropertiesFrame.";
-enum Page { kMassTypesPage = 1, kPrecisionPage = 3, kDocumentsPage, kPropertiesPage };
+/// The file that a test has left for the process that it starts to read it; set in that process alone.
+constexpr const char* kSavedDay = "KORVO_TEST_SAVED_DAY";
 
 class WorkingDayTest : public testing::TestWithParam<ToolkitRow> {
  protected:
   void SetUp() override {
     KorApplyUnitSystem("Mixed");
     KorApplicationFrame::SetBackend(&toolkit->Backend());
-    const auto made = CreateSampleProduct(KORVO_SOURCE_DIR "/samples", File());
-    ASSERT_TRUE(made.Ok()) << made.Failure().message;
+    if (!IsReader()) {
+      const auto made = CreateSampleProduct(KORVO_SOURCE_DIR "/samples", File());
+      ASSERT_TRUE(made.Ok()) << made.Failure().message;
+    }
+    OpenFile();
+  }
+
+  void TearDown() override {
+    CloseFile();
+    KorApplicationFrame::SetBackend(nullptr);
+  }
+
+  /// Whether this process was started by a test to read what that has saved.
+  static bool IsReader() { return qEnvironmentVariableIsSet(kSavedDay); }
+  std::string File() const {
+    return (IsReader() ? qEnvironmentVariable(kSavedDay) : folder.filePath("day.lumira")).toStdString();
+  }
+
+  static std::string Request() {
+    return protocol::WritePartDataRequest({.product = "IEA15",
+                                           .partId = "bedplate",
+                                           .instancePath = {"nacelle.1", "Above_yaw.1", "bedplate.1"}});
+  }
+
+  void OpenFile() {
     auto opened = EmbeddedTransport::Open(File());
     ASSERT_TRUE(opened.Ok()) << opened.Failure().message;
     server = std::move(opened).Value();
@@ -82,18 +98,10 @@ class WorkingDayTest : public testing::TestWithParam<ToolkitRow> {
     OpenPanel();
   }
 
-  void TearDown() override {
+  void CloseFile() {
     ClosePanel();
     KorPdmClient::SetTransport(nullptr);
-    KorApplicationFrame::SetBackend(nullptr);
-  }
-
-  std::string File() const { return folder.filePath("day.lumira").toStdString(); }
-
-  static std::string Request() {
-    return protocol::WritePartDataRequest({.product = "IEA15",
-                                           .partId = "bedplate",
-                                           .instancePath = {"nacelle.1", "Above_yaw.1", "bedplate.1"}});
+    server.reset();
   }
 
   void OpenPanel() {
@@ -108,83 +116,24 @@ class WorkingDayTest : public testing::TestWithParam<ToolkitRow> {
   void ClosePanel() {
     if (panel) panel->Dialog().Detach();
     panel.reset();
+    buffer = {};
     RunPendingEvents();
   }
 
-  template <class Widget>
-  Widget& Find(const std::string& path) {
-    return panel->Dialog().Find<Widget>(path);
-  }
-  void Press(const std::string& button) { ASSERT_TRUE(Find<KorDlgPushButton>(button).Press()) << button; }
-  void GoTo(Page page) { ASSERT_TRUE(Find<KorDlgTabContainer>("TabContainer001").Pick(page)) << page; }
-  void Pick(const std::string& combo, const char* line) {
-    ASSERT_TRUE(Find<KorDlgCombo>(combo).Pick(KorUnicodeString(line))) << combo << " " << line;
-  }
-  /// As a user types: the focus comes, the text is replaced, the focus goes.
-  void Type(const std::string& editor, const char* text) {
-    auto& widget = Find<KorDlgEditor>(editor);
-    ASSERT_TRUE(widget.EnterFocus()) << editor;
-    ASSERT_TRUE(widget.Type(text)) << editor;
-    ASSERT_TRUE(widget.LeaveFocus()) << editor;
-  }
-  std::string TextOf(const std::string& editor) { return Find<KorDlgEditor>(editor).GetText().Utf8(); }
-
-  // ---- the steps of the day ----
-
-  /// The revision of the document before the latest one, chosen by hand; its values are shown.
-  void ChooseRevision() {
-    const std::string choice = kDocuments + std::string("UpperMainFrameActiveDoc.FrameActiveDoc.");
-    GoTo(kDocumentsPage);
-    ASSERT_TRUE(Find<KorDlgRadioButton>(kDocuments + std::string("LowerMainFrameActiveDoc.FrameActiveDocType."
-                                                                 "ActiveDocUsrSelButton"))
-                    .Check());
-    Press(choice + "ChangeActiveDocButton");
-    Pick(choice + "ActiveDocsCombo", "DOC-BEDPLATE B");
-    Press(choice + "ApplyActiveDocButton");
-    GoTo(kMassTypesPage);
-    Pick(kTypes + std::string("MassTypeCombo"), "Calculated");
-    EXPECT_EQ(TextOf(kTypes + std::string("MTMassEditor")), "42900 kg");
+  /// Panel, buffer and server go and come anew.
+  void OpenFileAnew() {
+    CloseFile();
+    OpenFile();
   }
 
-  /// Another mass type's values, scaled to another mass, as those of the shown type.
-  void PasteAndRescale() {
-    GoTo(kMassTypesPage);
-    Type(kTypes + std::string("MTMassEditor"), "2 * 21500");
-    EXPECT_EQ(TextOf(kTypes + std::string("MTMassEditor")), "43000");
-    Pick(kTypes + std::string("MTPasteValuesCombo"), "Computed");
-    EXPECT_EQ(TextOf(kTypes + std::string("MTMassEditor")), "42274.27441 kg");
-    Type(kTypes + std::string("MTMassEditor"), "84548.54882976364 kg");
-    Press(kTypes + std::string("UpdatePropertiesButton"));
-    // Twice the mass and 549069.848115082 kg m2.
-    EXPECT_EQ(TextOf(kInertia + std::string("MTIxxEditor")), "1098139.696 kg\u00b7m\u00b2");
-    Type(kCG + std::string("MTCGxEditor"), "-1300.5 mm");
-  }
+  WorkingDay Day() { return WorkingDay(panel->Dialog()); }
 
-  /// 4 percent of the active mass of the chosen revision, 42900 kg, and back.
-  void ChangePrecisionAndBack() {
-    GoTo(kPrecisionPage);
-    Pick(kPrecision + std::string("Frame092.TypeCombo"), "User Defined");
-    Type(kPrecision + std::string("PrecisionValueFrame.LowerValueEditor"), "4");
-    Type(kPrecision + std::string("PrecisionValueFrame.UpperValueEditor"), "2.5 %");
-    EXPECT_EQ(TextOf(kPrecision + std::string("PrecisionValueFrame.UpperValueEditor")), "2.5%");
-    Pick(kPrecision + std::string("PrecisionValueFrame.ValueTypeCombo"), "Absolute");
-    EXPECT_EQ(TextOf(kPrecision + std::string("PrecisionValueFrame.LowerValueEditor")), "1716 kg");
-    Pick(kPrecision + std::string("PrecisionValueFrame.ValueTypeCombo"), "Relative");
-    EXPECT_EQ(TextOf(kPrecision + std::string("PrecisionValueFrame.LowerValueEditor")), "4%");
-  }
-
-  void EditProperty(const char* name, const char* shown, const char* text) {
-    Pick(kProperties + std::string("PropertyNameCombo"), name);
-    EXPECT_EQ(TextOf(kProperties + std::string("PropertyValueEditor")), shown);
-    Type(kProperties + std::string("PropertyValueEditor"), text);
-  }
-
-  /// A date, a length in millimetres and a mass; the last one is still being edited when it is saved.
-  void EditProperties() {
-    GoTo(kPropertiesPage);
-    EditProperty("Last weighing", "2020-06-18", "2024-02-29");
-    EditProperty("Overall length", "9200 mm", "9350.5 mm");
-    EditProperty("Transport mass", "44500 kg", "45125");
+  /// With computed values to paste from.
+  void WorkADay(WorkingDay::Bounds bounds = WorkingDay::Bounds::Relative) {
+    ASSERT_FALSE(server->Run("WBComputeNymValues", "1|bedplate|").starts_with("LumiraError: "));
+    ClosePanel();
+    OpenPanel();
+    Day().Work(bounds);
   }
 
   // ---- what is there afterwards ----
@@ -199,6 +148,22 @@ class WorkingDayTest : public testing::TestWithParam<ToolkitRow> {
     const auto data = protocol::ReadPartData(process.readAllStandardOutput().trimmed().toStdString());
     EXPECT_TRUE(data.Ok()) << data.Failure().message;
     return data.Ok() ? data.Value() : protocol::PartData();
+  }
+
+  /// Runs the test of this name in a process of its own, which finds the file of this one; what it said.
+  void ExpectPassesInNewProcess(const std::string& test) {
+    CloseFile();
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(kSavedDay, QString::fromStdString(File()));
+    process.setProcessEnvironment(environment);
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(QCoreApplication::applicationFilePath(),
+                  {QString::fromStdString("--gtest_filter=" + test)});
+    EXPECT_TRUE(process.waitForFinished(60'000));
+    const std::string said = process.readAll().toStdString();
+    EXPECT_EQ(process.exitCode(), 0) << said;
+    EXPECT_NE(said.find("[  PASSED  ] 1 test."), said.npos) << said;
   }
 
   static double Real(sqlite3_stmt* query, int column) { return sqlite3_column_double(query, column); }
@@ -249,16 +214,7 @@ class WorkingDayTest : public testing::TestWithParam<ToolkitRow> {
 };
 
 TEST_P(WorkingDayTest, EverythingThatWasSavedIsThereForANewProcessAndInSIInTheFile) {
-  ASSERT_FALSE(server->Run("WBComputeNymValues", "1|bedplate|").starts_with("LumiraError: "));
-  ClosePanel();
-  OpenPanel();
-  Press("Frame238.EditButton");
-  ChooseRevision();
-  PasteAndRescale();
-  ChangePrecisionAndBack();
-  EditProperties();
-  Press("Frame238.SaveButton");
-  EXPECT_FALSE(Find<KorDlgPushButton>("Frame238.SaveButton").IsEnabled());
+  WorkADay();
 
   const protocol::PartData data = ReadInNewProcess();
   const auto type = std::find_if(data.massTypes.begin(), data.massTypes.end(),
@@ -290,6 +246,33 @@ TEST_P(WorkingDayTest, EverythingThatWasSavedIsThereForANewProcessAndInSIInTheFi
   EXPECT_EQ(StoredProperty("Last weighing"), "2024-02-29");
   EXPECT_EQ(StoredProperty("Overall length"), "9.3505");
   EXPECT_EQ(StoredProperty("Transport mass"), "45125");
+}
+
+TEST_P(WorkingDayTest, APanelThatIsOpenedAgainOnANewServerShowsEverythingThatWasSaved) {
+  WorkADay();
+  OpenFileAnew();
+  Day().ExpectShown();
+}
+
+TEST_P(WorkingDayTest, BoundsThatAreSavedAsMassesAreMassesInTheFileAndWhenThePanelIsOpenedAgain) {
+  WorkADay(WorkingDay::Bounds::Absolute);
+  // 4 and 2.5 percent of 42900 kg
+  EXPECT_THAT(RowOf("SELECT precision_type, value_type, lower, upper FROM precisions "
+                    "JOIN parts ON parts.key = precisions.part "
+                    "WHERE parts.part = 'bedplate' AND precisions.mass_type = 'Calculated'",
+                    Real),
+              testing::ElementsAre(1, 1, 1716, 1072.5));
+  OpenFileAnew();
+  Day().ExpectShown(WorkingDay::Bounds::Absolute);
+}
+
+/// Plays both processes: the one that saves, and the one that it starts.
+TEST_P(WorkingDayTest, ThePanelOfANewProcessShowsEverythingThatWasSaved) {
+  if (IsReader()) return Day().ExpectShown();
+  WorkADay();
+  ExpectPassesInNewProcess(std::string("Toolkits/WorkingDayTest."
+                                       "ThePanelOfANewProcessShowsEverythingThatWasSaved/") +
+                           GetParam().name);
 }
 
 INSTANTIATE_TEST_SUITE_P(Toolkits, WorkingDayTest,
