@@ -29,6 +29,35 @@ TEST_F(QtBackendTest, TabWalksTheWidgetsInTheOrderOfTheirCreation) {
                                   "StandardButton", "MaterialSpinner", "AxisEditor", "ComputeButton"}));
 }
 
+TEST(TabOrder, TheButtonsAtTheBottomAreTheLastStopsAlsoWhenWidgetsComeLater) {
+  HeadlessBoxes boxes;
+  QtBackend backend(&boxes);
+  DemoDialog dialog(KorDlgStyle::kOkCancelDialog);
+  dialog.SetVisibility(KorVisibility::Shown);
+  dialog.Attach(&backend);
+  dialog.Add<KorDlgEditor>("LateEditor", KorDlgStyle::kNone, {.row = 3});
+  RunPendingEvents();
+  QWidget* window = backend.WindowOf(&dialog);
+  QApplication::setActiveWindow(window);
+  window->setFocus();
+  const auto next = [](Qt::Key key = Qt::Key_Tab) {
+    QTest::keyClick(QApplication::focusWidget(), key);
+    auto* button = qobject_cast<QPushButton*>(QApplication::focusWidget());
+    return button ? button->text().remove('&') : QApplication::focusWidget()->objectName();
+  };
+  EXPECT_EQ(next(), "NameEditor");
+  for (const char* last : {"LateEditor", "OK", "Cancel"}) {
+    QString stop = next();
+    for (int i = 0; i < 12 && stop != last && QString(last) == "LateEditor"; ++i) stop = next();
+    EXPECT_EQ(stop, last);
+  }
+  EXPECT_EQ(next(), "NameEditor");
+  window->setFocus();
+  EXPECT_EQ(next(Qt::Key_Backtab), "Cancel");
+  dialog.Detach();
+  RunPendingEvents();
+}
+
 TEST_F(QtBackendTest, ArrowKeysMoveTheCheckInAGroupOfRadioButtons) {
   Open();
   In<QRadioButton>(dialog.own)->setFocus();
