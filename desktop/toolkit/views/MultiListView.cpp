@@ -106,7 +106,11 @@ void MultiListView::Settle() {
 
 bool MultiListView::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Resize && Model().GetVisibleColumnCount() > 0) FitColumns();
-  if (event->type() == QEvent::Resize) FitRows();
+  if (event->type() == QEvent::Resize) {
+    FitRows();
+    // The table has yet to take its new size over; narrower, its rows may have to be higher than now.
+    if (Wraps()) Show(KorDlgProperty::Rows);
+  }
   return QtViewOf::eventFilter(watched, event);
 }
 
