@@ -132,6 +132,7 @@ QLabel* WholeTextTip::MakeTip() {
   tip->setWordWrap(true);
   tip->setIndent(0);
   tip->setMargin(kMargin);
+  tip->setFrameShape(QFrame::Box);  // in the dark theme its ground is much like that of a window
   tip->setAutoFillBackground(true);
   tip->setBackgroundRole(QPalette::ToolTipBase);
   tip->setForegroundRole(QPalette::ToolTipText);
@@ -142,9 +143,10 @@ QLabel* WholeTextTip::MakeTip() {
 /// Below its row, or above it where there is no room; within the window in any case.
 void WholeTextTip::Place(const QRect& row) {
   const QWidget& window = *_table.window();
-  const QRect textRoom(0, 0, std::min(window.width() - 2 * kGap, kWidest) - 2 * kMargin, kHighest);
+  const int edges = 2 * (kMargin + _tip->frameWidth());
+  const QRect textRoom(0, 0, std::min(window.width() - 2 * kGap, kWidest) - edges, kHighest);
   const QSize text = _tip->fontMetrics().boundingRect(textRoom, Qt::TextWordWrap, _tip->text()).size();
-  QRect tip({0, 0}, text + QSize(2 * kMargin + 1, 2 * kMargin));
+  QRect tip({0, 0}, text + QSize(edges + 1, edges));
   const QPoint start = _table.viewport()->mapTo(&window, row.topLeft());
   const int below = start.y() + row.height() + kGap;
   tip.moveTop(below + tip.height() <= window.height() ? below : std::max(0, start.y() - kGap - tip.height()));
