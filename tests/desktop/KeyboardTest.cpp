@@ -58,6 +58,33 @@ TEST(TabOrder, TheButtonsAtTheBottomAreTheLastStopsAlsoWhenWidgetsComeLater) {
   RunPendingEvents();
 }
 
+TEST(EnterInADialogWithOK, PressesTheButtonThatHasTheFocusElseOK) {
+  HeadlessBoxes boxes;
+  QtBackend backend(&boxes);
+  DemoDialog dialog(KorDlgStyle::kOkCancelDialog);
+  int computed = 0;
+  int confirmed = 0;
+  dialog.compute->Subscribe(KorEvent::PushActivate, [&](auto...) { ++computed; });
+  dialog.Subscribe(KorEvent::DialogOK, [&](auto...) { ++confirmed; });
+  dialog.SetVisibility(KorVisibility::Shown);
+  dialog.Attach(&backend);
+  RunPendingEvents();
+  QApplication::setActiveWindow(backend.WindowOf(&dialog));
+  const auto enterIn = [&](const KorDlgObject& widget) {
+    auto* control = backend.ControlOf<QWidget>(widget);
+    control->setFocus();
+    QTest::keyClick(control, Qt::Key_Return);
+  };
+  enterIn(*dialog.compute);
+  EXPECT_EQ(computed, 1);
+  EXPECT_EQ(confirmed, 0);
+  enterIn(*dialog.nameEditor);
+  EXPECT_EQ(computed, 1);
+  EXPECT_EQ(confirmed, 1);
+  dialog.Detach();
+  RunPendingEvents();
+}
+
 TEST_F(QtBackendTest, ArrowKeysMoveTheCheckInAGroupOfRadioButtons) {
   Open();
   In<QRadioButton>(dialog.own)->setFocus();

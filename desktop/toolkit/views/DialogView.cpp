@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QDialogButtonBox>
+#include <QKeyEvent>
 #include <QMetaObject>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -89,6 +90,16 @@ bool DialogWindow::RestoreWantedGeometry(const QByteArray& geometry) {
   if (!restoreGeometry(geometry)) return false;
   _wanted = normalGeometry().size();
   return true;
+}
+
+/// Enter presses the button at the bottom that is for it, but not while another button has the focus: who is
+/// on "Remove" does not mean "OK".
+void DialogWindow::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const bool hasButtons = findChild<QDialogButtonBox*>(QString(), Qt::FindDirectChildrenOnly);
+  auto* button = qobject_cast<QPushButton*>(focusWidget());
+  if (isEnter && hasButtons && button && button->hasFocus()) return button->click();
+  QDialog::keyPressEvent(event);
 }
 
 /// The buttons at the bottom are the last ones in the round that Tab makes, but came first: from the window

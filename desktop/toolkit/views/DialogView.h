@@ -32,6 +32,7 @@ class DialogWindow : public QDialog {
   void showEvent(QShowEvent* event) override;
   bool event(QEvent* event) override;
   bool focusNextPrevChild(bool next) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   /// Neither that of the screen nor an icon's.
