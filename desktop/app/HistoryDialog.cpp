@@ -15,6 +15,7 @@
 #include "desktop/app/PdmCommands.h"
 #include "desktop/app/Texts.h"
 #include "desktop/toolkit/QtText.h"
+#include "desktop/toolkit/WholeTextTip.h"
 #include "desktop/toolkit/views/MultiListView.h"
 
 namespace desktop {
@@ -42,6 +43,7 @@ void MakeLines(QTableView& table) {
   table.horizontalHeader()->setHighlightSections(false);
   table.horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   table.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  new WholeTextTip(table);
 }
 
 QTableWidgetItem* MakeItem(const QString& text) {

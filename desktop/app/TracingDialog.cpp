@@ -27,7 +27,6 @@ TracingDialog::TracingDialog(Tracing& tracing, QWidget* parent)
       _problem(new QLabel) {
   setWindowTitle(Text("Tracing.Title"));
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-  _choose->setAutoDefault(false);
   _problem->setWordWrap(true);
   _problem->setTextFormat(Qt::PlainText);
   _problem->hide();

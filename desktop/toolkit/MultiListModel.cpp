@@ -31,7 +31,19 @@ void MultiListModel::RowsChanged() {
   if (kept > 0 && _columns > 0) Q_EMIT dataChanged(index(0, 0), index(kept - 1, _columns - 1));
 }
 
+/// A row is read as a whole: what stands beside the cell, behind the titles of the columns.
+QString MultiListModel::RestOfRow(const QModelIndex& cell) const {
+  QStringList texts;
+  for (int column = 0; column < _columns; ++column) {
+    const QString text = ToQt(_list.GetColumnItem(column, cell.row()));
+    if (column != cell.column() && _list.GetColumn(column).shown && !text.isEmpty())
+      texts << ToQt(_list.GetColumn(column).title) + ": " + text;
+  }
+  return texts.join(", ");
+}
+
 QVariant MultiListModel::data(const QModelIndex& index, int role) const {
+  if (role == Qt::AccessibleDescriptionRole) return RestOfRow(index);
   if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
   return ToQt(_list.GetColumnItem(index.column(), index.row()));
 }

@@ -23,6 +23,8 @@ class MultiListModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
+  QString RestOfRow(const QModelIndex& cell) const;
+
   const KorDlgMultiList& _list;
   int _rows = 0;  ///< as last told to the views
   int _columns = 0;

@@ -21,6 +21,9 @@ inline QString Literal(const KorUnicodeString& title) { return ToQt(title).repla
 /// A tooltip of these lines. As rich text it is wrapped; plain, a long line would be as wide as the screen.
 QString AsWrappedTip(const QStringList& lines);
 
+/// The text with places at which a line may break within words that are long, such as paths of files.
+QString BreakableAnywhere(const QString& text);
+
 /// Position in UTF-16 units of the character (code point) that the framework counts as `characters`.
 int Utf16Position(const QString& text, int characters);
 

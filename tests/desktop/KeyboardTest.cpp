@@ -29,6 +29,62 @@ TEST_F(QtBackendTest, TabWalksTheWidgetsInTheOrderOfTheirCreation) {
                                   "StandardButton", "MaterialSpinner", "AxisEditor", "ComputeButton"}));
 }
 
+TEST(TabOrder, TheButtonsAtTheBottomAreTheLastStopsAlsoWhenWidgetsComeLater) {
+  HeadlessBoxes boxes;
+  QtBackend backend(&boxes);
+  DemoDialog dialog(KorDlgStyle::kOkCancelDialog);
+  dialog.SetVisibility(KorVisibility::Shown);
+  dialog.Attach(&backend);
+  dialog.Add<KorDlgEditor>("LateEditor", KorDlgStyle::kNone, {.row = 3});
+  RunPendingEvents();
+  QWidget* window = backend.WindowOf(&dialog);
+  QApplication::setActiveWindow(window);
+  window->setFocus();
+  const auto next = [](Qt::Key key = Qt::Key_Tab) {
+    QTest::keyClick(QApplication::focusWidget(), key);
+    auto* button = qobject_cast<QPushButton*>(QApplication::focusWidget());
+    return button ? button->text().remove('&') : QApplication::focusWidget()->objectName();
+  };
+  EXPECT_EQ(next(), "NameEditor");
+  for (const char* last : {"LateEditor", "OK", "Cancel"}) {
+    QString stop = next();
+    for (int i = 0; i < 12 && stop != last && QString(last) == "LateEditor"; ++i) stop = next();
+    EXPECT_EQ(stop, last);
+  }
+  EXPECT_EQ(next(), "NameEditor");
+  window->setFocus();
+  EXPECT_EQ(next(Qt::Key_Backtab), "Cancel");
+  dialog.Detach();
+  RunPendingEvents();
+}
+
+TEST(EnterInADialogWithOK, PressesTheButtonThatHasTheFocusElseOK) {
+  HeadlessBoxes boxes;
+  QtBackend backend(&boxes);
+  DemoDialog dialog(KorDlgStyle::kOkCancelDialog);
+  int computed = 0;
+  int confirmed = 0;
+  dialog.compute->Subscribe(KorEvent::PushActivate, [&](auto...) { ++computed; });
+  dialog.Subscribe(KorEvent::DialogOK, [&](auto...) { ++confirmed; });
+  dialog.SetVisibility(KorVisibility::Shown);
+  dialog.Attach(&backend);
+  RunPendingEvents();
+  QApplication::setActiveWindow(backend.WindowOf(&dialog));
+  const auto enterIn = [&](const KorDlgObject& widget) {
+    auto* control = backend.ControlOf<QWidget>(widget);
+    control->setFocus();
+    QTest::keyClick(control, Qt::Key_Return);
+  };
+  enterIn(*dialog.compute);
+  EXPECT_EQ(computed, 1);
+  EXPECT_EQ(confirmed, 0);
+  enterIn(*dialog.nameEditor);
+  EXPECT_EQ(computed, 1);
+  EXPECT_EQ(confirmed, 1);
+  dialog.Detach();
+  RunPendingEvents();
+}
+
 TEST_F(QtBackendTest, ArrowKeysMoveTheCheckInAGroupOfRadioButtons) {
   Open();
   In<QRadioButton>(dialog.own)->setFocus();

@@ -1,7 +1,9 @@
 // Lists of long texts, and columns that the user makes wider.
 #include <QHeaderView>
 #include <QTableView>
+#include <QTest>
 
+#include "desktop/toolkit/WholeTextTip.h"
 #include "desktop/toolkit/views/MultiListView.h"
 #include "tests/desktop/support/DemoDialog.h"
 #include "tests/desktop/support/QtApplication.h"
@@ -57,6 +59,18 @@ TEST_F(MultiListWidthsTest, ALongTextOfAListOfTextsWrapsUntilItIsSeenWhole) {
   const int before = table->rowHeight(1);
   ResizeWindow(1200, 400);
   EXPECT_LT(table->rowHeight(1), before) << "it wraps to the width";
+}
+
+TEST_F(MultiListWidthsTest, ATextThatWrapsIsSeenWholeHoweverNarrowTheWindowIsMade) {
+  dialog.list->SetColumnTitles({"Warning"});
+  dialog.list->SetColumnItem(0, KorUnicodeString(std::string(200, 'm')), 0);
+  ShowColumnsAtOnce(1);
+  ResizeWindow(1, 1);
+  table->setFocus();
+  QTest::keyClick(table, Qt::Key_Down);
+  RunPendingEvents();
+  EXPECT_EQ(WholeTextTip::ShownOn(*table), "") << "shown for what is cut off";
+  EXPECT_GT(table->rowHeight(0), 3 * table->fontMetrics().height());
 }
 
 TEST_F(MultiListWidthsTest, ARowThatComesIntoSightWrapsToo) {

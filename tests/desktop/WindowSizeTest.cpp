@@ -103,6 +103,99 @@ TEST_F(WindowSizeTest, ARestoredSizeThatIsTooSmallComesBackWhenThereIsRoom) {
   EXPECT_EQ(Window()->size(), wanted);
 }
 
+TEST_F(WindowSizeTest, AForcedWindowThatWasMaximisedIsSavedAsSuchWithTheSizeThatTheUserWants) {
+  Window()->setGeometry(40, 30, 500, 400);
+  Settle();
+  Show(KorVisibility::Shown);
+  ASSERT_GT(Window()->height(), 400);
+  Window()->showMaximized();
+  Settle();
+  ASSERT_TRUE(Window()->isMaximized());
+  QWidget restored;
+  ASSERT_TRUE(restored.restoreGeometry(SaveWantedGeometry(*Window())));
+  EXPECT_TRUE(restored.isMaximized());
+  EXPECT_EQ(restored.normalGeometry(), QRect(40, 30, 500, 400));
+}
+
+TEST_F(WindowSizeTest, AMaximisedWindowIsSavedWithTheSizeThatItHadBefore) {
+  Window()->setGeometry(40, 30, 500, 400);
+  Settle();
+  Window()->showMaximized();
+  Settle();
+  QWidget restored;
+  ASSERT_TRUE(restored.restoreGeometry(SaveWantedGeometry(*Window())));
+  EXPECT_TRUE(restored.isMaximized());
+  EXPECT_EQ(restored.normalGeometry(), QRect(40, 30, 500, 400));
+}
+
+TEST_F(WindowSizeTest, WhatComesInAndGoesWhileItIsMaximisedLeavesItSoAndItsSizeToo) {
+  Window()->setGeometry(40, 30, 500, 400);
+  Settle();
+  Window()->showMaximized();
+  Settle();
+  const int large = Window()->height();
+  for (const KorVisibility visibility : {KorVisibility::Shown, KorVisibility::Hidden}) {
+    Show(visibility);
+    EXPECT_TRUE(Window()->isMaximized());
+    EXPECT_EQ(Window()->height(), large);
+  }
+  Window()->showNormal();
+  Settle();
+  EXPECT_EQ(Window()->size(), QSize(500, 400));
+}
+
+TEST_F(WindowSizeTest, AForcedWindowHasItsSizeBackAfterItWasMaximisedWhenWhatForcedItHasGone) {
+  Window()->setGeometry(40, 30, 500, 400);
+  Settle();
+  Show(KorVisibility::Shown);
+  Window()->showMaximized();
+  Settle();
+  Show(KorVisibility::Hidden);
+  Window()->showNormal();
+  Settle();
+  EXPECT_EQ(Window()->size(), QSize(500, 400));
+}
+
+TEST_F(WindowSizeTest, AWindowThatIsRestoredMaximisedComesBackToTheSizeThatTheUserWants) {
+  Window()->setGeometry(40, 30, 500, 400);
+  Settle();
+  Window()->showMaximized();
+  Settle();
+  const QByteArray geometry = SaveWantedGeometry(*Window());
+  dialog.SetVisibility(KorVisibility::Hidden);
+  Window()->setWindowState(Qt::WindowNoState);
+  Window()->resize(700, 600);
+  extra->SetVisibility(KorVisibility::Shown);
+  ASSERT_TRUE(RestoreWantedGeometry(*Window(), geometry));
+  dialog.SetVisibility(KorVisibility::Shown);
+  Settle();
+  ASSERT_TRUE(Window()->isMaximized());
+  Window()->showNormal();
+  Settle();
+  EXPECT_GT(Window()->height(), 400);
+  Show(KorVisibility::Hidden);
+  EXPECT_EQ(Window()->size(), QSize(500, 400));
+}
+
+TEST_F(WindowSizeTest, AForcedWindowThatIsHiddenAndShownGivesItsRoomBack) {
+  const QSize before = Window()->size();
+  Show(KorVisibility::Shown);
+  dialog.SetVisibility(KorVisibility::Hidden);
+  dialog.SetVisibility(KorVisibility::Shown);
+  Settle();
+  Show(KorVisibility::Hidden);
+  EXPECT_EQ(Window()->size(), before);
+}
+
+TEST_F(WindowSizeTest, AHeightThatTheUserChoseStaysWhenTheForcedWidthGoes) {
+  const int width = Window()->width();
+  Show(KorVisibility::Shown);
+  const int chosen = Window()->height() + 100;
+  Resize(chosen);
+  Show(KorVisibility::Hidden);
+  EXPECT_EQ(Window()->size(), QSize(width, chosen));
+}
+
 TEST_F(WindowSizeTest, WhatComesInTwiceGivesItsRoomBackTwice) {
   const QSize before = Window()->size();
   for (int i = 0; i < 2; ++i) {

@@ -2,10 +2,11 @@
 
 #include <QCloseEvent>
 #include <QDialogButtonBox>
+#include <QKeyEvent>
+#include <QMetaObject>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <utility>
 
 #include "desktop/toolkit/QtText.h"
 
@@ -22,86 +23,100 @@ void DialogWindow::closeEvent(QCloseEvent* event) {
 
 namespace {
 
-/// A window had the length `before` in one direction and has `now`. Below the least length only what comes in
-/// can bring it; any other length is chosen.
-void NoteLength(int before, int now, int least, int& forced, int& wanted) {
-  if (before == now) return;
-  const bool isForced = before > 0 && before < least && now == least;
-  if (isForced && forced == 0) wanted = before;
-  forced = isForced ? now : 0;
-}
-
-/// A window that was to have the length `wanted` comes up with `now`.
-void NoteRestoredLength(int now, int least, int wanted, int& forced) {
-  if (now > wanted && now == least) forced = now;
-}
-
-/// What a length that was forced on a window goes back to.
-int LengthWithout(int now, int least, int forced, int wanted) {
-  return forced == now && least < now ? std::max(wanted, least) : now;
+/// A window has the length `now` in one direction. Only the least length can be one that what came in has
+/// forced on it; any other is chosen.
+void NoteLength(int now, int least, int& wanted) {
+  const bool isForced = now == least && wanted >= 0 && wanted < now;
+  if (!isForced) wanted = now;
 }
 
 }  // namespace
 
+bool DialogWindow::HasSizeOfItsOwn() const {
+  return !(windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen | Qt::WindowMinimized));
+}
+
 void DialogWindow::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  if (!isVisible()) return;
-  const QSize before = event->oldSize();
-  NoteLength(before.width(), width(), minimumWidth(), _forced.rwidth(), _wanted.rwidth());
-  NoteLength(before.height(), height(), minimumHeight(), _forced.rheight(), _wanted.rheight());
+  if (!isVisible() || !HasSizeOfItsOwn() || _isGettingItBack) return;
+  if (event->oldSize().width() != width()) NoteLength(width(), minimumWidth(), _wanted.rwidth());
+  if (event->oldSize().height() != height()) NoteLength(height(), minimumHeight(), _wanted.rheight());
+}
+
+void DialogWindow::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (!HasSizeOfItsOwn()) return;
+  NoteLength(width(), minimumWidth(), _wanted.rwidth());
+  NoteLength(height(), minimumHeight(), _wanted.rheight());
+}
+
+bool DialogWindow::event(QEvent* event) {
+  const bool known = QDialog::event(event);
+  if (event->type() == QEvent::LayoutRequest) TakeSizeBack();
+  if (event->type() == QEvent::WindowStateChange) StateChanged();
+  return known;
+}
+
+/// Back from the size of the screen the window gets the one that it had before, which may have been forced.
+void DialogWindow::StateChanged() {
+  _isGettingItBack = true;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        _isGettingItBack = false;
+        TakeSizeBack();
+      },
+      Qt::QueuedConnection);
+}
+
+/// What came in may have gone.
+void DialogWindow::TakeSizeBack() {
+  if (isVisible() && HasSizeOfItsOwn() && !_isGettingItBack) resize(_wanted.expandedTo(minimumSize()));
 }
 
 QByteArray DialogWindow::SaveWantedGeometry() const {
-  const QSize wanted(LengthWithout(width(), 0, _forced.width(), _wanted.width()),
-                     LengthWithout(height(), 0, _forced.height(), _wanted.height()));
-  if (wanted == size()) return saveGeometry();
+  const QRect normal = normalGeometry();
+  if (!_wanted.isValid() || _wanted == normal.size()) return saveGeometry();
   // The window itself cannot be smaller than what is in it now.
   QWidget empty;
   empty.setScreen(screen());
   empty.winId();  // without a window of the system there is no geometry to save
-  empty.setGeometry(QRect(geometry().topLeft(), wanted));
+  empty.setGeometry(QRect(normal.topLeft(), _wanted));
+  empty.setWindowState(windowState());
   return empty.saveGeometry();
+}
+
+bool DialogWindow::RestoreWantedGeometry(const QByteArray& geometry) {
+  if (!restoreGeometry(geometry)) return false;
+  _wanted = normalGeometry().size();
+  return true;
+}
+
+/// Enter presses the button at the bottom that is for it, but not while another button has the focus: who is
+/// on "Remove" does not mean "OK".
+void DialogWindow::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const bool hasButtons = findChild<QDialogButtonBox*>(QString(), Qt::FindDirectChildrenOnly);
+  auto* button = qobject_cast<QPushButton*>(focusWidget());
+  if (isEnter && hasButtons && button && button->hasFocus()) return button->click();
+  QDialog::keyPressEvent(event);
+}
+
+/// The buttons at the bottom are the last ones in the round that Tab makes, but came first: from the window
+/// itself the round begins behind them.
+bool DialogWindow::focusNextPrevChild(bool next) {
+  const auto buttons = findChildren<QDialogButtonBox*>(QString(), Qt::FindDirectChildrenOnly);
+  if (!hasFocus() || buttons.isEmpty()) return QDialog::focusNextPrevChild(next);
+  buttons.front()->buttons().back()->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  return !next || QDialog::focusNextPrevChild(next);
 }
 
 QByteArray SaveWantedGeometry(const QWidget& dialogWindow) {
   return static_cast<const DialogWindow&>(dialogWindow).SaveWantedGeometry();
 }
 
-bool DialogWindow::RestoreWantedGeometry(const QByteArray& geometry) {
-  _isRestored = restoreGeometry(geometry);
-  if (_isRestored) _wanted = size();
-  return _isRestored;
-}
-
-void DialogWindow::showEvent(QShowEvent* event) {
-  QDialog::showEvent(event);
-  if (!std::exchange(_isRestored, false)) return;
-  NoteRestoredLength(width(), minimumWidth(), _wanted.width(), _forced.rwidth());
-  NoteRestoredLength(height(), minimumHeight(), _wanted.height(), _forced.rheight());
-}
-
 bool RestoreWantedGeometry(QWidget& dialogWindow, const QByteArray& geometry) {
   return static_cast<DialogWindow&>(dialogWindow).RestoreWantedGeometry(geometry);
-}
-
-bool DialogWindow::event(QEvent* event) {
-  const bool known = QDialog::event(event);
-  if (event->type() == QEvent::LayoutRequest) TakeSizeBack();
-  return known;
-}
-
-void DialogWindow::TakeSizeBack() {
-  const QSize wanted = _wanted;
-  const QSize least = minimumSize();
-  const QSize without(LengthWithout(width(), least.width(), _forced.width(), wanted.width()),
-                      LengthWithout(height(), least.height(), _forced.height(), wanted.height()));
-  const QSize before = size();
-  if (without == before) return;
-  resize(without);
-  // What has not gone back whole waits until more goes.
-  if (width() < before.width() && width() > wanted.width()) _forced.setWidth(width());
-  if (height() < before.height() && height() > wanted.height()) _forced.setHeight(height());
-  _wanted = wanted;
 }
 
 namespace {

@@ -19,8 +19,8 @@ class DialogWindow : public QDialog {
   explicit DialogWindow(QWidget* parent) : QDialog(parent) {}
   std::function<void()> onClose;
   void reject() override;
-  /// The window's `saveGeometry` with the size that the user wants: what came in and made it grow is not
-  /// there when the window is restored.
+  /// The window's `saveGeometry` with the size that the user wants, that of the screen aside: what came in
+  /// and made it grow is not there when the window is restored.
   QByteArray SaveWantedGeometry() const;
   /// `restoreGeometry` before the window is shown. What is in it may need more room than that: the window
   /// takes the restored size when that goes.
@@ -31,14 +31,18 @@ class DialogWindow : public QDialog {
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
   bool event(QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  /// Neither that of the screen nor an icon's.
+  bool HasSizeOfItsOwn() const;
+  void StateChanged();
   void TakeSizeBack();
 
-  // What has come in made the window grow to this width or height, from that one; 0: it is as the user wants.
-  QSize _forced{0, 0};
-  QSize _wanted{0, 0};
-  bool _isRestored = false;  ///< and not shown yet
+  /// What the user wants; the window is larger while what is in it needs more. Negative: not known yet.
+  QSize _wanted{-1, -1};
+  bool _isGettingItBack = false;  ///< its own size, after that of the screen or an icon's
 };
 
 class DialogView : public QtViewOf<KorDlgDialog, DialogWindow> {

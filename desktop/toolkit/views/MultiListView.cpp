@@ -10,30 +10,22 @@
 #include <QStyledItemDelegate>
 #include <algorithm>
 
+#include "desktop/toolkit/QtText.h"
+#include "desktop/toolkit/WholeTextTip.h"
+
 namespace desktop {
 namespace {
+constexpr int kLeastOfTexts = 24;   ///< characters of a list of texts that are seen at once at least
 constexpr int kRowsMeasured = 200;  ///< rows whose texts decide the width of a column
 constexpr int kCellPadding = 16;    ///< device-independent pixels
 constexpr int kWidest = 10'000;     ///< device-independent pixels; a remembered width beyond it is damaged
 
-/// Lets a text that wraps do so within words that are long, such as paths of files.
+/// Lets a text that wraps do so within words, too.
 class WrappingDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
   QString displayText(const QVariant& value, const QLocale&) const override {
-    constexpr int kLongestWhole = 16;  // characters
-    constexpr QChar kMayBreakHere(0x200B);
-    QString text;
-    int run = 0;
-    for (const QChar letter : value.toString()) {
-      run = letter.isSpace() ? 0 : run + 1;
-      if (run > kLongestWhole && !letter.isLowSurrogate() && !letter.isMark()) {
-        text += kMayBreakHere;
-        run = 1;
-      }
-      text += letter;
-    }
-    return text;
+    return BreakableAnywhere(value.toString());
   }
 };
 
@@ -60,6 +52,7 @@ MultiListView::MultiListView(QtBackend& backend, KorDlgObject& model, QWidget* p
   Qt()->verticalHeader()->setDefaultSectionSize(RowHeightIn(*Qt()));
   Qt()->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   Qt()->viewport()->installEventFilter(this);
+  new WholeTextTip(*Qt());
   QObject::connect(Qt()->horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {
     if (_fitting) return;
     const bool bySpareWidth = Qt()->horizontalHeader()->stretchLastSection() && column == LastShown();
@@ -113,7 +106,11 @@ void MultiListView::Settle() {
 
 bool MultiListView::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Resize && Model().GetVisibleColumnCount() > 0) FitColumns();
-  if (event->type() == QEvent::Resize) FitRows();
+  if (event->type() == QEvent::Resize) {
+    FitRows();
+    // The table has yet to take its new size over; narrower, its rows may have to be higher than now.
+    if (Wraps()) Show(KorDlgProperty::Rows);
+  }
   return QtViewOf::eventFilter(watched, event);
 }
 
@@ -138,9 +135,10 @@ int MultiListView::WidthOf(int column) const {
   return std::max(text, Qt()->horizontalHeader()->sectionSizeHint(column));
 }
 
-/// What the columns that are to be seen at once take, as far as they have widths of their own; 0: nothing.
+/// What the columns that are to be seen at once take, as far as they have widths of their own, or room for
+/// the longest part of a text that does not wrap; 0: nothing.
 int MultiListView::WidthAtOnce() const {
-  int width = 0;
+  int width = Wraps() ? kLeastOfTexts * Qt()->fontMetrics().averageCharWidth() + kCellPadding : 0;
   int left = Model().GetVisibleColumnCount();
   for (int i = 0; i < Model().GetColumnCount() && left > 0; ++i) {
     if (!Model().GetColumn(i).shown) continue;

@@ -10,6 +10,7 @@
 #include <QTest>
 #include <QTreeView>
 
+#include "desktop/toolkit/WholeTextTip.h"
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgEditor.h"
 #include "framework/dialog/KorDlgRadioButton.h"
@@ -219,6 +220,20 @@ TEST_F(FilterPanelTest, TheWholeTextOfACellIsInItsTooltip) {
   backend.Settle();
   EXPECT_EQ(On<QTableView>("Frame001.FilterMultiList")->model()->index(0, 3).data(Qt::ToolTipRole),
             "IEA15/nacelle.1/Above_yaw.1");
+}
+
+TEST_F(FilterPanelTest, APlaceThatIsCutOffIsReadByKeys) {
+  SelectAll({{"nacelle.1", "Above_yaw.1", "bedplate.1"}});
+  OpenFilterPanel();
+  window.AddToFilter();
+  backend.Settle();
+  auto* table = On<QTableView>("Frame001.FilterMultiList");
+  table->setColumnWidth(3, 80);
+  PanelWindow()->activateWindow();
+  On<QRadioButton>("PVSFilterBtn")->setFocus();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  RunPendingEvents();
+  EXPECT_EQ(WholeTextTip::ShownOn(*table), "Place in the product: IEA15/nacelle.1/Above_yaw.1");
 }
 
 TEST_F(FilterPanelTest, AServerThatDoesNotTakeTheRootLeavesTheOpenPanel) {

@@ -7,6 +7,7 @@
 #include <QTest>
 #include <utility>
 
+#include "desktop/toolkit/WholeTextTip.h"
 #include "tests/desktop/app/HistoryHarness.h"
 
 namespace desktop::test {
@@ -41,6 +42,34 @@ TEST_F(HistoryDialogTest, AsksForFurtherSavesWhenTheListIsScrolledToItsEnd) {
   bar.setValue(bar.maximum());
   RunPendingEvents();
   EXPECT_GE(dialog.Saves().rowCount(), 200);
+}
+
+TEST_F(HistoryDialogTest, ALongNameOfAUserIsReadByKeys) {
+  const std::string user(200, 'e');
+  Serve(Saves(3, user));
+  dialog.show();
+  dialog.Reload();
+  RunPendingEvents();
+  dialog.SaveList().setFocus();
+  QTest::keyClick(&dialog.SaveList(), Qt::Key_Down);
+  RunPendingEvents();
+  EXPECT_EQ(WholeTextTip::ShownOn(dialog.SaveList()).toStdString(), "Who: " + user);
+}
+
+TEST_F(HistoryDialogTest, ALongWordOfAValueIsReadByKeysAndOneThatWrapsNeedsNoTip) {
+  const std::string word(200, 'w');
+  std::string words = "first";
+  for (int i = 0; i < 40; ++i) words += " another";
+  Serve(OneSave({{"part.name", "short", word}, {"part.name", "short", words}}));
+  dialog.show();
+  dialog.Reload();
+  RunPendingEvents();
+  dialog.FieldList().setFocus(Qt::TabFocusReason);
+  RunPendingEvents();
+  EXPECT_EQ(WholeTextTip::ShownOn(dialog.FieldList()).toStdString(), "After: " + word);
+  QTest::keyClick(&dialog.FieldList(), Qt::Key_Down);
+  RunPendingEvents();
+  EXPECT_EQ(WholeTextTip::ShownOn(dialog.FieldList()), "");
 }
 
 TEST_F(HistoryDialogTest, TellsOnceOfAPageThatCannotBeReadAndScrollingAsksNoMore) {
@@ -255,6 +284,7 @@ TEST_F(HistoryDialogTest, EachControlIsReachedByTheTabKey) {
   Serve(Saves(250));
   dialog.show();
   dialog.Reload();
+  RunPendingEvents();
   dialog.SaveList().setFocus();
   QApplication::setActiveWindow(&dialog);
   std::vector<const QWidget*> visited;

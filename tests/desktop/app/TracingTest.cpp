@@ -1,8 +1,11 @@
 // Tracing: which components, where to, and the dialog that chooses.
+#include <QApplication>
 #include <QCheckBox>
 #include <QFile>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
+#include <QTest>
 #include <QTimer>
 #include <functional>
 #include <sstream>
@@ -339,6 +342,24 @@ TEST_F(TracingTest, TheFileCanBeNamedOnlyWhenAFileIsChosen) {
   EXPECT_FALSE(dialog.FileEdit()->isEnabled());
   dialog.FileButton()->setChecked(true);
   EXPECT_TRUE(dialog.FileEdit()->isEnabled());
+}
+
+TEST_F(TracingTest, EnterOnTheButtonThatChoosesAFileDoesNotPressOK) {
+  Tracing tracing;
+  TracingDialog dialog(tracing);
+  dialog.FileButton()->setChecked(true);
+  dialog.show();
+  QApplication::setActiveWindow(&dialog);
+  dialog.FileEdit()->setFocus();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  auto* choose = qobject_cast<QPushButton*>(QApplication::focusWidget());
+  ASSERT_NE(choose, nullptr);
+  int chosen = 0;
+  QObject::connect(choose, &QPushButton::clicked, [&] { ++chosen; });
+  QTest::keyClick(choose, Qt::Key_Return);
+  EXPECT_EQ(chosen, 1);
+  EXPECT_TRUE(dialog.isVisible());
+  EXPECT_EQ(dialog.ProblemText(), "") << "OK has not been pressed";
 }
 
 TEST_F(TracingTest, TheDialogStaysOpenAndSaysWhyWithoutAFileThatCanBeWritten) {
