@@ -72,6 +72,31 @@ TEST_F(WholeTextTipTest, AnArrowKeyToARowShowsItsTextThatIsCutOff) {
   EXPECT_EQ(Tip(), "Place: " + kPlace);
 }
 
+/// Counts how often a widget paints itself.
+class PaintCount : public QObject {
+ public:
+  explicit PaintCount(QWidget* watched) { watched->installEventFilter(this); }
+  int count = 0;
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++count;
+    return false;
+  }
+};
+
+TEST_F(WholeTextTipTest, ATipThatStandsIsNotPaintedOverAndOver) {
+  GoTo(1);
+  ASSERT_NE(TipLabel(), nullptr);
+  PaintCount paints(table->viewport());
+  PaintCount tipPaints(TipLabel());
+  table->viewport()->update();
+  for (int i = 0; i < 20; ++i) Settle();
+  EXPECT_LE(paints.count, 3);
+  EXPECT_LE(tipPaints.count, 3);
+  EXPECT_GT(paints.count, 0);
+}
+
 TEST_F(WholeTextTipTest, ARowThatIsSeenWholeHasNoTip) {
   GoTo(0);
   EXPECT_EQ(Tip(), "");
