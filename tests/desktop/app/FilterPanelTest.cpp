@@ -32,6 +32,16 @@ class FilterPanelTest : public WindowTest {
     return control;
   }
   QWidget* PanelWindow() { return window.FilterPanel().Window(); }
+  /// The list of the panel with three rows: the yaw system, the blades and the hub system.
+  QTableView* OpenOnThreeRows() {
+    SelectAll({{"nacelle.1", "yaw.1"}, {"Blades.1"}, {"Hub_System.1"}});
+    OpenFilterPanel();
+    window.AddToFilter();
+    backend.Settle();
+    auto* table = On<QTableView>("Frame001.FilterMultiList");
+    table->setFocus();
+    return table;
+  }
   std::vector<KorUnicodeString> Names() {
     return InFilterPanel<KorDlgCombo>("Frame002.ConfigHandlerIDCombo").GetLines();
   }
@@ -255,12 +265,8 @@ TEST_F(FilterPanelTest, OpenedOnAnotherProductTakesItsSetFilterForTheOneInForceT
   ASSERT_TRUE(window.Select("IEA15", {}));
   ChooseFilter("Structure only");
   ASSERT_TRUE(window.Select("Car", {}));
-  KorPdmTransport* real = KorPdmClient::GetTransport();
   ScriptedTransport server;
-  server.answer = [real](const std::string& command, const std::string& request) {
-    return command == protocol::kCommandHandler ? protocol::WriteConfigurationHandler({"Car", "Winter"})
-                                                : real->Run(command, request);
-  };
+  server.AnswerOnly(protocol::kCommandHandler, protocol::WriteConfigurationHandler({"Car", "Winter"}));
   OpenFilterPanel().PressCancel();
   RunPendingEvents();
   ASSERT_TRUE(window.Select("IEA15", {}));
@@ -328,12 +334,7 @@ TEST_F(FilterPanelTest, AFilterIsChosenByTheKeyboard) {
 }
 
 TEST_F(FilterPanelTest, RowsAreRemovedByTheKeyboard) {
-  SelectAll({{"nacelle.1", "yaw.1"}, {"Blades.1"}, {"Hub_System.1"}});
-  OpenFilterPanel();
-  window.AddToFilter();
-  backend.Settle();
-  auto* table = On<QTableView>("Frame001.FilterMultiList");
-  table->setFocus();
+  QTableView* table = OpenOnThreeRows();
   table->selectRow(0);
   QTest::keyClick(table, Qt::Key_Down, Qt::ShiftModifier);
   QTest::keyClick(On<QPushButton>("Frame001.Frame011.RemoveCriterionButton"), Qt::Key_Space);
@@ -341,12 +342,7 @@ TEST_F(FilterPanelTest, RowsAreRemovedByTheKeyboard) {
 }
 
 TEST_F(FilterPanelTest, DeleteRemovesTheSelectedRowsAndControlDeleteAll) {
-  SelectAll({{"nacelle.1", "yaw.1"}, {"Blades.1"}, {"Hub_System.1"}});
-  OpenFilterPanel();
-  window.AddToFilter();
-  backend.Settle();
-  auto* table = On<QTableView>("Frame001.FilterMultiList");
-  table->setFocus();
+  QTableView* table = OpenOnThreeRows();
   table->selectRow(1);
   QTest::keyClick(table, Qt::Key_Delete);
   EXPECT_EQ(FilterRows(), (std::vector<std::string>{"yaw.1, yaw, , IEA15/nacelle.1, 1, nacelle.1",

@@ -54,12 +54,8 @@ TEST_F(SavingTest, TheStatusBarSaysThatTheServerSaves) {
 TEST_F(SavingTest, AnErrorReplyChangesNothingButThePanelsOwnMessage) {
   ComputeAt({"nacelle.1", "Above_yaw.1"});
   OpenPanelOnBedplate();
-  KorPdmTransport* real = KorPdmClient::GetTransport();
   ScriptedTransport server;
-  server.answer = [real](const std::string& command, const std::string& request) {
-    return command == "WBSaveNymValues" ? protocol::ErrorReply("the disk is full")
-                                        : real->Run(command, request);
-  };
+  server.AnswerOnly("WBSaveNymValues", protocol::ErrorReply("the disk is full"));
   EditMass("43000");
   server.commands.clear();
   Save();
@@ -72,12 +68,9 @@ TEST_F(SavingTest, AnErrorReplyChangesNothingButThePanelsOwnMessage) {
 class DeadServerTest : public SavingTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(DeadServerTest, LeavesThePanelUsableAndTheNextSaveStoresWhatWasTyped) {
-  KorPdmTransport* real = KorPdmClient::GetTransport();
   {
     ScriptedTransport server;
-    server.answer = [real](const std::string& command, const std::string& request) {
-      return command == "WBSaveNymValues" ? std::string(GetParam()) : real->Run(command, request);
-    };
+    server.AnswerOnly("WBSaveNymValues", GetParam());
     EditMass("43000");
     Save();
     EXPECT_EQ(boxes.Messages().size(), 1u);
@@ -101,12 +94,9 @@ INSTANTIATE_TEST_SUITE_P(LastWords, DeadServerTest,
 class LostAnswerTest : public SavingTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(LostAnswerTest, KeepsTheValuesAtRiskUntilAnAnswerCanBeRead) {
-  KorPdmTransport* real = KorPdmClient::GetTransport();
   {
     ScriptedTransport server;
-    server.answer = [real](const std::string& command, const std::string& request) {
-      return command == "WBSaveNymValues" ? std::string(GetParam()) : real->Run(command, request);
-    };
+    server.AnswerOnly("WBSaveNymValues", GetParam());
     EditMass("43000");
     Save();
   }

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "framework/pdm/KorPdmClient.h"
@@ -21,6 +22,14 @@ class ScriptedTransport : public KorPdmTransport {
   std::function<std::string(const std::string& command, const std::string& request)> answer =
       [](const std::string&, const std::string&) { return protocol::ErrorReply("unexpected"); };
   std::vector<std::string> commands;
+
+  /// One command gets this reply; all others go to the server before.
+  void AnswerOnly(std::string_view scripted, const std::string& reply) {
+    answer = [this, scripted = std::string(scripted), reply](const std::string& command,
+                                                             const std::string& request) {
+      return command == scripted ? reply : _before->Run(command, request);
+    };
+  }
 
   std::string Run(const std::string& command, const std::string& request) override {
     commands.push_back(command);

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
+
+#include "lumira/store/OpenSqliteStore.h"
 
 namespace lumira::test {
 
@@ -22,6 +25,15 @@ inline std::vector<std::string> ColumnsOf(const std::string& file) {
   std::vector<std::string> columns;
   while (query.executeStep()) columns.push_back(query.getColumn(0).getString());
   return columns;
+}
+
+/// That opening a file of an older version gives it the tables that a new one has. `fresh`: a file to make.
+inline void ExpectOpeningMakesTheTablesOf(const std::string& fresh, const std::string& file) {
+  ASSERT_TRUE(CreateSqliteStore(fresh).Ok());
+  ASSERT_NE(ColumnsOf(file), ColumnsOf(fresh));
+  ASSERT_TRUE(OpenSqliteStore(file).Ok());
+  EXPECT_EQ(ColumnsOf(file), ColumnsOf(fresh));
+  EXPECT_EQ(VersionOf(file), 6);
 }
 
 }  // namespace lumira::test

@@ -65,12 +65,7 @@ class SqliteMigrationFromVersion5 : public testing::Test {
 };
 
 TEST_F(SqliteMigrationFromVersion5, MakesTheTablesOfANewFile) {
-  const std::string fresh = folder.File("new.lumira");
-  ASSERT_TRUE(CreateSqliteStore(fresh).Ok());
-  ASSERT_NE(ColumnsOf(file), ColumnsOf(fresh));
-  ASSERT_TRUE(OpenSqliteStore(file).Ok());
-  EXPECT_EQ(ColumnsOf(file), ColumnsOf(fresh));
-  EXPECT_EQ(VersionOf(file), 6);
+  ExpectOpeningMakesTheTablesOf(folder.File("new.lumira"), file);
 }
 
 TEST_F(SqliteMigrationFromVersion5, KeepsWhatIsKnownOfAPartWithTheCountsOfItsRows) {

@@ -246,12 +246,7 @@ TEST_F(SqliteMigration, ThatFailsLeavesTheFileAtVersion4) {
 }
 
 TEST_F(SqliteMigration, MakesTheTablesOfANewFile) {
-  const std::string fresh = folder.File("new.lumira");
-  ASSERT_TRUE(CreateSqliteStore(fresh).Ok());
-  ASSERT_NE(ColumnsOf(file), ColumnsOf(fresh));
-  ASSERT_TRUE(OpenSqliteStore(file).Ok());
-  EXPECT_EQ(ColumnsOf(file), ColumnsOf(fresh));
-  EXPECT_EQ(VersionOf(file), 6);
+  ExpectOpeningMakesTheTablesOf(folder.File("new.lumira"), file);
 }
 
 TEST_F(SqliteMigration, HappensOnceAndWhatIsWrittenThenStays) {
