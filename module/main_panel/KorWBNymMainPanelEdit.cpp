@@ -55,12 +55,15 @@ void KorWBNymMainPanel::ResetInertiaDisplay() {
 
 /// The mass-types page shows the values of its own mass type alone, as they are stored: not the inertia that
 /// the refresh of the results has left there, nor what stayed of another mass type where this one has
-/// nothing. In edit mode what stands there is what a save stores. What an earlier save did not store, since
-/// its mass was no number, is given up.
+/// nothing. In edit mode what stands there is what a save stores. A centre of gravity and an inertia that an
+/// earlier save did not store, since its mass was no number, are given up together.
 void KorWBNymMainPanel::ShowOwnDistribution() {
   using Display = KorWBNymNavUnitDisplay;
   const auto shown = ShownDistribution();
-  if (!shown || !shown->cg) Display::ShowNoValueIn(_widgets.mtCG);
+  if (shown && shown->cg)
+    ShowMassTypeCG(*shown);
+  else
+    Display::ShowNoValueIn(_widgets.mtCG);
   if (shown && shown->inertia)
     RefreshMomentOfInertiaUnits(*shown->inertia, "Current");
   else

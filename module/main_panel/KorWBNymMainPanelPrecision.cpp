@@ -147,7 +147,7 @@ void KorWBNymMainPanel::OnPrecisionEditorFocusNotification(KorCommand* sender, K
                                                            KorCommandClientData data) {
   auto* editor = dynamic_cast<KorDlgEditor*>(sender);
   if (!editor) return;
-  // A bound without a value is rewritten as little as it is stored.
+  // A bound without a value is not rewritten: back at the stored value type it stands for the stored one.
   const bool leaves = data == KorWBNymMainPanelFocus::kLeaves && editor->GetText() != Display::kNoValue;
   if (leaves && _widgets.precisionValueType->GetSelect() == kRelative) {
     editor->SetText(KorWBNymNavEditedValue::ShowPercent(editor->GetValue()));

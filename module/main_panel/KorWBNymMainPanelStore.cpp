@@ -63,7 +63,6 @@ KorMath3x3Matrix ReadInertia(const KorWBNymMainPanelWidgets::Editors6& editors,
 /// The text of a bound as it was typed, in the form in which bounds are shown.
 void ShowTypedBound(KorDlgEditor& editor, int valueType) {
   const auto mass = Display::Of(Display::kMass);
-  if (editor.GetText() == Display::kNoValue) return;
   if (valueType != kAbsolute)
     editor.SetText(KorWBNymNavEditedValue::ShowPercent(editor.GetValue()));
   else if (mass)
@@ -171,18 +170,19 @@ void KorWBNymMainPanel::StorePrecision(const KorUnicodeString& activeType) {
 void KorWBNymMainPanel::StoreBounds(const KorUnicodeString& activeType) {
   const int valueType = _widgets.precisionValueType->GetSelect();
   const bool sameValueType = _dataBuffer->GetPrecisionValueType(activeType) == valueType;
-  const auto read = [&](const KorDlgEditor& editor, double bound) {
-    // The percentage of no mass: nobody typed it. Of the other value type the stored one would be another
-    // bound.
-    if (editor.GetText() == Display::kNoValue) return sameValueType ? bound : 0.0;
+  const auto take = [&](KorDlgEditor& editor, double bound) {
+    // Nobody typed the percentage of no mass. Back at the stored value type the stored bound holds; for the
+    // other one it would be another bound.
+    if (sameValueType && editor.GetText() == Display::kNoValue) return bound;
     const auto stored = sameValueType ? std::optional(bound) : std::nullopt;
-    return valueType == kRelative ? KorWBNymNavEditedValue::ReadPercent(editor, stored)
-                                  : KorWBNymNavEditedValue::Read(editor, Display::kMass, stored).value_or(0);
+    const double read = valueType == kRelative
+                            ? KorWBNymNavEditedValue::ReadPercent(editor, stored)
+                            : KorWBNymNavEditedValue::Read(editor, Display::kMass, stored).value_or(0);
+    ShowTypedBound(editor, valueType);
+    return read;
   };
   _dataBuffer->SetUpperPrecision(activeType,
-                                 read(*_widgets.upperPrecision, _dataBuffer->GetUpperPrecision(activeType)));
+                                 take(*_widgets.upperPrecision, _dataBuffer->GetUpperPrecision(activeType)));
   _dataBuffer->SetLowerPrecision(activeType,
-                                 read(*_widgets.lowerPrecision, _dataBuffer->GetLowerPrecision(activeType)));
-  ShowTypedBound(*_widgets.upperPrecision, valueType);
-  ShowTypedBound(*_widgets.lowerPrecision, valueType);
+                                 take(*_widgets.lowerPrecision, _dataBuffer->GetLowerPrecision(activeType)));
 }

@@ -297,10 +297,24 @@ TEST_F(EditMode, ShowsTheResultsAboutTheCentreOfGravityForAMassTypeThatLacksValu
 TEST_F(EditMode, GivesUpWhatASaveDidNotStoreSinceTheMassWasNoNumberOnPurpose) {
   Edit(SamplePart());
   Type("MTMassEditor", "heavy");
+  Type("MTCGxEditor", "7");
   Type("MTIxxEditor", "50");
   Save();
-  EXPECT_EQ(Text("MTIxxEditor"), "50");
+  EXPECT_EQ(Text("MTCGxEditor") + ", " + Text("MTIxxEditor"), "7, 50");
   Press("EditButton");
+  EXPECT_EQ(Text("MTCGxEditor"), "1000 mm");
+  EXPECT_EQ(MTMoments(), "5 kg·m², 6 kg·m², 7 kg·m²");
+}
+
+TEST_F(EditMode, AChangeOfPageGivesUpTheSameTogether) {
+  Edit(SamplePart());
+  Type("MTMassEditor", "heavy");
+  Type("MTCGxEditor", "7");
+  Type("MTIxxEditor", "50");
+  Save();
+  PickPage("TabPage004");
+  PickPage("TabPage003");
+  EXPECT_EQ(Text("MTCGxEditor"), "1000 mm");
   EXPECT_EQ(MTMoments(), "5 kg·m², 6 kg·m², 7 kg·m²");
 }
 

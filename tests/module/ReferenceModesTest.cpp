@@ -264,9 +264,8 @@ TEST_F(ReferenceMode, AxesOfVeryDifferentSizesCountAsTyped) {
 
 TEST_F(ReferenceMode, ACentreOfGravityThatBecomesTooLargeForANumberIsNotKnown) {
   Open(SamplePart());
-  ChooseCustomFrame({"0", "0", "0", "1e306", "0", "0", "0", "1e306", "0", "0", "0", "1e306"});
-  EXPECT_EQ(CG(), "..., ..., ...");
-  EXPECT_EQ(Moments(), "20 kg·m², 10 kg·m², 30 kg·m²");
+  ChooseCustomFrame({"0", "0", "0", "1e306", "0", "0", "0", "1", "0", "0", "0", "1"});
+  EXPECT_EQ(CG(), "..., ..., ...") << "as a whole, though only x is too large";
 }
 
 }  // namespace

@@ -449,6 +449,11 @@ TEST_F(SaveWithoutInstance, RemembersWhereTheMaterialAppliesForTheNextRefresh) {
   Save();
   Panel().RefreshPanelWithInfo();
   EXPECT_TRUE(IsChecked("ApplyOnInstance"));
+  Press("EditButton");
+  Check("ApplyOnReference");
+  Save();
+  Panel().RefreshPanelWithInfo();
+  EXPECT_TRUE(IsChecked("ApplyOnReference"));
 }
 
 }  // namespace
