@@ -1,6 +1,8 @@
 #include "desktop/app/PartPanelEditors.h"
 
+#include <algorithm>
 #include <cmath>
+#include <string_view>
 
 #include "desktop/app/Quantities.h"
 #include "desktop/app/ReadableTexts.h"
@@ -12,14 +14,19 @@
 namespace desktop {
 namespace {
 
+constexpr const char* kNoValue = "...";
+constexpr const char* kMassType = "TabContainer001.TabPage003.Frame107.Frame231.MassTypeCombo";
+constexpr const char* kActiveMassType = "TabContainer001.TabPage003.Frame230.ActiveMassCombo";
 constexpr const char* kValueType = "TabContainer001.TabPage005.Frame252.PrecisionValueFrame.ValueTypeCombo";
 constexpr const char* kStandardPart = "Frame250.StdPartFrame.StdPartCheckButton";
 
+constexpr const char* kLength = "LENGTH";
+
 constexpr ReadEditor kReadEditors[] = {
     {kMassEditorPath, EditorContent::Expression, "MASS"},
-    {"TabContainer001.TabPage003.Frame113.MTCGFrame.MTCGxEditor", EditorContent::Quantity, "LENGTH"},
-    {"TabContainer001.TabPage003.Frame113.MTCGFrame.MTCGyEditor", EditorContent::Quantity, "LENGTH"},
-    {"TabContainer001.TabPage003.Frame113.MTCGFrame.MTCGzEditor", EditorContent::Quantity, "LENGTH"},
+    {"TabContainer001.TabPage003.Frame113.MTCGFrame.MTCGxEditor", EditorContent::Quantity, kLength},
+    {"TabContainer001.TabPage003.Frame113.MTCGFrame.MTCGyEditor", EditorContent::Quantity, kLength},
+    {"TabContainer001.TabPage003.Frame113.MTCGFrame.MTCGzEditor", EditorContent::Quantity, kLength},
     {"TabContainer001.TabPage003.Frame113.MTMomentOfInertia.MTIxxEditor", EditorContent::Quantity,
      "INERTIAMOMENT"},
     {"TabContainer001.TabPage003.Frame113.MTMomentOfInertia.MTIyyEditor", EditorContent::Quantity,
@@ -49,6 +56,40 @@ const KorUnicodeString& TextOf(KorDlgDialog& panel, const char* path) {
 
 QString StoredAs(const QString& value) { return Text("Unread.StoredAs", {value}); }
 
+bool IsStandardPart(KorDlgDialog& panel) { return panel.Find<KorDlgCheckButton>(kStandardPart).IsChecked(); }
+
+bool IsNoValue(KorDlgDialog& panel, const char* path) { return TextOf(panel, path) == kNoValue; }
+
+bool ShowsNoDistribution(KorDlgDialog& panel) {
+  return std::ranges::all_of(kReadEditors, [&](const ReadEditor& one) {
+    return one.content != EditorContent::Quantity || IsNoValue(panel, one.path);
+  });
+}
+
+/// Whether the shown mass type has no centre of gravity or inertia that a save could overwrite.
+bool IsMissing(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, const ReadEditor& editor) {
+  const KorUnicodeString type = panel.Find<KorDlgCombo>(kMassType).GetSelectedLine();
+  return std::string_view(editor.magnitude) == kLength ? !buffer.GetCG(type) : !buffer.GetInertia(type);
+}
+
+/// Whether "..." in an editor is what it says: a save takes no value away, nor one that was typed elsewhere.
+bool StandsForNoValue(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, const ReadEditor& editor) {
+  switch (editor.content) {
+    case EditorContent::Expression:
+      return ShowsNoDistribution(panel);
+    case EditorContent::Quantity:
+      return IsNoValue(panel, kMassEditorPath) || IsStandardPart(panel) || IsMissing(panel, buffer, editor);
+    case EditorContent::OptionalQuantity:
+      return true;
+    case EditorContent::Bound:
+      return panel.Find<KorDlgCombo>(kValueType).GetSelect() ==
+             buffer.GetPrecisionValueType(panel.Find<KorDlgCombo>(kActiveMassType).GetSelectedLine());
+    case EditorContent::Property:
+      break;
+  }
+  return false;
+}
+
 /// The number that opens a text, in the storage unit of a magnitude: what stands behind it is passed over.
 /// Nothing for one that has no place there.
 std::optional<double> OpeningNumber(const KorUnicodeString& text, const char* magnitude) {
@@ -65,7 +106,7 @@ QString StoredOf(const KorUnicodeString& text, const char* magnitude, const QStr
 
 /// A mass that is no number keeps its whole mass type as it was; a standard part has no other values.
 QString StoredOfQuantity(KorDlgDialog& panel, const KorUnicodeString& text, const char* magnitude) {
-  if (panel.Find<KorDlgCheckButton>(kStandardPart).IsChecked()) return Text("Unread.StandardPart");
+  if (IsStandardPart(panel)) return Text("Unread.StandardPart");
   if (!OpeningNumber(TextOf(panel, kMassEditorPath), "MASS")) return Text("Unread.NoMass");
   return StoredOf(text, magnitude, StoredAs(ShowQuantity(magnitude, 0)));
 }
@@ -89,6 +130,7 @@ std::span<const ReadEditor> ReadEditors() { return kReadEditors; }
 
 QString ProblemOf(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, const ReadEditor& editor) {
   const KorUnicodeString& text = TextOf(panel, editor.path);
+  if (text == kNoValue && StandsForNoValue(panel, buffer, editor)) return {};
   switch (editor.content) {
     case EditorContent::Expression:
       return FindExpressionProblem(text, editor.magnitude);

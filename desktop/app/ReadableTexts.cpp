@@ -13,7 +13,6 @@ namespace {
 
 using Definitions = KorLumWBCSCommonDefinitions;
 
-constexpr const char* kNoValue = "...";
 constexpr int kMostShown = 60;
 
 /// Types of properties; others are not checked.
@@ -25,32 +24,38 @@ QString SymbolOf(const char* magnitude) {
   return found && found->CurrentUnit() ? ToQt(found->CurrentUnit()->Symbol()) : QString();
 }
 
-/// The text without blanks around it and without `suffix` at its end.
+/// The text without `suffix` at its end; blanks around it do not count.
 QString WithoutSuffix(const QString& text, const QString& suffix) {
   const QString stripped = text.trimmed();
-  if (suffix.isEmpty() || !stripped.endsWith(suffix)) return stripped;
-  return stripped.left(stripped.size() - suffix.size()).trimmed();
+  if (suffix.isEmpty() || !stripped.endsWith(suffix)) return text;
+  return text.left(text.lastIndexOf(suffix));
+}
+
+/// Whether the panel's own reader takes a number from the text at all. It knows fewer blanks and minus signs
+/// than Qt: those of typeset texts are none to it.
+template <class Number>
+bool OpensWithNumber(const QString& text) {
+  Number number{};
+  return FromQt(text).ConvertToNum(&number, "") != 0;
 }
 
 /// Nothing for any other text, and for what is no finite number.
 std::optional<double> ReadWhole(const QString& text) {
-  bool whole = false;
-  const double number = text.toDouble(&whole);
+  bool whole = OpensWithNumber<double>(text);
+  const double number = whole ? text.toDouble(&whole) : 0;
   return whole && std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
-bool IsNoValue(const QString& text) { return text.trimmed() == kNoValue; }
-
 QString ProblemOfNumber(const QString& text, const QString& suffix) {
-  if (IsNoValue(text) || ReadWhole(WithoutSuffix(text, suffix))) return {};
+  if (ReadWhole(WithoutSuffix(text, suffix))) return {};
   if (text.trimmed().isEmpty()) return Text("Mark.Empty");
   return suffix.isEmpty() ? Text("Mark.Number", {Shortened(text)})
                           : Text("Mark.Quantity", {Shortened(text), suffix});
 }
 
 bool IsInteger(const QString& text) {
-  bool whole = false;
-  text.toInt(&whole);
+  bool whole = OpensWithNumber<int>(text);
+  if (whole) text.toInt(&whole);
   return whole;
 }
 

@@ -5,7 +5,7 @@
 #include "services/LumWBAllDataBuffer.h"
 
 /// Whether texts that a user types stand for a value as a whole. Each answers what is the matter, for the
-/// user; empty: nothing is. "..." stands for no value and is never a problem.
+/// user; empty: nothing is.
 namespace desktop {
 
 /// A text as it is told to the user again: its first 60 characters.

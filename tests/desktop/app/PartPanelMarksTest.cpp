@@ -46,10 +46,102 @@ TEST_F(PartPanelMarksTest, ASumThatCannotBeWorkedOutIsMarked) {
             "\"kg\" behind it.");
 }
 
-TEST_F(PartPanelMarksTest, NoValueIsNoError) {
+constexpr const char* kIxx = "TabContainer001.TabPage003.Frame113.MTMomentOfInertia.MTIxxEditor";
+constexpr const char* kMassTypeCombo = "TabContainer001.TabPage003.Frame107.Frame231.MassTypeCombo";
+constexpr const char* kValueTypeCombo =
+    "TabContainer001.TabPage005.Frame252.PrecisionValueFrame.ValueTypeCombo";
+
+TEST_F(PartPanelMarksTest, NoValueInPlaceOfAStoredOneIsMarkedSinceASaveWouldStoreZero) {
   Edit();
   Type(kCGx, "...");
+  EXPECT_NE(MarkOf(kCGx), "");
+  boxes.answers = {1};
+  Press("SaveButton");
+  ASSERT_EQ(boxes.Questions().size(), 1u);
+  EXPECT_NE(boxes.Questions().front().text.Utf8().find("0 mm is stored"), std::string::npos);
+}
+
+TEST_F(PartPanelMarksTest, NoValueOfAMassTypeThatHasNoneIsNoError) {
+  Edit();
+  ASSERT_TRUE(Panel().Find<KorDlgCombo>(kMassTypeCombo).Pick("Weighed"));
+  ASSERT_EQ(TextOf(kIxx), "...") << "it has a mass and a centre of gravity only";
+  EXPECT_EQ(MarkOf(kIxx), "");
+  Type(kCGx, "...");
+  EXPECT_NE(MarkOf(kCGx), "");
+}
+
+TEST_F(PartPanelMarksTest, NoMassIsMarkedOnceAnotherValueOfItsMassTypeIsTyped) {
+  Edit();
+  ASSERT_TRUE(Panel().Find<KorDlgCombo>(kMassTypeCombo).Pick("Estimated"));
+  ASSERT_TRUE(
+      Panel().Find<KorDlgPushButton>("TabContainer001.TabPage003.Frame107.Frame231.DeleteButton").Press());
+  ASSERT_EQ(TextOf(kMass), "...");
+  EXPECT_EQ(MarkOf(kMass), "") << "nothing was typed that could be lost";
+  Type(kCGx, "777");
+  EXPECT_NE(MarkOf(kMass), "") << "nothing of the mass type would be stored";
+  Type(kMass, "5");
+  EXPECT_EQ(MarkOf(kMass), "");
+  EXPECT_EQ(MarkOf(kIxx), "") << "a deleted mass type has no inertia";
+}
+
+TEST_F(PartPanelMarksTest, NoValueInPlaceOfTheMassIsMarked) {
+  EditMass("...");
+  EXPECT_NE(MarkOf(kMass), "");
+}
+
+TEST_F(PartPanelMarksTest, NoBoundIsMarkedOnlyOfAnotherValueTypeThanTheStoredOne) {
+  Edit();
+  GoTo(kPrecisionPage);
+  ASSERT_TRUE(Panel().Find<KorDlgCombo>("TabContainer001.TabPage005.Frame252.Frame092.TypeCombo").Pick(1));
+  Type(kUpper, "...");
+  EXPECT_EQ(MarkOf(kUpper), "") << "the stored one is kept";
+  ASSERT_TRUE(Panel().Find<KorDlgCombo>(kValueTypeCombo).Pick("Absolute"));
+  ASSERT_EQ(TextOf(kUpper), "...");
+  EXPECT_NE(MarkOf(kUpper), "") << "0 kg would be stored";
+}
+
+/// Texts as they come from typeset tables: the panel's reader takes no number from any of them.
+class TypesetTextTest : public EditingTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(TypesetTextTest, IsMarkedWhereverANumberIsTyped) {
+  const std::string text = GetParam();
+  Edit();
+  Type(kMass, text);
+  EXPECT_NE(MarkOf(kMass), "");
+  Type(kCGx, text);
+  EXPECT_NE(MarkOf(kCGx), "");
+  GoTo(kMaterialPage);
+  ASSERT_TRUE(
+      Panel().Find<KorDlgCombo>("TabContainer001.TabPage004.DensityPriorityFrame.FirstCombo").Pick("WB"));
+  Type(kDensity, text);
+  EXPECT_NE(MarkOf(kDensity), "");
+  GoTo(kPrecisionPage);
+  ASSERT_TRUE(Panel().Find<KorDlgCombo>("TabContainer001.TabPage005.Frame252.Frame092.TypeCombo").Pick(1));
+  Type(kUpper, text);
+  EXPECT_NE(MarkOf(kUpper), "");
+  for (const char* property : {"Crane lifts", "Transport mass"}) {
+    ShowProperty(property);
+    Type(kPropertyValue, text);
+    EXPECT_NE(MarkOf(kPropertyValue), "") << property;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(MinusAndBlanks, TypesetTextTest,
+                         testing::Values("\u2212"
+                                         "12",
+                                         "\u00a0"
+                                         "12",
+                                         "\u2009"
+                                         "12",
+                                         "\u202f"
+                                         "12"));
+
+TEST_F(PartPanelMarksTest, ABlankOfATypesetTextBeforeTheUnitIsNoError) {
+  Edit();
+  Type(kCGx, "12.5\u00a0mm");
   EXPECT_EQ(MarkOf(kCGx), "");
+  Save();
+  EXPECT_EQ(TextOf(kCGx), "12.5 mm");
 }
 
 TEST_F(PartPanelMarksTest, ANumberThatIsNotFiniteIsMarked) {
