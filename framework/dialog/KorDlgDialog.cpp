@@ -12,6 +12,7 @@ KorDlgDialog::KorDlgDialog(const KorDlgDialog& other) : KorDlgObject(other) {}
 
 KorDlgDialog& KorDlgDialog::operator=(const KorDlgDialog& other) {
   KorDlgObject::operator=(other);
+  if (_backend) LoadTexts();  // an original that was never attached has no texts of its catalogues yet
   return *this;
 }
 

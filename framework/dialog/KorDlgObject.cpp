@@ -87,6 +87,9 @@ KorDlgObject& KorDlgObject::operator=(const KorDlgObject& other) {
   _style = other._style;
   SetTitle(other._title);
   SetShortHelp(other._shortHelp);
+  // A text of the original's that code did not set is none that code set here.
+  _titleSetByCode = other._titleSetByCode;
+  _shortHelpSetByCode = other._shortHelpSetByCode;
   SetMarking(other._marking);
   SetSensitivity(other._sensitivity);
   SetVisibility(other._visibility);

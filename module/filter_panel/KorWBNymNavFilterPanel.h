@@ -21,7 +21,7 @@
 class ExportedByKorWBNymNavGUI KorWBNymNavFilterPanel : public KorDlgDialog {
  public:
   KorWBNymNavFilterPanel();
-  /// A copy shares the widgets, which its original owns.
+  /// A copy shares the widgets, which its original owns; the parent command is not taken over.
   KorWBNymNavFilterPanel(const KorWBNymNavFilterPanel& other);
   KorWBNymNavFilterPanel& operator=(const KorWBNymNavFilterPanel& other);
   ~KorWBNymNavFilterPanel() override;

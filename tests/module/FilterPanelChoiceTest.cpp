@@ -135,6 +135,15 @@ TEST_F(FilterPanelChoice, OkWithAConfigurationRecordsItsNameAndTheRowsToo) {
   EXPECT_EQ(Chosen::GetDisplayFilter("TURBINE"), "Structure only");
 }
 
+TEST_F(FilterPanelChoice, OkWithAnOptionThatIsNeitherHandsOutTheConfiguration) {
+  Open({.handler = "No generator"});
+  Add("I1", "P1", "A", "", 0);
+  Chosen::selectedFilterOption = -1;
+  PressOK();
+  EXPECT_EQ(Chosen::selectedFilter, "0|No generator") << "only option 0 hands out the user filter";
+  EXPECT_EQ(UserFilter(), "1|1|I1|P1|A|0");
+}
+
 TEST_F(FilterPanelChoice, OkWithTheUserFilterRecordsTheNameInTheComboToo) {
   Open({.handler = "No generator"});
   PressOK();

@@ -1,3 +1,4 @@
+#include "framework/dialog/KorApplicationFrame.h"
 #include "framework/dialog/KorDlgMultiList.h"
 #include "tests/module/FilterPanelTest.h"
 
@@ -63,6 +64,16 @@ TEST_F(FilterPanelCopy, KeepsTheProductThatWasOpened) {
   KorWBNymNavFilterPanel copy(Panel());
   EXPECT_EQ(copy.SetCurrentFilters(), S_OK);
   EXPECT_THAT(Rows(), ElementsAre("I1, P1, A, , 0, "));
+}
+
+TEST_F(FilterPanelCopy, DoesNotTakeTheParentCommandOver) {
+  KorCommand host, other;
+  KorWBNymNavFilterPanel panel, assigned;
+  panel.SetParentCommand(&host);
+  assigned.SetParentCommand(&other);
+  assigned = panel;
+  EXPECT_EQ(KorWBNymNavFilterPanel(panel).GetParentCommand(), KorApplicationFrame::GetMainWindow());
+  EXPECT_EQ(assigned.GetParentCommand(), &other);
 }
 
 TEST_F(FilterPanelCopy, APanelThatWasNeverLaidOutCanBeCopiedAssignedAndDestroyed) {

@@ -111,6 +111,13 @@ TEST_F(FilterState, AnotherProductAlwaysHasNoFilterAndEveryInstanceIsValid) {
   EXPECT_EQ(Panel::GetFilter("root"), "0|No Filter") << "identical means the same letters";
 }
 
+TEST_F(FilterState, AnInstanceIsJudgedByTheProductOfTheChoiceAndNotByThatOfTheRecordedList) {
+  ChooseUserFilter(kTwoRows);
+  Panel::PVSFilterPRCID = "OTHER";
+  EXPECT_FALSE(Panel::IsValid("ROOT", "I9", "P9", "Z", 0, ""));
+  EXPECT_TRUE(Panel::IsValid("OTHER", "I9", "P9", "Z", 0, ""));
+}
+
 TEST_F(FilterState, ARowOfTheUserFilterIsValidAndAnotherIsNot) {
   ChooseUserFilter(kTwoRows);
   EXPECT_TRUE(Panel::IsValid("ROOT", "I1", "P1", "A", 2, "R|S"));
@@ -162,11 +169,10 @@ TEST_F(FilterState, HandsOutEmptyListsWhenThereAreNoRows) {
 
 TEST_F(FilterState, RefusesToHandOutListsOfDifferentSizesWhicheverDiffers) {
   const List one{"x"}, none;
-  const List* const kLists[][5] = {{&none, &one, &one, &one, &one},
-                                   {&one, &none, &one, &one, &one},
-                                   {&one, &one, &none, &one, &one},
-                                   {&one, &one, &one, &none, &one},
-                                   {&one, &one, &one, &one, &none}};
+  const List* const kLists[][5] = {{&none, &one, &one, &one, &one},  {&one, &none, &one, &one, &one},
+                                   {&one, &one, &none, &one, &one},  {&one, &one, &one, &none, &one},
+                                   {&one, &one, &one, &one, &none},  {&none, &none, &one, &one, &one},
+                                   {&none, &none, &none, &one, &one}};
   for (const auto& lists : kLists) {
     KorWBNymNavFilterPanelPeer::Store(*lists[0], *lists[1], *lists[2], *lists[3], *lists[4]);
     StreamCapture errors(std::cerr);

@@ -123,6 +123,13 @@ TEST_F(WarningDialog, ACopySharesTheListAndLeavesItAloneWhenItGoes) {
   EXPECT_EQ(dialog.List()->GetLineCount(), 1);
 }
 
+TEST_F(WarningDialog, AnAssignedOneThatIsShownHasItsTitle) {
+  const OpenWarning other;
+  dialog = other;
+  BuildAndShow();
+  EXPECT_EQ(dialog.GetTitle(), "Warnings");
+}
+
 TEST_F(WarningDialog, OneThatWasNeverBuiltCanBeCopiedAssignedAndDestroyed) {
   OpenWarning copy(dialog);
   EXPECT_EQ(copy.List(), nullptr);

@@ -75,6 +75,52 @@ TEST_F(DialogTexts, SetByCodeStayWhenTheLanguageChanges) {
   EXPECT_EQ(dialog.label->GetTitle(), "Weighed mass");
 }
 
+TEST_F(DialogTexts, OfACopyAndOfAnAssignedDialogComeFromTheCatalogueStill) {
+  catalogues.Write("en", "Derived", "Title = \"Weights\"\nShortHelp = \"All of them\"\n");
+  catalogues.Write("de", "Derived", "Title = \"Gewichte\"\nShortHelp = \"Alle\"\n");
+  RecordingBackend backend;
+  const TextDialog original;
+  TextDialog copied(original), assigned;
+  assigned = original;
+  for (TextDialog* dialog : {&copied, &assigned}) {
+    KorMsgCatalog::SetLanguage("en");
+    dialog->Attach(&backend);
+    EXPECT_EQ(dialog->GetTitle(), "Weights");
+    EXPECT_EQ(dialog->GetShortHelp(), "All of them");
+    KorMsgCatalog::SetLanguage("de");
+    dialog->ReloadTexts();
+    EXPECT_EQ(dialog->GetTitle(), "Gewichte");
+    EXPECT_EQ(dialog->GetShortHelp(), "Alle");
+    dialog->Detach();
+  }
+}
+
+TEST_F(DialogTexts, SetByCodeGoOverToACopyAndToAnAssignedDialogAndStay) {
+  catalogues.Write("en", "Derived", "Title = \"Weights\"\nShortHelp = \"All of them\"\n");
+  TextDialog original;
+  original.SetTitle("Weights of the hub");
+  original.SetShortHelp("Of the hub");
+  TextDialog copied(original), assigned;
+  assigned = original;
+  for (TextDialog* dialog : {&copied, &assigned}) {
+    dialog->ReloadTexts();
+    EXPECT_EQ(dialog->GetTitle(), "Weights of the hub");
+    EXPECT_EQ(dialog->GetShortHelp(), "Of the hub");
+  }
+}
+
+TEST_F(DialogTexts, OfAShownDialogAreThereAfterAnAssignmentFromOneThatNeverWas) {
+  catalogues.Write("en", "Derived", "Title = \"Weights\"\nShortHelp = \"All of them\"\n");
+  RecordingBackend backend;
+  TextDialog shown;
+  shown.Attach(&backend);
+  const TextDialog other;
+  shown = other;
+  EXPECT_EQ(backend.Shown(shown, KorDlgProperty::Title), "Weights");
+  EXPECT_EQ(backend.Shown(shown, KorDlgProperty::Help), "All of them");
+  shown.Detach();
+}
+
 TEST_F(DialogTexts, AChangeOfLanguageReachesTheWindow) {
   catalogues.Write("en", "Derived", "Title = \"Weights\"\nFrame.MassLabel.Title = \"Mass\"\n");
   catalogues.Write("de", "Derived", "Title = \"Gewichte\"\nFrame.MassLabel.Title = \"Masse\"\n");

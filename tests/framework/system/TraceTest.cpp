@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <iostream>
+#include <sstream>
 
 #include "tests/support/StreamCapture.h"
 #include "tests/support/TraceCapture.h"
@@ -42,6 +43,27 @@ TEST(Trace, SwallowsLinesOfAComponentThatIsOff) {
   EXPECT_EQ(capture.Text(), "");
   TqTrace("CompB").GetCout() << "text";
   EXPECT_EQ(capture.Text(), "text");
+}
+
+/// Counts how often it is told to bring what it holds to where it goes.
+class CountingBuffer : public std::stringbuf {
+ public:
+  int flushes = 0;
+
+ protected:
+  int sync() override {
+    ++flushes;
+    return 0;
+  }
+};
+
+TEST(Trace, AFlushReachesTheStreamThatTracesGoTo) {
+  CountingBuffer buffer;
+  std::ostream stream(&buffer);
+  TqTrace::SetOutput(&stream);
+  TqTrace::TqTraceFlush();
+  TqTrace::SetOutput(nullptr);
+  EXPECT_EQ(buffer.flushes, 1);
 }
 
 TEST(Trace, CountsItsFlushes) {
