@@ -65,7 +65,7 @@ HRESULT KorWBAllDataBuffer::GetMassTypeDefined(const KorUnicodeString& massType,
 HRESULT KorWBAllDataBuffer::SetMassTypeDefined(const KorUnicodeString& massType, bool defined) {
   protocol::MassType* found = Data().Find(massType);
   if (!found) return E_FAIL;
-  found->status = defined ? MassTypeStatus::Defined : MassTypeStatus::Undefined;
+  Data().SetDefined(*found, defined);
   return S_OK;
 }
 

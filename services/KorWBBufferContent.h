@@ -2,6 +2,7 @@
 
 #include <array>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,7 @@ struct KorWBAllDataBuffer::Content {
   // The first two stand in no data text: new data leave them as they are.
   bool mayReuseStoredResults = true;       ///< whether a compute may answer from results stored before
   bool computableWithUserMassType = true;  ///< whether a compute makes sense with a user mass type active
+  std::set<std::string> removedMassTypes;  ///< were defined, and are not any more since the last save
   std::string storedDocumentId;            ///< active document of the stored state
   std::string storedDocumentVersion;       ///< likewise, as the data were read or as the user chose it
   std::string serverDocumentVersion;       ///< likewise, as the server has it: empty after an automatic save
@@ -44,6 +46,8 @@ struct KorWBAllDataBuffer::Content {
   /// The centre of gravity in mm of a listed mass type.
   const std::optional<Coordinates>& CgOf(const protocol::MassType& massType) const;
 
+  /// One that is not defined any more when it is saved has no deviations from then on, as on the server.
+  void SetDefined(protocol::MassType& massType, bool defined);
   /// `mm` holds three lengths. A coordinate that does not differ from the present one keeps its metres.
   void SetCg(protocol::MassType& massType, const double* mm);
   void RemoveCg(protocol::MassType& massType);
@@ -58,6 +62,7 @@ struct KorWBAllDataBuffer::Content {
 
  private:
   void SetSavedDocument();
+  void ForgetRemovedDeviations();
   std::size_t IndexOf(const protocol::MassType& massType) const {
     return static_cast<std::size_t>(&massType - data.massTypes.data());
   }

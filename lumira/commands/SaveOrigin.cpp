@@ -134,18 +134,28 @@ StoredPart WithMassTypesOf(const Origin& origin, StoredPart part) {
 }
 
 // With a revision that has just been chosen, or with the part, whose other revisions need not be looked at
-// unless the request has other deviations.
+// unless the request has other deviations. Clients send deviations as they were told: those of the part are
+// not those of a revision that was chosen without being loaded.
 std::optional<Origin> FindNear(const Candidates& chosen, const Candidates& part, const PartData& request) {
   if (auto origin = FindOriginIn(chosen, request, IsAsTold)) return origin;
   if (auto origin = FindOriginIn(part, request, IsAsTold)) return origin;
-  if (auto origin = FindOriginIn(chosen, request, IsOfType)) return origin;
+  if (auto origin = FindOriginIn(chosen, request, HasDeviationsAsTold)) return origin;
   return FindOriginIn(part, request, HasDeviationsAsTold);
 }
 
 // A revision that has all values as they were told goes before the part, whose deviations would be others.
 std::optional<Origin> FindFar(const Candidates& part, const Candidates& others, const PartData& request) {
   if (auto origin = FindOriginIn(others, request, IsAsTold)) return origin;
-  if (auto origin = FindOriginIn(part, request, IsOfType)) return origin;
+  return FindOriginIn(part, request, IsOfType);
+}
+
+// What only names and types tell of is a state that is brought back rather than an edited revision, whose
+// standard deviations the part may never have had.
+Result<std::optional<Origin>> FindByType(Store& store, const Part& part, const Candidates& chosen,
+                                         const Candidates& others, const PartData& request) {
+  auto state = FindInHistory(store, part, request);
+  if (!state || state.Value()) return state;
+  if (auto origin = FindOriginIn(chosen, request, IsOfType)) return origin;
   return FindOriginIn(others, request, IsOfType);
 }
 
@@ -158,7 +168,7 @@ Result<std::optional<Origin>> FindOrigin(Store& store, const StoredPart& stored,
   const auto others = RevisionsOf(store, stored, request, Revisions::Others);
   if (!others) return others.Failure();
   if (auto origin = FindFar(part, others.Value(), request)) return origin;
-  return FindInHistory(store, stored.part, request);
+  return FindByType(store, stored.part, chosen.Value(), others.Value(), request);
 }
 
 }  // namespace

@@ -28,6 +28,79 @@ TEST(SaveReply, ChangesNothingElse) {
   EXPECT_EQ(buffer.AllData(), protocol::WritePartData(expected));
 }
 
+// A part whose mass type "Estimated" was told with deviations.
+protocol::PartData PartWithDeviations() {
+  protocol::PartData part = SamplePart();
+  part.massTypes.at(1).lowerDeviation = 3;
+  part.massTypes.at(1).upperDeviation = 4;
+  return part;
+}
+
+// What "Delete" of the panel does.
+void Delete(const LoadedBuffer& buffer, const char* massType) {
+  buffer->RemoveMass(massType);
+  buffer->RemoveCG(massType);
+  buffer->RemoveInertia(massType);
+  buffer->SetMassTypeDefined(massType, false);
+}
+
+void Type(const LoadedBuffer& buffer, const char* massType, double mass) {
+  buffer->SetMass(massType, mass);
+  buffer->SetMassTypeDefined(massType, true);
+}
+
+void ExpectDeviations(const LoadedBuffer& buffer, double lower, double upper) {
+  const protocol::MassType estimated = buffer.Sent().massTypes.at(1);
+  EXPECT_EQ(estimated.lowerDeviation, lower);
+  EXPECT_EQ(estimated.upperDeviation, upper);
+}
+
+TEST(SaveReply, ToASaveOfARemovedMassTypeTakesItsDeviationsAwayForTheSaveOfANewOne) {
+  const LoadedBuffer buffer(PartWithDeviations());
+  Delete(buffer, "Estimated");
+  buffer->SetSaveReply("SaveReply/1|bedplate|8|end");
+  Type(buffer, "Estimated", 4);
+  ExpectDeviations(buffer, 0, 0);
+}
+
+TEST(SaveReply, ToASaveOfAMassTypeThatWasRemovedAndTypedAnewLeavesItsDeviations) {
+  const LoadedBuffer buffer(PartWithDeviations());
+  Delete(buffer, "Estimated");
+  Type(buffer, "Estimated", 4);
+  ExpectDeviations(buffer, 3, 4);
+  buffer->SetSaveReply("SaveReply/1|bedplate|8|end");
+  ExpectDeviations(buffer, 3, 4);
+}
+
+TEST(SaveReply, LeavesTheDeviationsOfAMassTypeThatWasToldWithoutValues) {
+  protocol::PartData part = PartWithDeviations();
+  part.massTypes.at(1) = {.name = "Estimated",
+                          .mass = {},
+                          .cg = {},
+                          .inertia = {},
+                          .lowerDeviation = 3,
+                          .upperDeviation = 4};
+  const LoadedBuffer buffer(part);
+  Delete(buffer, "Estimated");
+  buffer->SetSaveReply("SaveReply/1|bedplate|8|end");
+  ExpectDeviations(buffer, 3, 4);
+}
+
+TEST(SaveReply, LeavesTheDeviationsOfDataThatWereReadAfterAMassTypeWasRemoved) {
+  const LoadedBuffer buffer(PartWithDeviations());
+  Delete(buffer, "Estimated");
+  EXPECT_EQ(buffer->SetAllData(protocol::WritePartData(PartWithDeviations()), false), S_OK);
+  buffer->SetSaveReply("SaveReply/1|bedplate|8|end");
+  ExpectDeviations(buffer, 3, 4);
+}
+
+TEST(SaveReply, ThatCannotBeReadLeavesTheDeviationsOfARemovedMassType) {
+  const LoadedBuffer buffer(PartWithDeviations());
+  Delete(buffer, "Estimated");
+  EXPECT_EQ(buffer->SetSaveReply("LumiraError: no"), E_FAIL);
+  ExpectDeviations(buffer, 3, 4);
+}
+
 TEST(SaveReply, ToASaveWithoutADocumentBringsTheStoredOneBack) {
   const LoadedBuffer buffer;
   buffer->SetActiveDocId("__null__");

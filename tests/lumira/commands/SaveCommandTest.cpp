@@ -114,6 +114,20 @@ TEST_F(SaveCommand, DropsTheValuesOfAMassTypeThatWasRemoved) {
   EXPECT_EQ(PartDataOf("a").massTypes.at(1).status, MassTypeStatus::Undefined);
 }
 
+TEST_F(SaveCommand, OfARemovedMassTypeThatIsTypedAnewWithoutDeviationsSetsNoLimits) {
+  protocol::PartData data = PartDataOf("a");
+  protocol::MassType& estimated = Type(data, "Estimated");
+  estimated.status = MassTypeStatus::Undefined;
+  estimated.mass.reset();
+  data.stateToken = SaveWell(data);
+  estimated.status = MassTypeStatus::Defined;
+  estimated.mass = 4;
+  estimated.lowerDeviation = estimated.upperDeviation = 0;
+  SaveWell(data);
+  EXPECT_EQ(store->LoadPart("a").Value().part.massTypes.at(0),
+            (MassTypeData{"Estimated", {4, {}, {}}, {}, {}}));
+}
+
 TEST_F(SaveCommand, DropsWhatStandsBesideAMassTypeThatIsNotDefined) {
   protocol::PartData data = PartDataOf("a");
   protocol::MassType& planned = Type(data, "Planned");
