@@ -32,6 +32,11 @@ void BringToFront(KorDlgTabContainer& pages, const KorDlgObject& widget) {
     if (pages.GetPage(index) == page) pages.Pick(index);
 }
 
+/// A pick of the property that is shown would make the panel take its text, and show it anew.
+void ShowProperty(KorDlgDialog& panel, int property) {
+  if (property != ShownProperty(panel)) panel.Find<KorDlgCombo>(kPropertyNamePath).Pick(property - 1);
+}
+
 }  // namespace
 
 PartPanelHost::PartPanelHost(const CommandsLibrary& library, QtBackend& backend, Settings& settings)
@@ -110,7 +115,7 @@ bool PartPanelHost::MaySave() {
 void PartPanelHost::GoTo(const UnreadText& text) {
   KorDlgDialog& dialog = _panel->Dialog();
   BringToFront(dialog.Find<KorDlgTabContainer>(kPages), *text.editor);
-  if (text.property) dialog.Find<KorDlgCombo>(kPropertyNamePath).Pick(text.property - 1);
+  if (text.property) ShowProperty(dialog, text.property);
   if (const QtView* view = _backend.ViewOf(*text.editor)) view->Qt()->setFocus();
 }
 
