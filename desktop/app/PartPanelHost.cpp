@@ -3,7 +3,10 @@
 #include <QMetaObject>
 
 #include "desktop/app/PartPanelEditors.h"
+#include "desktop/app/Questions.h"
+#include "desktop/app/Texts.h"
 #include "desktop/app/UnreadQuestion.h"
+#include "desktop/toolkit/QtText.h"
 #include "desktop/toolkit/views/DialogView.h"
 #include "framework/dialog/KorDlgPushButton.h"
 #include "framework/dialog/KorDlgTabContainer.h"
@@ -30,6 +33,11 @@ void BringToFront(KorDlgTabContainer& pages, const KorDlgObject& widget) {
   while (page->Parent() != &pages) page = page->Parent();
   for (int index = 0; index < pages.GetPageCount(); ++index)
     if (pages.GetPage(index) == page) pages.Pick(index);
+}
+
+/// A pick of the property that is shown would make the panel take its text, and show it anew.
+void ShowProperty(KorDlgDialog& panel, int property) {
+  if (property != ShownProperty(panel)) panel.Find<KorDlgCombo>(kPropertyNamePath).Pick(property - 1);
 }
 
 }  // namespace
@@ -64,6 +72,8 @@ void PartPanelHost::Open() {
   _marks = std::make_unique<PartPanelMarks>(
       dialog, [this]() -> auto& { return *_buffer; },
       [this](int index) { return _stored.HasProperty(*_buffer, index); });
+  _typed = std::make_unique<TypedValues>(
+      dialog, [this](const char* key, const auto& massType) { return MayDrop(key, massType); });
   _saveAtRisk = false;
   _answered = Answered::Nothing;
   ListenToClosing();
@@ -107,10 +117,19 @@ bool PartPanelHost::MaySave() {
   return agrees;
 }
 
+bool PartPanelHost::MayDrop(const char* textKey, const KorUnicodeString& massType) {
+  if (_isAsking) return false;
+  _isAsking = true;
+  const bool agrees = UserAgrees(&_panel->Dialog(), {"Unsaved.Title", "Unsaved.GiveUp", "Unsaved.Keep"},
+                                 Text(textKey, {ToQt(massType)}));
+  _isAsking = false;
+  return agrees;
+}
+
 void PartPanelHost::GoTo(const UnreadText& text) {
   KorDlgDialog& dialog = _panel->Dialog();
   BringToFront(dialog.Find<KorDlgTabContainer>(kPages), *text.editor);
-  if (text.property) dialog.Find<KorDlgCombo>(kPropertyNamePath).Pick(text.property - 1);
+  if (text.property) ShowProperty(dialog, text.property);
   if (const QtView* view = _backend.ViewOf(*text.editor)) view->Qt()->setFocus();
 }
 
@@ -135,6 +154,7 @@ void PartPanelHost::Close() {
   }
   _panel.reset();
   _marks.reset();
+  _typed.reset();
   _buffer = {};
 }
 

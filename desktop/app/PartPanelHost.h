@@ -8,6 +8,7 @@
 #include "desktop/app/PartPanelMarks.h"
 #include "desktop/app/Settings.h"
 #include "desktop/app/StoredState.h"
+#include "desktop/app/TypedValues.h"
 #include "desktop/toolkit/QtBackend.h"
 #include "protocol/Result.h"
 #include "services/LumWBAllDataBuffer.h"
@@ -17,7 +18,8 @@ namespace desktop {
 /// The command "part panel": puts the data of what is selected into a data buffer, opens the module's panel
 /// on it and binds it anew when something else is selected. Closing the panel, by its button or its window,
 /// destroys it. What a user types is marked where the panel could not read it, and a save asks first while
-/// such a mark stands: the panel would store something else without a word.
+/// such a mark stands: the panel would store something else without a word. Another mass type asks first
+/// while values of the one before are typed and not saved: the panel would show the other's over them.
 class PartPanelHost : public QObject {
  public:
   /// All must outlive the host; the settings keep place and size of the panel.
@@ -72,6 +74,7 @@ class PartPanelHost : public QObject {
   void ListenToClosing();
   void ListenToSaving();
   bool MaySave();
+  bool MayDrop(const char* textKey, const KorUnicodeString& massType);
   void GoTo(const UnreadText& text);
   void TakeWhatServerHas();
 
@@ -80,6 +83,7 @@ class PartPanelHost : public QObject {
   Settings& _settings;
   LumWBAllDataBuffer_var _buffer;
   std::unique_ptr<PartPanelMarks> _marks;  ///< goes after the panel, to which it listens
+  std::unique_ptr<TypedValues> _typed;     ///< the same
   std::unique_ptr<KorWBPartPanel> _panel;
   StoredState _stored;
   Answered _answered = Answered::Nothing;

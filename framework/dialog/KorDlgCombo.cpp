@@ -63,6 +63,7 @@ bool KorDlgCombo::Pick(int index) {
     Report("Pick");
     return false;
   }
+  if (_guard && !_guard(index)) return false;
   SetSelect(index, KorNotify::Send);
   return true;
 }

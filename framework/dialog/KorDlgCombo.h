@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include "framework/dialog/KorDlgObject.h"
 
 /// A drop-down choice among lines. Line indexes count from 0; -1 stands for no line.
@@ -31,13 +34,21 @@ class KOR_FRAMEWORK_API KorDlgCombo : public KorDlgObject {
   /// notification is sent all the same.
   bool SetSelect(const KorUnicodeString& text, KorNotify notify = KorNotify::Silent);
 
-  /// Verb: the user picks a line. Sends ComboSelect, also for the line that was selected.
+  /// Verb: the user picks a line. Sends ComboSelect, also for the line that was selected, unless the guard
+  /// says no.
   bool Pick(int index);
   bool Pick(const KorUnicodeString& text);
+
+  /// The host's say in what a user picks: asked with the index of the line at each pick, also of the selected
+  /// one, before it is selected and anybody is told of it; false: the selection stays, nothing is sent. What
+  /// code selects is not asked about. It may not destroy the combo. Null, as at the start: nobody is asked.
+  using Guard = std::function<bool(int index)>;
+  void SetGuard(Guard guard) { _guard = std::move(guard); }
 
  private:
   int LineWith(const KorUnicodeString& text) const;
 
+  Guard _guard;
   std::vector<KorUnicodeString> _lines;
   int _selected = -1;
 };

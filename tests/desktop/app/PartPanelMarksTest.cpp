@@ -272,6 +272,7 @@ TEST_F(PartPanelMarksTest, AMarkGoesWithEditMode) {
 TEST_F(PartPanelMarksTest, AMarkGoesWhenAnotherMassTypeIsShown) {
   Edit();
   Type(kCGx, "about 3");
+  boxes.answers = {kGiveUp};
   ASSERT_TRUE(Panel()
                   .Find<KorDlgCombo>("TabContainer001.TabPage003.Frame107.Frame231.MassTypeCombo")
                   .Pick("Computed"));

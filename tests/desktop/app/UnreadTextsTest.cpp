@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "desktop/app/PartPanelEditors.h"
 #include "framework/dialog/KorDlgCheckButton.h"
 #include "framework/knowledge/KorCkeParmDictionary.h"
 #include "framework/knowledge/KorUnitSystems.h"
@@ -214,6 +215,28 @@ TEST_F(UnreadTextsTest, TheWayBackBringsThePageInFrontAndTheFocusIntoTheField) {
   EXPECT_EQ(Pages().GetSelectedPage(), kMassTypesPage);
   EXPECT_TRUE(Line(kCGx)->hasFocus());
   EXPECT_EQ(TextOf(kCGx), "about 3");
+}
+
+TEST_F(UnreadTextsTest, TheWayBackToThePropertyThatIsShownStoresAndRewritesNothing) {
+  Edit();
+  EditProperty("Painting density", "3 furlongs");
+  const KorUnicodeString before = Buffer().GetPropertyValue(ShownProperty(Panel()));
+  boxes.answers = {kBack};
+  EXPECT_FALSE(Press("SaveButton"));
+  EXPECT_EQ(TextOf(kPropertyValue), "3 furlongs");
+  EXPECT_NE(MarkOf(kPropertyValue), "");
+  EXPECT_EQ(Buffer().GetPropertyValue(ShownProperty(Panel())), before);
+  EXPECT_FALSE(WasSent("WBSaveNymValues"));
+  EXPECT_TRUE(Line(kPropertyValue)->hasFocus());
+}
+
+TEST_F(UnreadTextsTest, TheWayBackToAnUnsuitablePropertyThatIsShownBringsNoMessage) {
+  Edit();
+  EditProperty("Crane lifts", "abc");
+  boxes.answers = {kBack};
+  EXPECT_FALSE(Press("SaveButton"));
+  EXPECT_TRUE(boxes.Messages().empty());
+  EXPECT_EQ(TextOf(kPropertyValue), "abc");
 }
 
 TEST_F(UnreadTextsTest, APropertyThatIsNotShownIsMarkedOnTheListOfPropertiesAndAskedAbout) {

@@ -149,6 +149,53 @@ TEST_F(Combo, PickingTheSelectedLineNotifies) {
   EXPECT_THAT(dialog.Heard(), ElementsAre("ColourCombo ComboSelect"));
 }
 
+TEST_F(Combo, APickThatItsGuardRefusesSelectsAndSendsNothing) {
+  int asked = -1;
+  bool allows = false;
+  combo.SetGuard([&](int line) {
+    asked = line;
+    return allows;
+  });
+  EXPECT_FALSE(combo.Pick("blue"));
+  EXPECT_EQ(asked, 2);
+  EXPECT_EQ(combo.GetSelect(), 1);
+  EXPECT_THAT(dialog.Heard(), IsEmpty());
+  allows = true;
+  EXPECT_TRUE(combo.Pick("blue"));
+  EXPECT_EQ(combo.GetSelect(), 2);
+  EXPECT_THAT(dialog.Heard(), ElementsAre("ColourCombo ComboSelect"));
+}
+
+TEST_F(Combo, AGuardIsAskedWhileTheOldLineIsSelectedAlsoAboutThatLine) {
+  std::vector<int> selected;
+  combo.SetGuard([&](int) {
+    selected.push_back(combo.GetSelect());
+    return true;
+  });
+  EXPECT_TRUE(combo.Pick(0));
+  EXPECT_TRUE(combo.Pick(0));
+  EXPECT_THAT(selected, ElementsAre(1, 0));
+}
+
+TEST_F(Combo, AGuardIsNotAskedAboutWhatCannotBePicked) {
+  int asked = 0;
+  combo.SetGuard([&](int) { return ++asked > 0; });
+  EXPECT_FALSE(combo.Pick(3));
+  combo.SetSensitivity(KorSensitivity::Disabled);
+  EXPECT_FALSE(combo.Pick(0));
+  EXPECT_THAT(unreachable.Verbs(), ElementsAre("Pick on ColourCombo", "Pick on ColourCombo"));
+  EXPECT_EQ(asked, 0);
+}
+
+TEST_F(Combo, AGuardIsNotAskedAboutWhatCodeSelects) {
+  int asked = 0;
+  combo.SetGuard([&](int) { return ++asked < 0; });
+  combo.SetSelect(2, KorNotify::Send);
+  EXPECT_TRUE(combo.SetSelect("red"));
+  EXPECT_EQ(combo.GetSelect(), 0);
+  EXPECT_EQ(asked, 0);
+}
+
 TEST_F(Combo, NoUserCanPickALineThatThereIsNot) {
   EXPECT_FALSE(combo.Pick(3));
   EXPECT_FALSE(combo.Pick("pink"));
