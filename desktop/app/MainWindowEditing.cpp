@@ -46,8 +46,12 @@ void MainWindow::SelectionChanged() {
       this, [this] { DecideOnSelection(); }, Qt::QueuedConnection);
 }
 
+bool MainWindow::IsOnPanelLine() const {
+  return _panelLine.isValid() && _tree->currentIndex().siblingAtColumn(0) == _panelLine;
+}
+
 void MainWindow::DecideOnSelection() {
-  const bool isBack = _panelLine.isValid() && _tree->currentIndex() == _panelLine;
+  const bool isBack = IsOnPanelLine();
   const bool mayGo = isBack || MayGiveUpValues();
   _decidesOnSelection = false;
   if (isBack) return;
