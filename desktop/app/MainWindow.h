@@ -145,6 +145,8 @@ class MainWindow : public QMainWindow {
   void ForgetIfGone(const QString& file, const protocol::Error& why);
   void ReloadTree();
   void SelectionChanged();
+  /// Whether the current cell of the tree is one of the line that the part panel is bound to, in any column.
+  bool IsOnPanelLine() const;
   void DecideOnSelection();
   void ShowChangedSelection();
   /// Asks for leave to lose what has been typed into the part panel and not been saved; true when there is
@@ -201,7 +203,7 @@ class MainWindow : public QMainWindow {
   FilterInForce _shownFilter;
   QString _saidOfMark;               ///< what the status bar was last told of the current line's mark
   FilterInForce _panelFilter;        ///< that the part panel is bound under
-  QPersistentModelIndex _panelLine;  ///< of the tree, that the part panel is bound to
+  QPersistentModelIndex _panelLine;  ///< of the tree, column 0, that the part panel is bound to
   bool _panelIsOld = false;          ///< a part was saved elsewhere since the part panel was bound
   bool _savesAgain = false;          ///< a save that runs is not the panel's
   bool _asksForValues = false;       ///< whether typed values may go; a question stands open

@@ -151,8 +151,7 @@ bool MainWindow::Select(const std::string& product, const std::vector<std::strin
 void MainWindow::ShowPartPanel() {
   if (!_tree->currentIndex().isValid())
     return ShowError("Error.Part", Text("Error.NothingSelected").toStdString());
-  if (_partPanel.IsOpen() && IsInEditMode(*_partPanel.Panel()) && _panelLine == _tree->currentIndex())
-    return _partPanel.Raise();
+  if (_partPanel.IsOpen() && IsInEditMode(*_partPanel.Panel()) && IsOnPanelLine()) return _partPanel.Raise();
   if (_decidesOnSelection) return;  // that decision shows what is selected in the panel, or goes back
   if (!MayGiveUpValues()) return;
   if (const auto text = ShowSelection()) BindPartPanel(*text);
@@ -214,7 +213,7 @@ void MainWindow::BindPartPanel(const std::string& partDataText) {
   if (const auto shown = _partPanel.Show(_shownFilter.PartDataFor(partDataText)); !shown) {
     ShowError("Error.Part", shown.Failure().message);
   } else {
-    _panelLine = _tree->currentIndex();
+    _panelLine = _tree->currentIndex().siblingAtColumn(0);
     _panelFilter = _shownFilter;
     _panelIsOld = false;
   }

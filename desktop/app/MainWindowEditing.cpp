@@ -21,6 +21,12 @@ const char* AgainKey(protocol::HistoryMoment moment) {
   return moment == protocol::HistoryMoment::Before ? "History.AskBefore" : "History.AskAfter";
 }
 
+/// The catalogue key of the question whether unsaved values may go.
+const char* QuestionKey(const PartPanelHost& panel) {
+  if (!panel.HasTypedValues()) return "Unsaved.Changed";
+  return panel.MayHaveBeenSaved() ? "Unsaved.NotKnown" : "Unsaved.Text";
+}
+
 }  // namespace
 
 bool MainWindow::MayGiveUpValues() {
@@ -28,10 +34,9 @@ bool MainWindow::MayGiveUpValues() {
   if (_asksForValues || _partPanel.IsAsking()) return false;
   KorUnicodeString part;
   _partPanel.Buffer()->GetPartIdentifier(part);
-  const char* text = _partPanel.HasTypedValues() ? "Unsaved.Text" : "Unsaved.Changed";
   _asksForValues = true;
   const bool agrees = UserAgrees(_partPanel.Panel(), {"Unsaved.Title", "Unsaved.GiveUp", "Unsaved.Keep"},
-                                 Text(text, {ToQt(part)}));
+                                 Text(QuestionKey(_partPanel), {ToQt(part)}));
   _asksForValues = false;
   return agrees;
 }
@@ -46,8 +51,12 @@ void MainWindow::SelectionChanged() {
       this, [this] { DecideOnSelection(); }, Qt::QueuedConnection);
 }
 
+bool MainWindow::IsOnPanelLine() const {
+  return _panelLine.isValid() && _tree->currentIndex().siblingAtColumn(0) == _panelLine;
+}
+
 void MainWindow::DecideOnSelection() {
-  const bool isBack = _panelLine.isValid() && _tree->currentIndex() == _panelLine;
+  const bool isBack = IsOnPanelLine();
   const bool mayGo = isBack || MayGiveUpValues();
   _decidesOnSelection = false;
   if (isBack) return;

@@ -11,6 +11,7 @@
 #include "framework/dialog/KorDlgPushButton.h"
 #include "framework/dialog/KorDlgTabContainer.h"
 #include "protocol/Codec.h"
+#include "protocol/ErrorReply.h"
 
 namespace desktop {
 namespace {
@@ -74,7 +75,7 @@ void PartPanelHost::Open() {
       [this](int index) { return _stored.HasProperty(*_buffer, index); });
   _typed = std::make_unique<TypedValues>(
       dialog, [this](const char* key, const auto& massType) { return MayDrop(key, massType); });
-  _saveAtRisk = false;
+  _saveAtRisk = _answerWasLost = false;
   _answered = Answered::Nothing;
   ListenToClosing();
   dialog.Attach(&_backend);
@@ -138,6 +139,8 @@ void PartPanelHost::SaveEnded(const KorUnicodeString& reply) {
   if (_buffer) _buffer->GetPartIdentifier(part);
   const auto read = protocol::ReadSaveReply(reply.Utf8());
   _saveAtRisk = !read || read.Value().partId != part.Utf8();
+  // An error reply says that this save was not stored, and nothing about one before it.
+  _answerWasLost = _saveAtRisk && (_answerWasLost || !protocol::IsErrorReply(reply.Utf8()));
   if (!_saveAtRisk) _answered = Answered::Save;
 }
 

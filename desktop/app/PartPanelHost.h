@@ -37,6 +37,9 @@ class PartPanelHost : public QObject {
   /// Whether the panel holds what no server has: typed values, or what was changed outside edit mode (the
   /// standard-part flag, a mass type whose values were deleted).
   bool HasUnsavedValues() const { return HasTypedValues() || (_panel && !_stored.Has(*_buffer)); }
+  /// Whether the answer to a save was lost, and no save has been confirmed since: the server may have what
+  /// was typed then. A refusal that comes later does not tell.
+  bool MayHaveBeenSaved() const { return _panel && _answerWasLost; }
   /// Whether a question of the panel's own stands open; no other may be asked then.
   bool IsAsking() const { return _isAsking; }
 
@@ -88,6 +91,7 @@ class PartPanelHost : public QObject {
   StoredState _stored;
   Answered _answered = Answered::Nothing;
   bool _saveAtRisk = false;
+  bool _answerWasLost = false;  ///< only while the save is at risk
   bool _isAsking = false;
 };
 

@@ -26,6 +26,13 @@ TEST_F(PartPanelMarksTest, ATextThatIsNoNumberIsMarkedUntilItIsOne) {
   EXPECT_EQ(MarkOf(kCGx), "");
 }
 
+TEST_F(PartPanelMarksTest, AMarkIsToldInTheLanguageThatIsChosenWhileItStands) {
+  Edit();
+  Type(kCGx, "about 3");
+  ASSERT_TRUE(window.ChooseLanguage("de"));
+  EXPECT_EQ(MarkOf(kCGx), "„about 3“ ist nicht als Zahl lesbar, ohne oder mit „mm“ dahinter.");
+}
+
 TEST_F(PartPanelMarksTest, ANumberInAnotherUnitIsMarkedBecauseOnlyItsNumberWouldBeRead) {
   Edit();
   Type(kCGx, "3 m");

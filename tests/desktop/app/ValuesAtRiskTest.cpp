@@ -294,6 +294,19 @@ TEST_F(ValuesAtRiskTest, ThePanelDoesNotCloseBehindAnOpenQuestion) {
   ASSERT_TRUE(IsEditing());
 }
 
+TEST_F(ValuesAtRiskTest, AChangeOfTheSelectionThatWaitsAsksNothingOnTopOfTheQuestionOfASave) {
+  EditMass("about 3");
+  BoxesOnScreen screen(window, backend);
+  Select(kGenerator);
+  Press("SaveButton");
+  RunPendingEvents();
+  EXPECT_EQ(screen.asked, 1);
+  EXPECT_EQ(screen.mostAtOnce, 1);
+  EXPECT_EQ(CurrentInstance(), "bedplate.1");
+  ASSERT_TRUE(IsEditing());
+  EXPECT_EQ(TextOf(kMass), "about 3");
+}
+
 TEST_F(ValuesAtRiskTest, TwoChangesOfTheSelectionThatMayGoShowTheLastOne) {
   EditMass("43000");
   BoxesOnScreen screen(window, backend);
