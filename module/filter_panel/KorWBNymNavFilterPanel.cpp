@@ -61,7 +61,8 @@ void KorWBNymNavFilterPanel::FillConfigHandlers() {
   for (const KorUnicodeString& name : _filterNames) _widgets.configurations->SetLine(name);
 }
 
-// Without a handler set on the product root the one chosen before stays, as far as the combo has it.
+// A handler set on the product root is the chosen one at once, before OK, and Cancel does not bring the one
+// before it back: kept as it is. Without one the choice stays, selected as far as the combo has it.
 void KorWBNymNavFilterPanel::SelectConfigHandler() {
   KorUnicodeString handler;
   if (KorImmKitServices::GetPRCConfigHandler(CurrentPRCId(), handler) == S_OK)

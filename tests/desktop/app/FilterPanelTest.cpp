@@ -42,6 +42,12 @@ class FilterPanelTest : public WindowTest {
     table->setFocus();
     return table;
   }
+  static void SetOnTheProductForEverybody(const std::string& filter) {
+    const std::string request = protocol::WriteConfigurationHandler({"IEA15", filter});
+    const std::string reply =
+        KorPdmClient::GetTransport()->Run(std::string(protocol::kCommandSetHandler), request);
+    ASSERT_FALSE(protocol::IsErrorReply(reply)) << reply;
+  }
   std::vector<KorUnicodeString> Names() {
     return InFilterPanel<KorDlgCombo>("Frame002.ConfigHandlerIDCombo").GetLines();
   }
@@ -272,6 +278,29 @@ TEST_F(FilterPanelTest, OpenedOnAnotherProductTakesItsSetFilterForTheOneInForceT
   ASSERT_TRUE(window.Select("IEA15", {}));
   EXPECT_EQ(window.FilterText(), "Filter: Winter");
   EXPECT_EQ(window.FilterMeaning(), "The product has no filter \"Winter\" any more. Choose another one.");
+}
+
+TEST_F(FilterPanelTest, OpenedAgainTakesTheSetFilterOfTheProductOnPurposeAndCancelDoesNotBringTheOtherBack) {
+  SetOnTheProductForEverybody("Structure only");
+  OpenPanelOnAboveYaw();
+  ChooseFilter("Rotating parts");
+  ASSERT_EQ(window.FilterText(), "Filter: Rotating parts");
+  ASSERT_EQ(BufferFilter(), "0|Rotating parts");
+  OpenFilterPanel().PressCancel();
+  RunPendingEvents();
+  EXPECT_EQ(window.FilterText(), "Filter: Structure only");
+  EXPECT_EQ(ShownFilter(), "Structure only");
+  EXPECT_EQ(BufferFilter(), "0|Structure only");
+}
+
+TEST_F(FilterPanelTest, WhatItTookOverIsShownAsSoonAsItIsOpen) {
+  SetOnTheProductForEverybody("Structure only");
+  OpenPanelOnAboveYaw();
+  ChooseFilter("Rotating parts");
+  OpenFilterPanel();
+  EXPECT_EQ(window.FilterText(), "Filter: Structure only");
+  EXPECT_TRUE(window.FilterMeaning().startsWith("Structure only: ")) << window.FilterMeaning().toStdString();
+  EXPECT_EQ(BufferFilter(), "0|Structure only");
 }
 
 TEST_F(FilterPanelTest, KeepsItsSizeUntilItIsOpenedAgain) {

@@ -4,6 +4,7 @@
 #include <QStatusBar>
 #include <QTreeView>
 
+#include "desktop/app/SampleProduct.h"
 #include "desktop/app/SelectionPane.h"
 #include "framework/dialog/KorDlgCombo.h"
 #include "framework/dialog/KorDlgEditor.h"
@@ -224,6 +225,25 @@ TEST_F(FilterShownTest, AFilterThatTheFileDoesNotKnowIsToldOf) {
   window.ChooseLanguage("en");
   EXPECT_EQ(window.FilterMeaning(),
             "What the filter \"Structure only\" means cannot be asked for: the disk is full");
+}
+
+TEST_F(FilterShownTest, AFileThatIsOpenedAgainTellsWhatTheFilterOfThatNameMeansNow) {
+  ChooseFilter("Without generator");
+  ASSERT_EQ(window.FilterMeaning(),
+            "Without generator: The nacelle before the generator is mounted - Leaves out 3 of 21 instances");
+  auto tables = ReadSampleTables(KORVO_SOURCE_DIR "/samples");
+  ASSERT_TRUE(tables.Ok()) << tables.Failure().message;
+  tables.Value().filters = {"filters.csv",
+                            "filter,description,condition,name,values,sense\n"
+                            "Without generator,Another meaning,instances,,Blades.1,leave out\n"};
+  lumira::ImportOptions options;
+  options.product = "IEA15";
+  options.existing = lumira::Existing::Replace;
+  const auto imported = lumira::ImportProduct(window.Session().Transport().Store(), tables.Value(), options);
+  ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
+  ASSERT_TRUE(window.OpenProduct(File()));
+  EXPECT_EQ(window.FilterText(), "Filter: Without generator");
+  EXPECT_EQ(window.FilterMeaning(), "Without generator: Another meaning - Leaves out 1 of 21 instances");
 }
 
 TEST_F(FilterShownTest, ALanguageIsThatOfTheMeaningToo) {
