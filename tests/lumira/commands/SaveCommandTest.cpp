@@ -315,6 +315,9 @@ const Refused kRefused[] = {
     {"ADateThatDoesNotExist", [](protocol::PartData& d) { d.properties.at(1).value = "2023-02-29"; },
      "PartData: properties[2].value: \"2023-02-29\" is no date; a day of the calendar as YYYY-MM-DD expected "
      "(property \"checked\")"},
+    {"ADateOfTheYearZero", [](protocol::PartData& d) { d.properties.at(1).value = "0000-01-01"; },
+     "PartData: properties[2].value: \"0000-01-01\" is no date; a day of the calendar as YYYY-MM-DD expected "
+     "(property \"checked\")"},
     {"ARealThatIsNone", [](protocol::PartData& d) { d.properties.at(2).value = "abc"; },
      "PartData: properties[3].value: \"abc\" is not a finite number (property \"length\")"},
     {"AnInfiniteReal", [](protocol::PartData& d) { d.properties.at(2).value = "inf"; },
