@@ -115,6 +115,8 @@ MassProperties PropertiesOf(const protocol::MassType& type) {
 // sends others than it was told are they limits that somebody has set.
 void TakeMassType(MassTypeData& data, const protocol::MassType& type) {
   if (!TakesValues(type)) {
+    // One without values cannot be removed; what else is known of it is not the user's.
+    if (data.properties == MassProperties{}) return;
     data = {.name = data.name, .properties = {}, .deviations = {}, .bounds = {}};
     return;
   }
