@@ -252,7 +252,12 @@ Result<void> TakeProperties(StoredPart& saved, const protocol::PartData& request
 }
 
 // What the fields are together: a volume times a density may be too large for a number.
-Result<void> CheckAsAWhole(StoredPart& saved, const protocol::PartData&) { return CheckPart(saved.part); }
+Result<void> CheckAsAWhole(StoredPart& saved, const protocol::PartData&) {
+  const auto good = CheckPart(saved.part);
+  if (good || !saved.part.density) return good;
+  return BadField("material.density",
+                  protocol::FormatNumber(*saved.part.density) + ": " + good.Failure().message);
+}
 
 constexpr Result<void> (*kSteps[])(StoredPart&, const protocol::PartData&) = {
     TakeMassTypes, TakeActiveMassType, TakeMaterial, TakeDocument, TakeProperties, CheckAsAWhole};

@@ -429,7 +429,9 @@ TEST_F(SaveCommand, WhoseDensityMakesTheMassTooLargeIsRefused) {
   ASSERT_TRUE(store->UpdatePart(part).Ok());
   protocol::PartData data = PartDataOf("a");
   data.material.density = 1e300;
-  EXPECT_EQ(Save(data), "LumiraError: part 'a', volume times density: mass is inf, expected a finite number");
+  EXPECT_EQ(Save(data),
+            "LumiraError: PartData: material.density: 1e+300: part 'a', volume times density: mass is inf, "
+            "expected a finite number");
   EXPECT_EQ(PartDataOf("a").material.density, 7850);
 }
 
@@ -442,6 +444,19 @@ TEST_F(SaveCommand, TakesNumbersOfEveryFiniteSizeExactly) {
   const protocol::MassType back = PartDataOf("a").massTypes.at(2);
   EXPECT_EQ(back.mass, 5e-324);
   EXPECT_EQ(back.cg, (Vector{-1.7976931348623157e308, -0.0, 0.1}));
+}
+
+TEST_F(SaveCommand, OfANegativeZeroForAZeroChangesNothing) {
+  protocol::PartData data = PartDataOf("a");
+  Type(data, "Weighed").cg = Vector{0, 1, 2};
+  Type(data, "Weighed").inertia = Tensor{1, 1, 1, 0, 0, 0};
+  data.material.density = 0;
+  data.stateToken = SaveWell(data);
+  Type(data, "Weighed").cg = Vector{-0.0, 1, 2};
+  Type(data, "Weighed").inertia = Tensor{1, 1, 1, -0.0, 0, -0.0};
+  data.material.density = -0.0;
+  EXPECT_EQ(SaveWell(data), data.stateToken);
+  EXPECT_EQ(HistoryOf("a").total, 1);
 }
 
 // A reader takes a colon as it is, a writer makes three bytes of it.
