@@ -115,6 +115,8 @@ MassProperties PropertiesOf(const protocol::MassType& type) {
 // sends others than it was told are they limits that somebody has set.
 void TakeMassType(MassTypeData& data, const protocol::MassType& type) {
   if (!TakesValues(type)) {
+    // One without values cannot be removed; what else is known of it is not the user's.
+    if (data.properties == MassProperties{}) return;
     data = {.name = data.name, .properties = {}, .deviations = {}, .bounds = {}};
     return;
   }
@@ -250,7 +252,12 @@ Result<void> TakeProperties(StoredPart& saved, const protocol::PartData& request
 }
 
 // What the fields are together: a volume times a density may be too large for a number.
-Result<void> CheckAsAWhole(StoredPart& saved, const protocol::PartData&) { return CheckPart(saved.part); }
+Result<void> CheckAsAWhole(StoredPart& saved, const protocol::PartData&) {
+  const auto good = CheckPart(saved.part);
+  if (good || !saved.part.density) return good;
+  return BadField("material.density",
+                  protocol::FormatNumber(*saved.part.density) + ": " + good.Failure().message);
+}
 
 constexpr Result<void> (*kSteps[])(StoredPart&, const protocol::PartData&) = {
     TakeMassTypes, TakeActiveMassType, TakeMaterial, TakeDocument, TakeProperties, CheckAsAWhole};

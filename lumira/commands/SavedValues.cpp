@@ -28,6 +28,25 @@ std::vector<protocol::MassType> MassTypesOf(const Part& part, const PartDetails&
   return types;
 }
 
+// Negative and positive zero are the same number, though not the same text.
+void PlainZero(double& number) { number += 0.0; }
+
+void PlainZeros(protocol::MassType& type) {
+  if (type.mass) PlainZero(*type.mass);
+  if (type.cg) std::ranges::for_each(*type.cg, PlainZero);
+  if (type.inertia) std::ranges::for_each(*type.inertia, PlainZero);
+  for (double protocol::MassType::*field :
+       {&protocol::MassType::lowerDeviation, &protocol::MassType::upperDeviation,
+        &protocol::MassType::lowerPrecision, &protocol::MassType::upperPrecision})
+    PlainZero(type.*field);
+}
+
+PartData WithPlainZeros(PartData values) {
+  for (protocol::MassType& type : values.massTypes) PlainZeros(type);
+  if (values.material.density) PlainZero(*values.material.density);
+  return values;
+}
+
 // The revision that was chosen may have vanished, or the document itself; then the choice of now stays.
 bool CanBeChosen(const protocol::Documents& now, const protocol::Documents& then) {
   return then.activeId == now.activeId &&
@@ -75,7 +94,7 @@ PartData SavedValuesOf(const Part& part, const PartDetails& details) {
   values.documents.activeVersion = ChosenVersion(details.documents);
   values.documents.usedSpecificRevisionBefore = details.documents.usedSpecificRevisionBefore;
   values.properties = details.properties;
-  return values;
+  return WithPlainZeros(std::move(values));
 }
 
 std::string ToHistoryText(const PartData& values) { return protocol::WritePartData(values); }
@@ -84,7 +103,8 @@ protocol::Result<PartData> FromHistoryText(std::string_view text) {
   auto values = protocol::ReadPartData(text);
   if (values && values.Value().massTypes.empty())
     return protocol::Error{protocol::ErrorKind::BadText, "PartData: massTypes: the computed one is missing"};
-  return values;
+  if (!values) return values;
+  return WithPlainZeros(std::move(values).Value());
 }
 
 std::vector<FieldChange> DifferencesOf(const PartData& before, const PartData& after) {

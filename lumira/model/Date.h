@@ -14,8 +14,8 @@ using Date = std::chrono::year_month_day;
 /// How dates are written, as people are told of it.
 inline constexpr std::string_view kDateFormat = "YYYY-MM-DD";
 
-/// Reads "YYYY-MM-DD"; none for any other text and for a day that the calendar has not.
-inline std::optional<Date> ParseDate(std::string_view text) {
+/// As `ParseDate`, but takes the year 0, which older programs have stored.
+inline std::optional<Date> ParseStoredDate(std::string_view text) {
   constexpr std::string_view kForm = "0000-00-00";
   if (text.size() != kForm.size()) return std::nullopt;
   int fields[3] = {};
@@ -31,6 +31,13 @@ inline std::optional<Date> ParseDate(std::string_view text) {
   const Date date{std::chrono::year(fields[0]), std::chrono::month(static_cast<unsigned>(fields[1])),
                   std::chrono::day(static_cast<unsigned>(fields[2]))};
   return date.ok() ? std::optional(date) : std::nullopt;
+}
+
+/// Reads "YYYY-MM-DD"; none for any other text and for a day that the calendar has not, which begins with the
+/// year 1.
+inline std::optional<Date> ParseDate(std::string_view text) {
+  const auto date = ParseStoredDate(text);
+  return date && date->year() >= std::chrono::year(1) ? date : std::nullopt;
 }
 
 /// "YYYY-MM-DD"; the year has to be from 0 to 9999.

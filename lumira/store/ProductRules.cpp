@@ -60,7 +60,7 @@ Result<void> CheckAttributes(const Instance& instance) {
 Result<void> CheckDates(const Instance& instance) {
   for (const auto& date : {instance.effectivity.from, instance.effectivity.until})
     if (date && ParseDate(FormatDate(*date)) != date)
-      return InInstance(instance, "a date of the effectivity is no day of the calendar from year 0 to 9999");
+      return InInstance(instance, "a date of the effectivity is no day of the calendar from year 1 to 9999");
   const auto& [from, until] = instance.effectivity;
   if (from && until && *until < *from)
     return InInstance(instance, "effective until " + FormatDate(*until) + ", which is before it is from, " +

@@ -216,7 +216,7 @@ inline std::string TextIn(SQLite::Statement& row, int column) {
 /// A date of the current row.
 inline Date DateIn(SQLite::Statement& row, int column) {
   const std::string text = TextIn(row, column);
-  const auto date = ParseDate(text);
+  const auto date = ParseStoredDate(text);
   if (!date) RefuseColumn(row, column, NoDate(protocol::Quoted(text)));
   return *date;
 }

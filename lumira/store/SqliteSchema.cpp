@@ -2,6 +2,7 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include "lumira/store/SqliteLengths.h"
 #include "lumira/store/SqliteVersion6.h"
 
 namespace lumira {
@@ -194,11 +195,8 @@ INSERT INTO property_definitions(product, position, name, type, magnitude)
     CASE WHEN max(is_magnitude) THEN 4 WHEN max(type) = 1 THEN 1 + max(is_date) WHEN max(type) = 2 THEN 3 ELSE 0 END,
     CASE WHEN max(is_magnitude) THEN max(properties.magnitude) ELSE '' END
   FROM properties JOIN parts ON parts.key = properties.part GROUP BY parts.product, properties.name;
--- Lengths were in millimetres, and are in metres from now on; what is no number stays as it is.
 INSERT INTO property_values(part, definition, value)
-  SELECT properties.part, property_definitions.position,
-    CASE WHEN property_definitions.magnitude = 'LENGTH' AND max(value) GLOB '*[0-9]*' AND max(value) NOT GLOB '*[^-+.0-9eE]*'
-      THEN printf('%!.15g', max(value) / 1000.0) ELSE max(value) END FROM properties
+  SELECT properties.part, property_definitions.position, max(value) FROM properties
   JOIN parts ON parts.key = properties.part
   JOIN property_definitions ON property_definitions.product = parts.product
     AND property_definitions.name = properties.name
@@ -268,6 +266,7 @@ void BringUpToDate(SQLite::Database& database) {
   }
   if (version < 5) AddTablesOfVersion5(database);
   BringToVersion6(database);
+  if (version < 5) BringLengthsToMetres(database);
   SetVersion(database);
   transaction.commit();
 }

@@ -63,12 +63,6 @@ std::vector<Definition> UnknownMagnitudes(SQLite::Database& database) {
   return unknown;
 }
 
-void AddNote(SQLite::Database& database, const Definition& of, const std::string& text) {
-  SQLite::Statement insert(database, "INSERT INTO product_notes(product, position, text) VALUES(?, ?, ?)");
-  SQLite::bind(insert, of.product, of.position, text);
-  insert.exec();
-}
-
 // Nobody knows the unit of such values, so that they are kept as they are.
 void MakeTextsOfUnknownMagnitudes(SQLite::Database& database) {
   SQLite::Statement update(
@@ -78,7 +72,7 @@ void MakeTextsOfUnknownMagnitudes(SQLite::Database& database) {
     SQLite::bind(update, static_cast<int>(PropertyType::Text), definition.product, definition.position);
     update.exec();
     update.reset();
-    AddNote(database, definition,
+    AddNote(database, definition.product, definition.position,
             "the extra property " + Quoted(definition.name) + " had the magnitude " +
                 Quoted(definition.magnitude) +
                 ", which is not known here; it is a text now, and its values are as they were");
@@ -112,6 +106,13 @@ void BringToVersion6(SQLite::Database& database) {
   database.exec(kTables);
   MakeTextsOfUnknownMagnitudes(database);
   AddKeysToHistory(database);
+}
+
+void AddNote(SQLite::Database& database, std::int64_t product, std::int64_t position,
+             const std::string& text) {
+  SQLite::Statement insert(database, "INSERT INTO product_notes(product, position, text) VALUES(?, ?, ?)");
+  SQLite::bind(insert, product, position, text);
+  insert.exec();
 }
 
 }  // namespace lumira

@@ -74,12 +74,8 @@ TEST(SaveReply, ToASaveOfAMassTypeThatWasRemovedAndTypedAnewLeavesItsDeviations)
 
 TEST(SaveReply, LeavesTheDeviationsOfAMassTypeThatWasToldWithoutValues) {
   protocol::PartData part = PartWithDeviations();
-  part.massTypes.at(1) = {.name = "Estimated",
-                          .mass = {},
-                          .cg = {},
-                          .inertia = {},
-                          .lowerDeviation = 3,
-                          .upperDeviation = 4};
+  part.massTypes.at(1) = {
+      .name = "Estimated", .mass = {}, .cg = {}, .inertia = {}, .lowerDeviation = 3, .upperDeviation = 4};
   const LoadedBuffer buffer(part);
   Delete(buffer, "Estimated");
   buffer->SetSaveReply("SaveReply/1|bedplate|8|end");

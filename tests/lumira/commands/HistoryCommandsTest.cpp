@@ -71,6 +71,27 @@ TEST_F(HistoryCommands, GiveTheStateBeforeAndAfterASave) {
   EXPECT_EQ(protocol::WritePartData(latest), StoredText());
 }
 
+TEST_F(HistoryCommands, SayWhetherThereWereMassTypesOfUsersThen) {
+  Part part = store->LoadPart("c").Value().part;
+  const std::vector<MassTypeData> types = std::exchange(part.massTypes, {});
+  part.activeMassType = "Computed";
+  ASSERT_TRUE(store->UpdatePart(part).Ok());
+  protocol::PartData data = PartDataOf("c");
+  data.material.name = "Brass";
+  SaveWell(data);
+  part.massTypes = types;
+  ASSERT_TRUE(store->UpdatePart(part).Ok());
+  EXPECT_TRUE(PartDataOf("c").persisted);
+  EXPECT_FALSE(StateOf("c", 1, HistoryMoment::After).persisted);
+  data = PartDataOf("c");
+  data.material.name = "Bronze";
+  SaveWell(data);
+  part.massTypes.clear();
+  ASSERT_TRUE(store->UpdatePart(part).Ok());
+  EXPECT_FALSE(PartDataOf("c").persisted);
+  EXPECT_TRUE(StateOf("c", 2, HistoryMoment::After).persisted);
+}
+
 TEST_F(HistoryCommands, GiveAStateThatCanBeSavedAgain) {
   const std::string original = StoredText();
   protocol::PartData data = PartDataOf("a");

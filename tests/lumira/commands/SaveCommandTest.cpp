@@ -248,6 +248,59 @@ TEST_F(SaveCommand, TakesTheAbsentDocumentOfAPartWithoutAny) {
   EXPECT_EQ(PartDataOf("b").massTypes.at(1).mass, 11);
 }
 
+TEST_F(SaveCommand, KeepsTheChoiceByHandWhenAllRevisionsAreGone) {
+  PartDetails details = DetailsOfA();
+  details.documents.revisions.clear();
+  ASSERT_TRUE(store->SaveDetails("a", details).Ok());
+  protocol::PartData data = PartDataOf("a");
+  data.documents.activeId = data.documents.activeVersion = "__null__";
+  EXPECT_EQ(SaveWell(data), data.stateToken);
+  EXPECT_TRUE(store->LoadDetails("a").Value().documents.usedSpecificRevisionBefore);
+  EXPECT_EQ(HistoryOf("a").total, 0);
+}
+
+TEST_F(SaveCommand, DoesNotStoreWhatComesWithAMassTypeThatHadNoPrecisions) {
+  protocol::PartData data = PartDataOf("a");
+  Type(data, "Weighed").massTypeLowerPrecision = Type(data, "Weighed").massTypeUpperPrecision = 9;
+  Type(data, "Weighed").upperPrecision = 0.5;
+  SaveWell(data);
+  const protocol::MassType back = PartDataOf("a").massTypes.at(2);
+  EXPECT_EQ(back.upperPrecision, 0.5);
+  EXPECT_EQ(back.massTypeLowerPrecision, 0);
+  EXPECT_EQ(back.massTypeUpperPrecision, 0);
+}
+
+TEST_F(SaveCommand, DoesNotLookAtDeviationsOfAMassTypeThatIsNotDefined) {
+  protocol::PartData data = PartDataOf("a");
+  Type(data, "Planned").lowerDeviation = Type(data, "Planned").upperDeviation = -1;
+  EXPECT_EQ(SaveWell(data), data.stateToken);
+}
+
+TEST_F(SaveCommand, TakesAnUnknownPlaceOfAMaterialThatWasThereBefore) {
+  SQLite::Database(file, SQLite::OPEN_READWRITE)
+      .exec("UPDATE part_details SET applied_on = 'Everywhere' WHERE document = 'D1'");
+  protocol::PartData data = PartDataOf("a");
+  data.material.name = "Brass";
+  SaveWell(data);
+  EXPECT_EQ(PartDataOf("a").material.appliedOn, "Everywhere");
+  EXPECT_EQ(PartDataOf("a").material.name, "Brass");
+}
+
+// It has nothing that could be removed.
+TEST_F(SaveCommand, LeavesTheDeviationsOfAMassTypeWithoutValuesAsTheyAre) {
+  Part part = store->LoadPart("a").Value().part;
+  part.massTypes.at(2).deviations.mass = 2;
+  part.massTypes.at(2).deviations.cg = {1, 1, 1};
+  part.massTypes.at(2).bounds = MassBounds{3, 4};
+  ASSERT_TRUE(store->UpdatePart(part).Ok());
+  protocol::PartData data = PartDataOf("a");
+  ASSERT_EQ(Type(data, "Planned").status, MassTypeStatus::Undefined);
+  Type(data, "Weighed").mass = 7;
+  SaveWell(data);
+  EXPECT_EQ(store->LoadPart("a").Value().part.massTypes.at(2), part.massTypes.at(2));
+  EXPECT_EQ(HistoryOf("a").entries.at(0).changes.size(), 1u);
+}
+
 TEST_F(SaveCommand, KeepsPropertiesThatAreNotSentAndTakesBlankOnes) {
   protocol::PartData data = PartDataOf("a");
   Property(data, "count").value = "  ";
@@ -315,6 +368,9 @@ const Refused kRefused[] = {
     {"ADateThatDoesNotExist", [](protocol::PartData& d) { d.properties.at(1).value = "2023-02-29"; },
      "PartData: properties[2].value: \"2023-02-29\" is no date; a day of the calendar as YYYY-MM-DD expected "
      "(property \"checked\")"},
+    {"ADateOfTheYearZero", [](protocol::PartData& d) { d.properties.at(1).value = "0000-01-01"; },
+     "PartData: properties[2].value: \"0000-01-01\" is no date; a day of the calendar as YYYY-MM-DD expected "
+     "(property \"checked\")"},
     {"ARealThatIsNone", [](protocol::PartData& d) { d.properties.at(2).value = "abc"; },
      "PartData: properties[3].value: \"abc\" is not a finite number (property \"length\")"},
     {"AnInfiniteReal", [](protocol::PartData& d) { d.properties.at(2).value = "inf"; },
@@ -373,7 +429,9 @@ TEST_F(SaveCommand, WhoseDensityMakesTheMassTooLargeIsRefused) {
   ASSERT_TRUE(store->UpdatePart(part).Ok());
   protocol::PartData data = PartDataOf("a");
   data.material.density = 1e300;
-  EXPECT_EQ(Save(data), "LumiraError: part 'a', volume times density: mass is inf, expected a finite number");
+  EXPECT_EQ(Save(data),
+            "LumiraError: PartData: material.density: 1e+300: part 'a', volume times density: mass is inf, "
+            "expected a finite number");
   EXPECT_EQ(PartDataOf("a").material.density, 7850);
 }
 
@@ -386,6 +444,19 @@ TEST_F(SaveCommand, TakesNumbersOfEveryFiniteSizeExactly) {
   const protocol::MassType back = PartDataOf("a").massTypes.at(2);
   EXPECT_EQ(back.mass, 5e-324);
   EXPECT_EQ(back.cg, (Vector{-1.7976931348623157e308, -0.0, 0.1}));
+}
+
+TEST_F(SaveCommand, OfANegativeZeroForAZeroChangesNothing) {
+  protocol::PartData data = PartDataOf("a");
+  Type(data, "Weighed").cg = Vector{0, 1, 2};
+  Type(data, "Weighed").inertia = Tensor{1, 1, 1, 0, 0, 0};
+  data.material.density = 0;
+  data.stateToken = SaveWell(data);
+  Type(data, "Weighed").cg = Vector{-0.0, 1, 2};
+  Type(data, "Weighed").inertia = Tensor{1, 1, 1, -0.0, 0, -0.0};
+  data.material.density = -0.0;
+  EXPECT_EQ(SaveWell(data), data.stateToken);
+  EXPECT_EQ(HistoryOf("a").total, 1);
 }
 
 // A reader takes a colon as it is, a writer makes three bytes of it.

@@ -90,6 +90,31 @@ TEST_F(SaveConflict, LeavesOutWhoSavedBeforeItWasRead) {
   EXPECT_THAT(Save(mine), Not(HasSubstr("bob")));
 }
 
+// States are numbered for all parts together, so that their numbers do not tell how many saves there were.
+TEST_F(SaveConflict, LeavesOutWhoSavedBeforeItWasReadWhenOtherPartsWereSavedSince) {
+  SaveMassAs("bob", 8);
+  protocol::PartData mine = PartDataOf("a");
+  for (double mass : {11, 12, 13}) {
+    protocol::PartData other = PartDataOf("b");
+    Type(other, "Weighed").mass = mass;
+    SaveWell(other);
+  }
+  SaveMassAs("joe", 9);
+  const std::string reply = Save(mine);
+  EXPECT_THAT(reply, HasSubstr("was changed by \"joe\" on "));
+  EXPECT_THAT(reply, Not(HasSubstr("bob")));
+}
+
+TEST_F(SaveConflict, NamesAProgramThatCameAfterAPersonAsWell) {
+  protocol::PartData mine = PartDataOf("a");
+  SaveMassAs("bob", 8);
+  PartDetails details = DetailsOfA();
+  details.properties.at(3).value = "blue";
+  ASSERT_TRUE(store->SaveDetails("a", details).Ok());
+  EXPECT_THAT(Save(mine), MatchesRegex(std::string(".*by \"bob\" on ") + kTime +
+                                       " and by a program that left no name since.*"));
+}
+
 TEST_F(SaveConflict, IsThereForOneselfInAnotherSessionToo) {
   protocol::PartData mine = PartDataOf("a");
   SaveMassAs("eva", 8);

@@ -65,9 +65,15 @@ TEST(Model, ReadsDaysOfTheCalendarAndNothingElse) {
   using namespace std::chrono;
   EXPECT_EQ(ParseDate("2024-02-29"), year(2024) / February / 29);
   EXPECT_EQ(FormatDate(*ParseDate("0007-01-02")), "0007-01-02");
-  for (const char* text : {"", "2023-02-29", "2024-13-01", "2024-00-10", "2024-01-00", "2024-1-1", "24-01-01",
-                           "2024/01/01", "2024-01-01 ", "-024-01-01", "2024-01-0x", "20240101"})
+  for (const char* text :
+       {"", "2023-02-29", "2024-13-01", "2024-00-10", "2024-01-00", "2024-1-1", "24-01-01", "2024/01/01",
+        "2024-01-01 ", "-024-01-01", "2024-01-0x", "20240101", "0000-01-01", "0000-12-31"})
     EXPECT_FALSE(ParseDate(text).has_value()) << text;
+}
+
+TEST(Model, TakesTheFirstYearForTheEarliest) {
+  EXPECT_EQ(FormatDate(*ParseDate("0001-01-01")), "0001-01-01");
+  EXPECT_EQ(FormatDate(*ParseStoredDate("0000-02-29")), "0000-02-29");
 }
 
 TEST(Model, AnEffectivityWithOneDateIsOpenAtTheOtherEnd) {

@@ -202,6 +202,71 @@ TEST_F(SqliteMigrationFromVersion4, LeavesPropertiesOfKnownMagnitudesAsTheyAre) 
   EXPECT_TRUE(store->Survey("PRC").Value().notes.empty());
 }
 
+struct Length {
+  const char* name;
+  const char* millimetres;
+  const char* metres;
+};
+
+class MigratedLength : public SqliteMigrationFromVersion4, public testing::WithParamInterface<Length> {
+ protected:
+  /// What becomes of a length of the part "leaf".
+  std::string Migrated(const std::string& value) {
+    SQLite::Database(file, SQLite::OPEN_READWRITE)
+        .exec("INSERT INTO properties VALUES(2, 1, 'reach', '" + value + "', 2, 0, 1, 'LENGTH')");
+    store = OpenSqliteStore(file).Value();
+    return store->LoadDetails("leaf").Value().properties.at(1).value;
+  }
+
+  std::unique_ptr<Store> store;
+};
+
+class LengthOfVersion4 : public MigratedLength {};
+
+TEST_P(LengthOfVersion4, IsInMetresWithAllItsDigits) {
+  EXPECT_EQ(Migrated(GetParam().millimetres), GetParam().metres);
+  EXPECT_TRUE(store->Survey("PRC").Value().notes.empty());
+}
+INSTANTIATE_TEST_SUITE_P(
+    Of, LengthOfVersion4,
+    testing::Values(Length{"AWholeNumber", "1500", "1.5"}, Length{"AFraction", "12.5", "0.0125"},
+                    Length{"SeventeenDigits", "1234.5678901234567", "1.2345678901234567"},
+                    Length{"MoreDigitsThanADoubleHas", "1.00000000000000000001", "0.00100000000000000000001"},
+                    Length{"BlanksAroundIt", " 1500 ", "1.5"}, Length{"APlusBeforeIt", "+7", "0.007"},
+                    Length{"AMinus", "-0012.50", "-0.0125"}, Length{"AnExponent", "2.5e3", "0.0025e3"},
+                    Length{"Zero", "0", "0"}, Length{"APointAtItsEnd", "1000.", "1"},
+                    Length{"NothingButBlanks", "  ", "  "}),
+    [](const auto& length) { return std::string(length.param.name); });
+
+class TextInALengthOfVersion4 : public MigratedLength {};
+
+TEST_P(TextInALengthOfVersion4, StaysAndIsTold) {
+  const std::string text = GetParam().millimetres;
+  EXPECT_EQ(Migrated(text), text);
+  EXPECT_THAT(
+      store->Survey("PRC").Value().notes,
+      testing::ElementsAre("the extra property \"reach\" had 1 value that is no length, the first \"" + text +
+                           "\" of part \"leaf\"; what is no length is as it was, the others are in "
+                           "metres now"));
+}
+INSTANTIATE_TEST_SUITE_P(Of, TextInALengthOfVersion4,
+                         testing::Values(Length{"TwoNumbers", "10-20", ""}, Length{"ADate", "2024-05-01", ""},
+                                         Length{"ANumberThatIsTooLarge", "1e400", ""},
+                                         Length{"ANumberTooSmallForMetres", "5e-324", ""},
+                                         Length{"AUnit", "12 mm", ""}),
+                         [](const auto& length) { return std::string(length.param.name); });
+
+TEST_F(SqliteMigrationFromVersion4, CountsTheTextsInALengthAndNamesTheFirst) {
+  SQLite::Database(file, SQLite::OPEN_READWRITE)
+      .exec(
+          "INSERT INTO properties VALUES(1, 0, 'reach', 'far', 2, 0, 1, 'LENGTH'),"
+          " (2, 1, 'reach', 'near', 2, 0, 1, 'LENGTH')");
+  EXPECT_THAT(
+      OpenSqliteStore(file).Value()->Survey("PRC").Value().notes,
+      testing::ElementsAre(testing::HasSubstr("had 2 values that are no lengths, the first \"far\" of "
+                                              "part \"root\"")));
+}
+
 TEST_F(SqliteMigrationFromVersion4, KeepsItsNotesUntilTheProductIsReplaced) {
   SQLite::Database(file, SQLite::OPEN_READWRITE)
       .exec("INSERT INTO properties VALUES(2, 1, 'pull', '12.50', 2, 0, 1, 'FORCE_X')");

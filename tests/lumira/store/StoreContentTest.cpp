@@ -101,6 +101,9 @@ TEST_P(StoreContent, RefusesToSaveValuesThatDoNotFitTheirProperty) {
   EXPECT_EQ(SavingValueFails("checked", "2021-02-29"),
             "extra property \"checked\": \"2021-02-29\" is no date; a day of the calendar as YYYY-MM-DD "
             "expected");
+  EXPECT_EQ(SavingValueFails("checked", "0000-01-01"),
+            "extra property \"checked\": \"0000-01-01\" is no date; a day of the calendar as YYYY-MM-DD "
+            "expected");
   EXPECT_EQ(SavingValueFails("count", "1.5"),
             "extra property \"count\": \"1.5\" is not a whole number from -2147483648 to 2147483647");
   EXPECT_EQ(SavingValueFails("count", "2147483648"),

@@ -494,7 +494,7 @@ TEST_P(StoreContract, RefusesAttributesAndDatesThatCannotBeTold) {
   EXPECT_EQ(refusal([](Instance& i) { i.effectivity.until = ParseDate("2019-01-01"); }),
             "instance \"i1\": effective until 2019-01-01, which is before it is from, 2020-02-29");
   EXPECT_EQ(refusal([](Instance& i) { i.effectivity.from = Date(); }),
-            "instance \"i1\": a date of the effectivity is no day of the calendar from year 0 to 9999");
+            "instance \"i1\": a date of the effectivity is no day of the calendar from year 1 to 9999");
 }
 
 TEST_P(StoreContract, SetsOneOfTheFiltersOnTheProductAndTakesItAway) {
