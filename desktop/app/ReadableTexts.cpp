@@ -1,5 +1,6 @@
 #include "desktop/app/ReadableTexts.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "desktop/app/Texts.h"
@@ -24,26 +25,29 @@ QString SymbolOf(const char* magnitude) {
   return found && found->CurrentUnit() ? ToQt(found->CurrentUnit()->Symbol()) : QString();
 }
 
-/// The text without `suffix` at its end; blanks around it do not count.
+/// The text without `suffix` at its end and blanks before that.
 QString WithoutSuffix(const QString& text, const QString& suffix) {
   const QString stripped = text.trimmed();
   if (suffix.isEmpty() || !stripped.endsWith(suffix)) return text;
-  return text.left(text.lastIndexOf(suffix));
+  qsizetype end = text.lastIndexOf(suffix);
+  while (end > 0 && text[end - 1].isSpace()) --end;
+  return text.left(end);
 }
 
-/// Whether the panel's own reader takes a number from the text at all. It knows fewer blanks and minus signs
-/// than Qt: those of typeset texts are none to it.
+/// Whether the panel's own reader takes this number from the text. It knows fewer blanks and minus signs than
+/// Qt: those of typeset texts are none to it, nor to the server.
 template <class Number>
-bool OpensWithNumber(const QString& text) {
-  Number number{};
-  return FromQt(text).ConvertToNum(&number, "") != 0;
+bool IsReadAs(Number number, const QString& text) {
+  Number read{};
+  const bool isAscii = std::ranges::all_of(text, [](QChar one) { return one.unicode() < 0x80; });
+  return isAscii && FromQt(text).ConvertToNum(&read, "") != 0 && read == number;
 }
 
 /// Nothing for any other text, and for what is no finite number.
 std::optional<double> ReadWhole(const QString& text) {
-  bool whole = OpensWithNumber<double>(text);
-  const double number = whole ? text.toDouble(&whole) : 0;
-  return whole && std::isfinite(number) ? std::optional(number) : std::nullopt;
+  bool whole = false;
+  const double number = text.toDouble(&whole);
+  return whole && std::isfinite(number) && IsReadAs(number, text) ? std::optional(number) : std::nullopt;
 }
 
 QString ProblemOfNumber(const QString& text, const QString& suffix) {
@@ -54,9 +58,9 @@ QString ProblemOfNumber(const QString& text, const QString& suffix) {
 }
 
 bool IsInteger(const QString& text) {
-  bool whole = OpensWithNumber<int>(text);
-  if (whole) text.toInt(&whole);
-  return whole;
+  bool whole = false;
+  const int number = text.toInt(&whole);
+  return whole && IsReadAs(number, text);
 }
 
 bool IsDate(const KorUnicodeString& text, const KorUnicodeString& format) {

@@ -31,7 +31,7 @@ TypedValues::TypedValues(KorDlgDialog& panel, MayDrop mayDrop)
 }
 
 TypedValues::Group TypedValues::Guarded(const char* combo, const char* textKey, const char* page) {
-  Group group{_panel.Find<KorDlgCombo>(combo), textKey, {}};
+  Group group{_panel.Find<KorDlgCombo>(combo), textKey, {}, {}};
   for (const ReadEditor& row : ReadEditors())
     if (std::string_view(row.path).starts_with(page))
       group.editors.push_back({&_panel.Find<KorDlgEditor>(row.path), {}});
@@ -61,6 +61,7 @@ bool TypedValues::AreIn(const Group& group) const {
 void TypedValues::ListenToWhatShows() {
   const auto show = [](Group& group) {
     for (Shown& shown : group.editors) shown.text = shown.editor->GetText();
+    group.line = group.combo.GetSelectedLine();
     group.isTouched = false;
   };
   const auto showValues = [this, show](auto...) { show(_values); };
@@ -68,6 +69,10 @@ void TypedValues::ListenToWhatShows() {
   for (const char* button : {kEdit, kDelete})
     _panel.Find(button).Subscribe(KorEvent::PushActivate, showValues);
   _panel.Find(kEdit).Subscribe(KorEvent::PushActivate, showBounds);
+  // Another mass type is active, and its bounds are shown, once the values of the active one are deleted.
+  _panel.Find(kDelete).Subscribe(KorEvent::PushActivate, [this, showBounds](auto...) {
+    if (_bounds.combo.GetSelectedLine() != _bounds.line) showBounds();
+  });
   _values.combo.Subscribe(KorEvent::ComboSelect, showValues);
   _bounds.combo.Subscribe(KorEvent::ComboSelect, showBounds);
   // The user's own bounds are gone once those of the mass type are shown, which cannot be typed.

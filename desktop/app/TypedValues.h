@@ -33,6 +33,7 @@ class TypedValues {
     KorDlgCombo& combo;
     const char* textKey;
     std::vector<Shown> editors;
+    KorUnicodeString line;   ///< whose values they are
     bool isTouched = false;  ///< by the user, since the panel showed its values
   };
 

@@ -107,7 +107,7 @@ TEST_F(PartPanelMarksTest, NoBoundIsMarkedOnlyOfAnotherValueTypeThanTheStoredOne
   EXPECT_NE(MarkOf(kUpper), "") << "0 kg would be stored";
 }
 
-/// Texts as they come from typeset tables: the panel's reader takes no number from any of them.
+/// Texts as they come from typeset tables: the panel's reader takes no number, or another one, from them.
 class TypesetTextTest : public EditingTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(TypesetTextTest, IsMarkedWhereverANumberIsTyped) {
@@ -141,7 +141,8 @@ INSTANTIATE_TEST_SUITE_P(MinusAndBlanks, TypesetTextTest,
                                          "\u2009"
                                          "12",
                                          "\u202f"
-                                         "12"));
+                                         "12",
+                                         "1e\u22123", "12\u00a0"));
 
 TEST_F(PartPanelMarksTest, ABlankOfATypesetTextBeforeTheUnitIsNoError) {
   Edit();

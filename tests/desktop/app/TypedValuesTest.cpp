@@ -145,6 +145,19 @@ TEST_F(TypedValuesTest, AfterDeletedValuesNothingIsThereToAskAbout) {
   EXPECT_TRUE(boxes.Questions().empty());
 }
 
+TEST_F(TypedValuesTest, BoundsOfADeletedActiveMassTypeAreNotAskedAboutAsThoseOfTheNextOne) {
+  EditBounds();
+  Type(kUpper, "5");
+  GoTo(kMassTypesPage);
+  ASSERT_TRUE(Pick(kShownType, "Estimated"));
+  ASSERT_TRUE(Pick(kShownType, "Calculated"));
+  ASSERT_TRUE(
+      Panel().Find<KorDlgPushButton>("TabContainer001.TabPage003.Frame107.Frame231.DeleteButton").Press());
+  ASSERT_EQ(Selected(kActiveType), "Computed");
+  EXPECT_TRUE(Pick(kActiveType, "Estimated"));
+  EXPECT_TRUE(boxes.Questions().empty()) << "nobody typed bounds of Computed";
+}
+
 /// The panel selects the active mass type in both lists then.
 TEST_F(TypedValuesTest, AnAppliedRevisionIsShownUnaskedAndLeavesNothingTypedToAskAbout) {
   EditMass("43000");
