@@ -21,6 +21,22 @@ enum class MassTypeStatus : int {
   OutOfDate = 2,  ///< values computed from data that has changed since
 };
 
+/// Which kind of thing mass types were read from. On the wire as the number.
+enum class OriginKind : int {
+  Part = 0,        ///< the part as it stands
+  Revision = 1,    ///< a revision of its document
+  BeforeSave = 2,  ///< the state before a save in its history
+  AfterSave = 3,   ///< the state after it
+};
+
+/// What the mass types of part data were read from, as the server told it; a save sends it back.
+struct Origin {
+  OriginKind kind = OriginKind::Part;
+  std::string name;  ///< of the revision, or the number of the save; empty for the part
+
+  friend bool operator==(const Origin&, const Origin&) = default;
+};
+
 /// Everything known of one mass type of a part. SI units, the part's own frame.
 struct MassType {
   std::string name;
@@ -107,6 +123,7 @@ struct PartData {
   std::string dateFormat;  ///< of date properties, such as "YYYY-MM-DD"
   std::vector<ExtraProperty> properties;
   std::string stateToken;  ///< which stored state this was read from; a save sends it back
+  Origin massTypesOrigin = {};
 };
 
 /// What a save answers once everything is stored.

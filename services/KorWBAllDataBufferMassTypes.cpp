@@ -65,7 +65,8 @@ HRESULT KorWBAllDataBuffer::GetMassTypeDefined(const KorUnicodeString& massType,
 HRESULT KorWBAllDataBuffer::SetMassTypeDefined(const KorUnicodeString& massType, bool defined) {
   protocol::MassType* found = Data().Find(massType);
   if (!found) return E_FAIL;
-  Data().SetDefined(*found, defined);
+  using protocol::MassTypeStatus;
+  found->status = defined ? MassTypeStatus::Defined : MassTypeStatus::Undefined;
   return S_OK;
 }
 

@@ -99,7 +99,7 @@ void KorWBAllDataBuffer::Content::TakeOtherState(protocol::PartData newData) {
 
 void KorWBAllDataBuffer::Content::Replace(protocol::PartData newData) {
   data = std::move(newData);
-  removedMassTypes.clear();
+  NoteWhatHasNoValues();
   cgMillimetres.clear();
   std::transform(data.massTypes.begin(), data.massTypes.end(), std::back_inserter(cgMillimetres),
                  CgInMillimetres);
@@ -122,15 +122,6 @@ protocol::MassType* KorWBAllDataBuffer::Content::Find(const KorUnicodeString& ma
 const std::optional<KorWBAllDataBuffer::Content::Coordinates>& KorWBAllDataBuffer::Content::CgOf(
     const protocol::MassType& massType) const {
   return cgMillimetres[IndexOf(massType)];
-}
-
-void KorWBAllDataBuffer::Content::SetDefined(protocol::MassType& massType, bool defined) {
-  using protocol::MassTypeStatus;
-  if (defined)
-    removedMassTypes.erase(massType.name);
-  else if (massType.status != MassTypeStatus::Undefined)
-    removedMassTypes.insert(massType.name);
-  massType.status = defined ? MassTypeStatus::Defined : MassTypeStatus::Undefined;
 }
 
 void KorWBAllDataBuffer::Content::SetCg(protocol::MassType& massType, const double* mm) {
@@ -176,17 +167,27 @@ void KorWBAllDataBuffer::Content::SetComputed(const protocol::MassType& computed
 void KorWBAllDataBuffer::Content::SetSaved(const std::string& stateToken) {
   data.stateToken = stateToken;
   data.persisted = true;
+  data.massTypesOrigin = {};
   ForgetRemovedDeviations();
   SetSavedDocument();
   data.documents.activeId = storedDocumentId;
   data.documents.activeVersion = storedDocumentVersion;
 }
 
-/// Else the next save would make limits of them that nobody has set.
+void KorWBAllDataBuffer::Content::NoteWhatHasNoValues() {
+  storedWithoutValues.clear();
+  for (const protocol::MassType& type : data.massTypes)
+    if (type.status == protocol::MassTypeStatus::Undefined) storedWithoutValues.insert(type.name);
+}
+
+/// A mass type whose values have been removed has no deviations from then on, as on the server: else the next
+/// save would make limits of them that nobody has set.
 void KorWBAllDataBuffer::Content::ForgetRemovedDeviations() {
-  for (const std::string& name : std::exchange(removedMassTypes, {}))
-    if (protocol::MassType* removed = Find(name); removed && name != protocol::kComputed)
-      removed->lowerDeviation = removed->upperDeviation = 0;
+  for (protocol::MassType& type : data.massTypes)
+    if (type.name != protocol::kComputed && type.status == protocol::MassTypeStatus::Undefined &&
+        !storedWithoutValues.contains(type.name))
+      type.lowerDeviation = type.upperDeviation = 0;
+  NoteWhatHasNoValues();
 }
 
 /// A document that was sent as the server has it, and one of which it knows no revisions, leave the choice as

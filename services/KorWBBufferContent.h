@@ -23,7 +23,7 @@ struct KorWBAllDataBuffer::Content {
   // The first two stand in no data text: new data leave them as they are.
   bool mayReuseStoredResults = true;       ///< whether a compute may answer from results stored before
   bool computableWithUserMassType = true;  ///< whether a compute makes sense with a user mass type active
-  std::set<std::string> removedMassTypes;  ///< were defined, and are not any more since the last save
+  std::set<std::string> storedWithoutValues;  ///< mass types
   std::string storedDocumentId;            ///< active document of the stored state
   std::string storedDocumentVersion;       ///< likewise, as the data were read or as the user chose it
   std::string serverDocumentVersion;       ///< likewise, as the server has it: empty after an automatic save
@@ -46,8 +46,6 @@ struct KorWBAllDataBuffer::Content {
   /// The centre of gravity in mm of a listed mass type.
   const std::optional<Coordinates>& CgOf(const protocol::MassType& massType) const;
 
-  /// One that is not defined any more when it is saved has no deviations from then on, as on the server.
-  void SetDefined(protocol::MassType& massType, bool defined);
   /// `mm` holds three lengths. A coordinate that does not differ from the present one keeps its metres.
   void SetCg(protocol::MassType& massType, const double* mm);
   void RemoveCg(protocol::MassType& massType);
@@ -63,6 +61,7 @@ struct KorWBAllDataBuffer::Content {
  private:
   void SetSavedDocument();
   void ForgetRemovedDeviations();
+  void NoteWhatHasNoValues();
   std::size_t IndexOf(const protocol::MassType& massType) const {
     return static_cast<std::size_t>(&massType - data.massTypes.data());
   }

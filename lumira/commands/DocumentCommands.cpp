@@ -54,6 +54,7 @@ void TakeRevision(PartData& part, const RevisionData& revision) {
   part.material.name = revision.material;
   part.material.density = revision.density;
   part.documents.activeVersion = revision.revision;
+  part.massTypesOrigin = {protocol::OriginKind::Revision, revision.revision};
 }
 
 }  // namespace

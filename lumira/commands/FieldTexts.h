@@ -30,6 +30,8 @@ class FieldTexts : public protocol::FieldsOfValues<FieldTexts> {
     return std::move(texts._fields);
   }
 
+  bool HasMore(bool present) const { return present; }
+
   using FieldsOfValues::Field;
   void Field(std::string_view name, const std::string& value, protocol::TextRule = {}) { Add(name, value); }
 

@@ -82,6 +82,8 @@ Result<std::string> GetHistoryState(Session& session, std::string_view text) {
   auto data = PartDataOf(session, {.partId = part});
   if (!data) return data.Failure();
   PutSavedValues(data.Value(), values.Value());
+  data.Value().massTypesOrigin = {
+      isBefore ? protocol::OriginKind::BeforeSave : protocol::OriginKind::AfterSave, std::to_string(number)};
   data.Value().persisted = data.Value().massTypes.size() > 1;
   return protocol::WritePartData(data.Value());
 }

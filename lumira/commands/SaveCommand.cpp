@@ -6,7 +6,6 @@
 #include "lumira/commands/SaveRules.h"
 #include "lumira/commands/SavedValues.h"
 #include "lumira/commands/UtcTime.h"
-#include "lumira/store/MassTypesKey.h"
 #include "lumira/store/SizeRules.h"
 #include "protocol/Codec.h"
 #include "protocol/Utf8.h"
@@ -34,18 +33,17 @@ Result<void> CheckSize(const std::string& part, std::size_t bytes) {
                                                   protocol::Quoted(part) + " " + *problem};
 }
 
-// Writes what is new; a save that changes nothing leaves no trace.
+// Writes what is new; a save that changes nothing leaves no trace. Standard deviations come with the mass
+// types of a revision, though they stand in no field.
 Result<std::string> Write(Session& session, const StoredPart& stored, StoredPart saved) {
   const PartData before = SavedValuesOf(stored.part, stored.details);
   const PartData after = SavedValuesOf(saved.part, saved.details);
   const PartSaving saving{.saved = std::move(saved),
                           .by = {session.user, UtcTime()},
                           .before = ToHistoryText(before),
-                          .after = ToHistoryText(after),
-                          .massTypesBefore = MassTypesKey(before),
-                          .massTypesAfter = MassTypesKey(after)};
+                          .after = ToHistoryText(after)};
   const Part& part = saving.saved.part;
-  if (saving.before == saving.after) return ReplyFor(part.id, stored.state);
+  if (saving.before == saving.after && part == stored.part) return ReplyFor(part.id, stored.state);
   if (auto good = CheckSize(part.id, saving.after.size()); !good) return good.Failure();
   const auto state = session.store.SavePart(saving);
   if (!state) return state.Failure();
@@ -57,7 +55,7 @@ Result<std::string> Save(Session& session, const PartData& request, std::int64_t
   const auto stored = session.store.LoadPart(request.partId);
   if (!stored) return InField("partId", stored.Failure());
   if (const auto good = CheckStillStored(session.store, stored.Value(), state); !good) return good.Failure();
-  const auto edited = EditedPart(session.store, stored.Value(), request);
+  const auto edited = EditedPart(session.store, stored.Value(), request.massTypesOrigin);
   if (!edited) return edited.Failure();
   auto saved = ApplySave(edited.Value(), request);
   if (!saved) return saved.Failure();

@@ -6,10 +6,10 @@
 
 namespace lumira {
 
-/// What a client has edited: the part as it stands, or with the mass types of a revision of its document or
-/// of an earlier state that the client was told. The part as it stands when the mass types of the request are
-/// none of these. Fails when the store does.
+/// What a client has edited: the part as it stands, or with the mass types that the client read instead,
+/// those of a revision of its document or of an earlier state. BadValue when the part has no such revision or
+/// state, and otherwise as the store fails.
 protocol::Result<StoredPart> EditedPart(Store& store, const StoredPart& stored,
-                                        const protocol::PartData& request);
+                                        const protocol::Origin& origin);
 
 }  // namespace lumira

@@ -8,6 +8,7 @@
 
 #include "lumira/commands/ComputedMassType.h"
 #include "lumira/commands/SavedValues.h"
+#include "lumira/commands/UserMassTypes.h"
 #include "lumira/model/PropertyOnWire.h"
 #include "lumira/model/PropertyRules.h"
 #include "lumira/store/ProductRules.h"
@@ -101,14 +102,6 @@ Result<void> CheckNumbers(const protocol::MassType& type, std::size_t index) {
   for (const auto& [field, value] : numbers)
     if (auto good = CheckNotNegative(Entry("massTypes", index, field), value); !good) return good;
   return {};
-}
-
-MassProperties PropertiesOf(const protocol::MassType& type) {
-  MassProperties properties{type.mass, {}, {}};
-  if (const auto& c = type.cg) properties.cg = Vec3{(*c)[0], (*c)[1], (*c)[2]};
-  if (const auto& i = type.inertia)
-    properties.inertia = InertiaTensor{(*i)[0], (*i)[1], (*i)[2], (*i)[3], (*i)[4], (*i)[5]};
-  return properties;
 }
 
 // The deviations on the wire are the limits, or for want of them the standard deviation; only when a client
@@ -255,6 +248,10 @@ Result<void> TakeProperties(StoredPart& saved, const protocol::PartData& request
 Result<void> CheckAsAWhole(StoredPart& saved, const protocol::PartData&) {
   const auto good = CheckPart(saved.part);
   if (good || !saved.part.density) return good;
+  Part other = saved.part;
+  other.density.reset();
+  // The density of the CAD material, or what else it may be, is none of the fields.
+  if (!CheckPart(other)) return good;
   return BadField("material.density",
                   protocol::FormatNumber(*saved.part.density) + ": " + good.Failure().message);
 }

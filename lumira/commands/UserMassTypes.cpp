@@ -18,6 +18,14 @@ void AddPrecision(protocol::MassType& type, const std::vector<Precision>& precis
     if (precision.massType == type.name) SetPrecision(type, precision);
 }
 
+MassProperties PropertiesOf(const protocol::MassType& type) {
+  MassProperties properties{type.mass, {}, {}};
+  if (const auto& c = type.cg) properties.cg = Vec3{(*c)[0], (*c)[1], (*c)[2]};
+  if (const auto& i = type.inertia)
+    properties.inertia = InertiaTensor{(*i)[0], (*i)[1], (*i)[2], (*i)[3], (*i)[4], (*i)[5]};
+  return properties;
+}
+
 std::vector<protocol::MassType> ToWire(const std::vector<MassTypeData>& types,
                                        const std::vector<Precision>& precisions) {
   using protocol::MassTypeStatus;

@@ -53,7 +53,7 @@ Result<Matcher> MatchEffectivity(const StructureIndex& structure, const FilterCo
   if (condition.values.size() != 1)
     return Error{ErrorKind::BadValue,
                  "one date expected, there are " + std::to_string(condition.values.size())};
-  const auto date = ParseDate(condition.values.front());
+  const auto date = ParseStoredDate(condition.values.front());
   if (!date) return Error{ErrorKind::BadValue, NoDate(Quoted(condition.values.front()))};
   return Matcher([&structure, date = *date](std::uint32_t instance) {
     const Effectivity& effectivity = structure.InstanceAt(instance).effectivity;

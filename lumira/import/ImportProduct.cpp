@@ -222,7 +222,7 @@ class Assembly {
     for (const PartRow& row : _mass.parts)
       if (const auto problem = FindTooMany(materials.Add(row.part), kMaxMaterialBytes))
         return _log.Error(_mass.PartOf(row),
-                          "part " + Quoted(row.part.id) + ": " + TooManyMaterials(*problem));
+                          "part " + Quoted(row.part.id) + ": " + TooManyMaterials(row.part, *problem));
   }
 
   // Says so when the structure does not have the part.

@@ -89,13 +89,25 @@ Result<void> CheckRevisions(const PartDetails& details) {
   return {};
 }
 
-Result<void> CheckAgainst(const PropertiesByName& properties, const PartDetails& details,
-                          const Values& present) {
+bool HaveSameDocument(const PartDetails& a, const PartDetails& b) {
+  using protocol::DocumentRevision;
+  return a.documentId == b.documentId &&
+         std::ranges::equal(a.documents.revisions, b.documents.revisions, {}, &DocumentRevision::revision,
+                            &DocumentRevision::revision);
+}
+
+Result<void> CheckDocument(const PartDetails& details) {
   if (!details.documentId.empty())
     if (const auto problem = FindIdentifierProblem(details.documentId))
       return Bad("identifier of a document: " + *problem);
-  if (auto good = CheckRevisions(details); !good) return good;
-  return CheckValues(properties, details.properties, present);
+  return CheckRevisions(details);
+}
+
+Result<void> CheckAgainst(const PropertiesByName& properties, const PartDetails& details,
+                          const PartDetails& present) {
+  if (!HaveSameDocument(details, present))
+    if (auto good = CheckDocument(details); !good) return good;
+  return CheckValues(properties, details.properties, present.properties);
 }
 
 // A revision's data is checked as that of a part that has it.
@@ -171,7 +183,7 @@ class PartChecks {
 }  // namespace
 
 Result<void> CheckDetails(const std::vector<PropertyDefinition>& properties, const PartDetails& details,
-                          const std::vector<protocol::ExtraProperty>& present) {
+                          const PartDetails& present) {
   return CheckAgainst(ByName(properties), details, present);
 }
 

@@ -29,10 +29,8 @@ struct Signature {
 struct PartSaving {
   StoredPart saved;  ///< `state` is the one that the saving stands on
   Signature by;
-  std::string before;                ///< the saved values as a text, as they were in that state
-  std::string after;                 ///< as they are from now on
-  std::int64_t massTypesBefore = 0;  ///< key of the mass types in each text (store/MassTypesKey.h)
-  std::int64_t massTypesAfter = 0;
+  std::string before;  ///< the saved values as a text, as they were in that state
+  std::string after;   ///< as they are from now on
 };
 
 /// What a saving leads to.

@@ -178,7 +178,7 @@ Result<void> CheckMaterials(const Product& product) {
   MaterialBytes materials;
   for (const Part& part : product.parts)
     if (const auto problem = FindTooMany(materials.Add(part), kMaxMaterialBytes))
-      return Error{ErrorKind::BadValue, "part " + Quoted(part.id) + ": " + TooManyMaterials(*problem)};
+      return Error{ErrorKind::BadValue, "part " + Quoted(part.id) + ": " + TooManyMaterials(part, *problem)};
   return {};
 }
 

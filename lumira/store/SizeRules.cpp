@@ -44,8 +44,10 @@ std::optional<std::string> FindTooMany(std::size_t bytes, std::size_t most) {
   return "have " + std::to_string(bytes) + " bytes together, at most " + std::to_string(most) + " expected";
 }
 
-std::string TooManyMaterials(const std::string& problem) {
-  return "with its material the different materials of the product " + problem;
+std::string TooManyMaterials(const Part& part, const std::string& problem) {
+  const auto material = MaterialOf(part);
+  return "with its material " + (material ? protocol::Quoted(material->name) + " " : "") +
+         "the different materials of the product " + problem;
 }
 
 std::optional<std::string> FindSizeProblem(const std::vector<protocol::DocumentRevision>& revisions) {

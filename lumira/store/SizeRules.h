@@ -35,8 +35,9 @@ std::size_t BytesOf(const protocol::DocumentRevision& revision);
 /// "have 5 bytes together, at most 4 expected"; none when all is well.
 std::optional<std::string> FindTooMany(std::size_t bytes, std::size_t most);
 
-/// Why the materials of a product are too many, `problem` being what `FindTooMany` says.
-std::string TooManyMaterials(const std::string& problem);
+/// Why the materials of a product are too many with that of a part, `problem` being what `FindTooMany` says;
+/// may follow the part's name.
+std::string TooManyMaterials(const Part& part, const std::string& problem);
 
 /// Why one field of a revision, or the list of all of them, could not be told, as a sentence that may follow
 /// a place; none when all is well.

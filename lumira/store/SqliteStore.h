@@ -39,8 +39,6 @@ class SqliteStore final : public Store {
   protocol::Result<HistoryTexts> LoadHistoryTexts(std::string_view partId, std::int64_t number) override;
   protocol::Result<std::optional<std::string>> FindStateText(std::string_view partId,
                                                              std::int64_t state) override;
-  protocol::Result<std::optional<std::string>> FindTextWithMassTypes(std::string_view partId,
-                                                                     std::int64_t key) override;
   protocol::Result<std::vector<PropertyDefinition>> LoadProperties(std::string_view productId) override;
   protocol::Result<std::vector<PartOwner>> PartsOfDocument(std::string_view documentId) override;
   protocol::Result<RevisionData> LoadRevision(std::string_view partId, std::string_view revision) override;
@@ -94,7 +92,6 @@ class SqliteStore final : public Store {
   std::string ProductNameOf(std::int64_t partKey);
   std::int64_t ProductStateOf(std::int64_t partKey);
   void AddRecord(std::int64_t partKey, const PartSaving& saving, std::int64_t stateAfter);
-  std::optional<std::string> FindText(const char* sql, std::int64_t partKey, std::int64_t value);
   std::int64_t HistorySize(std::int64_t partKey);
   std::int64_t ProductOf(std::int64_t partKey);
   std::size_t RowCount(std::int64_t productKey);

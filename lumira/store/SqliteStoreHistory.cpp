@@ -18,8 +18,8 @@ using protocol::Result;
 namespace {
 
 constexpr char kRecord[] =
-    "INSERT INTO history(part, number, user, time, state_before, state_after, before, after, "
-    "mass_types_before, mass_types_after) VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?)";
+    "INSERT INTO history(part, number, user, time, state_before, state_after, before, after) "
+    "VALUES(?, ?, ?, ?, ?, ?, ?, ?)";
 constexpr char kRecords[] =
     "SELECT number, user, time, state_before, state_after FROM history WHERE part = ? AND number < ? ORDER "
     "BY number DESC LIMIT ?";
@@ -27,15 +27,6 @@ constexpr char kRecords[] =
 constexpr char kStateText[] =
     "SELECT number, iif(state_after = ?2, after, before) FROM history WHERE part = ?1 AND (state_after = ?2 "
     "OR state_before = ?2) LIMIT 1";
-
-// The text of the later state, should one record have such mass types in both. Each half has its own index.
-constexpr char kMassTypesText[] =
-    "SELECT number, text FROM ("
-    "SELECT * FROM (SELECT number, after AS text, 1 AS is_after FROM history "
-    "WHERE part = ?1 AND mass_types_after = ?2 ORDER BY number DESC LIMIT 1) UNION ALL "
-    "SELECT * FROM (SELECT number, before, 0 FROM history "
-    "WHERE part = ?1 AND mass_types_before = ?2 ORDER BY number DESC LIMIT 1)) "
-    "ORDER BY number DESC, is_after DESC LIMIT 1";
 
 HistoryRecord RecordIn(SQLite::Statement& row) {
   return {.number = row.getColumn(0).getInt64(),
@@ -91,7 +82,7 @@ Result<SavedState> SqliteStore::SavePart(const PartSaving& saving) {
 void SqliteStore::AddRecord(std::int64_t partKey, const PartSaving& saving, std::int64_t stateAfter) {
   SQLite::Statement insert(_db, kRecord);
   SQLite::bind(insert, partKey, HistorySize(partKey) + 1, saving.by.user, saving.by.time, saving.saved.state,
-               stateAfter, saving.before, saving.after, saving.massTypesBefore, saving.massTypesAfter);
+               stateAfter, saving.before, saving.after);
   insert.exec();
 }
 
@@ -157,23 +148,10 @@ Result<std::optional<std::string>> SqliteStore::FindStateText(std::string_view p
   return Read([&]() -> Result<std::optional<std::string>> {
     const auto key = PartKey(partId);
     if (!key) return key.Failure();
-    return FindText(kStateText, key.Value(), state);
+    SQLite::Statement query(_db, kStateText);
+    SQLite::bind(query, key.Value(), state);
+    return query.executeStep() ? std::optional(TextIn(query, 1)) : std::nullopt;
   });
-}
-
-Result<std::optional<std::string>> SqliteStore::FindTextWithMassTypes(std::string_view partId,
-                                                                      std::int64_t massTypes) {
-  return Read([&]() -> Result<std::optional<std::string>> {
-    const auto key = PartKey(partId);
-    if (!key) return key.Failure();
-    return FindText(kMassTypesText, key.Value(), massTypes);
-  });
-}
-
-std::optional<std::string> SqliteStore::FindText(const char* sql, std::int64_t partKey, std::int64_t value) {
-  SQLite::Statement query(_db, sql);
-  SQLite::bind(query, partKey, value);
-  return query.executeStep() ? std::optional(TextIn(query, 1)) : std::nullopt;
 }
 
 }  // namespace lumira

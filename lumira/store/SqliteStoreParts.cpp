@@ -62,7 +62,7 @@ Result<void> SqliteStore::CheckMaterials(std::int64_t partKey, const Part& prese
   while (query.executeStep()) {
     const auto problem = FindTooMany(materials.Add(MaterialsIn(query)), kMaxMaterialBytes);
     if (problem)
-      return Error{ErrorKind::BadValue, "part " + Quoted(part.id) + ": " + TooManyMaterials(*problem)};
+      return Error{ErrorKind::BadValue, "part " + Quoted(part.id) + ": " + TooManyMaterials(part, *problem)};
   }
   return {};
 }
@@ -104,12 +104,11 @@ Result<void> SqliteStore::SaveDetails(std::string_view partId, const PartDetails
 }
 
 Result<void> SqliteStore::WriteDetails(std::int64_t partKey, const PartDetails& details) {
-  const std::int64_t product = ProductOf(partKey);
-  const auto properties = ReadDefinitions(_db, product);
-  if (auto good = CheckDetails(properties, details, ReadProperties(_db, product, partKey)); !good)
-    return good;
+  const auto properties = ReadDefinitions(_db, ProductOf(partKey));
+  const PartDetails present = DetailsAt(partKey);
+  if (auto good = CheckDetails(properties, details, present); !good) return good;
   // Older tables had documents of two parts; each may keep what it has.
-  if (details.documentId != DetailsAt(partKey).documentId)
+  if (details.documentId != present.documentId)
     if (auto free = CheckDocument(details.documentId, partKey); !free) return free;
   for (const char* table : {"part_details", "precisions", "document_revisions", "property_values"})
     DeleteRows(_db, table, partKey);

@@ -3,14 +3,13 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <SQLiteCpp/VariadicBind.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 #include "lumira/model/PropertyDefinition.h"
 #include "lumira/model/PropertyMagnitudes.h"
-#include "lumira/store/MassTypesKey.h"
-#include "protocol/Codec.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
@@ -19,7 +18,7 @@ namespace {
 using protocol::Quoted;
 
 // Counts of rows that could be lost without a sign, what was found when older tables were brought up to date,
-// and what finds a record of a long history: by the state of the part, and by the mass types that it had.
+// and what finds a record of a long history by the state of the part.
 constexpr char kTables[] = R"sql(
 ALTER TABLE parts ADD COLUMN details_count INTEGER NOT NULL DEFAULT 0;
 UPDATE parts SET details_count = (SELECT count(*) FROM part_details WHERE part_details.part = parts.key);
@@ -33,10 +32,6 @@ CREATE TABLE product_notes(
   product INTEGER NOT NULL REFERENCES products ON DELETE CASCADE, position INTEGER NOT NULL, text TEXT NOT NULL,
   PRIMARY KEY(product, position)) STRICT, WITHOUT ROWID;
 
-ALTER TABLE history ADD COLUMN mass_types_before INTEGER;
-ALTER TABLE history ADD COLUMN mass_types_after INTEGER;
-CREATE INDEX history_by_mass_types_before ON history(part, mass_types_before, number);
-CREATE INDEX history_by_mass_types_after ON history(part, mass_types_after, number);
 CREATE INDEX history_by_state_before ON history(part, state_before);
 CREATE INDEX history_by_state_after ON history(part, state_after);
 )sql";
@@ -46,21 +41,24 @@ struct Definition {
   std::int64_t product;
   std::int64_t position;
   std::string name;
+  int type;
   std::string magnitude;
 };
 
-std::vector<Definition> UnknownMagnitudes(SQLite::Database& database) {
-  std::vector<Definition> unknown;
-  SQLite::Statement query(
-      database, "SELECT product, position, name, magnitude FROM property_definitions WHERE type = ?");
-  query.bind(1, static_cast<int>(PropertyType::Magnitude));
-  while (query.executeStep()) {
-    std::string magnitude = query.getColumn(3).getString();
-    if (FindMagnitude(magnitude) == nullptr)
-      unknown.push_back({query.getColumn(0).getInt64(), query.getColumn(1).getInt64(),
-                         query.getColumn(2).getString(), std::move(magnitude)});
-  }
-  return unknown;
+std::vector<Definition> Definitions(SQLite::Database& database) {
+  std::vector<Definition> definitions;
+  SQLite::Statement row(database,
+                        "SELECT product, position, name, type, magnitude FROM property_definitions");
+  while (row.executeStep())
+    definitions.push_back({row.getColumn(0).getInt64(), row.getColumn(1).getInt64(),
+                           row.getColumn(2).getString(), row.getColumn(3).getInt(),
+                           row.getColumn(4).getString()});
+  return definitions;
+}
+
+bool HasUnknownMagnitude(const Definition& definition) {
+  return definition.type == static_cast<int>(PropertyType::Magnitude) &&
+         FindMagnitude(definition.magnitude) == nullptr;
 }
 
 // Nobody knows the unit of such values, so that they are kept as they are.
@@ -68,7 +66,8 @@ void MakeTextsOfUnknownMagnitudes(SQLite::Database& database) {
   SQLite::Statement update(
       database,
       "UPDATE property_definitions SET type = ?, magnitude = '' WHERE product = ? AND position = ?");
-  for (const Definition& definition : UnknownMagnitudes(database)) {
+  for (const Definition& definition : Definitions(database)) {
+    if (!HasUnknownMagnitude(definition)) continue;
     SQLite::bind(update, static_cast<int>(PropertyType::Text), definition.product, definition.position);
     update.exec();
     update.reset();
@@ -79,24 +78,39 @@ void MakeTextsOfUnknownMagnitudes(SQLite::Database& database) {
   }
 }
 
-// A text that cannot be read has no key, and is found by its number only.
-void BindKey(SQLite::Statement& update, int parameter, const std::string& text) {
-  if (const auto values = protocol::ReadPartData(text))
-    update.bind(parameter, MassTypesKey(values.Value()));
-  else
-    update.bind(parameter);
+// What would hold no separator and no control character, and is not empty.
+std::string WithoutMarks(std::string name) {
+  const auto isMark = [](char c) { return c == '|' || static_cast<unsigned char>(c) < 0x20 || c == 0x7F; };
+  std::ranges::replace_if(name, isMark, '_');
+  return name.empty() ? "unnamed" : name;
 }
 
-void AddKeysToHistory(SQLite::Database& database) {
-  SQLite::Statement records(database, "SELECT key, before, after FROM history");
+bool HasProperty(SQLite::Database& database, std::int64_t product, const std::string& name) {
+  SQLite::Statement query(database, "SELECT 1 FROM property_definitions WHERE product = ? AND name = ?");
+  SQLite::bind(query, product, name);
+  return query.executeStep();
+}
+
+std::string FreeName(SQLite::Database& database, std::int64_t product, const std::string& wanted) {
+  std::string name = wanted;
+  for (int number = 2; HasProperty(database, product, name); ++number)
+    name = wanted + ' ' + std::to_string(number);
+  return name;
+}
+
+// With such a name nobody could read the parts.
+void RenameProperties(SQLite::Database& database) {
   SQLite::Statement update(database,
-                           "UPDATE history SET mass_types_before = ?, mass_types_after = ? WHERE key = ?");
-  while (records.executeStep()) {
-    BindKey(update, 1, records.getColumn(1).getString());
-    BindKey(update, 2, records.getColumn(2).getString());
-    update.bind(3, records.getColumn(0).getInt64());
+                           "UPDATE property_definitions SET name = ? WHERE product = ? AND position = ?");
+  for (const auto& [product, position, name, type, magnitude] : Definitions(database)) {
+    if (WithoutMarks(name) == name) continue;
+    const std::string free = FreeName(database, product, WithoutMarks(name));
+    SQLite::bind(update, free, product, position);
     update.exec();
     update.reset();
+    AddNote(database, product, position,
+            "the name " + Quoted(name) + " of an extra property could not be a name here; it is " +
+                Quoted(free) + " now");
   }
 }
 
@@ -104,13 +118,15 @@ void AddKeysToHistory(SQLite::Database& database) {
 
 void BringToVersion6(SQLite::Database& database) {
   database.exec(kTables);
+  RenameProperties(database);
   MakeTextsOfUnknownMagnitudes(database);
-  AddKeysToHistory(database);
 }
 
 void AddNote(SQLite::Database& database, std::int64_t product, std::int64_t position,
              const std::string& text) {
-  SQLite::Statement insert(database, "INSERT INTO product_notes(product, position, text) VALUES(?, ?, ?)");
+  SQLite::Statement insert(database,
+                           "INSERT INTO product_notes(product, position, text) VALUES(?, ?, ?) "
+                           "ON CONFLICT DO UPDATE SET text = text || '; ' || excluded.text");
   SQLite::bind(insert, product, position, text);
   insert.exec();
 }

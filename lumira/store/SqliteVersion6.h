@@ -14,7 +14,7 @@ namespace lumira {
 /// SQLite::Exception.
 void BringToVersion6(SQLite::Database& database);
 
-/// Says what was found at an extra property, by its position, among the notes of a product; one for each.
+/// Says what was found at an extra property, by its position, among the notes of a product.
 /// Part of a transaction. Throws SQLite::Exception.
 void AddNote(SQLite::Database& database, std::int64_t product, std::int64_t position,
              const std::string& text);

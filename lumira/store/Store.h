@@ -145,11 +145,6 @@ class Store {
   virtual protocol::Result<std::optional<std::string>> FindStateText(std::string_view partId,
                                                                      std::int64_t state) = 0;
 
-  /// The text of the saved values in the latest state of the part that had the mass types of this key
-  /// (store/MassTypesKey.h); none when no record tells of one.
-  virtual protocol::Result<std::optional<std::string>> FindTextWithMassTypes(std::string_view partId,
-                                                                             std::int64_t key) = 0;
-
   /// The extra properties that every part of the product has, in the order in which they were defined.
   virtual protocol::Result<std::vector<PropertyDefinition>> LoadProperties(std::string_view productId) = 0;
 

@@ -93,6 +93,15 @@ struct Form<ExtraProperty> {
 };
 
 template <>
+struct Form<Origin> {
+  template <class Archive, class X>
+  static void Fields(Archive& a, X& x) {
+    a.Field("kind", x.kind, OriginKind::AfterSave);
+    a.Field("name", x.name);
+  }
+};
+
+template <>
 struct Form<PartData> {
   static constexpr FormHead kHead = {"PartData", "1"};
 
@@ -116,6 +125,8 @@ struct Form<PartData> {
     a.Field("dateFormat", x.dateFormat);
     a.Field("properties", x.properties);
     a.Field("stateToken", x.stateToken);
+    // Only there when it is not the part as it stands.
+    if (a.HasMore(x.massTypesOrigin != Origin{})) a.Field("massTypesOrigin", x.massTypesOrigin);
   }
 };
 

@@ -33,6 +33,26 @@ TEST(PartDataForm, ReadsTheFlatFieldsOfAPart) {
   EXPECT_EQ(part.stateToken, "token");
 }
 
+TEST(PartDataForm, HasAnOriginOfTheMassTypesUnlessItIsThePart) {
+  PartData part = ReadPartData(kPartText).Value();
+  EXPECT_EQ(part.massTypesOrigin, Origin{});
+  part.massTypesOrigin = {OriginKind::AfterSave, "7"};
+  const std::string text = WritePartData(part);
+  EXPECT_TRUE(text.ends_with("|MASS|token|3|7|end")) << text;
+  EXPECT_EQ(ReadPartData(text).Value().massTypesOrigin, part.massTypesOrigin);
+  part.massTypesOrigin = {OriginKind::Part, "7"};
+  EXPECT_EQ(ReadPartData(WritePartData(part)).Value().massTypesOrigin, part.massTypesOrigin);
+}
+
+TEST(PartDataForm, IsRefusedForHalfAnOriginAndOneOfNoKind) {
+  const std::string text(kPartText);
+  const std::string open = text.substr(0, text.size() - 3);
+  EXPECT_EQ(ReadPartData(open + "3|end").Failure().message,
+            "PartData: field 81 (end) is missing, the text ends after field 80");
+  EXPECT_NE(ReadPartData(open + "4|7|end").Failure().message.find("\"4\" is not an integer from 0 to 3"),
+            std::string::npos);
+}
+
 TEST(PartDataForm, ReadsTheMassTypesOfAPart) {
   const auto read = ReadPartData(kPartText);
   ASSERT_TRUE(read.Ok());

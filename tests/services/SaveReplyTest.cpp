@@ -82,6 +82,36 @@ TEST(SaveReply, LeavesTheDeviationsOfAMassTypeThatWasToldWithoutValues) {
   ExpectDeviations(buffer, 3, 4);
 }
 
+// As after a save that was refused.
+TEST(SaveReply, LeavesThemWhenItWasTypedAndDeletedAgainBeforeItWasSaved) {
+  protocol::PartData part = PartWithDeviations();
+  part.massTypes.at(1) = {
+      .name = "Estimated", .mass = {}, .cg = {}, .inertia = {}, .lowerDeviation = 3, .upperDeviation = 4};
+  const LoadedBuffer buffer(part);
+  Type(buffer, "Estimated", 4);
+  EXPECT_EQ(buffer->SetSaveReply("LumiraError: no"), E_FAIL);
+  Delete(buffer, "Estimated");
+  buffer->SetSaveReply("SaveReply/1|bedplate|8|end");
+  Type(buffer, "Estimated", 5);
+  ExpectDeviations(buffer, 3, 4);
+  buffer->SetSaveReply("SaveReply/1|bedplate|9|end");
+  Delete(buffer, "Estimated");
+  buffer->SetSaveReply("SaveReply/1|bedplate|10|end");
+  ExpectDeviations(buffer, 0, 0);
+}
+
+TEST(SaveReply, MakesTheMassTypesThoseOfThePartWhereverTheyWereReadFrom) {
+  protocol::PartData part = SamplePart();
+  part.massTypesOrigin = {protocol::OriginKind::Revision, "A"};
+  const LoadedBuffer buffer;
+  EXPECT_EQ(buffer->SetAllData(protocol::WritePartData(part), false), S_OK);
+  EXPECT_EQ(buffer.Sent().massTypesOrigin, part.massTypesOrigin) << "a save sends it";
+  EXPECT_EQ(buffer->SetSaveReply("LumiraError: no"), E_FAIL);
+  EXPECT_EQ(buffer.Sent().massTypesOrigin, part.massTypesOrigin) << "and sends it again";
+  buffer->SetSaveReply("SaveReply/1|bedplate|8|end");
+  EXPECT_EQ(buffer.Sent().massTypesOrigin, protocol::Origin{});
+}
+
 TEST(SaveReply, LeavesTheDeviationsOfDataThatWereReadAfterAMassTypeWasRemoved) {
   const LoadedBuffer buffer(PartWithDeviations());
   Delete(buffer, "Estimated");

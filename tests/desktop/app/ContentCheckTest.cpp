@@ -72,9 +72,6 @@ class FailingStore final : public lumira::Store {
   Result<std::optional<std::string>> FindStateText(std::string_view, std::int64_t) override {
     return kNotAsked;
   }
-  Result<std::optional<std::string>> FindTextWithMassTypes(std::string_view, std::int64_t) override {
-    return kNotAsked;
-  }
   Result<std::vector<lumira::StoredResult>> LoadResults(std::string_view) override {
     return std::vector<lumira::StoredResult>();
   }

@@ -68,6 +68,8 @@ TEST_F(HistoryCommands, GiveTheStateBeforeAndAfterASave) {
   protocol::PartData after = StateOf("a", 1, HistoryMoment::After);
   EXPECT_EQ(Type(after, "Weighed").mass, 7);
   protocol::PartData latest = StateOf("a", 2, HistoryMoment::After);
+  EXPECT_EQ(latest.massTypesOrigin, (protocol::Origin{protocol::OriginKind::AfterSave, "2"}));
+  latest.massTypesOrigin = {};
   EXPECT_EQ(protocol::WritePartData(latest), StoredText());
 }
 
@@ -275,6 +277,28 @@ TEST(UtcTime, IsWrittenToTheSecond) {
   using namespace std::chrono_literals;
   EXPECT_EQ(UtcTime(std::chrono::system_clock::time_point{}), "1970-01-01T00:00:00Z");
   EXPECT_EQ(UtcTime(std::chrono::system_clock::time_point{} + 951'827'696s + 999ms), "2000-02-29T12:34:56Z");
+}
+
+// Older programs have written both.
+TEST_F(HistoryCommands, TakesANegativeZeroForAZero) {
+  PartSaving saving{store->LoadPart("a").Value(), {"bob", "2026-01-02T03:04:05Z"}, {}, {}};
+  const auto text = [](double zero) {
+    protocol::PartData values;
+    values.massTypes.resize(2);
+    protocol::MassType& type = values.massTypes.at(1);
+    type = {.name = "Weighed",
+            .mass = zero,
+            .cg = protocol::Vector{zero, 0, 0},
+            .inertia = protocol::Tensor{zero}};
+    type.lowerDeviation = type.upperDeviation = type.lowerPrecision = type.upperPrecision = zero;
+    values.material.density = zero;
+    return protocol::WritePartData(values);
+  };
+  saving.before = text(0.0);
+  saving.after = text(-0.0);
+  ASSERT_NE(saving.before, saving.after);
+  ASSERT_TRUE(store->SavePart(saving).Ok());
+  EXPECT_EQ(HistoryOf("a").entries.at(0).changeCount, 0);
 }
 
 }  // namespace

@@ -435,6 +435,19 @@ TEST_F(SaveCommand, WhoseDensityMakesTheMassTooLargeIsRefused) {
   EXPECT_EQ(PartDataOf("a").material.density, 7850);
 }
 
+TEST_F(SaveCommand, WhoseCadDensityMakesTheMassTooLargeDoesNotBlameTheTypedOne) {
+  Part part = store->LoadPart("a").Value().part;
+  part.geometry = Geometry{1e10, {}, {}};
+  part.cadMaterial = "Neutronium";
+  part.cadDensity = 1e300;
+  ASSERT_TRUE(store->UpdatePart(part).Ok());
+  protocol::PartData data = PartDataOf("a");
+  ASSERT_TRUE(data.material.density);
+  data.material.densityPriority = 1;
+  data.activeMassType = "Computed";
+  EXPECT_EQ(Save(data), "LumiraError: part 'a', volume times density: mass is inf, expected a finite number");
+}
+
 TEST_F(SaveCommand, TakesNumbersOfEveryFiniteSizeExactly) {
   protocol::PartData data = PartDataOf("a");
   Type(data, "Weighed").mass = 5e-324;
@@ -448,13 +461,18 @@ TEST_F(SaveCommand, TakesNumbersOfEveryFiniteSizeExactly) {
 
 TEST_F(SaveCommand, OfANegativeZeroForAZeroChangesNothing) {
   protocol::PartData data = PartDataOf("a");
-  Type(data, "Weighed").cg = Vector{0, 1, 2};
-  Type(data, "Weighed").inertia = Tensor{1, 1, 1, 0, 0, 0};
-  data.material.density = 0;
+  protocol::MassType& weighed = Type(data, "Weighed");
+  const auto set = [&](double zero) {
+    weighed.mass = weighed.lowerDeviation = weighed.upperDeviation = zero;
+    weighed.lowerPrecision = weighed.upperPrecision = zero;
+    weighed.cg = Vector{zero, 1, 2};
+    weighed.inertia = Tensor{1, 1, 1, zero, 0, zero};
+    data.material.density = zero;
+  };
+  weighed.precisionType = 1;
+  set(0.0);
   data.stateToken = SaveWell(data);
-  Type(data, "Weighed").cg = Vector{-0.0, 1, 2};
-  Type(data, "Weighed").inertia = Tensor{1, 1, 1, -0.0, 0, -0.0};
-  data.material.density = -0.0;
+  set(-0.0);
   EXPECT_EQ(SaveWell(data), data.stateToken);
   EXPECT_EQ(HistoryOf("a").total, 1);
 }

@@ -149,12 +149,13 @@ class SaveBesideRevisions : public SaveContentFixture {
     return protocol::ReadPartData(Run("WBGetActiveDocInfo", "D-3|" + revision)).Value();
   }
 
-  protocol::PartData StateBefore(int number) {
-    return protocol::ReadPartData(
-               Run(protocol::kCommandHistoryState,
-                   protocol::WriteHistoryStateRequest({"cover", number, HistoryMoment::Before})))
+  protocol::PartData State(int number, HistoryMoment moment) {
+    return protocol::ReadPartData(Run(protocol::kCommandHistoryState,
+                                      protocol::WriteHistoryStateRequest({"cover", number, moment})))
         .Value();
   }
+
+  protocol::PartData StateBefore(int number) { return State(number, HistoryMoment::Before); }
 
   MassTypeData Stored(const std::string& massType) {
     const Part part = store->LoadPart("cover").Value().part;
@@ -276,6 +277,100 @@ TEST_F(SaveBesideRevisions, OfAnEarlierStateMakesLimitsOfDeviationsUnlessThePart
     EXPECT_EQ(stored.deviations.mass, hasLimits ? 0 : 3) << revision;
     EXPECT_EQ(stored.bounds, hasLimits ? std::optional(MassBounds{3, 3}) : std::nullopt) << revision;
   }
+}
+
+// What nobody is told differs between part and revision, and everything that is told is the same.
+TEST_F(SaveBesideRevisions, OfAnEarlierStateTakesNoneOfARevisionThatToldTheSameDeviations) {
+  ImportCover(
+      "part,mass type,active,mass [kg],cg x [m],cg y [m],cg z [m],type lower precision [%],type upper "
+      "precision [%]\ncover,Estimated,yes,5,0,0,0,10,10\n",
+      "part,document,revision,check in time,chosen,mass type,active,mass [kg],cg x [m],cg y [m],cg z [m],sd "
+      "cg x [m],type lower precision [%],type upper precision [%]\n"
+      "cover,D-3,A,2020-01-01 00:00:00,yes,Estimated,yes,7,0,0,0,0.5,10,10\n"
+      "cover,D-3,B,2022-01-01 00:00:00,,Calculated,yes,8,,,,,,\n");
+  SaveWell(Choosing(Revision("B"), "B"));
+  SaveWell(StateBefore(1));
+  ExpectNoDeviations(5);
+  SaveWell(Choosing(Revision("B"), "B"));
+  protocol::PartData data = StateBefore(1);
+  data.massTypes.at(1).mass = 7;
+  SaveWell(data);
+  ExpectNoDeviations(7);
+  SaveWell(Choosing(Revision("A"), "A"));
+  EXPECT_EQ(Stored("Estimated").deviations.cg.x, 0.5);
+}
+
+TEST_F(SaveBesideRevisions, TakesTheStateAfterASaveAsWellAsTheOneBefore) {
+  ImportCoverWithTwoMassTypes();
+  SaveWell(Choosing(Revision("A"), "A"));
+  SaveWell(StateBefore(1));
+  protocol::PartData data = State(1, HistoryMoment::After);
+  EXPECT_EQ(data.massTypes.size(), 2u);
+  SaveWell(data);
+  EXPECT_EQ(store->LoadPart("cover").Value().part.massTypes.size(), 1u);
+}
+
+TEST_F(SaveBesideRevisions, IsOfThePartOnceItIsSaved) {
+  ImportCoverWithTwoMassTypes();
+  SaveWell(Choosing(Revision("A"), "A"));
+  EXPECT_EQ(PartDataOf("cover").massTypesOrigin, protocol::Origin{});
+}
+
+TEST_F(SaveBesideRevisions, IsRefusedForAnOriginThatIsNotThere) {
+  ImportCoverWithTwoMassTypes();
+  const auto refusal = [this](const protocol::Origin& origin) {
+    protocol::PartData data = PartDataOf("cover");
+    data.massTypesOrigin = origin;
+    return Save(data);
+  };
+  using protocol::OriginKind;
+  const std::string place = "LumiraError: PartData: massTypesOrigin.name: ";
+  EXPECT_EQ(refusal({OriginKind::Revision, "Z"}),
+            place + "\"Z\" is no revision with mass types of part \"cover\"");
+  EXPECT_EQ(refusal({OriginKind::BeforeSave, "1"}), place + "\"1\" is no save of part \"cover\"");
+  EXPECT_EQ(refusal({OriginKind::AfterSave, "-1"}), place + "\"-1\" is no save of part \"cover\"");
+  EXPECT_EQ(refusal({OriginKind::AfterSave, "first"}), place + "\"first\" is no number of a save");
+  EXPECT_EQ(store->LoadHistory("cover", 0, 1).Value().total, 0);
+}
+
+// With the mass types of the part and the word that they are those of a revision.
+TEST_F(SaveBesideRevisions, IsRefusedForMassTypesThatTheOriginHasNot) {
+  ImportCoverWithTwoMassTypes();
+  protocol::PartData data = PartDataOf("cover");
+  data.massTypesOrigin = {protocol::OriginKind::Revision, "A"};
+  EXPECT_THAT(Save(data),
+              testing::HasSubstr("massTypes[2].name: \"Estimated\" is no mass type of part \"cover\""));
+}
+
+// The revision tells what the part tells, and differs in what is not told.
+TEST_F(SaveBesideRevisions, TakesStandardDeviationsOfARevisionThatDiffersInNothingElse) {
+  ImportCover(
+      "part,mass type,active,mass [kg],cg x [m],cg y [m],cg z [m],sd cg x [m]\ncover,Weighed,yes,8,0,0,0,1\n",
+      "part,document,revision,check in time,chosen,mass type,active,mass [kg],cg x [m],cg y [m],cg z [m],sd "
+      "cg x [m]\ncover,D-3,A,2020-01-01 00:00:00,yes,Weighed,yes,8,0,0,0,2\n");
+  const std::string token = PartDataOf("cover").stateToken;
+  SaveWell(Choosing(Revision("A"), "A"));
+  EXPECT_EQ(Stored("Weighed").deviations.cg.x, 2);
+  EXPECT_NE(PartDataOf("cover").stateToken, token) << "results above are out of date";
+}
+
+// Values that a user has removed since, with the deviations of then, which the part still has.
+TEST_F(SaveBesideRevisions, OfAnEarlierStateWithoutValuesKeepsDeviationsThatAreStillTheSame) {
+  ImportCover("part,mass type,active,mass [kg],sd mass [kg]\ncover,Estimated,,,3\ncover,Weighed,yes,10,\n",
+              "part,document,revision,check in time,mass type,active,mass [kg]\n"
+              "cover,D-3,A,2020-01-01 00:00:00,Weighed,yes,8\n");
+  protocol::PartData data = PartDataOf("cover");
+  protocol::MassType& estimated = data.massTypes.at(1);
+  ASSERT_EQ(estimated.status, protocol::MassTypeStatus::Undefined);
+  ASSERT_EQ(estimated.upperDeviation, 3);
+  estimated.mass = 5;
+  estimated.status = protocol::MassTypeStatus::Defined;
+  SaveWell(data);
+  EXPECT_EQ(Stored("Estimated").deviations.mass, 3);
+  SaveWell(StateBefore(1));
+  EXPECT_FALSE(Stored("Estimated").properties.mass);
+  EXPECT_EQ(Stored("Estimated").deviations.mass, 3);
+  EXPECT_FALSE(Stored("Estimated").bounds);
 }
 
 }  // namespace

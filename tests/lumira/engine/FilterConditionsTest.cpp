@@ -88,6 +88,7 @@ TEST(FilterConditions, EffectivityCoversBothItsDaysAndInstancesWithoutDatesPass)
   EXPECT_THAT(on("2021-12-31"), ElementsAre("cover.1"));
   EXPECT_THAT(on("2022-01-01"), ElementsAre("motor.1"));
   EXPECT_THAT(on("2022-01-01", kLeaveOut), ElementsAre("cover.1"));
+  EXPECT_THAT(on("0000-02-29"), ElementsAre("motor.1", "cover.1")) << "as older programs have stored it";
 }
 
 TEST(FilterConditions, InstancesLeftOutAreThoseOfTheList) {

@@ -62,6 +62,9 @@ TEST(StructureTable, IsRefusedForDatesThatAreNone) {
             "YYYY-MM-DD expected\n"
             "s.csv, line 2, column 4 (effective until): \"1.1.2022\" is no date; a day of the calendar as "
             "YYYY-MM-DD expected");
+  EXPECT_EQ(StructureErrors("parent,child,effective from,effective until\ntop,a,0000-12-31,\n"),
+            "s.csv, line 2, column 3 (effective from): \"0000-12-31\" is no date; a day of the calendar as "
+            "YYYY-MM-DD expected");
   EXPECT_EQ(StructureErrors("parent,child,effective from,effective until\ntop,a,2021-02-02,2021-02-01\n"),
             "s.csv, line 2, column 4 (effective until): 2021-02-01 is before 2021-02-02, where it begins");
   EXPECT_EQ(StructureErrors("parent,child,effective from,effective until\ntop,a,2021-02-02,2021-02-02\n"),

@@ -105,10 +105,10 @@ TEST(SizeLimits, NameThePartWithWhichTheMaterialsOfAProductAreTooMany) {
     structure += "top,part" + std::to_string(i) + "\n";
     mass += "part" + std::to_string(i) + ",1," + Padded(i, 3) + Percents(60'000) + ",7850\n";
   }
-  EXPECT_EQ(
-      Refusal({TableSource{"s.csv", structure}, {"m.csv", mass}}),
-      "m.csv, line 95, column 1 (part): part \"part93\": with its material the different materials of the "
-      "product have 16924136 bytes together, at most 16777216 expected");
+  EXPECT_THAT(Refusal({TableSource{"s.csv", structure}, {"m.csv", mass}}),
+              testing::MatchesRegex("m.csv, line 95, column 1 \\(part\\): part \"part93\": with its material "
+                                    "\"093%.*\" the different materials of the "
+                                    "product have 16924136 bytes together, at most 16777216 expected"));
 }
 
 TEST(SizeLimits, CountAMaterialOfManyPartsOnce) {

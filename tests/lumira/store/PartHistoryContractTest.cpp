@@ -139,29 +139,6 @@ TEST_P(PartHistoryContract, FindsTheTextOfAStateThatARecordTellsOf) {
   EXPECT_FALSE(store->FindStateText("bare", second).Value().has_value());
 }
 
-TEST_P(PartHistoryContract, FindsTheLatestTextWithTheMassTypesOfAKey) {
-  const auto save = [this](const char* before, std::int64_t keyBefore, const char* after,
-                           std::int64_t keyAfter) {
-    PartSaving saving = Saving();
-    saving.before = before;
-    saving.after = after;
-    saving.massTypesBefore = keyBefore;
-    saving.massTypesAfter = keyAfter;
-    ASSERT_TRUE(store->SavePart(saving).Ok());
-  };
-  save("first", 7, "second", -8);
-  save("second", -8, "third", -8);
-  save("third", -8, "fourth", 9);
-  EXPECT_EQ(store->FindTextWithMassTypes("leaf", 7).Value(), "first");
-  EXPECT_EQ(store->FindTextWithMassTypes("leaf", -8).Value(), "third");
-  EXPECT_EQ(store->FindTextWithMassTypes("leaf", 9).Value(), "fourth");
-  EXPECT_FALSE(store->FindTextWithMassTypes("leaf", 10).Value().has_value());
-  EXPECT_FALSE(store->FindTextWithMassTypes("bare", 7).Value().has_value());
-  EXPECT_EQ(store->FindTextWithMassTypes("x", 7).Failure().kind, ErrorKind::NotFound);
-  save("a", 7, "b", 7);
-  EXPECT_EQ(store->FindTextWithMassTypes("leaf", 7).Value(), "b") << "the later state of one record";
-}
-
 TEST_P(PartHistoryContract, SavesNothingOfAPartThatCannotBeStored) {
   PartSaving badMass = Saving();
   badMass.saved.part.massTypes.at(0).properties.mass = std::numeric_limits<double>::infinity();

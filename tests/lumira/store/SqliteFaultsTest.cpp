@@ -220,6 +220,16 @@ TEST_F(SqliteFaults, LostRowsAreNoticed) {
   }
 }
 
+// Older programs have stored it.
+TEST_F(SqliteFaults, AnEffectivityOfTheYearZeroIsRead) {
+  MakeStore();
+  SQLite::Database(file, SQLite::OPEN_READWRITE)
+      .exec("UPDATE instances SET effective_from = '0000-02-29', effective_until = '0000-12-31'");
+  const auto product = OpenSqliteStore(file).Value()->LoadProduct("PRC");
+  ASSERT_TRUE(product.Ok()) << product.Failure().message;
+  EXPECT_EQ(FormatDate(product.Value().instances.at(0).effectivity.from.value()), "0000-02-29");
+}
+
 // Whoever asks for the top of a product asks for its root part first.
 TEST_F(SqliteFaults, ARootPartThatIsGoneIsDamageAndNoUnknownPart) {
   const std::pair<const char*, const char*> cases[] = {

@@ -202,6 +202,46 @@ TEST_F(SqliteMigrationFromVersion4, LeavesPropertiesOfKnownMagnitudesAsTheyAre) 
   EXPECT_TRUE(store->Survey("PRC").Value().notes.empty());
 }
 
+TEST_F(SqliteMigrationFromVersion4, LetsAPartBeSavedWhoseDocumentCouldNotBeStoredToday) {
+  for (const char* change : {"INSERT INTO document_revisions VALUES(2, 1, 'A', '', 'max', NULL, '', 0)",
+                             "INSERT INTO document_revisions VALUES(2, 2, '', '', 'max', NULL, '', 0)",
+                             "INSERT INTO document_revisions VALUES(2, 3, 'A|B', '', 'max', NULL, '', 0)",
+                             "UPDATE part_details SET active_document = 'D|1'"})
+    SQLite::Database(file, SQLite::OPEN_READWRITE).exec(change);
+  const auto store = OpenSqliteStore(file).Value();
+  PartSaving saving{store->LoadPart("leaf").Value(), {"eva", "2026-01-02T03:04:05Z"}, "b", "a"};
+  saving.saved.part.material = "Brass";
+  const auto saved = store->SavePart(saving);
+  ASSERT_TRUE(saved.Ok()) << saved.Failure().message;
+  const PartDetails details = store->LoadDetails("leaf").Value();
+  EXPECT_EQ(details.documentId, "D|1");
+  EXPECT_EQ(details.documents.revisions.size(), 4u);
+  PartDetails other = details;
+  other.documents.revisions.pop_back();
+  EXPECT_THAT(store->SaveDetails("leaf", other).Failure().message, testing::HasSubstr("\"D|1\""))
+      << "a list that is new is checked";
+}
+
+TEST_F(SqliteMigrationFromVersion4, RenamesPropertiesWhoseNameCouldNotBeReadAndSaysSo) {
+  for (const char* property :
+       {"(2, 1, '', '1', 0, 0, 0, '')", "(2, 2, 'a|b', '2', 0, 0, 0, '')", "(2, 3, 'a_b', '3', 0, 0, 0, '')",
+        "(2, 4, 'a' || char(9) || 'b', '4000', 2, 0, 1, 'LENGTH_X')"})
+    SQLite::Database(file, SQLite::OPEN_READWRITE)
+        .exec(std::string("INSERT INTO properties VALUES") + property);
+  const auto store = OpenSqliteStore(file).Value();
+  const PartDetails details = store->LoadDetails("leaf").Value();
+  std::vector<std::string> values;
+  for (const auto& property : details.properties)
+    values.push_back(property.name + "=" + property.value);
+  EXPECT_THAT(values, testing::ElementsAre("colour=red", "unnamed=1", "a_b 2=2", "a_b=3", "a_b 3=4000"));
+  EXPECT_THAT(
+      store->Survey("PRC").Value().notes,
+      testing::ElementsAre(
+          "the name \"\" of an extra property could not be a name here; it is \"unnamed\" now",
+          "the name \"a|b\" of an extra property could not be a name here; it is \"a_b 2\" now",
+          testing::AllOf(testing::HasSubstr("it is \"a_b 3\" now; "), testing::HasSubstr("\"LENGTH_X\""))));
+}
+
 struct Length {
   const char* name;
   const char* millimetres;

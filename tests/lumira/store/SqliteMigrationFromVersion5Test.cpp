@@ -3,9 +3,7 @@
 
 #include "DatabaseFiles.h"
 #include "StoreContract.h"
-#include "lumira/store/MassTypesKey.h"
 #include "lumira/store/OpenSqliteStore.h"
-#include "protocol/Codec.h"
 
 namespace lumira::test {
 namespace {
@@ -13,27 +11,13 @@ namespace {
 // Takes away what version 5 did not have.
 constexpr char kToVersion5[] = R"sql(
 DROP TABLE product_notes;
-DROP INDEX history_by_mass_types_before;
-DROP INDEX history_by_mass_types_after;
 DROP INDEX history_by_state_before;
 DROP INDEX history_by_state_after;
-ALTER TABLE history DROP COLUMN mass_types_before;
-ALTER TABLE history DROP COLUMN mass_types_after;
 ALTER TABLE parts DROP COLUMN details_count;
 ALTER TABLE parts DROP COLUMN precision_count;
 ALTER TABLE revision_data DROP COLUMN precision_count;
 PRAGMA user_version = 5;
 )sql";
-
-std::string TextWith(const std::string& massType) {
-  protocol::PartData data;
-  data.massTypes.resize(2);
-  data.massTypes[0].name = "Computed";
-  data.massTypes[1].name = massType;
-  return protocol::WritePartData(data);
-}
-
-std::int64_t KeyOf(const std::string& text) { return MassTypesKey(protocol::ReadPartData(text).Value()); }
 
 /// A file of version 5 with details, precisions, data of a revision and one save in the history of a part.
 class SqliteMigrationFromVersion5 : public testing::Test {
@@ -48,12 +32,9 @@ class SqliteMigrationFromVersion5 : public testing::Test {
     auto store = CreateSqliteStore(file).Value();
     const ProductContent content{{{"pull", PropertyType::Magnitude, "FORCE"}}, {leaf}};
     EXPECT_TRUE(store->AddProduct(SampleProduct(), Existing::Refuse, {}, {}, content).Ok());
-    EXPECT_TRUE(store
-                    ->SavePart({store->LoadPart("leaf").Value(),
-                                {"eva", "2026-01-02T03:04:05Z"},
-                                TextWith("Planned"),
-                                TextWith("Weighed")})
-                    .Ok());
+    EXPECT_TRUE(
+        store->SavePart({store->LoadPart("leaf").Value(), {"eva", "2026-01-02T03:04:05Z"}, "before", "after"})
+            .Ok());
     store.reset();
     Change(kToVersion5);
   }
@@ -80,20 +61,10 @@ TEST_F(SqliteMigrationFromVersion5, KeepsWhatIsKnownOfAPartWithTheCountsOfItsRow
               testing::HasSubstr("part \"leaf\" has 1 precision instead of 2"));
 }
 
-TEST_F(SqliteMigrationFromVersion5, FindsStatesOfItsHistoryByTheirMassTypes) {
+TEST_F(SqliteMigrationFromVersion5, FindsAStateOfItsHistory) {
   const auto store = OpenSqliteStore(file).Value();
-  for (const char* type : {"Planned", "Weighed"}) {
-    const std::string text = TextWith(type);
-    EXPECT_EQ(store->FindTextWithMassTypes("leaf", KeyOf(text)).Value(), text);
-  }
-  EXPECT_FALSE(store->FindTextWithMassTypes("leaf", KeyOf(TextWith("Other"))).Value().has_value());
-}
-
-TEST_F(SqliteMigrationFromVersion5, PassesByTextsOfAHistoryThatCannotBeRead) {
-  Change("UPDATE history SET before = 'torn'");
-  const auto store = OpenSqliteStore(file).Value();
-  EXPECT_EQ(store->FindTextWithMassTypes("leaf", KeyOf(TextWith("Weighed"))).Value(), TextWith("Weighed"));
-  EXPECT_EQ(store->LoadHistoryTexts("leaf", 1).Value().before, "torn");
+  const std::int64_t state = store->LoadHistory("leaf", 0, 1).Value().records.at(0).stateAfter;
+  EXPECT_EQ(store->FindStateText("leaf", state).Value(), "after");
 }
 
 TEST_F(SqliteMigrationFromVersion5, MendsAMagnitudeThatIsNotKnown) {
