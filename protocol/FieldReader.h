@@ -70,8 +70,8 @@ class FieldReader {
   }
 
   /// Whether fields stand before the end mark that a text may leave out. The argument matters to the writer
-  /// only.
-  bool HasMore(bool /*present*/ = true) const { return !_failure && !_atEnd && _rest != kEndMark; }
+  /// only. What follows the mark is left to `Finish`.
+  bool HasMore(bool /*present*/ = true) const { return !_failure && !_atEnd && !IsAtEndMark(); }
 
   /// Reads the end mark and checks that nothing follows.
   void Finish();
@@ -85,6 +85,9 @@ class FieldReader {
     Field(numbered, value);
   }
 
+  bool IsAtEndMark() const {
+    return _rest.starts_with(kEndMark) && (_rest.size() == kEndMark.size() || _rest[kEndMark.size()] == '|');
+  }
   std::optional<std::string_view> Take(std::string_view name, TextRule rule = {});
   bool TakeNull();
   std::size_t Count(std::string_view name, ListRule rule);

@@ -10,8 +10,8 @@
 
 #include "benchmarks/save/Products.h"
 #include "benchmarks/support/Report.h"
+#include "lumira/commands/HistoryText.h"
 #include "lumira/commands/SaveRules.h"
-#include "lumira/commands/SavedValues.h"
 #include "lumira/commands/Server.h"
 #include "lumira/store/OpenSqliteStore.h"
 #include "protocol/Codec.h"

@@ -251,7 +251,6 @@ void HistoryDialog::ShowFieldNote(const protocol::HistoryEntry& save, bool hasUn
   QStringList notes;
   if (IsCut(save))
     notes << Text("History.Cut", {QString::number(save.changes.size()), QString::number(save.changeCount)});
-  if (save.changes.empty()) notes << Text("History.NoField");
   if (hasUnknownKinds) notes << Text("History.UnknownKind");
   _fieldNote->setText(notes.join('\n'));
   _fieldNote->setVisible(!notes.isEmpty());

@@ -69,6 +69,11 @@ QString Inertia(const QString& text, const Place&) {
   return Joined(text, 6, [](double value, std::size_t i) { return ShowInertia(i < 3 ? value : -value); });
 }
 
+/// Of the elements of a tensor, which have no sign to turn.
+QString InertiaDeviation(const QString& text, const Place&) {
+  return Joined(text, 6, [](double value, std::size_t) { return ShowInertia(value); });
+}
+
 QString Density(const QString& text, const Place&) {
   return Joined(text, 1, [](double value, std::size_t) { return ShowQuantity("DENSITY", value); });
 }
@@ -148,6 +153,10 @@ constexpr FieldRow kFields[] = {
     {"documents.activeVersion", "History.DocumentRevision", Revision},
     {"documents.usedSpecificRevisionBefore", "History.ChosenByHand", Choice<kYesNo, 2>},
     {"properties[].value", "History.Property", Property},
+    {"standardDeviations[].mass", "History.MassDeviation", Mass},
+    {"standardDeviations[].cg", "History.CGDeviation", Lengths},
+    {"standardDeviations[].inertia", "History.InertiaDeviation", InertiaDeviation},
+    {"standardDeviations[].hasLimits", "History.HasLimits", Choice<kYesNo, 2>},
 };
 
 const FieldRow* FindRow(const std::string& pattern) {

@@ -291,7 +291,6 @@ void PrintEntry(const protocol::HistoryEntry& entry, const Console& console) {
   for (const protocol::FieldChange& change : entry.changes)
     console.out << "  " << Printable(change.field) << ": " << Printable(change.before.value_or("none"))
                 << " -> " << Printable(change.after.value_or("none")) << '\n';
-  if (entry.changeCount == 0) console.out << "  no listed field differs\n";
   const auto more = entry.changeCount - std::ssize(entry.changes);
   if (more > 0) console.out << "  and " << more << (more == 1 ? " more field\n" : " more fields\n");
 }

@@ -73,8 +73,8 @@ protocol::ComputeReply MakeReply(const std::string& partId, const MassResult& re
   const bool someCentreIsKnown = coverage.withoutMass + coverage.withoutCg < coverage.items;
   if (!result.cg && someCentreIsKnown) {
     const auto& [s, j] = std::pair(result.firstMoment, result.inertiaAtOrigin);
-    reply.firstMoment = {s.x, s.y, s.z};
-    reply.inertiaAtOrigin = {j.xx, j.yy, j.zz, j.xy, j.xz, j.yz};
+    reply.firstMoment = ToWire(s);
+    reply.inertiaAtOrigin = ToWire(j);
   }
   return reply;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "lumira/commands/WireNumbers.h"
 #include "lumira/engine/MassResult.h"
 #include "lumira/model/MassTypeData.h"
 #include "protocol/PartData.h"
@@ -28,8 +29,8 @@ inline protocol::MassType ToWire(const MassTypeData& data, protocol::MassTypeSta
   type.name = data.name;
   type.status = status;
   type.mass = data.properties.mass;
-  if (const auto& cg = data.properties.cg) type.cg = {cg->x, cg->y, cg->z};
-  if (const auto& i = data.properties.inertia) type.inertia = {i->xx, i->yy, i->zz, i->xy, i->xz, i->yz};
+  if (data.properties.cg) type.cg = ToWire(*data.properties.cg);
+  if (data.properties.inertia) type.inertia = ToWire(*data.properties.inertia);
   type.lowerDeviation = data.bounds ? data.bounds->lower : data.deviations.mass;
   type.upperDeviation = data.bounds ? data.bounds->upper : data.deviations.mass;
   return type;

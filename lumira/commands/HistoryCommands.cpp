@@ -3,9 +3,9 @@
 #include <utility>
 
 #include "lumira/commands/Commands.h"
+#include "lumira/commands/HistoryText.h"
 #include "lumira/commands/Page.h"
 #include "lumira/commands/PartDataOf.h"
-#include "lumira/commands/SavedValues.h"
 #include "protocol/Codec.h"
 #include "protocol/Utf8.h"
 
@@ -13,11 +13,10 @@ namespace lumira {
 namespace {
 
 using protocol::HistoryEntry;
-using protocol::PartData;
 using protocol::Quoted;
 using protocol::Result;
 
-Result<PartData> Read(Session& session, const std::string& part, const std::string& text) {
+Result<SavedValues> Read(Session& session, const std::string& part, const std::string& text) {
   auto values = FromHistoryText(text);
   if (values) return values;
   return session.store.Damage("the history of part " + Quoted(part) + ": " + values.Failure().message);
@@ -81,7 +80,7 @@ Result<std::string> GetHistoryState(Session& session, std::string_view text) {
   if (!values) return values.Failure();
   auto data = PartDataOf(session, {.partId = part});
   if (!data) return data.Failure();
-  PutSavedValues(data.Value(), values.Value());
+  PutSavedValues(data.Value(), values.Value().data);
   data.Value().massTypesOrigin = {
       isBefore ? protocol::OriginKind::BeforeSave : protocol::OriginKind::AfterSave, std::to_string(number)};
   data.Value().persisted = data.Value().massTypes.size() > 1;

@@ -1,10 +1,10 @@
 #include <utility>
 
 #include "lumira/commands/Commands.h"
+#include "lumira/commands/HistoryText.h"
 #include "lumira/commands/SaveConflict.h"
 #include "lumira/commands/SaveOrigin.h"
 #include "lumira/commands/SaveRules.h"
-#include "lumira/commands/SavedValues.h"
 #include "lumira/commands/UtcTime.h"
 #include "lumira/store/SizeRules.h"
 #include "protocol/Codec.h"
@@ -33,17 +33,13 @@ Result<void> CheckSize(const std::string& part, std::size_t bytes) {
                                                   protocol::Quoted(part) + " " + *problem};
 }
 
-// Writes what is new; a save that changes nothing leaves no trace. Standard deviations come with the mass
-// types of a revision, though they stand in no field.
+// Writes what is new; a save that changes nothing leaves no trace.
 Result<std::string> Write(Session& session, const StoredPart& stored, StoredPart saved) {
-  const PartData before = SavedValuesOf(stored.part, stored.details);
-  const PartData after = SavedValuesOf(saved.part, saved.details);
-  const PartSaving saving{.saved = std::move(saved),
-                          .by = {session.user, UtcTime()},
-                          .before = ToHistoryText(before),
-                          .after = ToHistoryText(after)};
+  PartSaving saving{.saved = std::move(saved), .by = {session.user, UtcTime()}, .before = {}, .after = {}};
+  saving.before = ToHistoryText(SavedValuesOf(stored.part, stored.details));
+  saving.after = ToHistoryText(SavedValuesOf(saving.saved.part, saving.saved.details));
   const Part& part = saving.saved.part;
-  if (saving.before == saving.after && part == stored.part) return ReplyFor(part.id, stored.state);
+  if (saving.before == saving.after) return ReplyFor(part.id, stored.state);
   if (auto good = CheckSize(part.id, saving.after.size()); !good) return good.Failure();
   const auto state = session.store.SavePart(saving);
   if (!state) return state.Failure();

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "lumira/commands/SavedValues.h"
+#include "lumira/commands/HistoryText.h"
 #include "lumira/model/Counted.h"
 #include "protocol/Limits.h"
 #include "protocol/Numbers.h"

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "lumira/commands/ComputedMassType.h"
+#include "lumira/commands/HistoryText.h"
 #include "lumira/commands/SavedValues.h"
 #include "lumira/commands/UserMassTypes.h"
 #include "protocol/Numbers.h"
@@ -45,9 +46,9 @@ Result<StoredPart> WithRevision(Store& store, const StoredPart& stored, const st
   return BadName(name, "is no revision with mass types of part " + Quoted(stored.part.id));
 }
 
-// A history keeps what was told of a mass type. What the part knows of its deviations beyond that stays where
-// it tells the same.
-MassTypeData DataOf(const MassType& type, const Part& part) {
+// A history that an older program has written keeps what was told of a mass type. What the part knows of its
+// deviations beyond that stays where it tells the same.
+MassTypeData OlderDataOf(const MassType& type, const Part& part) {
   MassTypeData data{.name = type.name, .properties = PropertiesOf(type), .deviations = {}, .bounds = {}};
   const MassTypeData* const known = FindMassType(part, type.name);
   if (known == nullptr) return data;
@@ -58,14 +59,17 @@ MassTypeData DataOf(const MassType& type, const Part& part) {
   return data;
 }
 
-StoredPart WithState(const StoredPart& stored, const PartData& values) {
-  std::vector<MassTypeData> massTypes;
+std::vector<MassTypeData> MassTypesIn(const SavedValues& values, const Part& part) {
+  if (values.hasDeviations) return MassTypesOf(values);
+  std::vector<MassTypeData> types;
+  for (const MassType& type : UserMassTypesOf(values.data)) types.push_back(OlderDataOf(type, part));
+  return types;
+}
+
+StoredPart WithState(const StoredPart& stored, const SavedValues& values) {
   std::vector<Precision> precisions;
-  for (std::size_t i = 1; i < values.massTypes.size(); ++i) {
-    massTypes.push_back(DataOf(values.massTypes[i], stored.part));
-    precisions.push_back(PrecisionOf(values.massTypes[i]));
-  }
-  return WithMassTypes(stored, std::move(massTypes), precisions);
+  for (const MassType& type : UserMassTypesOf(values.data)) precisions.push_back(PrecisionOf(type));
+  return WithMassTypes(stored, MassTypesIn(values, stored.part), precisions);
 }
 
 Result<StoredPart> WithStateOfSave(Store& store, const StoredPart& stored, const protocol::Origin& origin) {

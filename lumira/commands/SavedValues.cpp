@@ -1,22 +1,17 @@
 #include "lumira/commands/SavedValues.h"
 
 #include <algorithm>
-#include <unordered_map>
 #include <utility>
 
 #include "lumira/commands/ComputedMassType.h"
-#include "lumira/commands/FieldTexts.h"
+#include "lumira/commands/PlainZeros.h"
 #include "lumira/commands/UserMassTypes.h"
+#include "lumira/commands/WireNumbers.h"
 #include "lumira/store/ActiveDocument.h"
-#include "protocol/Codec.h"
-#include "protocol/Limits.h"
-#include "protocol/Utf8.h"
-#include "protocol/forms/PartDataForms.h"
 
 namespace lumira {
 namespace {
 
-using protocol::FieldChange;
 using protocol::PartData;
 
 std::vector<protocol::MassType> MassTypesOf(const Part& part, const PartDetails& details) {
@@ -28,23 +23,30 @@ std::vector<protocol::MassType> MassTypesOf(const Part& part, const PartDetails&
   return types;
 }
 
-// Negative and positive zero are the same number, though not the same text.
-void PlainZero(double& number) { number += 0.0; }
-
-void PlainZeros(protocol::MassType& type) {
-  if (type.mass) PlainZero(*type.mass);
-  if (type.cg) std::ranges::for_each(*type.cg, PlainZero);
-  if (type.inertia) std::ranges::for_each(*type.inertia, PlainZero);
-  for (double protocol::MassType::*field :
-       {&protocol::MassType::lowerDeviation, &protocol::MassType::upperDeviation,
-        &protocol::MassType::lowerPrecision, &protocol::MassType::upperPrecision})
-    PlainZero(type.*field);
+// None where nothing is known, which is told by zeros elsewhere.
+SavedDeviations SavedDeviationsOf(const MassTypeData& type) {
+  SavedDeviations saved;
+  const auto& [mass, cg, inertia] = type.deviations;
+  if (mass != 0) saved.mass = mass;
+  if (cg != Vec3{}) saved.cg = ToWire(cg);
+  if (inertia != InertiaTensor{}) saved.inertia = ToWire(inertia);
+  if (type.bounds) saved.hasLimits = true;
+  return saved;
 }
 
-PartData WithPlainZeros(PartData values) {
-  for (protocol::MassType& type : values.massTypes) PlainZeros(type);
-  if (values.material.density) PlainZero(*values.material.density);
-  return values;
+std::vector<SavedDeviations> DeviationsOf(const Part& part) {
+  std::vector<SavedDeviations> deviations;
+  for (const MassTypeData& type : part.massTypes) deviations.push_back(SavedDeviationsOf(type));
+  return deviations;
+}
+
+MassTypeData MassTypeOf(const protocol::MassType& type, const SavedDeviations& saved) {
+  MassTypeData data{.name = type.name, .properties = PropertiesOf(type), .deviations = {}, .bounds = {}};
+  data.deviations.mass = saved.mass.value_or(0);
+  if (saved.cg) data.deviations.cg = FromWire(*saved.cg);
+  if (saved.inertia) data.deviations.inertia = FromWire(*saved.inertia);
+  if (saved.hasLimits == true) data.bounds = MassBounds{type.lowerDeviation, type.upperDeviation};
+  return data;
 }
 
 // The revision that was chosen may have vanished, or the document itself; then the choice of now stays.
@@ -61,19 +63,6 @@ void PutChoice(protocol::Documents& now, const protocol::Documents& then) {
   now.usedSpecificRevisionBefore = then.usedSpecificRevisionBefore;
 }
 
-// Where a character begins, so that none is cut in two.
-std::string Cut(std::string text) {
-  if (text.size() <= protocol::kMaxShownValueBytes) return text;
-  constexpr std::string_view kMore = "...";
-  std::size_t size = protocol::kMaxShownValueBytes - kMore.size();
-  while (size > 0 && (static_cast<unsigned char>(text[size]) & 0xC0) == 0x80) --size;
-  return text.substr(0, size) + std::string(kMore);
-}
-
-std::optional<std::string> Shown(const std::optional<std::string>& text) {
-  return text ? std::optional(Cut(*text)) : std::nullopt;
-}
-
 }  // namespace
 
 Precision PrecisionOf(const protocol::MassType& type) {
@@ -81,7 +70,7 @@ Precision PrecisionOf(const protocol::MassType& type) {
           type.upperPrecision, type.massTypeLowerPrecision, type.massTypeUpperPrecision};
 }
 
-PartData SavedValuesOf(const Part& part, const PartDetails& details) {
+SavedValues SavedValuesOf(const Part& part, const PartDetails& details) {
   PartData values;
   values.standardPart = part.standardPart;
   values.activeMassType = part.activeMassType;
@@ -94,33 +83,18 @@ PartData SavedValuesOf(const Part& part, const PartDetails& details) {
   values.documents.activeVersion = ChosenVersion(details.documents);
   values.documents.usedSpecificRevisionBefore = details.documents.usedSpecificRevisionBefore;
   values.properties = details.properties;
-  return WithPlainZeros(std::move(values));
+  return {.data = WithPlainZeros(std::move(values)), .deviations = DeviationsOf(part)};
 }
 
-std::string ToHistoryText(const PartData& values) { return protocol::WritePartData(values); }
-
-protocol::Result<PartData> FromHistoryText(std::string_view text) {
-  auto values = protocol::ReadPartData(text);
-  if (values && values.Value().massTypes.empty())
-    return protocol::Error{protocol::ErrorKind::BadText, "PartData: massTypes: the computed one is missing"};
-  if (!values) return values;
-  return WithPlainZeros(std::move(values).Value());
+std::span<const protocol::MassType> UserMassTypesOf(const PartData& data) {
+  return std::span(data.massTypes).subspan(1);
 }
 
-std::vector<FieldChange> DifferencesOf(const PartData& before, const PartData& after) {
-  std::vector<FieldText> now = FieldTexts::Of(after);
-  std::unordered_map<std::string_view, FieldText*> left;
-  for (FieldText& field : now) left.emplace(field.field, &field);
-  std::vector<FieldChange> changes;
-  for (const FieldText& old : FieldTexts::Of(before)) {
-    const auto found = left.find(old.field);
-    const std::optional<std::string> text = found == left.end() ? std::nullopt : found->second->text;
-    if (text != old.text) changes.push_back({old.field, Shown(old.text), Shown(text)});
-    if (found != left.end()) left.erase(found);
-  }
-  for (const FieldText& added : now)
-    if (left.contains(added.field)) changes.push_back({added.field, std::nullopt, Shown(added.text)});
-  return changes;
+std::vector<MassTypeData> MassTypesOf(const SavedValues& values) {
+  const auto told = UserMassTypesOf(values.data);
+  std::vector<MassTypeData> types;
+  for (std::size_t i = 0; i < told.size(); ++i) types.push_back(MassTypeOf(told[i], values.deviations.at(i)));
+  return types;
 }
 
 void PutSavedValues(PartData& data, const PartData& values) {

@@ -1,6 +1,7 @@
 #include "lumira/commands/UserMassTypes.h"
 
 #include "lumira/commands/ComputedMassType.h"
+#include "lumira/commands/WireNumbers.h"
 
 namespace lumira {
 
@@ -20,9 +21,8 @@ void AddPrecision(protocol::MassType& type, const std::vector<Precision>& precis
 
 MassProperties PropertiesOf(const protocol::MassType& type) {
   MassProperties properties{type.mass, {}, {}};
-  if (const auto& c = type.cg) properties.cg = Vec3{(*c)[0], (*c)[1], (*c)[2]};
-  if (const auto& i = type.inertia)
-    properties.inertia = InertiaTensor{(*i)[0], (*i)[1], (*i)[2], (*i)[3], (*i)[4], (*i)[5]};
+  if (type.cg) properties.cg = FromWire(*type.cg);
+  if (type.inertia) properties.inertia = FromWire(*type.inertia);
   return properties;
 }
 

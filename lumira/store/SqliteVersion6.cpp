@@ -6,8 +6,10 @@
 #include <algorithm>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "lumira/model/Identifier.h"
 #include "lumira/model/PropertyDefinition.h"
 #include "lumira/model/PropertyMagnitudes.h"
 #include "protocol/Utf8.h"
@@ -78,11 +80,19 @@ void MakeTextsOfUnknownMagnitudes(SQLite::Database& database) {
   }
 }
 
-// What would hold no separator and no control character, and is not empty.
-std::string WithoutMarks(std::string name) {
-  const auto isMark = [](char c) { return c == '|' || static_cast<unsigned char>(c) < 0x20 || c == 0x7F; };
-  std::ranges::replace_if(name, isMark, '_');
-  return name.empty() ? "unnamed" : name;
+// As much as leaves room for a number behind it; a character is not cut in two.
+std::string Shortened(std::string name) {
+  std::size_t size = std::min(name.size(), kMaxIdentifierBytes - 20);
+  while (size < name.size() && (static_cast<unsigned char>(name[size]) & 0xC0) == 0x80) --size;
+  return name.substr(0, size);
+}
+
+// Much like a name that could be none.
+std::string GoodName(std::string name) {
+  const auto isBad = [](char c) { return c == '|' || static_cast<unsigned char>(c) < 0x20 || c == 0x7F; };
+  std::ranges::replace_if(name, isBad, '_');
+  while (const auto malformed = protocol::FindInvalidUtf8(name)) name[*malformed] = '_';
+  return name.empty() ? "unnamed" : Shortened(std::move(name));
 }
 
 bool HasProperty(SQLite::Database& database, std::int64_t product, const std::string& name) {
@@ -103,8 +113,8 @@ void RenameProperties(SQLite::Database& database) {
   SQLite::Statement update(database,
                            "UPDATE property_definitions SET name = ? WHERE product = ? AND position = ?");
   for (const auto& [product, position, name, type, magnitude] : Definitions(database)) {
-    if (WithoutMarks(name) == name) continue;
-    const std::string free = FreeName(database, product, WithoutMarks(name));
+    if (!FindIdentifierProblem(name)) continue;
+    const std::string free = FreeName(database, product, GoodName(name));
     SQLite::bind(update, free, product, position);
     update.exec();
     update.reset();

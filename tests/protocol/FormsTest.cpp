@@ -49,6 +49,9 @@ TEST(PartDataForm, IsRefusedForHalfAnOriginAndOneOfNoKind) {
   const std::string open = text.substr(0, text.size() - 3);
   EXPECT_EQ(ReadPartData(open + "3|end").Failure().message,
             "PartData: field 81 (end) is missing, the text ends after field 80");
+  EXPECT_NE(ReadPartData(text + "|x").Failure().message.find("more text after field 79 (end)"),
+            std::string::npos)
+      << ReadPartData(text + "|x").Failure().message;
   EXPECT_NE(ReadPartData(open + "4|7|end").Failure().message.find("\"4\" is not an integer from 0 to 3"),
             std::string::npos);
 }

@@ -44,18 +44,6 @@ TEST_F(HistoryDialogTest, AsksForFurtherSavesWhenTheListIsScrolledToItsEnd) {
   EXPECT_GE(dialog.Saves().rowCount(), 200);
 }
 
-TEST_F(HistoryDialogTest, SaysThatASaveDiffersInNoListedField) {
-  Serve(OneSave({}));
-  dialog.Reload();
-  EXPECT_EQ(
-      dialog.FieldNote(),
-      "No listed field differs. Standard deviations that come with the mass types of a revision are not "
-      "listed.");
-  Serve(OneSave({{"part.name", "short", "long"}}));
-  dialog.Reload();
-  EXPECT_EQ(dialog.FieldNote(), "");
-}
-
 TEST_F(HistoryDialogTest, ALongNameOfAUserIsReadByKeys) {
   const std::string user(200, 'e');
   Serve(Saves(3, user));

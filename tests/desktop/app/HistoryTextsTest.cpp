@@ -34,6 +34,20 @@ TEST_F(HistoryDialogTest, ShowsQuantitiesInTheCurrentUnitsAndProductsWithTheirPh
   EXPECT_EQ(FieldRow(dialog, 0), "Mass, Weighed | 2000 g | 2500 g");
 }
 
+TEST_F(HistoryDialogTest, ShowsStandardDeviationsWithoutASign) {
+  Serve(OneSave({{"standardDeviations[Weighed].mass", "2", "2.5"},
+                 {"standardDeviations[Weighed].cg", "1 0 0.5", std::nullopt},
+                 {"standardDeviations[Weighed].inertia", std::nullopt, "1 2 3 4 5 6"},
+                 {"standardDeviations[Weighed].hasLimits", std::nullopt, "1"}}));
+  dialog.Reload();
+  EXPECT_EQ(FieldRow(dialog, 0), "Standard deviation of the mass, Weighed | 2 kg | 2.5 kg");
+  EXPECT_EQ(FieldRow(dialog, 1), "Standard deviations of x, y, z, Weighed | 1000 mm, 0 mm, 500 mm | \u2013");
+  EXPECT_EQ(FieldRow(dialog, 2),
+            "Standard deviations of Ixx, Iyy, Izz, Ixy, Ixz, Iyz, Weighed | \u2013 | 1 kg\u00b7m\u00b2, 2 "
+            "kg\u00b7m\u00b2, 3 kg\u00b7m\u00b2, 4 kg\u00b7m\u00b2, 5 kg\u00b7m\u00b2, 6 kg\u00b7m\u00b2");
+  EXPECT_EQ(FieldRow(dialog, 3), "Deviations are limits, Weighed | \u2013 | yes");
+}
+
 TEST_F(HistoryDialogTest, ShowsBoundsInPercentOrAsMassesAsTheyWereMeantThen) {
   protocol::PartData now;
   now.massTypes.resize(1);

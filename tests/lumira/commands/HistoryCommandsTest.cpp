@@ -226,7 +226,7 @@ TEST_F(HistoryCommands, CallATextThatWasNeverWrittenDamage) {
   server = ServerFor("eva");
   EXPECT_THAT(
       Run("LumGetHistory", "HistoryRequest/1|a|0|10|end"),
-      HasSubstr("the file is damaged (the history of part \"a\": PartData: field 1 (form): \"rubbish\""));
+      HasSubstr("the file is damaged (the history of part \"a\": SavedValues: field 1 (form): \"rubbish\""));
   EXPECT_EQ(PartDataOf("a").massTypes.at(2).mass, 7) << "the part itself can be used";
 }
 
@@ -294,7 +294,7 @@ TEST_F(HistoryCommands, TakesANegativeZeroForAZero) {
     values.material.density = zero;
     return protocol::WritePartData(values);
   };
-  saving.before = text(0.0);
+  saving.before = text(0.0);  // in the form of an older program
   saving.after = text(-0.0);
   ASSERT_NE(saving.before, saving.after);
   ASSERT_TRUE(store->SavePart(saving).Ok());

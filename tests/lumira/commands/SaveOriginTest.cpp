@@ -1,15 +1,7 @@
-#include <gmock/gmock.h>
-
-#include <optional>
-#include <utility>
-
-#include "SaveContentFixture.h"
-#include "lumira/model/Part.h"
+#include "SaveOriginFixture.h"
 
 namespace lumira::test {
 namespace {
-
-using protocol::HistoryMoment;
 
 /// A part whose revision has mass types of the same names, with other precisions and deviations.
 class SaveOfARevisionWithTheSameNames : public SaveContentFixture {
@@ -133,104 +125,6 @@ TEST_F(SaveOfARevisionWithOtherDeviations, MakesLimitsOfDeviationsThatAUserHasTy
   EXPECT_EQ(stored.deviations.mass, 3);
 }
 
-/// A part "cover" with a document "D-3", each test with the data of its own.
-class SaveBesideRevisions : public SaveContentFixture {
- protected:
-  void ImportCover(const std::string& mass, const std::string& documents) {
-    ImportTables tables{TableSource{"s2.csv", "parent,child\nother,cover\n"}, {"m2.csv", mass}};
-    tables.documents = TableSource{"d2.csv", documents};
-    ImportOptions replace;
-    replace.existing = Existing::Replace;
-    const auto imported = ImportProduct(*store, tables, replace);
-    ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
-  }
-
-  protocol::PartData Revision(const std::string& revision) {
-    return protocol::ReadPartData(Run("WBGetActiveDocInfo", "D-3|" + revision)).Value();
-  }
-
-  protocol::PartData State(int number, HistoryMoment moment) {
-    return protocol::ReadPartData(Run(protocol::kCommandHistoryState,
-                                      protocol::WriteHistoryStateRequest({"cover", number, moment})))
-        .Value();
-  }
-
-  protocol::PartData StateBefore(int number) { return State(number, HistoryMoment::Before); }
-
-  MassTypeData Stored(const std::string& massType) {
-    const Part part = store->LoadPart("cover").Value().part;
-    const MassTypeData* const found = FindMassType(part, massType);
-    EXPECT_NE(found, nullptr) << massType;
-    return found == nullptr ? MassTypeData{"", {}, {}, {}} : *found;
-  }
-
-  /// Revision "A" has the mass type of the part, with standard deviations, "B" another one.
-  void ImportCoverWithoutDeviations(const std::string& chosen) {
-    ImportCover(
-        "part,mass type,active,mass [kg],type lower precision [%],type upper precision [%]\n"
-        "cover,Estimated,yes,5,10,10\n",
-        "part,document,revision,check in time,chosen,mass type,active,mass [kg],cg x [m],cg y [m],cg z "
-        "[m],sd "
-        "mass [kg],sd cg x [m],type lower precision [%],type upper precision [%]\n"
-        "cover,D-3,A,2020-01-01 00:00:00," +
-            chosen +
-            ",Estimated,yes,7,0,0,0,2,0.5,10,10\n"
-            "cover,D-3,B,2022-01-01 00:00:00,,Calculated,yes,8,,,,,,,\n");
-  }
-
-  /// Part and revision "A" tell the same deviations, and have others of the centre of gravity, which no
-  /// client sees: 1 m and 2 m.
-  void ImportCoverThatDiffersInWhatIsNotTold(const std::string& chosen) {
-    ImportCover(
-        "part,mass type,active,mass [kg],cg x [m],cg y [m],cg z [m],sd mass [kg],sd cg x [m]\n"
-        "cover,Weighed,yes,10,0,0,0,3,1\n",
-        "part,document,revision,check in time,chosen,mass type,active,mass [kg],cg x [m],cg y [m],cg z "
-        "[m],sd "
-        "mass [kg],sd cg x [m]\ncover,D-3,A,2020-01-01 00:00:00," +
-            chosen + ",Weighed,yes,8,0,0,0,3,2\n");
-  }
-
-  /// Both revisions have one of the two alone, "A" with another deviation, "B" with that of the part.
-  void ImportCoverWithTwoMassTypes() {
-    ImportCover("part,mass type,active,mass [kg],sd mass [kg]\ncover,Estimated,,9,\ncover,Weighed,yes,10,3\n",
-                "part,document,revision,check in time,mass type,active,mass [kg],sd mass [kg]\n"
-                "cover,D-3,A,2020-01-01 00:00:00,Weighed,yes,8,1\n"
-                "cover,D-3,B,2022-01-01 00:00:00,Weighed,yes,9,3\n");
-  }
-
-  /// That the part has the values that it had before there were any deviations.
-  void ExpectNoDeviations(double mass) {
-    const MassTypeData stored = Stored("Estimated");
-    EXPECT_EQ(stored.properties.mass, mass);
-    EXPECT_EQ(stored.deviations, Deviations{});
-    EXPECT_FALSE(stored.bounds);
-  }
-};
-
-TEST_F(SaveBesideRevisions, OfAnEarlierStateTakesNoHiddenDeviationsOfARevisionOfTheSameNames) {
-  ImportCoverWithoutDeviations("");
-  SaveWell(Choosing(Revision("B"), "B"));
-  SaveWell(StateBefore(1));
-  ExpectNoDeviations(5);
-}
-
-TEST_F(SaveBesideRevisions, OfAnEarlierStateThatIsEditedTakesNoneEither) {
-  ImportCoverWithoutDeviations("");
-  SaveWell(Choosing(Revision("B"), "B"));
-  protocol::PartData data = StateBefore(1);
-  data.massTypes.at(1).mass = 5.5;
-  SaveWell(data);
-  ExpectNoDeviations(5.5);
-}
-
-TEST_F(SaveBesideRevisions, OfAnEarlierStateThatHadChosenThatRevisionTakesNoneEither) {
-  ImportCoverWithoutDeviations("yes");
-  SaveWell(Choosing(Revision("B"), "B"));
-  SaveWell(StateBefore(1));
-  ExpectNoDeviations(5);
-  EXPECT_EQ(Choice(PartDataOf("cover")), "D-3 A by hand");
-}
-
 TEST_F(SaveBesideRevisions, KeepsThePartsDeviationsWhenARevisionIsChosenWithoutBeingLoaded) {
   ImportCover("part,mass type,active,mass [kg],sd mass [kg]\ncover,Estimated,yes,5,3\n",
               "part,document,revision,check in time,mass type,active,mass [kg],sd mass [kg]\n"
@@ -267,49 +161,6 @@ TEST_F(SaveBesideRevisions, TakesEditedValuesOfALoadedRevisionWithOtherNamesUnde
   EXPECT_EQ(Stored("Calculated").properties.mass, 8.5);
 }
 
-// Standard deviations stand in no history.
-TEST_F(SaveBesideRevisions, OfAnEarlierStateMakesLimitsOfDeviationsUnlessThePartStillHasTheSame) {
-  for (const auto& [revision, hasLimits] : {std::pair("A", true), std::pair("B", false)}) {
-    ImportCoverWithTwoMassTypes();
-    SaveWell(Choosing(Revision(revision), revision));
-    SaveWell(StateBefore(1));
-    const MassTypeData stored = Stored("Weighed");
-    EXPECT_EQ(stored.deviations.mass, hasLimits ? 0 : 3) << revision;
-    EXPECT_EQ(stored.bounds, hasLimits ? std::optional(MassBounds{3, 3}) : std::nullopt) << revision;
-  }
-}
-
-// What nobody is told differs between part and revision, and everything that is told is the same.
-TEST_F(SaveBesideRevisions, OfAnEarlierStateTakesNoneOfARevisionThatToldTheSameDeviations) {
-  ImportCover(
-      "part,mass type,active,mass [kg],cg x [m],cg y [m],cg z [m],type lower precision [%],type upper "
-      "precision [%]\ncover,Estimated,yes,5,0,0,0,10,10\n",
-      "part,document,revision,check in time,chosen,mass type,active,mass [kg],cg x [m],cg y [m],cg z [m],sd "
-      "cg x [m],type lower precision [%],type upper precision [%]\n"
-      "cover,D-3,A,2020-01-01 00:00:00,yes,Estimated,yes,7,0,0,0,0.5,10,10\n"
-      "cover,D-3,B,2022-01-01 00:00:00,,Calculated,yes,8,,,,,,\n");
-  SaveWell(Choosing(Revision("B"), "B"));
-  SaveWell(StateBefore(1));
-  ExpectNoDeviations(5);
-  SaveWell(Choosing(Revision("B"), "B"));
-  protocol::PartData data = StateBefore(1);
-  data.massTypes.at(1).mass = 7;
-  SaveWell(data);
-  ExpectNoDeviations(7);
-  SaveWell(Choosing(Revision("A"), "A"));
-  EXPECT_EQ(Stored("Estimated").deviations.cg.x, 0.5);
-}
-
-TEST_F(SaveBesideRevisions, TakesTheStateAfterASaveAsWellAsTheOneBefore) {
-  ImportCoverWithTwoMassTypes();
-  SaveWell(Choosing(Revision("A"), "A"));
-  SaveWell(StateBefore(1));
-  protocol::PartData data = State(1, HistoryMoment::After);
-  EXPECT_EQ(data.massTypes.size(), 2u);
-  SaveWell(data);
-  EXPECT_EQ(store->LoadPart("cover").Value().part.massTypes.size(), 1u);
-}
-
 TEST_F(SaveBesideRevisions, IsOfThePartOnceItIsSaved) {
   ImportCoverWithTwoMassTypes();
   SaveWell(Choosing(Revision("A"), "A"));
@@ -342,35 +193,39 @@ TEST_F(SaveBesideRevisions, IsRefusedForMassTypesThatTheOriginHasNot) {
               testing::HasSubstr("massTypes[2].name: \"Estimated\" is no mass type of part \"cover\""));
 }
 
-// The revision tells what the part tells, and differs in what is not told.
-TEST_F(SaveBesideRevisions, TakesStandardDeviationsOfARevisionThatDiffersInNothingElse) {
-  ImportCover(
-      "part,mass type,active,mass [kg],cg x [m],cg y [m],cg z [m],sd cg x [m]\ncover,Weighed,yes,8,0,0,0,1\n",
-      "part,document,revision,check in time,chosen,mass type,active,mass [kg],cg x [m],cg y [m],cg z [m],sd "
-      "cg x [m]\ncover,D-3,A,2020-01-01 00:00:00,yes,Weighed,yes,8,0,0,0,2\n");
-  const std::string token = PartDataOf("cover").stateToken;
-  SaveWell(Choosing(Revision("A"), "A"));
+/// A part whose revisions tell what the part tells, and differ in what is not told: deviations of the centre
+/// of gravity of 1 m, and 2 m and 3 m.
+class SaveOfWhatIsNotTold : public SaveBesideRevisions {
+ protected:
+  SaveOfWhatIsNotTold() {
+    ImportCover(
+        "part,mass type,active,mass [kg],cg x [m],cg y [m],cg z [m],sd cg x "
+        "[m]\ncover,Weighed,yes,8,0,0,0,1\n",
+        "part,document,revision,check in time,mass type,active,mass [kg],cg x [m],cg y [m],cg z [m],sd cg x "
+        "[m]\ncover,D-3,A,2020-01-01 00:00:00,Weighed,yes,8,0,0,0,2\n"
+        "cover,D-3,B,2022-01-01 00:00:00,Weighed,yes,8,0,0,0,3\n");
+  }
+};
+
+TEST_F(SaveOfWhatIsNotTold, IsASaveWithAHistory) {
+  SaveWell(PartDataOf("cover"));
+  EXPECT_EQ(store->LoadHistory("cover", 0, 1).Value().total, 0) << "nothing was changed";
+  SaveWell(ChoosingNone(Revision("A")));
   EXPECT_EQ(Stored("Weighed").deviations.cg.x, 2);
-  EXPECT_NE(PartDataOf("cover").stateToken, token) << "results above are out of date";
+  const auto history =
+      protocol::ReadHistory(Run(protocol::kCommandHistory, protocol::WriteHistoryRequest({"cover", 0, 10})));
+  EXPECT_THAT(
+      history.Value().entries.at(0).changes,
+      testing::ElementsAre(protocol::FieldChange{"standardDeviations[Weighed].cg", "1 0 0", "2 0 0"}));
+  SaveWell(StateBefore(1));
+  EXPECT_EQ(Stored("Weighed").deviations.cg.x, 1);
 }
 
-// Values that a user has removed since, with the deviations of then, which the part still has.
-TEST_F(SaveBesideRevisions, OfAnEarlierStateWithoutValuesKeepsDeviationsThatAreStillTheSame) {
-  ImportCover("part,mass type,active,mass [kg],sd mass [kg]\ncover,Estimated,,,3\ncover,Weighed,yes,10,\n",
-              "part,document,revision,check in time,mass type,active,mass [kg]\n"
-              "cover,D-3,A,2020-01-01 00:00:00,Weighed,yes,8\n");
-  protocol::PartData data = PartDataOf("cover");
-  protocol::MassType& estimated = data.massTypes.at(1);
-  ASSERT_EQ(estimated.status, protocol::MassTypeStatus::Undefined);
-  ASSERT_EQ(estimated.upperDeviation, 3);
-  estimated.mass = 5;
-  estimated.status = protocol::MassTypeStatus::Defined;
-  SaveWell(data);
-  EXPECT_EQ(Stored("Estimated").deviations.mass, 3);
-  SaveWell(StateBefore(1));
-  EXPECT_FALSE(Stored("Estimated").properties.mass);
-  EXPECT_EQ(Stored("Estimated").deviations.mass, 3);
-  EXPECT_FALSE(Stored("Estimated").bounds);
+TEST_F(SaveOfWhatIsNotTold, IsNotOverwrittenByWhoHasReadThePartBefore) {
+  const protocol::PartData joes = ChoosingNone(Revision("B"));
+  SaveWell(ChoosingNone(Revision("A")));
+  EXPECT_THAT(Save(joes), testing::HasSubstr("standardDeviations[Weighed].cg (\"1 0 0\", now \"2 0 0\")"));
+  EXPECT_EQ(Stored("Weighed").deviations.cg.x, 2);
 }
 
 }  // namespace
