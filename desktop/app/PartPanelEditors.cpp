@@ -17,6 +17,7 @@ namespace {
 constexpr const char* kNoValue = "...";
 constexpr const char* kMassType = "TabContainer001.TabPage003.Frame107.Frame231.MassTypeCombo";
 constexpr const char* kActiveMassType = "TabContainer001.TabPage003.Frame230.ActiveMassCombo";
+constexpr const char* kPrecisionType = "TabContainer001.TabPage005.Frame252.Frame092.TypeCombo";
 constexpr const char* kValueType = "TabContainer001.TabPage005.Frame252.PrecisionValueFrame.ValueTypeCombo";
 constexpr const char* kStandardPart = "Frame250.StdPartFrame.StdPartCheckButton";
 
@@ -47,6 +48,9 @@ constexpr ReadEditor kReadEditors[] = {
      "MASS"},
     {kPropertyValuePath, EditorContent::Property},
 };
+
+/// Else those of the mass type count.
+bool HasOwnBounds(KorDlgDialog& panel) { return panel.Find<KorDlgCombo>(kPrecisionType).GetSelect() != 0; }
 
 bool IsRelative(KorDlgDialog& panel) { return panel.Find<KorDlgCombo>(kValueType).GetSelect() == 0; }
 
@@ -99,6 +103,11 @@ std::optional<double> OpeningNumber(const KorUnicodeString& text, const char* ma
   return std::isfinite(stored) ? std::optional(stored) : std::nullopt;
 }
 
+bool IsZero(const KorUnicodeString& text) {
+  double number = 0;
+  return text.ConvertToNum(&number, "%le") != 0 && number == 0;
+}
+
 QString StoredOf(const KorUnicodeString& text, const char* magnitude, const QString& ofNoNumber) {
   const auto number = OpeningNumber(text, magnitude);
   return number ? StoredAs(ShowQuantity(magnitude, *number)) : ofNoNumber;
@@ -115,13 +124,6 @@ QString StoredOfPercent(const KorUnicodeString& text) {
   double percent = 0;
   text.ConvertToNum(&percent, "%le");
   return StoredAs(QString::number(percent) + "%");
-}
-
-/// Properties go to the server as they were typed, but for a magnitude that a number opens.
-QString StoredOfProperty(const LumWBAllDataBuffer& buffer, int index, const KorUnicodeString& text) {
-  double number = 0;
-  if (!buffer.GetIsMagnitude(index) || text.ConvertToNum(&number, "%le") == 0) return Text("Unread.Refused");
-  return StoredOf(text, buffer.GetPropMagnitudeType(index).ConvertToChar(), Text("Unread.Kept"));
 }
 
 }  // namespace
@@ -156,12 +158,27 @@ QString StoredInstead(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, con
     case EditorContent::Quantity:
       return StoredOfQuantity(panel, text, editor.magnitude);
     case EditorContent::Bound:
+      if (!HasOwnBounds(panel)) return Text("Unread.OwnBounds");
       if (IsRelative(panel)) return StoredOfPercent(text);
       return StoredOf(text, editor.magnitude, StoredAs(ShowQuantity(editor.magnitude, 0)));
     case EditorContent::Property:
       break;
   }
   return StoredOfProperty(buffer, ShownProperty(panel), text);
+}
+
+/// Properties go to the server as they were typed, but for a magnitude that a number opens.
+QString StoredOfProperty(const LumWBAllDataBuffer& buffer, int index, const KorUnicodeString& text) {
+  double number = 0;
+  if (!buffer.GetIsMagnitude(index) || text.ConvertToNum(&number, "%le") == 0) return Text("Unread.Refused");
+  return StoredOf(text, buffer.GetPropMagnitudeType(index).ConvertToChar(), Text("Unread.Kept"));
+}
+
+QString WhyNotStored(KorDlgDialog& panel, const ReadEditor& editor) {
+  const bool isForStandardPart = editor.content == EditorContent::Quantity && IsStandardPart(panel);
+  if (isForStandardPart && !IsZero(TextOf(panel, editor.path))) return Text("Unread.StandardPart");
+  if (editor.content == EditorContent::Bound && !HasOwnBounds(panel)) return Text("Unread.OwnBounds");
+  return {};
 }
 
 int ShownProperty(KorDlgDialog& panel) { return panel.Find<KorDlgCombo>(kPropertyNamePath).GetSelect() + 1; }

@@ -38,6 +38,12 @@ QString ProblemOf(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, const R
 /// What a save stores of a text with a problem, for the user.
 QString StoredInstead(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, const ReadEditor& editor);
 
+/// Why a text that can be read is not stored at all, for the user; empty: it is. To be asked of typed texts.
+QString WhyNotStored(KorDlgDialog& panel, const ReadEditor& editor);
+
+/// What a save stores of the text of a property, for the user.
+QString StoredOfProperty(const LumWBAllDataBuffer& buffer, int index, const KorUnicodeString& text);
+
 /// Index of the property shown, from 1 as in the buffer.
 int ShownProperty(KorDlgDialog& panel);
 /// The same for a property that is not shown, whose text is in the buffer already.

@@ -8,6 +8,7 @@
 #include "desktop/toolkit/QtText.h"
 #include "framework/dialog/KorDlgLabel.h"
 #include "framework/dialog/KorDlgPushButton.h"
+#include "framework/dialog/KorDlgRadioButton.h"
 #include "framework/dialog/KorDlgTabContainer.h"
 
 namespace desktop {
@@ -19,7 +20,12 @@ constexpr KorEvent kUserEvents[] = {KorEvent::EditorModify, KorEvent::FocusOut, 
                                     KorEvent::TabSelect};
 
 constexpr const char* kPages = "TabContainer001";
-constexpr QStringView kStep = u" \u203a ";  ///< between page, frame and label
+constexpr const char* kRevisions =
+    "TabContainer001.TabPageDocuments.UpperMainFrameActiveDoc.FrameActiveDoc.ActiveDocsCombo";
+constexpr const char* kByHand =
+    "TabContainer001.TabPageDocuments.LowerMainFrameActiveDoc.FrameActiveDocType.ActiveDocUsrSelButton";
+constexpr const char* kNotLoaded = "ERROR!";  ///< the only line after a revision that could not be loaded
+constexpr QStringView kStep = u" \u203a ";    ///< between page, frame and label
 
 using Reasons = std::map<KorDlgObject*, QStringList>;
 
@@ -45,14 +51,21 @@ QString LabelOf(const KorDlgObject& editor) {
 }  // namespace
 
 PartPanelMarks::PartPanelMarks(KorDlgDialog& panel, BufferOf buffer, IsPropertyStored isPropertyStored)
-    : _panel(panel), _buffer(std::move(buffer)), _isPropertyStored(std::move(isPropertyStored)) {
+    : _panel(panel),
+      _buffer(buffer),
+      _isPropertyStored(std::move(isPropertyStored)),
+      _typed(panel, std::move(buffer)) {
   ListenBelow(panel);
 }
 
 /// Code may change any text without a notification, so that each of them is looked at after each one.
 void PartPanelMarks::ListenBelow(KorDlgObject& widget) {
   for (const auto& child : widget.Children()) {
-    for (const KorEvent event : kUserEvents) child->Subscribe(event, [this](auto...) { Update(); });
+    for (const KorEvent event : kUserEvents)
+      child->Subscribe(event, [this, event, &sender = *child](auto...) {
+        _typed.Follow(sender, event);
+        Update();
+      });
     ListenBelow(*child);
   }
 }
@@ -61,22 +74,44 @@ std::vector<UnreadText> PartPanelMarks::Find() const {
   if (!IsInEditMode(_panel)) return {};
   std::vector<UnreadText> found = FindInEditors();
   for (UnreadText& hidden : FindInHiddenProperties()) found.push_back(std::move(hidden));
+  if (auto revision = FindRevision()) found.push_back(std::move(*revision));
   return found;
 }
 
 std::vector<UnreadText> PartPanelMarks::FindInEditors() const {
   std::vector<UnreadText> found;
-  const LumWBAllDataBuffer& buffer = _buffer();
   for (const ReadEditor& row : ReadEditors()) {
-    const bool isProperty = row.content == EditorContent::Property;
-    if (isProperty && !buffer.AdditionalInfoRequested()) continue;
+    if (row.content == EditorContent::Property && !_buffer().AdditionalInfoRequested()) continue;
     auto& editor = _panel.Find<KorDlgEditor>(row.path);
-    const QString problem = editor.IsEnabled() ? ProblemOf(_panel, buffer, row) : QString();
-    if (problem.isEmpty()) continue;
-    found.push_back({&editor, isProperty ? ShownProperty(_panel) : 0, ToQt(editor.GetText()), problem,
-                     StoredInstead(_panel, buffer, row)});
+    if (!editor.IsEnabled()) continue;
+    if (auto text = FindIn(row, editor)) found.push_back(std::move(*text));
   }
   return found;
+}
+
+std::optional<UnreadText> PartPanelMarks::FindIn(const ReadEditor& row, KorDlgEditor& editor) const {
+  const LumWBAllDataBuffer& buffer = _buffer();
+  const int property = row.content == EditorContent::Property ? ShownProperty(_panel) : 0;
+  const QString text = ToQt(editor.GetText());
+  const bool isStored =
+      property != 0 && _isPropertyStored(property) && editor.GetText() == buffer.GetPropertyValue(property);
+  if (const QString problem = ProblemOf(_panel, buffer, row); !problem.isEmpty() && !isStored)
+    return UnreadText{&editor, property, text, problem, StoredInstead(_panel, buffer, row)};
+  const TypedText* const typed = property ? _typed.OfProperty(property) : _typed.In(editor);
+  if (typed != nullptr && !typed->problem.isEmpty())
+    return UnreadText{&editor, property, typed->typed, typed->problem, StoredInstead(_panel, buffer, row)};
+  const QString whyNot = typed != nullptr ? WhyNotStored(_panel, row) : QString();
+  if (whyNot.isEmpty()) return std::nullopt;
+  return UnreadText{&editor, property, text, whyNot, whyNot};
+}
+
+/// The panel says so in its list only, and saves as if the automatic revision had been chosen.
+std::optional<UnreadText> PartPanelMarks::FindRevision() const {
+  if (!_buffer().AreOldDocumentsUsed() || !_panel.Find<KorDlgRadioButton>(kByHand).IsChecked()) return {};
+  auto& revisions = _panel.Find<KorDlgCombo>(kRevisions);
+  if (revisions.GetSelectedLine() != kNotLoaded) return {};
+  return UnreadText{&revisions, 0, ToQt(revisions.GetSelectedLine()), Text("Unread.Revision"),
+                    Text("Unread.AutomaticRevision")};
 }
 
 /// The panel takes the text of a property into the buffer when another one is shown, whatever it is.
@@ -91,6 +126,9 @@ std::vector<UnreadText> PartPanelMarks::FindInHiddenProperties() const {
     if (!problem.isEmpty())
       found.push_back(
           {&editor, index, ToQt(buffer.GetPropertyValue(index)), problem, Text("Unread.Refused")});
+    else if (const TypedText* typed = _typed.OfProperty(index))
+      found.push_back({&editor, index, typed->typed, typed->problem,
+                       StoredOfProperty(buffer, index, FromQt(typed->typed))});
   }
   return found;
 }
@@ -111,6 +149,7 @@ void PartPanelMarks::Update() {
     if (row.content != EditorContent::Property || buffer.AdditionalInfoRequested())
       SetMark(_panel.Find(row.path), reasons);
   if (buffer.AdditionalInfoRequested()) SetMark(_panel.Find(kPropertyNamePath), reasons);
+  if (buffer.AreOldDocumentsUsed()) SetMark(_panel.Find(kRevisions), reasons);
   for (const auto& page : _panel.Find(kPages).Children()) SetMark(*page, reasons);
 }
 

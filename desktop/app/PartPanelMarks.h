@@ -2,8 +2,10 @@
 
 #include <QString>
 #include <functional>
+#include <optional>
 #include <vector>
 
+#include "desktop/app/TypedTexts.h"
 #include "framework/dialog/KorDlgDialog.h"
 #include "services/LumWBAllDataBuffer.h"
 
@@ -21,11 +23,13 @@ struct UnreadText {
 /// Marks the editors of an open part panel whose text the panel would not read as it stands: text behind a
 /// number, a number in another unit than the current one, a date that does not exist. Only while the panel is
 /// in edit mode, and only editors that can be typed into; "..." stands for no value and is no error. The page
-/// of such an editor is marked too, and the list of properties for one that is not shown.
+/// of such an editor is marked too, and the list of properties for one that is not shown. A mark outlives
+/// that the panel writes what it has read in place of what was typed. What the panel would not store at all
+/// is marked as well, and a revision that could not be loaded.
 class PartPanelMarks {
  public:
   /// Which part the panel shows.
-  using BufferOf = std::function<const LumWBAllDataBuffer&()>;
+  using BufferOf = TypedTexts::BufferOf;
   /// Whether the server has property `index` (from 1) as it is in the buffer: what nobody has typed is not
   /// marked while it is not shown.
   using IsPropertyStored = std::function<bool(int index)>;
@@ -42,11 +46,14 @@ class PartPanelMarks {
  private:
   void ListenBelow(KorDlgObject& widget);
   std::vector<UnreadText> FindInEditors() const;
+  std::optional<UnreadText> FindIn(const ReadEditor& row, KorDlgEditor& editor) const;
+  std::optional<UnreadText> FindRevision() const;
   std::vector<UnreadText> FindInHiddenProperties() const;
 
   KorDlgDialog& _panel;
   BufferOf _buffer;
   IsPropertyStored _isPropertyStored;
+  TypedTexts _typed;
 };
 
 /// Whether the panel is in edit mode. It keeps no flag: that mode begins and ends with the "Edit" button.

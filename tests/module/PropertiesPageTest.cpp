@@ -343,6 +343,19 @@ TEST_F(Properties, OfThePartBeforeAreNotStoredForTheNextOne) {
   EXPECT_EQ(Text("PropertyValueEditor"), "raw");
 }
 
+// The page stays as it was laid out for the first part.
+TEST_F(Properties, OfAPartThatHasNoneRequestedAreNotTakenFromThePage) {
+  Open(PartWithEveryKind());
+  protocol::PartData other = PartWithEveryKind();
+  other.propertiesRequested = false;
+  other.properties.at(0).value = "zinc";
+  auto next = BufferOf(other);
+  Panel().SetModel(next.Get());
+  ASSERT_EQ(Text("PropertyValueEditor"), "painted") << "of the part before";
+  Press("EditButton");
+  EXPECT_EQ(Save().properties.at(0).value, "zinc");
+}
+
 TEST_F(Properties, ThatThereAreNoneOfCanBeSavedToo) {
   protocol::PartData part = SamplePart();
   part.propertiesRequested = true;

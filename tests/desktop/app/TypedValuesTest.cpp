@@ -158,6 +158,20 @@ TEST_F(TypedValuesTest, BoundsOfADeletedActiveMassTypeAreNotAskedAboutAsThoseOfT
   EXPECT_TRUE(boxes.Questions().empty()) << "nobody typed bounds of Computed";
 }
 
+TEST_F(TypedValuesTest, BoundsAreStillAskedAboutAfterAnotherMassTypeIsDeleted) {
+  EditBounds();
+  Type(kUpper, "5");
+  GoTo(kMassTypesPage);
+  ASSERT_TRUE(Pick(kShownType, "Estimated"));
+  ASSERT_TRUE(
+      Panel().Find<KorDlgPushButton>("TabContainer001.TabPage003.Frame107.Frame231.DeleteButton").Press());
+  ASSERT_EQ(Selected(kActiveType), "Calculated");
+  boxes.answers = {kKeep};
+  EXPECT_FALSE(Pick(kActiveType, "Weighed"));
+  EXPECT_EQ(boxes.Questions().size(), 1u);
+  EXPECT_EQ(TextOf(kUpper), "5");
+}
+
 /// The panel selects the active mass type in both lists then.
 TEST_F(TypedValuesTest, AnAppliedRevisionIsShownUnaskedAndLeavesNothingTypedToAskAbout) {
   EditMass("43000");

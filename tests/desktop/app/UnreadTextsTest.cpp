@@ -1,91 +1,14 @@
 // A save asks first while a text stands in the part panel that it would not take as it is.
-#include <QAccessible>
-#include <QLineEdit>
 #include <QPushButton>
-#include <QTabBar>
-#include <QTabWidget>
-#include <algorithm>
-#include <optional>
 
 #include "desktop/app/PartPanelEditors.h"
 #include "framework/dialog/KorDlgCheckButton.h"
 #include "framework/knowledge/KorCkeParmDictionary.h"
 #include "framework/knowledge/KorUnitSystems.h"
-#include "tests/desktop/app/EditingHarness.h"
-#include "tests/desktop/app/ScriptedTransport.h"
+#include "tests/desktop/app/UnreadHarness.h"
 
 namespace desktop::test {
 namespace {
-
-constexpr const char* kUpper = "TabContainer001.TabPage005.Frame252.PrecisionValueFrame.UpperValueEditor";
-constexpr const char* kPrecision = "TabContainer001.TabPage005.Frame252.Frame092.TypeCombo";
-constexpr const char* kValueType = "TabContainer001.TabPage005.Frame252.PrecisionValueFrame.ValueTypeCombo";
-constexpr const char* kDensity = "TabContainer001.TabPage004.MaterialAndDensityFrame.DensityEditor";
-constexpr const char* kFirst = "TabContainer001.TabPage004.DensityPriorityFrame.FirstCombo";
-constexpr const char* kIxy = "TabContainer001.TabPage003.Frame113.MTProductOfInertia.MTIxyEditor";
-
-constexpr const char* kMassOfType = "TabContainer001.TabPage003.Frame107.Frame231.MTMassEditor";
-constexpr const char* kCentreX = "TabContainer001.TabPage003.Frame113.MTCGFrame.MTCGxEditor";
-
-class UnreadTextsTest : public EditingTest {
- protected:
-  enum SaveAnswer { kSaveAllTheSame = 0, kBack = 1 };
-
-  void SetUp() override {
-    EditingTest::SetUp();
-    real = KorPdmClient::GetTransport();
-    server.emplace();
-    server->answer = [this](const std::string& command, const std::string& request) {
-      return real->Run(command, request);
-    };
-  }
-  void TearDown() override {
-    server.reset();
-    EditingTest::TearDown();
-  }
-
-  QLineEdit* Line(const char* editor) { return backend.ControlOf<QLineEdit>(Panel().Find(editor)); }
-  QTabWidget* Tabs() { return backend.ControlOf<QTabWidget>(Panel().Find("TabContainer001")); }
-  KorDlgTabContainer& Pages() { return Panel().Find<KorDlgTabContainer>("TabContainer001"); }
-  /// Leaves the text pending in the editor, with the focus there.
-  void TypeByKeys(const char* editor, const char* text) {
-    Line(editor)->setFocus();
-    Line(editor)->selectAll();
-    QTest::keyClicks(Line(editor), text);
-  }
-  void SaveByKeys() {
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
-    RunPendingEvents();
-  }
-  void DefineBounds(int valueType) {
-    GoTo(kPrecisionPage);
-    ASSERT_TRUE(Panel().Find<KorDlgCombo>(kPrecision).Pick(1));
-    ASSERT_TRUE(Panel().Find<KorDlgCombo>(kValueType).Pick(valueType));
-  }
-  void TypeDensity(const std::string& text) {
-    GoTo(kMaterialPage);
-    ASSERT_TRUE(Panel().Find<KorDlgCombo>(kFirst).Pick("WB"));
-    Type(kDensity, text);
-  }
-  /// What the only question so far says of the texts: its lines behind the first two.
-  std::string Told() {
-    EXPECT_EQ(boxes.Questions().size(), 1u);
-    if (boxes.Questions().empty()) return {};
-    return ToStd(QString::fromStdString(boxes.Questions()[0].text.Utf8()).section('\n', 2));
-  }
-  static std::string ToStd(const QString& text) { return text.toStdString(); }
-  bool WasSent(const char* command) const {
-    return std::ranges::find(server->commands, command) != server->commands.end();
-  }
-  std::string TabName(int page) {
-    QAccessibleInterface* bar = QAccessible::queryAccessibleInterface(Tabs()->tabBar());
-    return bar->child(page)->text(QAccessible::Name).toStdString();
-  }
-  const LumWBAllDataBuffer& Buffer() { return *window.PartPanel().Buffer(); }
-
-  KorPdmTransport* real = nullptr;
-  std::optional<ScriptedTransport> server;
-};
 
 TEST_F(UnreadTextsTest, ATextSavedStraightFromItsEditorIsAskedAboutBeforeAnythingIsStored) {
   Edit();
