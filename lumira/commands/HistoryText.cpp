@@ -126,7 +126,8 @@ std::vector<FieldChange> DifferencesOf(const SavedValues& before, const SavedVal
     if (found != left.end()) left.erase(found);
   }
   for (const FieldText& added : now)
-    if (left.contains(added.field)) changes.push_back({added.field, std::nullopt, Shown(added.text)});
+    if (added.text && left.contains(added.field))
+      changes.push_back({added.field, std::nullopt, Shown(added.text)});
   return changes;
 }
 

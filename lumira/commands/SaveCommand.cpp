@@ -8,6 +8,7 @@
 #include "lumira/commands/UtcTime.h"
 #include "lumira/store/SizeRules.h"
 #include "protocol/Codec.h"
+#include "protocol/Limits.h"
 #include "protocol/Utf8.h"
 
 namespace lumira {
@@ -26,21 +27,32 @@ protocol::Error InField(const char* field, protocol::Error error) {
   return error;
 }
 
-Result<void> CheckSize(const std::string& part, std::size_t bytes) {
-  const auto problem = FindTooMany(bytes, kMaxValueBytes);
+Result<void> CheckSize(const std::string& part, std::size_t bytes, std::size_t most) {
+  const auto problem = FindTooMany(bytes, most);
   if (!problem) return {};
   return protocol::Error{ErrorKind::BadValue, "PartData: with what is sent the values of part " +
                                                   protocol::Quoted(part) + " " + *problem};
 }
 
+// What is told has its limit, and what a history keeps has to be readable.
+Result<void> CheckSizes(const std::string& part, const SavedValues& values, const std::string& text) {
+  if (text.size() <= kMaxValueBytes) return {};
+  if (auto good = CheckSize(part, protocol::WritePartData(values.data).size(), kMaxValueBytes); !good)
+    return good;
+  return CheckSize(part, text.size(), protocol::kMaxTextBytes);
+}
+
 // Writes what is new; a save that changes nothing leaves no trace.
 Result<std::string> Write(Session& session, const StoredPart& stored, StoredPart saved) {
-  PartSaving saving{.saved = std::move(saved), .by = {session.user, UtcTime()}, .before = {}, .after = {}};
-  saving.before = ToHistoryText(SavedValuesOf(stored.part, stored.details));
-  saving.after = ToHistoryText(SavedValuesOf(saving.saved.part, saving.saved.details));
+  const SavedValues before = SavedValuesOf(stored.part, stored.details);
+  const SavedValues after = SavedValuesOf(saved.part, saved.details);
+  if (DifferencesOf(before, after).empty()) return ReplyFor(stored.part.id, stored.state);
+  const PartSaving saving{.saved = std::move(saved),
+                          .by = {session.user, UtcTime()},
+                          .before = ToHistoryText(before),
+                          .after = ToHistoryText(after)};
   const Part& part = saving.saved.part;
-  if (saving.before == saving.after) return ReplyFor(part.id, stored.state);
-  if (auto good = CheckSize(part.id, saving.after.size()); !good) return good.Failure();
+  if (auto good = CheckSizes(part.id, after, saving.after); !good) return good.Failure();
   const auto state = session.store.SavePart(saving);
   if (!state) return state.Failure();
   session.products.TakeSaved(part, state.Value());

@@ -23,10 +23,11 @@ constexpr char kRecord[] =
 constexpr char kRecords[] =
     "SELECT number, user, time, state_before, state_after FROM history WHERE part = ? AND number < ? ORDER "
     "BY number DESC LIMIT ?";
-// A state that one record leads to and another stands on has the same text in both.
+// A state that one record leads to and another stands on has a text in both, of which the later one may tell
+// more than an older program has written.
 constexpr char kStateText[] =
     "SELECT number, iif(state_after = ?2, after, before) FROM history WHERE part = ?1 AND (state_after = ?2 "
-    "OR state_before = ?2) LIMIT 1";
+    "OR state_before = ?2) ORDER BY number DESC LIMIT 1";
 
 HistoryRecord RecordIn(SQLite::Statement& row) {
   return {.number = row.getColumn(0).getInt64(),

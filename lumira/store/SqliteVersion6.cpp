@@ -89,10 +89,11 @@ std::string Shortened(std::string name) {
 
 // Much like a name that could be none.
 std::string GoodName(std::string name) {
+  name = Shortened(std::move(name));
   const auto isBad = [](char c) { return c == '|' || static_cast<unsigned char>(c) < 0x20 || c == 0x7F; };
   std::ranges::replace_if(name, isBad, '_');
   while (const auto malformed = protocol::FindInvalidUtf8(name)) name[*malformed] = '_';
-  return name.empty() ? "unnamed" : Shortened(std::move(name));
+  return name.empty() ? "unnamed" : name;
 }
 
 bool HasProperty(SQLite::Database& database, std::int64_t product, const std::string& name) {

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "SaveFixture.h"
+#include "lumira/commands/HistoryText.h"
 #include "lumira/commands/UserName.h"
 #include "lumira/commands/UtcTime.h"
 
@@ -219,14 +220,22 @@ TEST_F(HistoryCommands, NameAThousandFieldsAndCountTheOthers) {
 
 TEST_F(HistoryCommands, CallATextThatWasNeverWrittenDamage) {
   SaveMassAs("bob", 7);
-  server.reset();
-  store.reset();
-  SQLite::Database(file, SQLite::OPEN_READWRITE).exec("UPDATE history SET before = 'rubbish'");
-  store = OpenSqliteStore(file).Value();
-  server = ServerFor("eva");
-  EXPECT_THAT(
-      Run("LumGetHistory", "HistoryRequest/1|a|0|10|end"),
-      HasSubstr("the file is damaged (the history of part \"a\": SavedValues: field 1 (form): \"rubbish\""));
+  const std::string written = store->LoadHistoryTexts("a", 1).Value().before;
+  SavedValues withoutDeviations = FromHistoryText(written).Value();
+  withoutDeviations.deviations.pop_back();
+  const std::pair<std::string, std::string> cases[] = {
+      {"rubbish", "SavedValues: field 1 (form): \"rubbish\""},
+      {written + "|x", "SavedValues: there is more text after field"},
+      {ToHistoryText(withoutDeviations), "SavedValues: deviations: 2, not one for each user mass type"},
+      {protocol::WritePartData({}), "PartData: massTypes: the computed one is missing"}};
+  for (const auto& [text, reason] : cases) {
+    SQLite::Database database(file, SQLite::OPEN_READWRITE);
+    SQLite::Statement update(database, "UPDATE history SET before = ?");
+    update.bind(1, text);
+    update.exec();
+    EXPECT_THAT(Run("LumGetHistory", "HistoryRequest/1|a|0|10|end"),
+                HasSubstr("the file is damaged (the history of part \"a\": " + reason));
+  }
   EXPECT_EQ(PartDataOf("a").massTypes.at(2).mass, 7) << "the part itself can be used";
 }
 

@@ -161,5 +161,25 @@ TEST_F(SaveBesideRevisions, OfAnEarlierStateWithoutValuesKeepsDeviationsThatAreS
   EXPECT_FALSE(Stored("Estimated").bounds);
 }
 
+TEST_F(SaveBesideRevisions, OfAnEarlierStateHasLimitsThatAreAsLargeAsItsStandardDeviation) {
+  ImportCoverWithLimits();
+  SaveWell(Choosing(Revision("A"), "A"));
+  EXPECT_FALSE(Stored("Weighed").bounds);
+  SaveWell(StateBefore(1));
+  EXPECT_EQ(Stored("Weighed").bounds, (MassBounds{3, 3}));
+}
+
+// One record of an older program, and one of this one.
+TEST_F(SaveOfWhatIsNotTold, IsNotOverwrittenWhenAnOlderHistoryGoesOn) {
+  protocol::PartData data = PartDataOf("cover");
+  data.massTypes.at(1).lowerPrecision = 0.5;
+  SaveWell(data);
+  MakeHistoryOlder();
+  const protocol::PartData joes = ChoosingNone(Revision("B"));
+  SaveWell(ChoosingNone(Revision("A")));
+  EXPECT_THAT(Save(joes), testing::HasSubstr("standardDeviations[Weighed].cg (\"1 0 0\", now \"2 0 0\")"));
+  EXPECT_EQ(Stored("Weighed").deviations.cg.x, 2);
+}
+
 }  // namespace
 }  // namespace lumira::test

@@ -126,4 +126,18 @@ class SaveBesideRevisions : public SaveContentFixture {
   }
 };
 
+/// A part whose revisions tell what the part tells, and differ in what is not told: deviations of the centre
+/// of gravity of 1 m, and 2 m and 3 m.
+class SaveOfWhatIsNotTold : public SaveBesideRevisions {
+ protected:
+  SaveOfWhatIsNotTold() {
+    ImportCover(
+        "part,mass type,active,mass [kg],cg x [m],cg y [m],cg z [m],sd cg x "
+        "[m]\ncover,Weighed,yes,8,0,0,0,1\n",
+        "part,document,revision,check in time,mass type,active,mass [kg],cg x [m],cg y [m],cg z [m],sd cg x "
+        "[m]\ncover,D-3,A,2020-01-01 00:00:00,Weighed,yes,8,0,0,0,2\n"
+        "cover,D-3,B,2022-01-01 00:00:00,Weighed,yes,8,0,0,0,3\n");
+  }
+};
+
 }  // namespace lumira::test

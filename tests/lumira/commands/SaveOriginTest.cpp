@@ -193,20 +193,6 @@ TEST_F(SaveBesideRevisions, IsRefusedForMassTypesThatTheOriginHasNot) {
               testing::HasSubstr("massTypes[2].name: \"Estimated\" is no mass type of part \"cover\""));
 }
 
-/// A part whose revisions tell what the part tells, and differ in what is not told: deviations of the centre
-/// of gravity of 1 m, and 2 m and 3 m.
-class SaveOfWhatIsNotTold : public SaveBesideRevisions {
- protected:
-  SaveOfWhatIsNotTold() {
-    ImportCover(
-        "part,mass type,active,mass [kg],cg x [m],cg y [m],cg z [m],sd cg x "
-        "[m]\ncover,Weighed,yes,8,0,0,0,1\n",
-        "part,document,revision,check in time,mass type,active,mass [kg],cg x [m],cg y [m],cg z [m],sd cg x "
-        "[m]\ncover,D-3,A,2020-01-01 00:00:00,Weighed,yes,8,0,0,0,2\n"
-        "cover,D-3,B,2022-01-01 00:00:00,Weighed,yes,8,0,0,0,3\n");
-  }
-};
-
 TEST_F(SaveOfWhatIsNotTold, IsASaveWithAHistory) {
   SaveWell(PartDataOf("cover"));
   EXPECT_EQ(store->LoadHistory("cover", 0, 1).Value().total, 0) << "nothing was changed";
@@ -226,6 +212,28 @@ TEST_F(SaveOfWhatIsNotTold, IsNotOverwrittenByWhoHasReadThePartBefore) {
   SaveWell(ChoosingNone(Revision("A")));
   EXPECT_THAT(Save(joes), testing::HasSubstr("standardDeviations[Weighed].cg (\"1 0 0\", now \"2 0 0\")"));
   EXPECT_EQ(Stored("Weighed").deviations.cg.x, 2);
+}
+
+TEST_F(SaveBesideRevisions, OfTheSameMassTypesInAnotherOrderChangesNothing) {
+  ImportCover(
+      "part,mass type,active,mass [kg]\ncover,Estimated,,9\ncover,Weighed,yes,10\n",
+      "part,document,revision,check in time,mass type,active,mass [kg]\n"
+      "cover,D-3,A,2020-01-01 00:00:00,Weighed,yes,10\ncover,D-3,A,2020-01-01 00:00:00,Estimated,,9\n");
+  SaveWell(ChoosingNone(Revision("A")));
+  EXPECT_EQ(store->LoadHistory("cover", 0, 1).Value().total, 0);
+}
+
+// Of what a mass type has not, nothing is said.
+TEST_F(SaveBesideRevisions, TellsWhatAnAddedMassTypeHas) {
+  ImportCover(
+      "part,mass type,active,mass [kg]\ncover,Weighed,yes,10\n",
+      "part,document,revision,check in time,mass type,active,mass [kg]\n"
+      "cover,D-3,A,2020-01-01 00:00:00,Weighed,yes,10\ncover,D-3,A,2020-01-01 00:00:00,Estimated,,9\n");
+  SaveWell(ChoosingNone(Revision("A")));
+  const auto history =
+      protocol::ReadHistory(Run(protocol::kCommandHistory, protocol::WriteHistoryRequest({"cover", 0, 10})));
+  for (const protocol::FieldChange& change : history.Value().entries.at(0).changes)
+    EXPECT_TRUE(change.before || change.after) << change.field;
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
 #include "SaveFixture.h"
+#include "lumira/commands/SavedValues.h"
+#include "lumira/store/SizeRules.h"
 
 namespace lumira::test {
 namespace {
@@ -21,16 +23,19 @@ class SaveSize : public SaveFixture {
     const auto imported = ImportProduct(*store, tables, {});
     ASSERT_TRUE(imported.Ok()) << imported.Failure().message;
   }
+
+  /// 172 properties of 195,000 bytes each leave some 10,000 of 33,554,432.
+  void ImportCoverWithManyValues(const std::string& mass) {
+    ImportTables tables{TableSource{"s2.csv", "parent,child\nother,cover\n"}, {"m2.csv", mass}};
+    std::string properties = "property,type,part,value\nlast,text,,\n";
+    for (int i = 0; i < 172; ++i) properties += "p" + Padded(i) + ",text,cover," + Percents(65'000) + "\n";
+    tables.properties = TableSource{"p2.csv", properties};
+    ImportMore(tables);
+  }
 };
 
-// 172 properties of 195,000 bytes each leave some 10,000 of 33,554,432.
 TEST_F(SaveSize, OfAllValuesTogetherIsLimited) {
-  ImportTables tables{TableSource{"s2.csv", "parent,child\nother,cover\n"}, {"m2.csv", "part\ncover\n"}};
-  std::string properties = "property,type,part,value\nlast,text,,\n";
-  for (int i = 0; i < 172; ++i) properties += "p" + Padded(i) + ",text,cover," + Percents(65'000) + "\n";
-  tables.properties = TableSource{"p2.csv", properties};
-  ImportMore(tables);
-
+  ImportCoverWithManyValues("part\ncover\n");
   protocol::PartData data = PartDataOf("cover");
   Property(data, "last").value = Percents(5'000);
   const std::string refusal = Save(data);
@@ -42,6 +47,20 @@ TEST_F(SaveSize, OfAllValuesTogetherIsLimited) {
   Property(data, "last").value = Percents(1'000);
   SaveWell(data);
   EXPECT_EQ(Property(data = PartDataOf("cover"), "last").value, Percents(1'000));
+}
+
+TEST_F(SaveSize, DoesNotCountWhatIsNotTold) {
+  ImportCoverWithManyValues(
+      "part,mass [kg],sd mass [kg],cg x [m],cg y [m],cg z [m],sd cg x [m]\ncover,1,0.1,0,0,0,0.2\n");
+  const StoredPart stored = store->LoadPart("cover").Value();
+  const std::size_t told = protocol::WritePartData(SavedValuesOf(stored.part, stored.details).data).size();
+  ASSERT_LT(told, kMaxValueBytes);
+  protocol::PartData data = PartDataOf("cover");
+  Property(data, "last").value = std::string(kMaxValueBytes - told + 1, 'x');
+  EXPECT_THAT(Save(data), HasSubstr("have 33554433 bytes together, at most 33554432 expected"));
+  Property(data, "last").value.pop_back();
+  SaveWell(data);
+  EXPECT_EQ(HistoryOf("cover").total, 1) << "which can be read";
 }
 
 // 93 materials of 180,044 bytes each leave 33,124 of 16,777,216.

@@ -130,6 +130,13 @@ TEST_P(PartHistoryContract, ListsTheLatestRecordsFirstPageByPage) {
   EXPECT_EQ(store->LoadHistory("bare", 0, 2).Value().total, 0);
 }
 
+// The later one may tell more than an older program has written.
+TEST_P(PartHistoryContract, FindsTheLaterTextOfAStateThatTwoRecordsTellOf) {
+  const std::int64_t second = SaveMaterial("A", "at first", "with A").state;
+  SaveMaterial("B", "with A, and more", "with B");
+  EXPECT_EQ(store->FindStateText("leaf", second).Value(), "with A, and more");
+}
+
 TEST_P(PartHistoryContract, FindsTheTextOfAStateThatARecordTellsOf) {
   const std::int64_t first = StateOf("leaf");
   const std::int64_t second = SaveMaterial("A", "at first", "with A").state;
