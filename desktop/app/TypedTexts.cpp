@@ -1,7 +1,5 @@
 #include "desktop/app/TypedTexts.h"
 
-#include <string_view>
-
 #include "desktop/app/PartPanelMarks.h"
 #include "desktop/toolkit/QtText.h"
 
@@ -19,6 +17,7 @@ bool IsThere(const LumWBAllDataBuffer& buffer, const ReadEditor& row) {
 TypedTexts::TypedTexts(KorDlgDialog& panel, BufferOf buffer) : _panel(panel), _buffer(std::move(buffer)) {}
 
 void TypedTexts::Follow(const KorDlgObject& sender, KorEvent event) {
+  // A refresh of the panel, which ends edit mode, selects in its lists and so tells of it.
   if (!IsInEditMode(_panel)) {
     _texts.clear();
     _properties.clear();

@@ -75,6 +75,21 @@ TEST_F(TypedTextsTest, SavedAllTheSameItIsStoredAsTheQuestionSaysAndNothingStays
   EXPECT_EQ(boxes.Questions().size(), 1u);
 }
 
+// The panel shows the stored bound then, which is the one that was made of the text.
+TEST_F(TypedTextsTest, ARefreshThatEndsEditModeLeavesNothingMarked) {
+  TypeBound(kRelative, "2");
+  Leave();
+  Save();
+  TypeBound(kRelative, "2,5");
+  Leave();
+  ASSERT_NE(MarkOf(kUpper), "");
+  window.PartPanel().RefreshValues();
+  ASSERT_FALSE(IsEditing());
+  ASSERT_TRUE(Press("EditButton"));
+  ASSERT_EQ(TextOf(kUpper), "2%");
+  EXPECT_EQ(MarkOf(kUpper), "");
+}
+
 TEST_F(TypedTextsTest, ABoundWithoutAnyNumberIsAskedAboutToo) {
   TypeBound(kRelative, "about 3");
   boxes.answers = {kBack};
