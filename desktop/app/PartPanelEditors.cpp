@@ -9,6 +9,7 @@
 #include "desktop/app/Texts.h"
 #include "framework/dialog/KorDlgCheckButton.h"
 #include "framework/dialog/KorDlgDialog.h"
+#include "framework/dialog/KorDlgPushButton.h"
 #include "services/KorWBServices.h"
 
 namespace desktop {
@@ -130,9 +131,18 @@ QString StoredOfPercent(const KorUnicodeString& text) {
 
 std::span<const ReadEditor> ReadEditors() { return kReadEditors; }
 
+bool IsInEditMode(KorDlgDialog& partPanel) {
+  return !partPanel.Find<KorDlgPushButton>("Frame238.EditButton").IsEnabled();
+}
+
 QString ProblemOf(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, const ReadEditor& editor) {
   const KorUnicodeString& text = TextOf(panel, editor.path);
   if (text == kNoValue && StandsForNoValue(panel, buffer, editor)) return {};
+  return ProblemOfText(panel, buffer, editor, text);
+}
+
+QString ProblemOfText(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, const ReadEditor& editor,
+                      const KorUnicodeString& text) {
   switch (editor.content) {
     case EditorContent::Expression:
       return FindExpressionProblem(text, editor.magnitude);
@@ -176,8 +186,10 @@ QString StoredOfProperty(const LumWBAllDataBuffer& buffer, int index, const KorU
 
 QString WhyNotStored(KorDlgDialog& panel, const ReadEditor& editor) {
   const bool isForStandardPart = editor.content == EditorContent::Quantity && IsStandardPart(panel);
-  if (isForStandardPart && !IsZero(TextOf(panel, editor.path))) return Text("Unread.StandardPart");
-  if (editor.content == EditorContent::Bound && !HasOwnBounds(panel)) return Text("Unread.OwnBounds");
+  const KorUnicodeString& text = TextOf(panel, editor.path);
+  if (isForStandardPart && text != kNoValue && !IsZero(text)) return Text("Unread.StandardPart");
+  if (editor.content == EditorContent::Bound && text != kNoValue && !HasOwnBounds(panel))
+    return Text("Unread.OwnBounds");
   return {};
 }
 

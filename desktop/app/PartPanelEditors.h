@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <optional>
 #include <span>
 
@@ -33,8 +34,14 @@ inline constexpr const char* kPropertyNamePath =
 inline constexpr const char* kPropertyValuePath =
     "TabContainer001.TabPageAdditional.ExtraPropertiesFrame.PropertyValueEditor";
 
+/// Whether the panel is in edit mode. It keeps no flag: that mode begins and ends with the "Edit" button.
+bool IsInEditMode(KorDlgDialog& partPanel);
+
 /// What is the matter with the text of an editor, for the user; empty: nothing is.
 QString ProblemOf(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, const ReadEditor& editor);
+/// The same of a text that stood in the editor before.
+QString ProblemOfText(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, const ReadEditor& editor,
+                      const KorUnicodeString& text);
 /// What a save stores of a text with a problem, for the user.
 QString StoredInstead(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, const ReadEditor& editor);
 

@@ -131,7 +131,9 @@ void PartPanelHost::GoTo(const UnreadText& text) {
   KorDlgDialog& dialog = _panel->Dialog();
   BringToFront(dialog.Find<KorDlgTabContainer>(kPages), *text.editor);
   if (text.property) ShowProperty(dialog, text.property);
-  if (const QtView* view = _backend.ViewOf(*text.editor)) view->Qt()->setFocus();
+  // The list of revisions can be picked from in the choice of one only.
+  const KorDlgObject& target = text.editor->IsEnabled() ? *text.editor : dialog.Find(kPages);
+  if (const QtView* view = _backend.ViewOf(target)) view->Qt()->setFocus();
 }
 
 void PartPanelHost::SaveEnded(const KorUnicodeString& reply) {

@@ -4,6 +4,7 @@
 #include <map>
 
 #include "desktop/app/PartPanelEditors.h"
+#include "desktop/app/ReadableTexts.h"
 #include "desktop/app/Texts.h"
 #include "desktop/toolkit/QtText.h"
 #include "framework/dialog/KorDlgLabel.h"
@@ -22,10 +23,16 @@ constexpr KorEvent kUserEvents[] = {KorEvent::EditorModify, KorEvent::FocusOut, 
 constexpr const char* kPages = "TabContainer001";
 constexpr const char* kRevisions =
     "TabContainer001.TabPageDocuments.UpperMainFrameActiveDoc.FrameActiveDoc.ActiveDocsCombo";
+constexpr const char* kApply =
+    "TabContainer001.TabPageDocuments.UpperMainFrameActiveDoc.FrameActiveDoc.ApplyActiveDocButton";
 constexpr const char* kByHand =
     "TabContainer001.TabPageDocuments.LowerMainFrameActiveDoc.FrameActiveDocType.ActiveDocUsrSelButton";
 constexpr const char* kNotLoaded = "ERROR!";  ///< the only line after a revision that could not be loaded
 constexpr QStringView kStep = u" \u203a ";    ///< between page, frame and label
+
+bool IsWrittenAnew(const TypedText* text) {
+  return text != nullptr && !text->problem.isEmpty() && text->now != text->typed;
+}
 
 using Reasons = std::map<KorDlgObject*, QStringList>;
 
@@ -64,17 +71,28 @@ void PartPanelMarks::ListenBelow(KorDlgObject& widget) {
     for (const KorEvent event : kUserEvents)
       child->Subscribe(event, [this, event, &sender = *child](auto...) {
         _typed.Follow(sender, event);
+        FollowRevision(sender, event);
         Update();
       });
     ListenBelow(*child);
   }
 }
 
+/// The line stays for as long as the panel is there; what was not loaded matters in this edit mode only.
+void PartPanelMarks::FollowRevision(const KorDlgObject& sender, KorEvent event) {
+  if (!_buffer().AreOldDocumentsUsed()) return;
+  if (event == KorEvent::PushActivate && &sender == &_panel.Find(kApply))
+    _revisionFailed = _panel.Find<KorDlgCombo>(kRevisions).GetSelectedLine() == kNotLoaded;
+  if (!IsInEditMode(_panel)) _revisionFailed = false;
+}
+
 std::vector<UnreadText> PartPanelMarks::Find() const {
   if (!IsInEditMode(_panel)) return {};
   std::vector<UnreadText> found = FindInEditors();
+  const auto isProperty = [](const UnreadText& text) { return text.property != 0; };
+  if (auto revision = FindRevision())
+    found.insert(std::ranges::find_if(found, isProperty), std::move(*revision));
   for (UnreadText& hidden : FindInHiddenProperties()) found.push_back(std::move(hidden));
-  if (auto revision = FindRevision()) found.push_back(std::move(*revision));
   return found;
 }
 
@@ -92,24 +110,36 @@ std::vector<UnreadText> PartPanelMarks::FindInEditors() const {
 std::optional<UnreadText> PartPanelMarks::FindIn(const ReadEditor& row, KorDlgEditor& editor) const {
   const LumWBAllDataBuffer& buffer = _buffer();
   const int property = row.content == EditorContent::Property ? ShownProperty(_panel) : 0;
+  const TypedText* const inEditor = _typed.In(editor);
   const QString text = ToQt(editor.GetText());
-  const bool isStored =
-      property != 0 && _isPropertyStored(property) && editor.GetText() == buffer.GetPropertyValue(property);
-  if (const QString problem = ProblemOf(_panel, buffer, row); !problem.isEmpty() && !isStored)
+  if (const QString problem = ProblemOf(_panel, buffer, row);
+      !problem.isEmpty() && !IsStoredProperty(property, editor))
     return UnreadText{&editor, property, text, problem, StoredInstead(_panel, buffer, row)};
-  const TypedText* const typed = property ? _typed.OfProperty(property) : _typed.In(editor);
-  if (typed != nullptr && !typed->problem.isEmpty())
-    return UnreadText{&editor, property, typed->typed, typed->problem, StoredInstead(_panel, buffer, row)};
-  const QString whyNot = typed != nullptr ? WhyNotStored(_panel, row) : QString();
+  if (const TypedText* typed = property ? _typed.OfProperty(property) : inEditor; IsWrittenAnew(typed))
+    return UnreadText{&editor, property, ToQt(typed->typed), ToldProblem(row, *typed),
+                      StoredInstead(_panel, buffer, row)};
+  const QString whyNot = inEditor != nullptr ? WhyNotStored(_panel, row) : QString();
   if (whyNot.isEmpty()) return std::nullopt;
   return UnreadText{&editor, property, text, whyNot, whyNot};
 }
 
+/// The shown property is as the server has it, which takes it as it is.
+bool PartPanelMarks::IsStoredProperty(int property, const KorDlgEditor& editor) const {
+  const bool isTouched =
+      _typed.In(editor) != nullptr && editor.GetText() != _buffer().GetPropertyValue(property);
+  return property != 0 && _isPropertyStored(property) && !isTouched;
+}
+
+/// In the language of now, which may be another one than when it was typed.
+QString PartPanelMarks::ToldProblem(const ReadEditor& row, const TypedText& typed) const {
+  const QString problem = ProblemOfText(_panel, _buffer(), row, typed.typed);
+  return problem.isEmpty() ? typed.problem : problem;
+}
+
 /// The panel says so in its list only, and saves as if the automatic revision had been chosen.
 std::optional<UnreadText> PartPanelMarks::FindRevision() const {
-  if (!_buffer().AreOldDocumentsUsed() || !_panel.Find<KorDlgRadioButton>(kByHand).IsChecked()) return {};
+  if (!_revisionFailed || !_panel.Find<KorDlgRadioButton>(kByHand).IsChecked()) return {};
   auto& revisions = _panel.Find<KorDlgCombo>(kRevisions);
-  if (revisions.GetSelectedLine() != kNotLoaded) return {};
   return UnreadText{&revisions, 0, ToQt(revisions.GetSelectedLine()), Text("Unread.Revision"),
                     Text("Unread.AutomaticRevision")};
 }
@@ -119,18 +149,21 @@ std::vector<UnreadText> PartPanelMarks::FindInHiddenProperties() const {
   const LumWBAllDataBuffer& buffer = _buffer();
   if (!buffer.AdditionalInfoRequested()) return {};
   std::vector<UnreadText> found;
-  auto& editor = _panel.Find<KorDlgEditor>(kPropertyValuePath);
-  for (int index = 1; index <= buffer.GetPropertyCount(); ++index) {
-    if (index == ShownProperty(_panel) || _isPropertyStored(index)) continue;
-    const QString problem = ProblemOfStoredProperty(buffer, index);
-    if (!problem.isEmpty())
-      found.push_back(
-          {&editor, index, ToQt(buffer.GetPropertyValue(index)), problem, Text("Unread.Refused")});
-    else if (const TypedText* typed = _typed.OfProperty(index))
-      found.push_back({&editor, index, typed->typed, typed->problem,
-                       StoredOfProperty(buffer, index, FromQt(typed->typed))});
-  }
+  for (int index = 1; index <= buffer.GetPropertyCount(); ++index)
+    if (index != ShownProperty(_panel))
+      if (auto text = FindInHiddenProperty(index)) found.push_back(std::move(*text));
   return found;
+}
+
+std::optional<UnreadText> PartPanelMarks::FindInHiddenProperty(int index) const {
+  const LumWBAllDataBuffer& buffer = _buffer();
+  auto& editor = _panel.Find<KorDlgEditor>(kPropertyValuePath);
+  if (const TypedText* typed = _typed.OfProperty(index))
+    return UnreadText{&editor, index, ToQt(typed->typed), FindPropertyProblem(buffer, index, typed->typed),
+                      StoredOfProperty(buffer, index, typed->typed)};
+  const QString problem = _isPropertyStored(index) ? QString() : ProblemOfStoredProperty(buffer, index);
+  if (problem.isEmpty()) return std::nullopt;
+  return UnreadText{&editor, index, ToQt(buffer.GetPropertyValue(index)), problem, Text("Unread.Refused")};
 }
 
 void PartPanelMarks::Update() {
@@ -151,10 +184,6 @@ void PartPanelMarks::Update() {
   if (buffer.AdditionalInfoRequested()) SetMark(_panel.Find(kPropertyNamePath), reasons);
   if (buffer.AreOldDocumentsUsed()) SetMark(_panel.Find(kRevisions), reasons);
   for (const auto& page : _panel.Find(kPages).Children()) SetMark(*page, reasons);
-}
-
-bool IsInEditMode(KorDlgDialog& partPanel) {
-  return !partPanel.Find<KorDlgPushButton>("Frame238.EditButton").IsEnabled();
 }
 
 QString PlaceOf(const UnreadText& text, const LumWBAllDataBuffer& buffer) {

@@ -31,7 +31,7 @@ class PartPanelMarks {
   /// Which part the panel shows.
   using BufferOf = TypedTexts::BufferOf;
   /// Whether the server has property `index` (from 1) as it is in the buffer: what nobody has typed is not
-  /// marked while it is not shown.
+  /// marked.
   using IsPropertyStored = std::function<bool(int index)>;
   /// Looks at the editors again after whatever the user does in `panel`. The marks must outlive it.
   PartPanelMarks(KorDlgDialog& panel, BufferOf buffer, IsPropertyStored isPropertyStored);
@@ -49,15 +49,17 @@ class PartPanelMarks {
   std::optional<UnreadText> FindIn(const ReadEditor& row, KorDlgEditor& editor) const;
   std::optional<UnreadText> FindRevision() const;
   std::vector<UnreadText> FindInHiddenProperties() const;
+  std::optional<UnreadText> FindInHiddenProperty(int index) const;
+  bool IsStoredProperty(int property, const KorDlgEditor& editor) const;
+  QString ToldProblem(const ReadEditor& row, const TypedText& typed) const;
+  void FollowRevision(const KorDlgObject& sender, KorEvent event);
 
   KorDlgDialog& _panel;
   BufferOf _buffer;
   IsPropertyStored _isPropertyStored;
   TypedTexts _typed;
+  bool _revisionFailed = false;  ///< could not be loaded, since edit mode began
 };
-
-/// Whether the panel is in edit mode. It keeps no flag: that mode begins and ends with the "Edit" button.
-bool IsInEditMode(KorDlgDialog& partPanel);
 
 /// Where a text of the panel stands, as the user sees it: page, frame and label, or the name of the property.
 QString PlaceOf(const UnreadText& text, const LumWBAllDataBuffer& buffer);

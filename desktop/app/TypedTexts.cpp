@@ -1,11 +1,11 @@
 #include "desktop/app/TypedTexts.h"
 
-#include "desktop/app/PartPanelMarks.h"
-#include "desktop/toolkit/QtText.h"
-
 namespace desktop {
 namespace {
 
+constexpr const char* kMassType = "TabContainer001.TabPage003.Frame107.Frame231.MassTypeCombo";
+constexpr const char* kActiveMassType = "TabContainer001.TabPage003.Frame230.ActiveMassCombo";
+constexpr const char* kPrecisionType = "TabContainer001.TabPage005.Frame252.Frame092.TypeCombo";
 constexpr const char* kValueType = "TabContainer001.TabPage005.Frame252.PrecisionValueFrame.ValueTypeCombo";
 
 bool IsThere(const LumWBAllDataBuffer& buffer, const ReadEditor& row) {
@@ -14,7 +14,8 @@ bool IsThere(const LumWBAllDataBuffer& buffer, const ReadEditor& row) {
 
 }  // namespace
 
-TypedTexts::TypedTexts(KorDlgDialog& panel, BufferOf buffer) : _panel(panel), _buffer(std::move(buffer)) {}
+TypedTexts::TypedTexts(KorDlgDialog& panel, BufferOf buffer)
+    : _panel(panel), _buffer(std::move(buffer)), _shown(Lines()) {}
 
 void TypedTexts::Follow(const KorDlgObject& sender, KorEvent event) {
   // A refresh of the panel, which ends edit mode, selects in its lists and so tells of it.
@@ -28,7 +29,16 @@ void TypedTexts::Follow(const KorDlgObject& sender, KorEvent event) {
     TakeWrittenAnew(sender, event);
   }
   ForgetReplaced();
-  if (_buffer().AdditionalInfoRequested()) _shownProperty = ShownProperty(_panel);
+  const ShownLines now = Lines();
+  ForgetOthers(now);
+  _shown = now;
+}
+
+ShownLines TypedTexts::Lines() const {
+  return {_panel.Find<KorDlgCombo>(kMassType).GetSelectedLine(),
+          _panel.Find<KorDlgCombo>(kActiveMassType).GetSelectedLine(),
+          _panel.Find<KorDlgCombo>(kPrecisionType).GetSelect() != 0,
+          _buffer().AdditionalInfoRequested() ? ShownProperty(_panel) : 0};
 }
 
 const TypedText* TypedTexts::In(const KorDlgEditor& editor) const {
@@ -47,7 +57,7 @@ void TypedTexts::Take(const KorDlgObject& sender) {
     const auto& editor = _panel.Find<KorDlgEditor>(row.path);
     if (&editor != &sender) continue;
     const KorUnicodeString& text = editor.GetText();
-    _texts[&editor] = {ToQt(text), ProblemOf(_panel, _buffer(), row), text};
+    _texts[&editor] = {text, ProblemOf(_panel, _buffer(), row), text};
     if (row.content == EditorContent::Property) _properties.erase(ShownProperty(_panel));
   }
 }
@@ -55,12 +65,12 @@ void TypedTexts::Take(const KorDlgObject& sender) {
 /// The panel has taken the text of the property that was shown before. Of a magnitude it has kept a number.
 void TypedTexts::HandOverProperty() {
   const LumWBAllDataBuffer& buffer = _buffer();
-  if (!buffer.AdditionalInfoRequested() || ShownProperty(_panel) == _shownProperty) return;
+  if (!buffer.AdditionalInfoRequested() || ShownProperty(_panel) == _shown.property) return;
   const auto typed = _texts.extract(&_panel.Find<KorDlgEditor>(kPropertyValuePath));
   if (typed.empty() || typed.mapped().problem.isEmpty()) return;
-  if (!ProblemOfStoredProperty(buffer, _shownProperty).isEmpty()) return;
-  _properties[_shownProperty] = {typed.mapped().typed, typed.mapped().problem,
-                                 buffer.GetPropertyValue(_shownProperty)};
+  if (!ProblemOfStoredProperty(buffer, _shown.property).isEmpty()) return;
+  _properties[_shown.property] = {typed.mapped().typed, typed.mapped().problem,
+                                  buffer.GetPropertyValue(_shown.property)};
 }
 
 /// A bound that is left, and bounds of which another kind is chosen.
@@ -77,9 +87,18 @@ void TypedTexts::TakeWrittenAnew(const KorDlgObject& sender, KorEvent event) {
 
 void TypedTexts::ForgetReplaced() {
   std::erase_if(_texts, [](const auto& text) { return text.first->GetText() != text.second.now; });
-  std::erase_if(_properties, [this](const auto& property) {
-    return _buffer().GetPropertyValue(property.first) != property.second.now;
-  });
+}
+
+/// The texts of another mass type may happen to be the same.
+void TypedTexts::ForgetOthers(const ShownLines& now) {
+  const bool isOtherType = now.massType != _shown.massType;
+  const bool areOtherBounds =
+      now.activeMassType != _shown.activeMassType || (_shown.hasOwnBounds && !now.hasOwnBounds);
+  for (const ReadEditor& row : ReadEditors()) {
+    const bool isOfType = row.content == EditorContent::Expression || row.content == EditorContent::Quantity;
+    if ((isOfType && isOtherType) || (row.content == EditorContent::Bound && areOtherBounds))
+      _texts.erase(&_panel.Find<KorDlgEditor>(row.path));
+  }
 }
 
 }  // namespace desktop

@@ -11,9 +11,17 @@ namespace desktop {
 
 /// A text that a user has typed, and what the panel has put in its place.
 struct TypedText {
-  QString typed;
+  KorUnicodeString typed;
   QString problem;       ///< why the panel could not read it as it stood; empty: it could
-  KorUnicodeString now;  ///< in the editor, or of a property that is not shown, in the buffer
+  KorUnicodeString now;  ///< in the editor, or of a property that was left, in the buffer
+};
+
+/// What decides whose values the editors show.
+struct ShownLines {
+  KorUnicodeString massType;
+  KorUnicodeString activeMassType;
+  bool hasOwnBounds = false;  ///< and not those of the mass type
+  int property = 0;           ///< from 1
 };
 
 /// What a user has typed into the editors of an open part panel since edit mode began. The panel writes some
@@ -38,12 +46,14 @@ class TypedTexts {
   void HandOverProperty();
   void TakeWrittenAnew(const KorDlgObject& sender, KorEvent event);
   void ForgetReplaced();
+  void ForgetOthers(const ShownLines& now);
+  ShownLines Lines() const;
 
   KorDlgDialog& _panel;
   BufferOf _buffer;
   std::map<const KorDlgEditor*, TypedText> _texts;
   std::map<int, TypedText> _properties;
-  int _shownProperty = 0;
+  ShownLines _shown;
 };
 
 }  // namespace desktop

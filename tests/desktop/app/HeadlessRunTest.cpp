@@ -85,7 +85,7 @@ TEST_F(HeadlessRunTest, LeavesPicturesAndValues) {
       {"warning-dialog-de.png", "Warnungen"},
       {"window-saved-de.png", "IEA15 – Korvo Weight & Balance"},
       {"part-panel-edit-results-de.png", "Masse und Schwerpunkt"},
-      {"question-unread.png", "Texts that cannot be read"},
+      {"question-unread.png", "Not stored as it stands"},
       {"history.png", "History of part bedplate"},
       {"history-de.png", "Verlauf des Teils bedplate"}};
   for (const auto& [file, title] : titles)

@@ -2,6 +2,7 @@
 // is marked where a save would not store it.
 #include <QPushButton>
 
+#include "desktop/app/PartPanelEditors.h"
 #include "framework/dialog/KorDlgCheckButton.h"
 #include "tests/desktop/app/UnreadHarness.h"
 
@@ -106,13 +107,52 @@ TEST_F(TypedTextsTest, ABoundStaysMarkedUnderAnotherValueType) {
   EXPECT_EQ(MarkOf(kUpper), "");
 }
 
-TEST_F(TypedTextsTest, BoundsOfAnotherActiveMassTypeAreNotMarked) {
-  TypeBound(kRelative, "2,5");
+// Those of "Weighed" are 0.1%, too, and those of the mass type of "Calculated" 3%.
+TEST_F(TypedTextsTest, BoundsThatComeInPlaceOfTypedOnesAreNotMarkedThoughTheirTextIsTheSame) {
+  TypeBound(kRelative, "0.1,5");
   Leave();
+  ASSERT_EQ(TextOf(kUpper), "0.1%");
+  ASSERT_NE(MarkOf(kUpper), "");
   GoTo(kMassTypesPage);
   boxes.answers = {kGiveUp};
-  ASSERT_TRUE(Combo(kActiveType).Pick("Estimated"));
+  ASSERT_TRUE(Combo(kActiveType).Pick("Weighed"));
+  ASSERT_EQ(TextOf(kUpper), "0.1%");
+  ASSERT_TRUE(Panel().Find(kUpper).IsEnabled());
   EXPECT_EQ(MarkOf(kUpper), "");
+}
+
+TEST_F(TypedTextsTest, BoundsOfTheMassTypeAreNotMarkedThoughTheirTextIsTheSame) {
+  TypeBound(kRelative, "3,9");
+  Leave();
+  ASSERT_EQ(TextOf(kUpper), "3%");
+  ASSERT_TRUE(Combo(kPrecision).Pick("Mass Type"));
+  ASSERT_EQ(TextOf(kUpper), "3%");
+  ASSERT_TRUE(Combo(kPrecision).Pick("User Defined"));
+  EXPECT_EQ(MarkOf(kUpper), "");
+}
+
+TEST_F(TypedTextsTest, AMarkIsToldInTheLanguageThatIsChosenWhileItStands) {
+  TypeBound(kRelative, "2,5");
+  Leave();
+  ASSERT_TRUE(window.ChooseLanguage("de"));
+  EXPECT_EQ(MarkOf(kUpper), "„2,5“ ist nicht als Zahl lesbar, ohne oder mit „%“ dahinter.");
+}
+
+// "7 %" is a good text of the other kind.
+TEST_F(TypedTextsTest, ABoundStaysMarkedWhereItsTextWouldBeReadUnderTheOtherKind) {
+  TypeBound(kAbsolute, "7 %");
+  Leave();
+  ASSERT_TRUE(Combo(kValueType).Pick("Relative"));
+  EXPECT_NE(MarkOf(kUpper), "");
+}
+
+TEST_F(TypedTextsTest, NoBoundOfTheStoredKindIsNotMarkedAfterItHasBeenOfTheOther) {
+  Edit();
+  DefineBounds(kAbsolute);
+  Type(kUpper, "...");
+  ASSERT_NE(MarkOf(kUpper), "");
+  ASSERT_TRUE(Combo(kValueType).Pick("Relative"));
+  EXPECT_EQ(MarkOf(kUpper), "") << "the stored one is kept";
 }
 
 TEST_F(TypedTextsTest, ABoundThatCouldBeReadIsNotMarkedWhenItIsLeft) {
@@ -145,6 +185,20 @@ TEST_F(TypedTextsTest, AMagnitudeThatCouldNotBeReadStaysMarkedWhenAnotherPropert
   EXPECT_EQ(MarkOfList(), "");
   Save();
   EXPECT_EQ(boxes.Questions().size(), 1u);
+}
+
+// Nothing is changed in the buffer then.
+TEST_F(TypedTextsTest, AMagnitudeWhoseNumberIsTheStoredOneStaysMarkedToo) {
+  Edit();
+  ShowProperty("Transport mass");
+  ASSERT_EQ(TextOf(kPropertyValue), "44500 kg");
+  Type(kPropertyValue, "44500 t");
+  ShowProperty("Supplier");
+  EXPECT_NE(MarkOfList(), "");
+  boxes.answers = {kBack};
+  ClickSave();
+  EXPECT_NE(Told().find("Transport mass: \"44500 t\"\n\u2192 44500 kg is stored"), std::string::npos)
+      << Told();
 }
 
 TEST_F(TypedTextsTest, AMagnitudeSavedAllTheSameIsNotMarkedAnyMore) {
@@ -207,6 +261,33 @@ TEST_F(TypedTextsTest, ACentreTypedBeforeThePartBecomesAStandardPartIsMarkedToo)
   EXPECT_EQ(MarkOf(kCGx), "");
 }
 
+TEST_F(TypedTextsTest, NoCentreOfAStandardPartIsNoError) {
+  Edit();
+  Type(kCGx, "...");
+  ASSERT_NE(MarkOf(kCGx), "");
+  ASSERT_TRUE(Panel().Find<KorDlgCheckButton>(kStandardPart).Toggle());
+  EXPECT_EQ(MarkOf(kCGx), "");
+}
+
+TEST_F(TypedTextsTest, TheCentreOfARevisionIsNotTakenForATypedOne) {
+  Edit();
+  Type(kCGx, "777");
+  ChooseRevision("B");
+  ASSERT_EQ(TextOf(kCGx), "-1290 mm");
+  ASSERT_TRUE(Panel().Find<KorDlgCheckButton>(kStandardPart).Toggle());
+  EXPECT_EQ(MarkOf(kCGx), "");
+}
+
+TEST_F(TypedTextsTest, NoValuesOfAMassTypeAreNoError) {
+  Edit();
+  Type(kMass, "...");
+  ASSERT_NE(MarkOf(kMass), "");
+  for (const ReadEditor& row : ReadEditors())
+    if (row.content == EditorContent::Quantity) Type(row.path, "...");
+  EXPECT_EQ(MarkOf(kMass), "") << "nothing was typed that could be lost";
+  EXPECT_EQ(MarkOf(kCGx), "");
+}
+
 TEST_F(TypedTextsTest, ABoundTypedBesideThoseOfTheMassTypeIsMarkedAsNotStored) {
   Edit();
   DefineBounds(kRelative);
@@ -221,6 +302,13 @@ TEST_F(TypedTextsTest, ABoundTypedBesideThoseOfTheMassTypeIsMarkedAsNotStored) {
   TypeByKeys(kUpper, "7");
   Leave();
   EXPECT_EQ(MarkOf(kUpper), "not stored: the bounds of the mass type count");
+  Type(kUpper, "about 7");
+  boxes.answers = {kBack};
+  Press("SaveButton");
+  EXPECT_NE(Told().find("\"about 7\"\n\u2192 not stored: the bounds of the mass type count"),
+            std::string::npos)
+      << Told();
+  Type(kUpper, "7");
   ASSERT_TRUE(Combo(kPrecision).Pick("User Defined"));
   EXPECT_EQ(MarkOf(kUpper), "");
 }
@@ -249,6 +337,22 @@ TEST_F(TypedTextsTest, ARevisionThatCouldNotBeLoadedIsMarkedAndAskedAbout) {
                                            "FrameActiveDocType.ActiveDocLatestButton")
                   .Check());
   EXPECT_EQ(Panel().Find(kRevisions).GetMarking(), "") << "that is what the user says now";
+}
+
+TEST_F(TypedTextsTest, ARevisionThatCouldNotBeLoadedIsAskedAboutOnce) {
+  server->answer = [this](const std::string& command, const std::string& request) {
+    return command == "WBGetActiveDocInfo" ? protocol::ErrorReply("locked") : real->Run(command, request);
+  };
+  Edit();
+  ChooseRevision("B");
+  EditProperty("Crane lifts", "many");
+  boxes.answers = {kSaveAllTheSame};
+  ClickSave();
+  const std::string told = Told();
+  EXPECT_LT(told.find("ERROR!"), told.find("many")) << "in the order of the pages";
+  RunPendingEvents();
+  ASSERT_TRUE(Press("EditButton"));
+  EXPECT_EQ(Panel().Find(kRevisions).GetMarking(), "");
 }
 
 }  // namespace

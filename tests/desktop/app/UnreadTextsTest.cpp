@@ -17,9 +17,9 @@ TEST_F(UnreadTextsTest, ATextSavedStraightFromItsEditorIsAskedAboutBeforeAnythin
   boxes.answers = {kBack};
   SaveByKeys();
   ASSERT_EQ(boxes.Questions().size(), 1u);
-  EXPECT_EQ(boxes.Questions()[0].title, "Texts that cannot be read");
+  EXPECT_EQ(boxes.Questions()[0].title, "Not stored as it stands");
   EXPECT_EQ(boxes.Questions()[0].text,
-            "One text cannot be read as it stands. A save would make of it:\n\n"
+            "One text would not be stored as it stands. A save would make of it:\n\n"
             "Mass types › Centre of gravity › x: \"about 3\"\n→ 0 mm is stored");
   EXPECT_EQ(boxes.Questions()[0].answers,
             (std::vector<KorUnicodeString>{"Save all the same", "Back to the field"}));
@@ -180,6 +180,7 @@ TEST_F(UnreadTextsTest, APropertyThatIsNotShownIsMarkedOnTheListOfPropertiesAndA
   EXPECT_EQ(TextOf(kPropertyValue), "many");
   EXPECT_TRUE(Line(kPropertyValue)->hasFocus());
   EXPECT_EQ(Panel().Find(kPropertyName).GetMarking(), "") << "it is shown again";
+  EXPECT_NE(MarkOf(kPropertyValue), "") << "which the server has not";
   Type(kPropertyValue, "4");
   Save();
   EXPECT_EQ(boxes.Questions().size(), 1u);
@@ -316,7 +317,7 @@ TEST_F(UnreadTextsTest, SeveralTextsStandInOneQuestionInTheOrderOfThePages) {
   boxes.answers = {kBack};
   Press("SaveButton");
   EXPECT_EQ(boxes.Questions()[0].text,
-            "2 texts cannot be read as they stand. A save would make of them:\n\n"
+            "2 texts would not be stored as they stand. A save would make of them:\n\n"
             "Mass types › Products of inertia › Ixy: \"1,5\"\n→ 1 kg·m² is stored\n\n"
             "Precision › Bounds of the mass › Above: \"much\"\n→ 0% is stored");
   EXPECT_EQ(Pages().GetSelectedPage(), kMassTypesPage);
@@ -338,7 +339,7 @@ TEST_F(UnreadTextsTest, TheQuestionIsAskedInTheLanguageOfTheUser) {
   boxes.answers = {kBack};
   Press("SaveButton");
   EXPECT_EQ(boxes.Questions()[0].text,
-            "Eine Eingabe ist so nicht lesbar. Beim Speichern würde daraus:\n\n"
+            "Eine Eingabe würde nicht so gespeichert, wie sie dasteht. Beim Speichern würde daraus:\n\n"
             "Massenarten › Schwerpunkt › x: „about 3“\n→ gespeichert wird 0 mm");
 }
 
