@@ -125,9 +125,10 @@ std::optional<UnreadText> PartPanelMarks::FindIn(const ReadEditor& row, KorDlgEd
 
 /// The shown property is as the server has it, which takes it as it is.
 bool PartPanelMarks::IsStoredProperty(int property, const KorDlgEditor& editor) const {
+  if (property == 0) return false;
   const bool isTouched =
       _typed.In(editor) != nullptr && editor.GetText() != _buffer().GetPropertyValue(property);
-  return property != 0 && _isPropertyStored(property) && !isTouched;
+  return _isPropertyStored(property) && !isTouched;
 }
 
 /// In the language of now, which may be another one than when it was typed.

@@ -24,10 +24,12 @@ constexpr char kRecords[] =
     "SELECT number, user, time, state_before, state_after FROM history WHERE part = ? AND number < ? ORDER "
     "BY number DESC LIMIT ?";
 // A state that one record leads to and another stands on has a text in both, of which the later one may tell
-// more than an older program has written.
+// more than an older program has written. Each half has its own index, which the plus keeps in use.
 constexpr char kStateText[] =
-    "SELECT number, iif(state_after = ?2, after, before) FROM history WHERE part = ?1 AND (state_after = ?2 "
-    "OR state_before = ?2) ORDER BY number DESC LIMIT 1";
+    "SELECT number, text FROM ("
+    "SELECT number, before AS text FROM history WHERE part = ?1 AND state_before = ?2 UNION ALL "
+    "SELECT number, after FROM history WHERE part = ?1 AND state_after = ?2) "
+    "ORDER BY +number DESC LIMIT 1";
 
 HistoryRecord RecordIn(SQLite::Statement& row) {
   return {.number = row.getColumn(0).getInt64(),

@@ -80,16 +80,10 @@ void MakeTextsOfUnknownMagnitudes(SQLite::Database& database) {
   }
 }
 
-// As much as leaves room for a number behind it; a character is not cut in two.
-std::string Shortened(std::string name) {
-  std::size_t size = std::min(name.size(), kMaxIdentifierBytes - 20);
-  while (size < name.size() && (static_cast<unsigned char>(name[size]) & 0xC0) == 0x80) --size;
-  return name.substr(0, size);
-}
-
-// Much like a name that could be none.
+// Much like a name that could be none. It leaves room for a number behind it; a character that is cut in two
+// counts as malformed.
 std::string GoodName(std::string name) {
-  name = Shortened(std::move(name));
+  name.resize(std::min(name.size(), kMaxIdentifierBytes - 20));
   const auto isBad = [](char c) { return c == '|' || static_cast<unsigned char>(c) < 0x20 || c == 0x7F; };
   std::ranges::replace_if(name, isBad, '_');
   while (const auto malformed = protocol::FindInvalidUtf8(name)) name[*malformed] = '_';

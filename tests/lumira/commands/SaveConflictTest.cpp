@@ -42,6 +42,19 @@ TEST_F(SaveConflict, IsFoundInEveryFieldThatASaveStores) {
   EXPECT_FALSE(PartDataOf("a").standardPart);
 }
 
+// They stay limits, which a computation treats otherwise than nothing that is known.
+TEST_F(SaveConflict, IsFoundInLimitsThatWereSetBackToTheSameNumbers) {
+  protocol::PartData mine = PartDataOf("a");
+  for (const double upper : {5.0, 0.0}) {
+    protocol::PartData theirs = PartDataOf("a");
+    Type(theirs, "Weighed").upperDeviation = upper;
+    SaveWell(theirs);
+  }
+  Type(mine, "Estimated").mass = 7;
+  EXPECT_THAT(Save(mine),
+              HasSubstr("fields that differ: standardDeviations[Weighed].hasLimits (none, now \"1\")"));
+}
+
 TEST_F(SaveConflict, NamesEverybodyWhoHasSavedSince) {
   protocol::PartData mine = PartDataOf("a");
   SaveMassAs("bob", 8);

@@ -223,26 +223,30 @@ TEST_F(SqliteMigrationFromVersion4, LetsAPartBeSavedWhoseDocumentCouldNotBeStore
 }
 
 TEST_F(SqliteMigrationFromVersion4, RenamesPropertiesWhoseNameCouldNotBeReadAndSaysSo) {
+  std::string malformed = "(2, 7, CAST(x'";
+  for (int i = 0; i < 300; ++i) malformed += "80";
+  malformed += "' AS TEXT), '7', 0, 0, 0, '')";
   for (const char* property :
        {"(2, 1, '', '1', 0, 0, 0, '')", "(2, 2, 'a|b', '2', 0, 0, 0, '')", "(2, 3, 'a_b', '3', 0, 0, 0, '')",
         "(2, 4, 'a' || char(9) || 'b', '4000', 2, 0, 1, 'LENGTH_X')",
         "(2, 5, hex(zeroblob(117)) || char(228) || hex(zeroblob(15)), '5', 0, 0, 0, '')",
-        "(2, 6, CAST(x'61FF' AS TEXT), '6', 0, 0, 0, '')"})
+        "(2, 6, CAST(x'61FF' AS TEXT), '6', 0, 0, 0, '')", malformed.c_str()})
     SQLite::Database(file, SQLite::OPEN_READWRITE)
         .exec(std::string("INSERT INTO properties VALUES") + property);
   const auto store = OpenSqliteStore(file).Value();
   const PartDetails details = store->LoadDetails("leaf").Value();
   std::vector<std::string> values;
   for (const auto& property : details.properties) values.push_back(property.name + "=" + property.value);
-  EXPECT_THAT(values, testing::ElementsAre("colour=red", "unnamed=1", "a_b 2=2", "a_b=3", "a_b 3=4000",
-                                           std::string(234, '0') + "=5", "a_=6"));
+  EXPECT_THAT(values,
+              testing::ElementsAre("colour=red", "unnamed=1", "a_b 2=2", "a_b=3", "a_b 3=4000",
+                                   std::string(234, '0') + "_=5", "a_=6", std::string(235, '_') + "=7"));
   EXPECT_THAT(
       store->Survey("PRC").Value().notes,
       testing::ElementsAre(
           "the name \"\" of an extra property could not be a name here; it is \"unnamed\" now",
           "the name \"a|b\" of an extra property could not be a name here; it is \"a_b 2\" now",
           testing::AllOf(testing::HasSubstr("it is \"a_b 3\" now; "), testing::HasSubstr("\"LENGTH_X\"")),
-          testing::_, testing::EndsWith("it is \"a_\" now")));
+          testing::_, testing::EndsWith("it is \"a_\" now"), testing::_));
 }
 
 struct Length {
