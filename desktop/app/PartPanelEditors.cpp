@@ -16,10 +16,6 @@ namespace desktop {
 namespace {
 
 constexpr const char* kNoValue = "...";
-constexpr const char* kMassType = "TabContainer001.TabPage003.Frame107.Frame231.MassTypeCombo";
-constexpr const char* kActiveMassType = "TabContainer001.TabPage003.Frame230.ActiveMassCombo";
-constexpr const char* kPrecisionType = "TabContainer001.TabPage005.Frame252.Frame092.TypeCombo";
-constexpr const char* kValueType = "TabContainer001.TabPage005.Frame252.PrecisionValueFrame.ValueTypeCombo";
 constexpr const char* kStandardPart = "Frame250.StdPartFrame.StdPartCheckButton";
 
 constexpr const char* kLength = "LENGTH";
@@ -51,9 +47,11 @@ constexpr ReadEditor kReadEditors[] = {
 };
 
 /// Else those of the mass type count.
-bool HasOwnBounds(KorDlgDialog& panel) { return panel.Find<KorDlgCombo>(kPrecisionType).GetSelect() != 0; }
+bool HasOwnBounds(KorDlgDialog& panel) {
+  return panel.Find<KorDlgCombo>(kPrecisionTypePath).GetSelect() != 0;
+}
 
-bool IsRelative(KorDlgDialog& panel) { return panel.Find<KorDlgCombo>(kValueType).GetSelect() == 0; }
+bool IsRelative(KorDlgDialog& panel) { return panel.Find<KorDlgCombo>(kValueTypePath).GetSelect() == 0; }
 
 const KorUnicodeString& TextOf(KorDlgDialog& panel, const char* path) {
   return panel.Find<KorDlgEditor>(path).GetText();
@@ -73,7 +71,7 @@ bool ShowsNoDistribution(KorDlgDialog& panel) {
 
 /// Whether the shown mass type has no centre of gravity or inertia that a save could overwrite.
 bool IsMissing(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, const ReadEditor& editor) {
-  const KorUnicodeString type = panel.Find<KorDlgCombo>(kMassType).GetSelectedLine();
+  const KorUnicodeString type = panel.Find<KorDlgCombo>(kMassTypePath).GetSelectedLine();
   return std::string_view(editor.magnitude) == kLength ? !buffer.GetCG(type) : !buffer.GetInertia(type);
 }
 
@@ -87,8 +85,8 @@ bool StandsForNoValue(KorDlgDialog& panel, const LumWBAllDataBuffer& buffer, con
     case EditorContent::OptionalQuantity:
       return true;
     case EditorContent::Bound:
-      return panel.Find<KorDlgCombo>(kValueType).GetSelect() ==
-             buffer.GetPrecisionValueType(panel.Find<KorDlgCombo>(kActiveMassType).GetSelectedLine());
+      return panel.Find<KorDlgCombo>(kValueTypePath).GetSelect() ==
+             buffer.GetPrecisionValueType(panel.Find<KorDlgCombo>(kActiveMassTypePath).GetSelectedLine());
     case EditorContent::Property:
       break;
   }

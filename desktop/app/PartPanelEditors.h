@@ -28,6 +28,11 @@ struct ReadEditor {
 /// All of them, in the order of the pages. The property's is there only for a part with properties.
 std::span<const ReadEditor> ReadEditors();
 
+inline constexpr const char* kMassTypePath = "TabContainer001.TabPage003.Frame107.Frame231.MassTypeCombo";
+inline constexpr const char* kActiveMassTypePath = "TabContainer001.TabPage003.Frame230.ActiveMassCombo";
+inline constexpr const char* kPrecisionTypePath = "TabContainer001.TabPage005.Frame252.Frame092.TypeCombo";
+inline constexpr const char* kValueTypePath =
+    "TabContainer001.TabPage005.Frame252.PrecisionValueFrame.ValueTypeCombo";
 inline constexpr const char* kMassEditorPath = "TabContainer001.TabPage003.Frame107.Frame231.MTMassEditor";
 inline constexpr const char* kPropertyNamePath =
     "TabContainer001.TabPageAdditional.ExtraPropertiesFrame.PropertyNameCombo";

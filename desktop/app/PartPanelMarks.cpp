@@ -8,7 +8,6 @@
 #include "desktop/app/Texts.h"
 #include "desktop/toolkit/QtText.h"
 #include "framework/dialog/KorDlgLabel.h"
-#include "framework/dialog/KorDlgPushButton.h"
 #include "framework/dialog/KorDlgRadioButton.h"
 #include "framework/dialog/KorDlgTabContainer.h"
 
@@ -71,19 +70,19 @@ void PartPanelMarks::ListenBelow(KorDlgObject& widget) {
     for (const KorEvent event : kUserEvents)
       child->Subscribe(event, [this, event, &sender = *child](auto...) {
         _typed.Follow(sender, event);
-        FollowRevision(sender, event);
+        if (_buffer().AreOldDocumentsUsed()) FollowRevision(sender, event);
         Update();
       });
     ListenBelow(*child);
   }
 }
 
-/// The line stays for as long as the panel is there; what was not loaded matters in this edit mode only.
 void PartPanelMarks::FollowRevision(const KorDlgObject& sender, KorEvent event) {
-  if (!_buffer().AreOldDocumentsUsed()) return;
-  if (event == KorEvent::PushActivate && &sender == &_panel.Find(kApply))
-    _revisionFailed = _panel.Find<KorDlgCombo>(kRevisions).GetSelectedLine() == kNotLoaded;
-  if (!IsInEditMode(_panel)) _revisionFailed = false;
+  const bool isApplied = event == KorEvent::PushActivate && &sender == &_panel.Find(kApply);
+  if (!IsInEditMode(_panel))
+    _wantsRevision = false;
+  else if (isApplied || event == KorEvent::RadioModify)
+    _wantsRevision = _panel.Find<KorDlgRadioButton>(kByHand).IsChecked();
 }
 
 std::vector<UnreadText> PartPanelMarks::Find() const {
@@ -137,10 +136,13 @@ QString PartPanelMarks::ToldProblem(const ReadEditor& row, const TypedText& type
   return problem.isEmpty() ? typed.problem : problem;
 }
 
-/// The panel says so in its list only, and saves as if the automatic revision had been chosen.
+/// The panel says so in its list only, which stays so, and saves as if the automatic revision had been
+/// chosen. Where that is stored already, and nobody has asked for another one since, nothing is lost.
 std::optional<UnreadText> PartPanelMarks::FindRevision() const {
-  if (!_revisionFailed || !_panel.Find<KorDlgRadioButton>(kByHand).IsChecked()) return {};
+  if (!_buffer().AreOldDocumentsUsed() || !_panel.Find<KorDlgRadioButton>(kByHand).IsChecked()) return {};
   auto& revisions = _panel.Find<KorDlgCombo>(kRevisions);
+  if (revisions.GetSelectedLine() != kNotLoaded) return {};
+  if (!_wantsRevision && !_buffer().HasUsedSpecificRevBefore()) return {};
   return UnreadText{&revisions, 0, ToQt(revisions.GetSelectedLine()), Text("Unread.Revision"),
                     Text("Unread.AutomaticRevision")};
 }

@@ -58,7 +58,7 @@ class PartPanelMarks {
   BufferOf _buffer;
   IsPropertyStored _isPropertyStored;
   TypedTexts _typed;
-  bool _revisionFailed = false;  ///< could not be loaded, since edit mode began
+  bool _wantsRevision = false;  ///< the user has asked for one by hand in this edit mode
 };
 
 /// Where a text of the panel stands, as the user sees it: page, frame and label, or the name of the property.

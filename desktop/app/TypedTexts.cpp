@@ -3,11 +3,6 @@
 namespace desktop {
 namespace {
 
-constexpr const char* kMassType = "TabContainer001.TabPage003.Frame107.Frame231.MassTypeCombo";
-constexpr const char* kActiveMassType = "TabContainer001.TabPage003.Frame230.ActiveMassCombo";
-constexpr const char* kPrecisionType = "TabContainer001.TabPage005.Frame252.Frame092.TypeCombo";
-constexpr const char* kValueType = "TabContainer001.TabPage005.Frame252.PrecisionValueFrame.ValueTypeCombo";
-
 bool IsThere(const LumWBAllDataBuffer& buffer, const ReadEditor& row) {
   return row.content != EditorContent::Property || buffer.AdditionalInfoRequested();
 }
@@ -35,9 +30,9 @@ void TypedTexts::Follow(const KorDlgObject& sender, KorEvent event) {
 }
 
 ShownLines TypedTexts::Lines() const {
-  return {_panel.Find<KorDlgCombo>(kMassType).GetSelectedLine(),
-          _panel.Find<KorDlgCombo>(kActiveMassType).GetSelectedLine(),
-          _panel.Find<KorDlgCombo>(kPrecisionType).GetSelect() != 0,
+  return {_panel.Find<KorDlgCombo>(kMassTypePath).GetSelectedLine(),
+          _panel.Find<KorDlgCombo>(kActiveMassTypePath).GetSelectedLine(),
+          _panel.Find<KorDlgCombo>(kPrecisionTypePath).GetSelect() != 0,
           _buffer().AdditionalInfoRequested() ? ShownProperty(_panel) : 0};
 }
 
@@ -75,7 +70,7 @@ void TypedTexts::HandOverProperty() {
 
 /// A bound that is left, and bounds of which another kind is chosen.
 void TypedTexts::TakeWrittenAnew(const KorDlgObject& sender, KorEvent event) {
-  const bool isOfBounds = event == KorEvent::ComboSelect && &sender == &_panel.Find(kValueType);
+  const bool isOfBounds = event == KorEvent::ComboSelect && &sender == &_panel.Find(kValueTypePath);
   for (const ReadEditor& row : ReadEditors()) {
     if (row.content != EditorContent::Bound) continue;
     const auto& editor = _panel.Find<KorDlgEditor>(row.path);

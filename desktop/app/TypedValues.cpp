@@ -11,11 +11,8 @@ namespace {
 
 constexpr const char* kMassTypesPage = "TabContainer001.TabPage003.";
 constexpr const char* kPrecisionPage = "TabContainer001.TabPage005.";
-constexpr const char* kShownType = "TabContainer001.TabPage003.Frame107.Frame231.MassTypeCombo";
-constexpr const char* kActiveType = "TabContainer001.TabPage003.Frame230.ActiveMassCombo";
 constexpr const char* kPaste = "TabContainer001.TabPage003.Frame107.Frame231.MTPasteValuesCombo";
 constexpr const char* kDelete = "TabContainer001.TabPage003.Frame107.Frame231.DeleteButton";
-constexpr const char* kPrecisionType = "TabContainer001.TabPage005.Frame252.Frame092.TypeCombo";
 constexpr const char* kEdit = "Frame238.EditButton";
 
 }  // namespace
@@ -23,8 +20,8 @@ constexpr const char* kEdit = "Frame238.EditButton";
 TypedValues::TypedValues(KorDlgDialog& panel, MayDrop mayDrop)
     : _panel(panel),
       _mayDrop(std::move(mayDrop)),
-      _values(Guarded(kShownType, "Unsaved.MassType", kMassTypesPage)),
-      _bounds(Guarded(kActiveType, "Unsaved.Bounds", kPrecisionPage)) {
+      _values(Guarded(kMassTypePath, "Unsaved.MassType", kMassTypesPage)),
+      _bounds(Guarded(kActiveMassTypePath, "Unsaved.Bounds", kPrecisionPage)) {
   Guard(_values);
   Guard(_bounds);
   ListenToWhatShows();
@@ -76,7 +73,7 @@ void TypedValues::ListenToWhatShows() {
   _values.combo.Subscribe(KorEvent::ComboSelect, showValues);
   _bounds.combo.Subscribe(KorEvent::ComboSelect, showBounds);
   // The user's own bounds are gone once those of the mass type are shown, which cannot be typed.
-  _panel.Find(kPrecisionType).Subscribe(KorEvent::ComboSelect, [this, showBounds](auto...) {
+  _panel.Find(kPrecisionTypePath).Subscribe(KorEvent::ComboSelect, [this, showBounds](auto...) {
     if (!_bounds.editors.front().editor->IsEnabled()) showBounds();
   });
   // Pasted values are the user's as typed ones are: the panel stores them with the next save.

@@ -4,6 +4,7 @@
 
 #include "desktop/app/PartPanelEditors.h"
 #include "framework/dialog/KorDlgCheckButton.h"
+#include "framework/knowledge/KorUnitSystems.h"
 #include "tests/desktop/app/UnreadHarness.h"
 
 namespace desktop::test {
@@ -15,6 +16,8 @@ constexpr const char* kActiveType = "TabContainer001.TabPage003.Frame230.ActiveM
 constexpr const char* kStandardPart = "Frame250.StdPartFrame.StdPartCheckButton";
 constexpr const char* kRevisions =
     "TabContainer001.TabPageDocuments.UpperMainFrameActiveDoc.FrameActiveDoc.ActiveDocsCombo";
+constexpr const char* kLatest =
+    "TabContainer001.TabPageDocuments.LowerMainFrameActiveDoc.FrameActiveDocType.ActiveDocLatestButton";
 constexpr int kRelative = 0, kAbsolute = 1;
 
 class TypedTextsTest : public UnreadTextsTest {
@@ -35,6 +38,19 @@ class TypedTextsTest : public UnreadTextsTest {
   std::string MarkOfList() { return Panel().Find(kPropertyName).GetMarking().Utf8(); }
   KorDlgCombo& Combo(const char* path) { return Panel().Find<KorDlgCombo>(path); }
   bool PressButton(const char* path) { return Panel().Find<KorDlgPushButton>(path).Press(); }
+  /// As if the file had this value.
+  void OpenPanelWith(const std::string& name, const std::string& value) {
+    window.PartPanel().Close();
+    server->answer = [this, name, value](const std::string& command, const std::string& request) {
+      std::string reply = real->Run(command, request);
+      auto part = protocol::ReadPartData(reply);
+      if (command != "WBGetPartData" || !part) return reply;
+      for (protocol::ExtraProperty& property : part.Value().properties)
+        if (property.name == name) property.value = value;
+      return protocol::WritePartData(part.Value());
+    };
+    OpenPanelOnBedplate();
+  }
   double StoredUpper() { return Buffer().GetUpperPrecision("Calculated"); }
 };
 
@@ -216,16 +232,7 @@ TEST_F(TypedTextsTest, AMagnitudeSavedAllTheSameIsNotMarkedAnyMore) {
 
 // Older files have such values, and a save takes them as they are.
 TEST_F(TypedTextsTest, AnUnsuitablePropertyThatIsStoredAndNotEditedIsNotMarked) {
-  window.PartPanel().Close();
-  server->answer = [this](const std::string& command, const std::string& request) {
-    std::string reply = real->Run(command, request);
-    auto part = protocol::ReadPartData(reply);
-    if (command != "WBGetPartData" || !part) return reply;
-    for (protocol::ExtraProperty& property : part.Value().properties)
-      if (property.name == "Crane lifts") property.value = "abc";
-    return protocol::WritePartData(part.Value());
-  };
-  OpenPanelOnBedplate();
+  OpenPanelWith("Crane lifts", "abc");
   Edit();
   ShowProperty("Crane lifts");
   ASSERT_EQ(TextOf(kPropertyValue), "abc");
@@ -234,6 +241,17 @@ TEST_F(TypedTextsTest, AnUnsuitablePropertyThatIsStoredAndNotEditedIsNotMarked) 
   EXPECT_NE(MarkOf(kPropertyValue), "");
   Type(kPropertyValue, "abc");
   EXPECT_EQ(MarkOf(kPropertyValue), "");
+}
+
+TEST_F(TypedTextsTest, AStoredMagnitudeThatIsTooLargeToBeShownIsNotMarkedUntilItIsEdited) {
+  KorApplyUnitSystem("CGS");
+  OpenPanelWith("Transport mass", "1e306");
+  Edit();
+  ShowProperty("Transport mass");
+  ASSERT_EQ(TextOf(kPropertyValue), "...");
+  EXPECT_EQ(MarkOf(kPropertyValue), "");
+  Type(kPropertyValue, "1e306 t");
+  EXPECT_NE(MarkOf(kPropertyValue), "");
 }
 
 // ---- what can be read and is not stored ----
@@ -308,6 +326,8 @@ TEST_F(TypedTextsTest, ABoundTypedBesideThoseOfTheMassTypeIsMarkedAsNotStored) {
   EXPECT_NE(Told().find("\"about 7\"\n\u2192 not stored: the bounds of the mass type count"),
             std::string::npos)
       << Told();
+  Type(kUpper, "...");
+  EXPECT_EQ(MarkOf(kUpper), "");
   Type(kUpper, "7");
   ASSERT_TRUE(Combo(kPrecision).Pick("User Defined"));
   EXPECT_EQ(MarkOf(kUpper), "");
@@ -332,11 +352,31 @@ TEST_F(TypedTextsTest, ARevisionThatCouldNotBeLoadedIsMarkedAndAskedAbout) {
   EXPECT_NE(Told().find("\"ERROR!\"\n\u2192 the active revision is chosen automatically"), std::string::npos)
       << Told();
   EXPECT_TRUE(IsEditing());
-  ASSERT_TRUE(Panel()
-                  .Find<KorDlgRadioButton>("TabContainer001.TabPageDocuments.LowerMainFrameActiveDoc."
-                                           "FrameActiveDocType.ActiveDocLatestButton")
-                  .Check());
+  EXPECT_TRUE(Tabs()->tabBar()->hasFocus()) << "the list can be picked from in the choice of one only";
+  ASSERT_TRUE(Panel().Find<KorDlgRadioButton>(kLatest).Check());
   EXPECT_EQ(Panel().Find(kRevisions).GetMarking(), "") << "that is what the user says now";
+  Save();
+  ASSERT_TRUE(Press("EditButton"));
+  EXPECT_EQ(Panel().Find(kRevisions).GetMarking(), "");
+  ASSERT_TRUE(Panel().Find<KorDlgRadioButton>(kByHand).Check());
+  EXPECT_NE(Panel().Find(kRevisions).GetMarking(), "") << "the user asks for one again";
+}
+
+TEST_F(TypedTextsTest, ARevisionThatCouldNotBeLoadedIsAskedAboutAgainWhenTheSaveWasRefused) {
+  Edit();
+  ChooseRevision("C");
+  Save();
+  server->answer = [this](const std::string& command, const std::string& request) {
+    const bool fails = command == "WBGetActiveDocInfo" || command == "WBSaveNymValues";
+    return fails ? protocol::ErrorReply("locked") : real->Run(command, request);
+  };
+  Edit();
+  ChooseRevision("B");
+  boxes.answers = {kSaveAllTheSame};
+  ClickSave();
+  ASSERT_FALSE(IsEditing());
+  ASSERT_TRUE(Press("EditButton"));
+  EXPECT_NE(Panel().Find(kRevisions).GetMarking(), "") << "the choice by hand would still be lost";
 }
 
 TEST_F(TypedTextsTest, ARevisionThatCouldNotBeLoadedIsAskedAboutOnce) {
@@ -346,11 +386,14 @@ TEST_F(TypedTextsTest, ARevisionThatCouldNotBeLoadedIsAskedAboutOnce) {
   Edit();
   ChooseRevision("B");
   EditProperty("Crane lifts", "many");
-  boxes.answers = {kSaveAllTheSame};
+  boxes.answers = {kBack};
   ClickSave();
   const std::string told = Told();
   EXPECT_LT(told.find("ERROR!"), told.find("many")) << "in the order of the pages";
-  RunPendingEvents();
+  EditProperty("Crane lifts", "4");
+  boxes.answers = {kSaveAllTheSame};
+  ClickSave();
+  ASSERT_FALSE(window.PartPanel().HasUnsavedValues());
   ASSERT_TRUE(Press("EditButton"));
   EXPECT_EQ(Panel().Find(kRevisions).GetMarking(), "");
 }
