@@ -190,16 +190,21 @@ void KorWBAllDataBuffer::Content::ForgetRemovedDeviations() {
   NoteWhatHasNoValues();
 }
 
-/// A document that was sent as the server has it, and one of which it knows no revisions, leave the choice as
-/// it is.
+/// As on the server: a document without revisions leaves the choice as it is, and so does one that was sent
+/// as it was told.
 void KorWBAllDataBuffer::Content::SetSavedDocument() {
   protocol::Documents& documents = data.documents;
+  if (documents.revisions.empty()) return;
+  if (IsAutomatic(documents)) {
+    documents.usedSpecificRevisionBefore = false;
+    serverDocumentVersion.clear();
+    return;
+  }
   const bool unchanged =
       documents.activeId == storedDocumentId && documents.activeVersion == serverDocumentVersion;
-  if (unchanged || documents.revisions.empty()) return;
-  documents.usedSpecificRevisionBefore = !IsAutomatic(documents);
-  serverDocumentVersion = IsAutomatic(documents) ? std::string() : documents.activeVersion;
-  if (IsAutomatic(documents)) return;
+  if (unchanged) return;
+  documents.usedSpecificRevisionBefore = true;
+  serverDocumentVersion = documents.activeVersion;
   storedDocumentId = documents.activeId;
   storedDocumentVersion = documents.activeVersion;
 }

@@ -127,6 +127,18 @@ TEST(SaveReply, ThatCannotBeReadLeavesTheDeviationsOfARemovedMassType) {
   ExpectDeviations(buffer, 3, 4);
 }
 
+TEST(SaveReply, ToSavesWithoutARevisionMakesTheChoiceAutomaticEachTime) {
+  const LoadedBuffer buffer;
+  for (const char* token : {"8", "9"}) {
+    buffer->SetActiveDocId("D-100");
+    buffer->SetActiveDocVersion("");
+    EXPECT_TRUE(buffer.Sent().documents.usedSpecificRevisionBefore);
+    EXPECT_EQ(buffer->SetSaveReply(KorUnicodeString(std::string("SaveReply/1|bedplate|") + token + "|end")),
+              S_OK);
+    EXPECT_FALSE(buffer.Sent().documents.usedSpecificRevisionBefore) << token;
+  }
+}
+
 TEST(SaveReply, ToASaveWithoutADocumentBringsTheStoredOneBack) {
   const LoadedBuffer buffer;
   buffer->SetActiveDocId("__null__");

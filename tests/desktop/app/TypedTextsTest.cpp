@@ -384,6 +384,8 @@ TEST_F(TypedTextsTest, ARevisionThatCouldNotBeLoadedIsAskedAboutOnce) {
     return command == "WBGetActiveDocInfo" ? protocol::ErrorReply("locked") : real->Run(command, request);
   };
   Edit();
+  Save();
+  Edit();
   ChooseRevision("B");
   EditProperty("Crane lifts", "many");
   boxes.answers = {kBack};
