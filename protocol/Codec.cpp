@@ -1,30 +1,12 @@
 #include "protocol/Codec.h"
 
-#include "protocol/FieldReader.h"
-#include "protocol/FieldWriter.h"
 #include "protocol/Forms.h"
 #include "protocol/Limits.h"
 #include "protocol/Utf8.h"
+#include "protocol/WholeForm.h"
 
 namespace protocol {
 namespace {
-
-template <class X>
-std::string WriteForm(const X& x) {
-  FieldWriter writer(Form<X>::kHead);
-  Form<X>::Fields(writer, x);
-  return writer.Finish();
-}
-
-template <class X>
-Result<X> ReadForm(std::string_view text) {
-  FieldReader reader(Form<X>::kHead, text);
-  X x;
-  Form<X>::Fields(reader, x);
-  reader.Finish();
-  if (reader.Failure()) return *reader.Failure();
-  return x;
-}
 
 Error BadField(std::string_view form, int number, std::string_view name, const std::string& reason) {
   return {ErrorKind::BadText, std::string(form) + ": field " + std::to_string(number) + " (" +

@@ -64,14 +64,11 @@ QString Lengths(const QString& text, const Place&) {
   return Joined(text, 3, [](double value, std::size_t) { return ShowLength(value); });
 }
 
-/// Products with their physical sign: the tensor keeps them negated.
+/// Products with their physical sign (the tensor keeps them negated), or deviations, which have none to turn.
+template <int productSign>
 QString Inertia(const QString& text, const Place&) {
-  return Joined(text, 6, [](double value, std::size_t i) { return ShowInertia(i < 3 ? value : -value); });
-}
-
-/// Of the elements of a tensor, which have no sign to turn.
-QString InertiaDeviation(const QString& text, const Place&) {
-  return Joined(text, 6, [](double value, std::size_t) { return ShowInertia(value); });
+  return Joined(text, 6,
+                [](double value, std::size_t i) { return ShowInertia(i < 3 ? value : productSign * value); });
 }
 
 QString Density(const QString& text, const Place&) {
@@ -136,7 +133,7 @@ constexpr FieldRow kFields[] = {
     {"massTypes[].status", "History.Status", Choice<kStatus, 3>},
     {"massTypes[].mass", "History.Mass", Mass},
     {"massTypes[].cg", "History.CG", Lengths},
-    {"massTypes[].inertia", "History.Inertia", Inertia},
+    {"massTypes[].inertia", "History.Inertia", Inertia<-1>},
     {"massTypes[].lowerDeviation", "History.LowerDeviation", Mass},
     {"massTypes[].upperDeviation", "History.UpperDeviation", Mass},
     {"massTypes[].precisionType", "History.BoundsFrom", Choice<kBoundsFrom, 2, AsInPanel>},
@@ -155,7 +152,7 @@ constexpr FieldRow kFields[] = {
     {"properties[].value", "History.Property", Property},
     {"standardDeviations[].mass", "History.MassDeviation", Mass},
     {"standardDeviations[].cg", "History.CGDeviation", Lengths},
-    {"standardDeviations[].inertia", "History.InertiaDeviation", InertiaDeviation},
+    {"standardDeviations[].inertia", "History.InertiaDeviation", Inertia<1>},
     {"standardDeviations[].hasLimits", "History.HasLimits", Choice<kYesNo, 2>},
 };
 

@@ -129,6 +129,10 @@ QString StoredOfPercent(const KorUnicodeString& text) {
 
 std::span<const ReadEditor> ReadEditors() { return kReadEditors; }
 
+bool IsThere(const LumWBAllDataBuffer& buffer, const ReadEditor& editor) {
+  return editor.content != EditorContent::Property || buffer.AdditionalInfoRequested();
+}
+
 bool IsInEditMode(KorDlgDialog& partPanel) {
   return !partPanel.Find<KorDlgPushButton>("Frame238.EditButton").IsEnabled();
 }

@@ -27,6 +27,7 @@ struct ReadEditor {
 
 /// All of them, in the order of the pages. The property's is there only for a part with properties.
 std::span<const ReadEditor> ReadEditors();
+bool IsThere(const LumWBAllDataBuffer& buffer, const ReadEditor& editor);
 
 inline constexpr const char* kMassTypePath = "TabContainer001.TabPage003.Frame107.Frame231.MassTypeCombo";
 inline constexpr const char* kActiveMassTypePath = "TabContainer001.TabPage003.Frame230.ActiveMassCombo";

@@ -98,7 +98,7 @@ std::vector<UnreadText> PartPanelMarks::Find() const {
 std::vector<UnreadText> PartPanelMarks::FindInEditors() const {
   std::vector<UnreadText> found;
   for (const ReadEditor& row : ReadEditors()) {
-    if (row.content == EditorContent::Property && !_buffer().AdditionalInfoRequested()) continue;
+    if (!IsThere(_buffer(), row)) continue;
     auto& editor = _panel.Find<KorDlgEditor>(row.path);
     if (!editor.IsEnabled()) continue;
     if (auto text = FindIn(row, editor)) found.push_back(std::move(*text));
@@ -182,8 +182,7 @@ void PartPanelMarks::Update() {
     reasons[PageOf(*text.editor)] << placed;
   }
   for (const ReadEditor& row : ReadEditors())
-    if (row.content != EditorContent::Property || buffer.AdditionalInfoRequested())
-      SetMark(_panel.Find(row.path), reasons);
+    if (IsThere(buffer, row)) SetMark(_panel.Find(row.path), reasons);
   if (buffer.AdditionalInfoRequested()) SetMark(_panel.Find(kPropertyNamePath), reasons);
   if (buffer.AreOldDocumentsUsed()) SetMark(_panel.Find(kRevisions), reasons);
   for (const auto& page : _panel.Find(kPages).Children()) SetMark(*page, reasons);

@@ -1,13 +1,6 @@
 #include "desktop/app/TypedTexts.h"
 
 namespace desktop {
-namespace {
-
-bool IsThere(const LumWBAllDataBuffer& buffer, const ReadEditor& row) {
-  return row.content != EditorContent::Property || buffer.AdditionalInfoRequested();
-}
-
-}  // namespace
 
 TypedTexts::TypedTexts(KorDlgDialog& panel, BufferOf buffer)
     : _panel(panel), _buffer(std::move(buffer)), _shown(Lines()) {}

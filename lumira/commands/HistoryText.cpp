@@ -7,9 +7,8 @@
 #include "lumira/commands/FieldTexts.h"
 #include "lumira/commands/PlainZeros.h"
 #include "protocol/Codec.h"
-#include "protocol/FieldReader.h"
-#include "protocol/FieldWriter.h"
 #include "protocol/Limits.h"
+#include "protocol/WholeForm.h"
 #include "protocol/forms/PartDataForms.h"
 
 namespace protocol {
@@ -62,13 +61,11 @@ Result<SavedValues> ReadOlder(std::string_view text) {
 }
 
 Result<SavedValues> ReadValues(std::string_view text) {
-  protocol::FieldReader reader(protocol::Form<SavedValues>::kHead, text);
-  SavedValues values;
-  protocol::Form<SavedValues>::Fields(reader, values);
-  reader.Finish();
-  if (reader.Failure()) return *reader.Failure();
-  if (values.deviations.size() + 1 != values.data.massTypes.size())
-    return BadText("SavedValues: deviations: " + std::to_string(values.deviations.size()) +
+  auto values = protocol::ReadForm<SavedValues>(text);
+  if (!values) return values;
+  if (const auto& [data, deviations, hasDeviations] = values.Value();
+      deviations.size() + 1 != data.massTypes.size())
+    return BadText("SavedValues: deviations: " + std::to_string(deviations.size()) +
                    ", not one for each user mass type");
   return values;
 }
@@ -100,11 +97,7 @@ std::optional<std::string> Shown(const std::optional<std::string>& text) {
 
 }  // namespace
 
-std::string ToHistoryText(const SavedValues& values) {
-  protocol::FieldWriter writer(protocol::Form<SavedValues>::kHead);
-  protocol::Form<SavedValues>::Fields(writer, values);
-  return writer.Finish();
-}
+std::string ToHistoryText(const SavedValues& values) { return protocol::WriteForm(values); }
 
 Result<SavedValues> FromHistoryText(std::string_view text) {
   auto values = IsOlder(text) ? ReadOlder(text) : ReadValues(text);

@@ -126,7 +126,7 @@ PartData MakePartData(const Selection& selection, const protocol::PartDataReques
   data.configurationHandler = product.Data().id;
   data.filter = request.filter;
   data.hasInstance = true;  // whatever the server tells of is in the PDM
-  const PartData values = SavedValuesOf(part, details).data;
+  const PartData values = SavedDataOf(part, details);
   data.massTypes = values.massTypes;
   data.massTypes.front() = ComputedTypeOf(product, part, counts);
   data.computed = data.massTypes.front().status == protocol::MassTypeStatus::Defined;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <utility>
 
 #include "lumira/commands/Commands.h"
@@ -42,16 +43,23 @@ Result<void> CheckSizes(const std::string& part, const SavedValues& values, cons
   return CheckSize(part, text.size(), protocol::kMaxTextBytes);
 }
 
+// The order is no field, and nothing else makes another text of the same fields.
+bool AreReordered(const SavedValues& before, const SavedValues& after) {
+  const bool isSameOrder = std::ranges::equal(before.data.massTypes, after.data.massTypes, {},
+                                              &protocol::MassType::name, &protocol::MassType::name);
+  return !isSameOrder && DifferencesOf(before, after).empty();
+}
+
 // Writes what is new; a save that changes nothing leaves no trace.
 Result<std::string> Write(Session& session, const StoredPart& stored, StoredPart saved) {
   const SavedValues before = SavedValuesOf(stored.part, stored.details);
   const SavedValues after = SavedValuesOf(saved.part, saved.details);
-  if (DifferencesOf(before, after).empty()) return ReplyFor(stored.part.id, stored.state);
   const PartSaving saving{.saved = std::move(saved),
                           .by = {session.user, UtcTime()},
                           .before = ToHistoryText(before),
                           .after = ToHistoryText(after)};
   const Part& part = saving.saved.part;
+  if (saving.before == saving.after || AreReordered(before, after)) return ReplyFor(part.id, stored.state);
   if (auto good = CheckSizes(part.id, after, saving.after); !good) return good.Failure();
   const auto state = session.store.SavePart(saving);
   if (!state) return state.Failure();

@@ -70,7 +70,7 @@ Precision PrecisionOf(const protocol::MassType& type) {
           type.upperPrecision, type.massTypeLowerPrecision, type.massTypeUpperPrecision};
 }
 
-SavedValues SavedValuesOf(const Part& part, const PartDetails& details) {
+PartData SavedDataOf(const Part& part, const PartDetails& details) {
   PartData values;
   values.standardPart = part.standardPart;
   values.activeMassType = part.activeMassType;
@@ -83,7 +83,11 @@ SavedValues SavedValuesOf(const Part& part, const PartDetails& details) {
   values.documents.activeVersion = ChosenVersion(details.documents);
   values.documents.usedSpecificRevisionBefore = details.documents.usedSpecificRevisionBefore;
   values.properties = details.properties;
-  return {.data = WithPlainZeros(std::move(values)), .deviations = DeviationsOf(part)};
+  return WithPlainZeros(std::move(values));
+}
+
+SavedValues SavedValuesOf(const Part& part, const PartDetails& details) {
+  return {.data = SavedDataOf(part, details), .deviations = DeviationsOf(part)};
 }
 
 std::span<const protocol::MassType> UserMassTypesOf(const PartData& data) {

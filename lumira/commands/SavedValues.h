@@ -30,6 +30,9 @@ struct SavedValues {
 
 SavedValues SavedValuesOf(const Part& part, const PartDetails& details);
 
+/// Their data alone.
+protocol::PartData SavedDataOf(const Part& part, const PartDetails& details);
+
 /// All mass types but the computed one.
 std::span<const protocol::MassType> UserMassTypesOf(const protocol::PartData& data);
 

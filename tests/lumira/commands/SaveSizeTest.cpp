@@ -53,7 +53,7 @@ TEST_F(SaveSize, DoesNotCountWhatIsNotTold) {
   ImportCoverWithManyValues(
       "part,mass [kg],sd mass [kg],cg x [m],cg y [m],cg z [m],sd cg x [m]\ncover,1,0.1,0,0,0,0.2\n");
   const StoredPart stored = store->LoadPart("cover").Value();
-  const std::size_t told = protocol::WritePartData(SavedValuesOf(stored.part, stored.details).data).size();
+  const std::size_t told = protocol::WritePartData(SavedDataOf(stored.part, stored.details)).size();
   ASSERT_LT(told, kMaxValueBytes);
   protocol::PartData data = PartDataOf("cover");
   Property(data, "last").value = std::string(kMaxValueBytes - told + 1, 'x');
